@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QComboBox>
+#include <QVariant>
+
+#include <functional>
+#include <memory>
+
+class QAbstractItemModel;
+
+namespace kelvora {
+
+/// A typeable drop-down list over the rows of a query. It has two values: its text, what is shown or typed, and its
+/// key, the key column of the row whose shown text equals the text, compared as the source compares. A row that was
+/// chosen wins over another row with an equal text. While a text is typed, the rows that contain it are offered below.
+class BoundList : public QComboBox {
+    Q_OBJECT
+
+public:
+    explicit BoundList(QWidget* parent = nullptr);
+    ~BoundList() override;
+
+    /// Fills the list; the columns are found by the source's headers. The text stays as it is.
+    void setSource(std::unique_ptr<QAbstractItemModel> source, const QString& shown, const QString& key);
+    /// Empties the list and its text.
+    void clearSource();
+
+    [[nodiscard]] QString text() const { return currentText(); }
+    /// Shows a text, which chooses no row.
+    void setText(const QString& text);
+
+    /// The row that the text stands for; -1 if it matches none.
+    [[nodiscard]] int row() const;
+    /// The key of that row; invalid if there is none, and for a null.
+    [[nodiscard]] QVariant key() const;
+    /// Chooses the first row with a key, and shows its text; nothing changes if there is none.
+    void setKey(const QVariant& key);
+
+    /// Asked before the list drops down; on false it stays closed.
+    void setOpenCheck(std::function<bool()> mayOpen) { m_mayOpen = std::move(mayOpen); }
+
+    void showPopup() override;
+
+Q_SIGNALS:
+    /// The sampler chose a row, or finished typing the text of one.
+    void chosen();
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    void settle();
+
+    std::unique_ptr<QAbstractItemModel> m_source;
+    int m_keyColumn = -1;
+    QString m_settled;  ///< the text that was last chosen or set, so that a row is announced once
+    std::function<bool()> m_mayOpen;
+};
+
+/// A drop-down list of fixed rows that the mouse wheel does not change unless it has the focus.
+class FixedList : public QComboBox {
+public:
+    explicit FixedList(const QStringList& rows, QWidget* parent = nullptr);
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
+};
+
+}  // namespace kelvora

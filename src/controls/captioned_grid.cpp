@@ -1,0 +1,223 @@
+#include "controls/captioned_grid.h"
+
+#include "controls/record_navigator.h"
+#include "controls/text_table.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QIdentityProxyModel>
+#include <QKeyEvent>
+#include <QPushButton>
+
+#include <algorithm>
+
+namespace kelvora {
+
+/// A source under the captions and alignments of the grid.
+class Grid::Presented : public QIdentityProxyModel {
+public:
+    explicit Presented(const GridColumns& columns) : m_columns(columns) {}
+
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+        if (orientation != Qt::Horizontal || section >= static_cast<int>(m_columns.size())) {
+            return QIdentityProxyModel::headerData(section, orientation, role);
+        }
+        const GridColumn& column = m_columns[static_cast<std::size_t>(section)];
+        if (role == Qt::TextAlignmentRole) {
+            return QVariant::fromValue(column.alignment | Qt::AlignVCenter);
+        }
+        return role == Qt::DisplayRole ? QVariant(column.caption.trimmed()) : QVariant();
+    }
+
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+        if (role == Qt::TextAlignmentRole && index.column() < static_cast<int>(m_columns.size())) {
+            return QVariant::fromValue(m_columns[static_cast<std::size_t>(index.column())].alignment |
+                                       Qt::AlignVCenter);
+        }
+        return QIdentityProxyModel::data(index, role);
+    }
+
+private:
+    const GridColumns& m_columns;
+};
+
+Grid::Grid(const QString& name, QWidget* parent)
+    : QTableView(parent), m_presented(std::make_unique<Presented>(m_columns)) {
+    setAccessibleName(name);
+    setModel(m_presented.get());
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setTabKeyNavigation(false);
+    setAlternatingRowColors(true);
+    setShowGrid(false);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 4);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+}
+
+Grid::~Grid() {
+    setModel(nullptr);
+}
+
+void Grid::show(std::unique_ptr<QAbstractItemModel> source, GridColumns columns) {
+    show(source.get(), std::move(columns));
+    m_source = std::move(source);
+}
+
+void Grid::show(QAbstractItemModel* source, GridColumns columns) {
+    m_columns = std::move(columns);
+    m_presented->setSourceModel(source);
+    m_source.reset();
+    for (int i = 0; i < static_cast<int>(m_columns.size()); ++i) {
+        setColumnHidden(i, m_columns[static_cast<std::size_t>(i)].hidden);
+    }
+    fitColumns();
+    // The selection model is the presented model's: it outlives the source.
+    connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this, &Grid::onCurrentRowChanged,
+            Qt::UniqueConnection);
+}
+
+void Grid::showBlank(GridColumns columns) {
+    auto blank = std::make_unique<TextTable>(static_cast<int>(columns.size()));
+    blank->appendRow({});
+    show(std::move(blank), std::move(columns));
+}
+
+int Grid::rowCount() const {
+    return m_presented->rowCount();
+}
+
+QString Grid::text(int row, int column) const {
+    return m_presented->index(row, column).data().toString();
+}
+
+QStringList Grid::headers() const {
+    QStringList texts;
+    for (int i = 0; i < m_presented->columnCount(); ++i) {
+        texts.append(m_presented->headerData(i, Qt::Horizontal, Qt::DisplayRole).toString());
+    }
+    return texts;
+}
+
+int Grid::currentRow() const {
+    return currentIndex().row();
+}
+
+void Grid::setCurrentRow(int row) {
+    if (row != currentRow()) {
+        selectRow(row);
+    }
+}
+
+QSize Grid::sizeHint() const {
+    constexpr int rows = 5;
+    return {240, horizontalHeader()->sizeHint().height() + rows * verticalHeader()->defaultSectionSize() + 4};
+}
+
+void Grid::onCurrentRowChanged(const QModelIndex& current) {
+    if (current.isValid()) {
+        Q_EMIT rowChosen(current.row());
+    }
+}
+
+void Grid::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy)) {
+        copySelection();
+        return;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+void Grid::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    fitColumns();
+}
+
+void Grid::copySelection() const {
+    QModelIndexList rows = selectionModel()->selectedRows();
+    std::ranges::sort(rows, {}, &QModelIndex::row);
+    QStringList lines;
+    for (const QModelIndex& row : rows) {
+        QStringList texts;
+        for (int column = 0; column < m_presented->columnCount(); ++column) {
+            if (!isColumnHidden(column)) {
+                texts.append(text(row.row(), column));
+            }
+        }
+        lines.append(texts.join(u'\t'));
+    }
+    if (!lines.isEmpty()) {
+        QGuiApplication::clipboard()->setText(lines.join(u'\n'));
+    }
+}
+
+void Grid::fitColumns() {
+    constexpr int twipsPerPixel = 15;
+    constexpr int headerMargin = 14;
+    std::vector<int> widths;
+    int total = 0;
+    for (const GridColumn& column : m_columns) {
+        const int caption = horizontalHeader()->fontMetrics().horizontalAdvance(column.caption) + headerMargin;
+        const int scaled = column.twips * logicalDpiX() / 96 / twipsPerPixel;
+        widths.push_back(column.hidden ? 0 : std::max(caption, scaled));
+        total += widths.back();
+    }
+    const int room = viewport()->width();
+    int used = 0;
+    for (std::size_t i = 0; i < widths.size() && total > 0; ++i) {
+        const bool grows = room > total;
+        int width = grows ? widths[i] * room / total : widths[i];
+        if (grows && i + 1 == widths.size()) {
+            width = room - used;
+        }
+        used += width;
+        if (widths[i] > 0) {
+            setColumnWidth(static_cast<int>(i), width);
+        }
+    }
+}
+
+CaptionedGrid::CaptionedGrid(const QString& caption, QWidget* parent)
+    : QGroupBox(caption, parent), m_grid(new Grid(caption, this)), m_footer(new QHBoxLayout) {
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(m_grid, 1);
+    layout->addLayout(m_footer);
+}
+
+void CaptionedGrid::setCaption(const QString& caption) {
+    setTitle(caption);
+    m_grid->setAccessibleName(caption);
+}
+
+RecordNavigator* CaptionedGrid::addNavigator(const QString& name) {
+    auto* navigator = new RecordNavigator(name, this);
+    m_footer->addWidget(navigator, 1);
+    follow(navigator, m_grid);
+    return navigator;
+}
+
+QPushButton* CaptionedGrid::addButton(const QString& caption) {
+    auto* button = new QPushButton(caption, this);
+    button->setAutoDefault(false);
+    m_footer->addWidget(button);
+    return button;
+}
+
+void follow(RecordNavigator* navigator, Grid* grid) {
+    QObject::connect(navigator, &RecordNavigator::arrived, grid, [grid](int row) {
+        if (row >= 0) {
+            grid->setCurrentRow(row);
+        }
+    });
+    QObject::connect(grid, &Grid::rowChosen, navigator, &RecordNavigator::moveTo);
+}
+
+}  // namespace kelvora

@@ -1,0 +1,60 @@
+#include "controls/dialogs.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+
+namespace kelvora {
+namespace {
+
+/// A name of thousands of characters must not push the buttons off the screen.
+QString fitting(const QString& text) {
+    constexpr qsizetype most = 900;
+    return text.size() <= most ? text : text.first(most) + QStringLiteral("…");
+}
+
+QMessageBox::StandardButton show(const QString& title, const QString& text, QMessageBox::Icon icon,
+                                 QMessageBox::StandardButtons buttons) {
+    QMessageBox box(icon, title, fitting(text), buttons, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+QString csvFilter() {
+    return QStringLiteral("CSV File (*.csv *.CSV *.Csv)");
+}
+
+std::optional<QString> unlessCancelled(const QString& path) {
+    return path.isEmpty() ? std::nullopt : std::optional(path);
+}
+
+}  // namespace
+
+void ModalDialogs::message(const QString& title, const QString& text) {
+    show(title, text, QMessageBox::NoIcon, QMessageBox::Ok);
+}
+
+bool ModalDialogs::confirm(const QString& title, const QString& text, Icon icon) {
+    const auto shown = icon == Icon::Question ? QMessageBox::Question : QMessageBox::NoIcon;
+    return show(title, text, shown, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+std::optional<QString> ModalDialogs::input(const QString& prompt) {
+    bool accepted = false;
+    const QString text = QInputDialog::getText(QApplication::activeWindow(), kApplicationTitle.toString(), prompt,
+                                               QLineEdit::Normal, QString(), &accepted);
+    return accepted ? std::optional(text) : std::nullopt;
+}
+
+std::optional<QString> ModalDialogs::openCsvFile() {
+    return unlessCancelled(
+        QFileDialog::getOpenFileName(QApplication::activeWindow(), QString(), QString(), csvFilter()));
+}
+
+std::optional<QString> ModalDialogs::saveCsvFile() {
+    return unlessCancelled(QFileDialog::getSaveFileName(QApplication::activeWindow(), QString(), QString(), csvFilter(),
+                                                        nullptr, QFileDialog::DontConfirmOverwrite));
+}
+
+}  // namespace kelvora

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace kelvora {
+
+/// The application's title, which a box without a title of its own carries.
+inline constexpr QStringView kApplicationTitle = u"Kelvora";
+
+/// Every box that the program shows is asked for here, so that a test can answer in the sampler's place.
+class Dialogs {
+public:
+    enum class Icon { None, Question };
+
+    virtual ~Dialogs() = default;
+
+    /// A text with an OK button.
+    virtual void message(const QString& title, const QString& text) = 0;
+    /// A question with Yes and No; anything but Yes is a no.
+    virtual bool confirm(const QString& title, const QString& text, Icon icon = Icon::None) = 0;
+    /// A line of text; nothing if it was cancelled.
+    virtual std::optional<QString> input(const QString& prompt) = 0;
+    /// The path of an existing CSV file; nothing if it was cancelled.
+    virtual std::optional<QString> openCsvFile() = 0;
+    /// The path to write a CSV file to, as typed; nothing if it was cancelled. Does not ask before overwriting.
+    virtual std::optional<QString> saveCsvFile() = 0;
+
+    /// A text with an OK button under the application's title.
+    void message(const QString& text) { message(kApplicationTitle.toString(), text); }
+    bool confirm(const QString& text) { return confirm(kApplicationTitle.toString(), text); }
+};
+
+/// The boxes on the screen.
+class ModalDialogs : public Dialogs {
+public:
+    using Dialogs::confirm;
+    using Dialogs::message;
+
+    void message(const QString& title, const QString& text) override;
+    bool confirm(const QString& title, const QString& text, Icon icon) override;
+    std::optional<QString> input(const QString& prompt) override;
+    std::optional<QString> openCsvFile() override;
+    std::optional<QString> saveCsvFile() override;
+};
+
+}  // namespace kelvora

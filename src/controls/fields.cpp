@@ -1,0 +1,46 @@
+#include "controls/fields.h"
+
+#include <QGridLayout>
+#include <QLineEdit>
+#include <QPainter>
+#include <QStyle>
+
+namespace kelvora {
+
+ValueLabel::ValueLabel(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+}
+
+QSize ValueLabel::minimumSizeHint() const {
+    return {fontMetrics().averageCharWidth() * 4, fontMetrics().height() + 4};
+}
+
+QSize ValueLabel::sizeHint() const {
+    return {fontMetrics().averageCharWidth() * 18, fontMetrics().height() + 4};
+}
+
+void ValueLabel::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    QString line = text().left(2'000).simplified();
+    line = fontMetrics().elidedText(line, Qt::ElideRight, width());
+    style()->drawItemText(&painter, rect(), static_cast<int>(alignment()), palette(), isEnabled(), line,
+                          foregroundRole());
+}
+
+QLabel* addField(QGridLayout* form, int row, int column, const QString& caption, QWidget* field) {
+    auto* label = new QLabel(caption.trimmed());
+    label->setTextFormat(Qt::PlainText);
+    label->setBuddy(field);
+    form->addWidget(label, row, column);
+    form->addWidget(field, row, column + 1);
+    return label;
+}
+
+QLineEdit* numberField(const QString& text) {
+    auto* field = new QLineEdit(text);
+    field->setMinimumWidth(field->fontMetrics().averageCharWidth() * 9);
+    return field;
+}
+
+}  // namespace kelvora

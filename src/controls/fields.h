@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QLabel>
+
+class QGridLayout;
+class QLineEdit;
+
+namespace kelvora {
+
+/// A value to read. Long texts are cut off with "…" in the picture only: text() and a screen reader have them whole.
+/// Markup is shown as it is written.
+class ValueLabel : public QLabel {
+public:
+    explicit ValueLabel(QWidget* parent = nullptr);
+
+    [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+/// Puts a field with its caption in front of it into a form: the caption (blanks trimmed) goes into the given cell, the
+/// field beside it, and the caption's label has the field as its buddy. Returns the label.
+QLabel* addField(QGridLayout* form, int row, int column, const QString& caption, QWidget* field);
+
+/// A text box for a number: as wide as numbers are.
+QLineEdit* numberField(const QString& text = {});
+
+}  // namespace kelvora

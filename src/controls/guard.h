@@ -1,0 +1,18 @@
+#pragma once
+
+#include <functional>
+
+namespace kelvora {
+
+class Dialogs;
+
+/// Runs a handler; a failure in it (a statement refused, a file not written) is shown in a box, and the program goes
+/// on with everything on the screen as it was. Returns whether the handler came to its end.
+bool runGuarded(Dialogs& dialogs, const std::function<void()>& handler);
+
+/// A handler to connect to a signal, run as runGuarded does.
+inline auto guarded(Dialogs& dialogs, std::function<void()> handler) {
+    return [&dialogs, handler = std::move(handler)] { runGuarded(dialogs, handler); };
+}
+
+}  // namespace kelvora

@@ -1,0 +1,21 @@
+#include "controls/screen.h"
+
+#include "controls/guard.h"
+
+#include <QAbstractButton>
+
+namespace kelvora {
+
+Screen::Screen(const QString& caption, const Context& context) : m_context(context) {
+    setWindowTitle(caption);
+}
+
+bool Screen::guard(const std::function<void()>& handler) const {
+    return runGuarded(m_context.dialogs, handler);
+}
+
+void Screen::onClick(QAbstractButton* button, const std::function<void()>& handler) {
+    connect(button, &QAbstractButton::clicked, this, guarded(m_context.dialogs, handler));
+}
+
+}  // namespace kelvora

@@ -1,0 +1,51 @@
+#include "controls/text_table.h"
+
+namespace kelvora {
+
+void TextTable::setRows(std::vector<QStringList> rows) {
+    beginResetModel();
+    m_rows.clear();
+    for (QStringList& row : rows) {
+        m_rows.push_back(fitted(std::move(row)));
+    }
+    endResetModel();
+}
+
+void TextTable::appendRow(QStringList row) {
+    beginInsertRows({}, rowCount(), rowCount());
+    m_rows.push_back(fitted(std::move(row)));
+    endInsertRows();
+}
+
+void TextTable::setRow(int row, QStringList texts) {
+    m_rows.at(static_cast<std::size_t>(row)) = fitted(std::move(texts));
+    Q_EMIT dataChanged(index(row, 0), index(row, m_columns - 1));
+}
+
+void TextTable::removeRow(int row) {
+    beginRemoveRows({}, row, row);
+    m_rows.erase(m_rows.begin() + row);
+    endRemoveRows();
+}
+
+int TextTable::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+int TextTable::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : m_columns;
+}
+
+QVariant TextTable::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole)) {
+        return {};
+    }
+    return row(index.row()).at(index.column());
+}
+
+QStringList TextTable::fitted(QStringList row) const {
+    row.resize(m_columns);
+    return row;
+}
+
+}  // namespace kelvora

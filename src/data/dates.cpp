@@ -1,0 +1,23 @@
+#include "data/dates.h"
+
+#include <QLocale>
+
+namespace kelvora {
+
+QString isoText(const QDate& date) {
+    return date.toString(Qt::ISODate);
+}
+
+QDate fromIsoText(QStringView text) {
+    return QDate::fromString(text, Qt::ISODate);
+}
+
+QString shortDate(const QDate& date) {
+    return QLocale().toString(date, QLocale::ShortFormat);
+}
+
+QString monthName(int month) {
+    return month >= 1 && month <= 12 ? QLocale().standaloneMonthName(month) : QString();
+}
+
+}  // namespace kelvora

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+namespace kelvora {
+
+/// A date as the data file holds it: 2026-11-22. Empty for an invalid date.
+QString isoText(const QDate& date);
+
+/// The date of an ISO text; an invalid date for anything else.
+QDate fromIsoText(QStringView text);
+
+/// A date in the system's short form, as it is shown and exported. Empty for an invalid date.
+QString shortDate(const QDate& date);
+
+/// The full name of a month (1 is January) in the language of the system; empty outside 1 to 12.
+QString monthName(int month);
+
+}  // namespace kelvora

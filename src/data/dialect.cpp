@@ -1,0 +1,445 @@
+#include "data/dialect.h"
+
+#include "data/dates.h"
+#include "data/numbers.h"
+
+#include <SQLiteCpp/Database.h>
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <stdexcept>
+
+namespace kelvora {
+namespace {
+
+enum class Kind { Space, Word, Text, Mark };
+
+struct Token {
+    Kind kind = Kind::Space;
+    std::string text;
+};
+
+using Tokens = std::vector<Token>;
+
+bool isWordCharacter(char c) {
+    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_' || static_cast<unsigned char>(c) >= 0x80;
+}
+
+std::string lower(std::string text) {
+    std::ranges::transform(text, text.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return text;
+}
+
+/// Where the quoted text that begins at a position ends (behind its closing quote, doubled quotes belonging to it).
+std::size_t endOfText(const std::string& statement, std::size_t start) {
+    const char quote = statement[start];
+    for (std::size_t at = start + 1; at < statement.size(); ++at) {
+        if (statement[at] != quote) {
+            continue;
+        }
+        if (at + 1 < statement.size() && statement[at + 1] == quote) {
+            ++at;
+            continue;
+        }
+        return at + 1;
+    }
+    return statement.size();
+}
+
+Tokens tokenize(const std::string& statement) {
+    Tokens tokens;
+    std::size_t at = 0;
+    while (at < statement.size()) {
+        const char c = statement[at];
+        std::size_t end = at + 1;
+        Kind kind = Kind::Mark;
+        const auto take = [&](auto belongs) {
+            while (end < statement.size() && belongs(statement[end])) {
+                ++end;
+            }
+        };
+        if (std::isspace(static_cast<unsigned char>(c)) != 0) {
+            kind = Kind::Space;
+            take([](char x) { return std::isspace(static_cast<unsigned char>(x)) != 0; });
+        } else if (c == '\'' || c == '"') {
+            kind = Kind::Text;
+            end = endOfText(statement, at);
+        } else if (c == '[') {
+            kind = Kind::Word;
+            const std::size_t close = statement.find(']', at);
+            end = close == std::string::npos ? statement.size() : close + 1;
+        } else if (isWordCharacter(c)) {
+            kind = Kind::Word;
+            take(isWordCharacter);
+        }
+        tokens.push_back({kind, statement.substr(at, end - at)});
+        at = end;
+    }
+    return tokens;
+}
+
+std::string joined(const Tokens& tokens, std::size_t first, std::size_t last) {
+    std::string text;
+    for (std::size_t i = first; i < last; ++i) {
+        text += tokens[i].text;
+    }
+    return text;
+}
+
+bool isMark(const Tokens& tokens, std::size_t at, char mark) {
+    return at < tokens.size() && tokens[at].kind == Kind::Mark && tokens[at].text[0] == mark;
+}
+
+bool isWord(const Tokens& tokens, std::size_t at, const char* word) {
+    return at < tokens.size() && tokens[at].kind == Kind::Word && lower(tokens[at].text) == word;
+}
+
+std::size_t skipSpace(const Tokens& tokens, std::size_t at) {
+    while (at < tokens.size() && tokens[at].kind == Kind::Space) {
+        ++at;
+    }
+    return at;
+}
+
+/// The token in front of a position that is no blank; tokens.size() if there is none.
+std::size_t before(const Tokens& tokens, std::size_t at) {
+    while (at > 0) {
+        --at;
+        if (tokens[at].kind != Kind::Space) {
+            return at;
+        }
+    }
+    return tokens.size();
+}
+
+/// The closing parenthesis of the one opened at a position; tokens.size() if it is missing.
+std::size_t closing(const Tokens& tokens, std::size_t open) {
+    int depth = 0;
+    for (std::size_t i = open; i < tokens.size(); ++i) {
+        depth += isMark(tokens, i, '(') ? 1 : isMark(tokens, i, ')') ? -1 : 0;
+        if (depth == 0) {
+            return i;
+        }
+    }
+    return tokens.size();
+}
+
+std::size_t opening(const Tokens& tokens, std::size_t close) {
+    int depth = 0;
+    for (std::size_t i = close + 1; i-- > 0;) {
+        depth += isMark(tokens, i, ')') ? 1 : isMark(tokens, i, '(') ? -1 : 0;
+        if (depth == 0) {
+            return i;
+        }
+    }
+    return tokens.size();
+}
+
+/// The first token of the column, text, call or parenthesis that ends at a position.
+std::size_t operandStart(const Tokens& tokens, std::size_t last) {
+    std::size_t start = last;
+    if (isMark(tokens, last, ')')) {
+        start = opening(tokens, last);
+        const bool called = start > 0 && start < tokens.size() && tokens[start - 1].kind == Kind::Word;
+        return called ? start - 1 : start;
+    }
+    while (start >= 2 && isMark(tokens, start - 1, '.') && tokens[start - 2].kind == Kind::Word) {
+        start -= 2;
+    }
+    return start;
+}
+
+/// One behind the last token of the column, text, call or parenthesis that begins at a position.
+std::size_t operandEnd(const Tokens& tokens, std::size_t first) {
+    std::size_t last = first;
+    while (isMark(tokens, last + 1, '.') && last + 2 < tokens.size()) {
+        last += 2;
+    }
+    if (!isMark(tokens, last, '(') && isMark(tokens, last + 1, '(')) {
+        ++last;
+    }
+    return std::min(isMark(tokens, last, '(') ? closing(tokens, last) + 1 : last + 1, tokens.size());
+}
+
+std::string nullSafe(const std::string& operand) {
+    return operand.starts_with('\'') ? operand : "ifnull(" + translate(operand) + ",'')";
+}
+
+/// Joins of texts: "a & b & c" as one joined text that compares as the text columns do.
+Tokens joinTexts(Tokens tokens) {
+    for (std::size_t i = 0; i < tokens.size(); ++i) {
+        if (!isMark(tokens, i, '&')) {
+            continue;
+        }
+        const std::size_t left = before(tokens, i);
+        if (left == tokens.size()) {
+            continue;
+        }
+        const std::size_t start = operandStart(tokens, left);
+        if (start == tokens.size()) {
+            continue;
+        }
+        std::string text = "(" + nullSafe(joined(tokens, start, left + 1));
+        std::size_t end = i;
+        for (std::size_t mark = i; isMark(tokens, mark, '&'); mark = skipSpace(tokens, end)) {
+            const std::size_t first = skipSpace(tokens, mark + 1);
+            if (first == tokens.size()) {
+                end = first;
+                break;
+            }
+            end = operandEnd(tokens, first);
+            text += " || " + nullSafe(joined(tokens, first, end));
+        }
+        const auto at = [&](std::size_t k) { return tokens.begin() + static_cast<std::ptrdiff_t>(k); };
+        tokens[start] = {Kind::Text, text + ") COLLATE NOCASE"};
+        tokens.erase(at(start + 1), at(end));
+        i = start;
+    }
+    return tokens;
+}
+
+std::string yearText(int year) {
+    const std::string digits = std::to_string(year);
+    return std::string(digits.size() < 4 ? 4 - digits.size() : 0, '0') + digits;
+}
+
+/// "year(column) = 2004", the call within any number of parentheses, as a range of the column's ISO text.
+void yearAsRange(Tokens& tokens) {
+    for (std::size_t i = 0; i < tokens.size(); ++i) {
+        const std::size_t open = skipSpace(tokens, i + 1);
+        if (!isWord(tokens, i, "year") || !isMark(tokens, open, '(')) {
+            continue;
+        }
+        const std::size_t close = closing(tokens, open);
+        std::size_t first = i;
+        std::size_t next = skipSpace(tokens, close + 1);
+        while (isMark(tokens, next, ')') && isMark(tokens, before(tokens, first), '(')) {
+            first = before(tokens, first);
+            next = skipSpace(tokens, next + 1);
+        }
+        const std::size_t number = skipSpace(tokens, next + 1);
+        const bool digits = number < tokens.size() && tokens[number].kind == Kind::Word &&
+                            tokens[number].text.size() <= 4 && isNumeric(QString::fromStdString(tokens[number].text));
+        if (!isMark(tokens, next, '=') || !digits) {
+            continue;
+        }
+        const std::string column = joined(tokens, open + 1, close);
+        const int year = std::stoi(tokens[number].text);
+        Token range{Kind::Text, "(" + column + " >= '" + yearText(year) + "-01-01' AND " + column + " < '" +
+                                    yearText(year + 1) + "-01-01')"};
+        const auto at = [&](std::size_t k) { return tokens.begin() + static_cast<std::ptrdiff_t>(k); };
+        tokens[first] = std::move(range);
+        tokens.erase(at(first + 1), at(number + 1));
+        i = first;
+    }
+}
+
+/// The places where the clauses of a statement begin, at its outermost level.
+struct Clauses {
+    std::size_t from, group, order, pivot, end;
+};
+
+Clauses clauses(const Tokens& tokens) {
+    std::size_t end = tokens.size();
+    while (end > 0 && (tokens[end - 1].kind == Kind::Space || isMark(tokens, end - 1, ';'))) {
+        --end;
+    }
+    Clauses found{end, end, end, end, end};
+    int depth = 0;
+    for (std::size_t i = 0; i < end; ++i) {
+        depth += isMark(tokens, i, '(') ? 1 : isMark(tokens, i, ')') ? -1 : 0;
+        if (depth != 0 || tokens[i].kind != Kind::Word) {
+            continue;
+        }
+        const bool by = isWord(tokens, skipSpace(tokens, i + 1), "by");
+        if (isWord(tokens, i, "from")) {
+            found.from = std::min(found.from, i);
+        } else if (by && isWord(tokens, i, "group")) {
+            found.group = i;
+        } else if (by && isWord(tokens, i, "order")) {
+            found.order = i;
+        } else if (isWord(tokens, i, "pivot")) {
+            found.pivot = i;
+        }
+    }
+    return found;
+}
+
+/// What stands behind "GROUP BY" or "ORDER BY" at a position, up to an end.
+std::string behindBy(const Tokens& tokens, std::size_t clause, std::size_t end) {
+    return joined(tokens, skipSpace(tokens, clause + 1) + 1, end);
+}
+
+std::string trimmed(const std::string& text) {
+    const std::size_t first = text.find_first_not_of(" \t\r\n");
+    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
+}
+
+/// The parts of a list between its outermost commas.
+std::vector<std::string> listed(const std::string& list) {
+    std::vector<std::string> parts(1);
+    int depth = 0;
+    for (const Token& token : tokenize(list)) {
+        const char mark = token.kind == Kind::Mark ? token.text[0] : '\0';
+        depth += mark == '(' ? 1 : mark == ')' ? -1 : 0;
+        if (mark == ',' && depth == 0) {
+            parts.emplace_back();
+        } else {
+            parts.back() += token.text;
+        }
+    }
+    std::ranges::transform(parts, parts.begin(), trimmed);
+    return parts;
+}
+
+/// An expression and the alias behind it (without the alias' quotes); the alias is empty if there is none.
+std::pair<std::string, std::string> withAlias(const std::string& text) {
+    const Tokens tokens = tokenize(text);
+    for (std::size_t i = 0; i < tokens.size(); ++i) {
+        if (isWord(tokens, i, "as")) {
+            std::string alias = joined(tokens, skipSpace(tokens, i + 1), tokens.size());
+            if (alias.size() >= 2 && (alias[0] == '\'' || alias[0] == '[')) {
+                alias = alias.substr(1, alias.size() - 2);
+            }
+            return {trimmed(joined(tokens, 0, i)), alias};
+        }
+    }
+    return {text, ""};
+}
+
+/// An expression without blanks and letter case, to find it again elsewhere in the statement.
+std::string bare(const std::string& expression) {
+    std::string text = lower(expression);
+    std::erase_if(text, [](unsigned char c) { return std::isspace(c) != 0; });
+    return text;
+}
+
+/// Takes " DESC" or " ASC" from the end of an order term; returns its direction.
+int takeDirection(std::string& term) {
+    const std::string text = lower(term);
+    if (text.ends_with(" desc")) {
+        term = trimmed(term.substr(0, term.size() - 5));
+        return -1;
+    }
+    if (text.ends_with(" asc")) {
+        term = trimmed(term.substr(0, term.size() - 4));
+    }
+    return 1;
+}
+
+// The functions of the connection ------------------------------------------------------------------------------------
+
+QString textOf(sqlite3_value* value) {
+    return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_value_text(value)), sqlite3_value_bytes(value));
+}
+
+void resultText(sqlite3_context* context, const QString& text) {
+    const QByteArray utf8 = text.toUtf8();
+    sqlite3_result_text(context, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT);
+}
+
+QDate dateOf(sqlite3_value* value) {
+    return sqlite3_value_type(value) == SQLITE_TEXT ? fromIsoText(textOf(value)) : QDate();
+}
+
+void yearFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
+    if (const QDate date = dateOf(values[0]); date.isValid()) {
+        sqlite3_result_int(context, date.year());
+    }
+}
+
+void monthFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
+    if (const QDate date = dateOf(values[0]); date.isValid()) {
+        sqlite3_result_int(context, date.month());
+    }
+}
+
+void formatFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
+    if (sqlite3_value_type(values[0]) == SQLITE_NULL) {
+        return;
+    }
+    const QString pattern = textOf(values[1]).toLower();
+    if (pattern == u"mmmm" || pattern == u"m") {
+        if (const QDate date = dateOf(values[0]); date.isValid()) {
+            resultText(context, pattern == u"m" ? QString::number(date.month()) : monthName(date.month()));
+        }
+        return;
+    }
+    const int type = sqlite3_value_numeric_type(values[0]);
+    const bool number = type == SQLITE_INTEGER || type == SQLITE_FLOAT;
+    if (number && (pattern == u"0.00" || pattern == u"#0.00" || pattern == u"fixed")) {
+        resultText(context, twoDecimals(sqlite3_value_double(values[0])));
+        return;
+    }
+    sqlite3_result_value(context, values[0]);
+}
+
+}  // namespace
+
+std::string translate(const std::string& statement) {
+    Tokens tokens = joinTexts(tokenize(statement));
+    yearAsRange(tokens);
+    const Clauses found = clauses(tokens);
+    if (found.group == found.end || found.order != found.end) {
+        return joined(tokens, 0, tokens.size());
+    }
+    return joined(tokens, 0, found.end) + " ORDER BY" + behindBy(tokens, found.group, found.end);
+}
+
+void registerFunctions(SQLite::Database& database) {
+    // The month names follow the language of the system, which does not change while a connection is open.
+    database.createFunction("year", 1, true, nullptr, yearFunction);
+    database.createFunction("month", 1, true, nullptr, monthFunction);
+    database.createFunction("format", 2, true, nullptr, formatFunction);
+}
+
+std::optional<Crosstab> parseCrosstab(const std::string& statement) {
+    const Tokens tokens = tokenize(statement);
+    const std::size_t transform = skipSpace(tokens, 0);
+    if (!isWord(tokens, transform, "transform")) {
+        return std::nullopt;
+    }
+    std::size_t select = transform;
+    while (select < tokens.size() && !isWord(tokens, select, "select")) {
+        ++select;
+    }
+    const Clauses found = clauses(tokens);
+    const std::size_t open = skipSpace(tokens, skipSpace(tokens, transform + 1) + 1);
+    if (found.from == found.end || found.group == found.end || found.pivot == found.end || !isMark(tokens, open, '(')) {
+        throw std::invalid_argument("malformed crosstab: " + statement);
+    }
+
+    Crosstab crosstab;
+    const bool count = isWord(tokens, skipSpace(tokens, transform + 1), "count");
+    crosstab.aggregate = count ? Crosstab::Aggregate::Count : Crosstab::Aggregate::Sum;
+    const std::string aggregated = trimmed(joined(tokens, open + 1, closing(tokens, open)));
+    const std::string pivot = trimmed(joined(tokens, found.pivot + 1, found.end));
+
+    std::vector<std::string> rowExpressions;
+    std::string flat = "SELECT ";
+    for (const std::string& item : listed(joined(tokens, select + 1, found.from))) {
+        const auto [expression, alias] = withAlias(item);
+        rowExpressions.push_back(bare(expression));
+        crosstab.rowHeaders.push_back(alias.empty() ? expression : alias);
+        crosstab.rowOrder.push_back(1);
+        flat += expression + ", ";
+    }
+    crosstab.statement = flat + pivot + ", " + aggregated + " " + joined(tokens, found.from, found.group);
+
+    if (found.order != found.end) {
+        for (std::string term : listed(behindBy(tokens, found.order, std::min(found.pivot, found.end)))) {
+            const int direction = takeDirection(term);
+            const auto row = std::ranges::find(rowExpressions, bare(term));
+            if (row != rowExpressions.end()) {
+                crosstab.rowOrder[static_cast<std::size_t>(row - rowExpressions.begin())] = direction;
+            } else if (bare(term) == bare(pivot)) {
+                crosstab.columnOrder = direction;
+            }
+        }
+    }
+    return crosstab;
+}
+
+}  // namespace kelvora

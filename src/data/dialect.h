@@ -1,0 +1,45 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace SQLite {
+class Database;
+}
+
+namespace kelvora {
+
+/// The statements of this program are written in the dialect of a desktop database. This is the one place that knows
+/// how they run on SQLite:
+///
+///  - "a & b" joins texts; a null counts as an empty text, and the joined text compares as text columns do;
+///  - "year(column) = 2004", within any parentheses, becomes a range of the column's ISO text, so that the index on the
+///    date serves;
+///  - a grouped statement without an order of its own comes in the order of its groups;
+///  - year(), month() and format() are functions of the connection (registerFunctions);
+///  - "TRANSFORM … PIVOT …" is taken apart (parseCrosstab) and pivoted in code.
+///
+/// Texts between quotes are never touched.
+std::string translate(const std::string& statement);
+
+/// Makes year(date), month(date) and format(value, pattern) known to a connection. Dates are ISO texts; a null or a
+/// text that is no date gives null. Patterns of format: '0.00', '#0.00' and 'Fixed' (two decimals, half away from
+/// zero), 'mmmm' (full month name in the system's language) and 'm' (month number); others give the value unchanged.
+void registerFunctions(SQLite::Database& database);
+
+/// A crosstab statement taken apart.
+struct Crosstab {
+    enum class Aggregate { Sum, Count };
+
+    Aggregate aggregate = Aggregate::Sum;
+    std::vector<std::string> rowHeaders;  ///< caption of each row column
+    std::vector<int> rowOrder;            ///< for each row column 1 (ascending) or -1
+    int columnOrder = 1;                  ///< the same for the pivoted columns
+    std::string statement;                ///< rows to pivot: the row columns, the pivot value, the aggregated value
+};
+
+/// Nothing for a statement that is not a crosstab; throws std::invalid_argument for a malformed one.
+std::optional<Crosstab> parseCrosstab(const std::string& statement);
+
+}  // namespace kelvora

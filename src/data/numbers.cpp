@@ -1,0 +1,178 @@
+#include "data/numbers.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <string>
+
+namespace kelvora {
+namespace {
+
+bool isDigit(QChar c) {
+    return c >= u'0' && c <= u'9';
+}
+
+qsizetype skipDigits(QStringView text, qsizetype at) {
+    while (at < text.size() && isDigit(text[at])) {
+        ++at;
+    }
+    return at;
+}
+
+/// How many characters of a text (already without blanks in front) belong to the number it starts with; 0 for none.
+qsizetype numberLength(QStringView text) {
+    qsizetype at = !text.isEmpty() && (text[0] == u'+' || text[0] == u'-') ? 1 : 0;
+    const qsizetype integerStart = at;
+    at = skipDigits(text, at);
+    qsizetype digits = at - integerStart;
+    if (at < text.size() && text[at] == u'.') {
+        const qsizetype end = skipDigits(text, at + 1);
+        digits += end - at - 1;
+        at = digits > 0 ? end : at;
+    }
+    if (digits == 0) {
+        return 0;
+    }
+    if (at < text.size() && (text[at] == u'e' || text[at] == u'E')) {
+        const bool sign = at + 1 < text.size() && (text[at + 1] == u'+' || text[at + 1] == u'-');
+        const qsizetype exponent = at + (sign ? 2 : 1);
+        const qsizetype end = skipDigits(text, exponent);
+        at = end > exponent ? end : at;
+    }
+    return at;
+}
+
+double parse(QStringView number) {
+    std::string digits = number.toLatin1().toStdString();
+    const bool negative = digits.front() == '-';
+    if (negative || digits.front() == '+') {
+        digits.erase(0, 1);
+    }
+    double value = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (error == std::errc::result_out_of_range) {
+        // Too large, or too small: the exponent's sign tells which, and without one it is too large unless it is 0.xxx.
+        const std::size_t e = digits.find_first_of("eE");
+        const bool small = e != std::string::npos ? digits.find('-', e) != std::string::npos : digits.front() == '0';
+        value = small ? 0 : std::numeric_limits<double>::infinity();
+    }
+    return negative ? -value : value;
+}
+
+/// The significant decimal digits of a finite value and the power of ten of the first one.
+struct Decimal {
+    bool negative = false;
+    std::string digits;
+    int exponent = 0;
+};
+
+constexpr int kSignificantDigits = 15;
+
+Decimal decimal(double value) {
+    char text[32];
+    const auto end =
+        std::to_chars(text, text + sizeof text, std::fabs(value), std::chars_format::scientific, kSignificantDigits - 1)
+            .ptr;
+    const std::string_view written(text, static_cast<std::size_t>(end - text));
+    const std::size_t e = written.find('e');
+    Decimal result;
+    result.negative = std::signbit(value) && value != 0;
+    result.digits = std::string(1, written[0]) + std::string(written.substr(2, e - 2));
+    result.exponent = std::stoi(std::string(written.substr(e + 1)));
+    while (result.digits.size() > 1 && result.digits.back() == '0') {
+        result.digits.pop_back();
+    }
+    return result;
+}
+
+/// Digits and exponent written out without an exponent.
+std::string writtenOut(const Decimal& d) {
+    const int integerDigits = d.exponent + 1;
+    const int count = static_cast<int>(d.digits.size());
+    if (integerDigits <= 0) {
+        return "0." + std::string(static_cast<std::size_t>(-integerDigits), '0') + d.digits;
+    }
+    if (integerDigits >= count) {
+        return d.digits + std::string(static_cast<std::size_t>(integerDigits - count), '0');
+    }
+    const auto split = static_cast<std::size_t>(integerDigits);
+    return d.digits.substr(0, split) + "." + d.digits.substr(split);
+}
+
+/// Adds one to the last digit of a text of digits.
+std::string plusOne(std::string digits) {
+    for (std::size_t i = digits.size(); i-- > 0;) {
+        if (digits[i] != '9') {
+            ++digits[i];
+            return digits;
+        }
+        digits[i] = '0';
+    }
+    return "1" + digits;
+}
+
+}  // namespace
+
+std::optional<double> toNumber(QStringView text) {
+    const QStringView number = text.trimmed();
+    const qsizetype length = numberLength(number);
+    if (length == 0 || length != number.size()) {
+        return std::nullopt;
+    }
+    const double value = parse(number);
+    return std::isfinite(value) ? std::optional(value) : std::nullopt;
+}
+
+bool isNumeric(QStringView text) {
+    return toNumber(text).has_value();
+}
+
+double leadingNumber(QStringView text) {
+    const QStringView number = text.trimmed();
+    const qsizetype length = numberLength(number);
+    return length == 0 ? 0 : parse(number.first(length));
+}
+
+QString plainText(double value) {
+    if (!std::isfinite(value)) {
+        return std::isnan(value) ? QString() : QString::fromLatin1(value < 0 ? "-inf" : "inf");
+    }
+    if (value == 0) {
+        return QStringLiteral("0");
+    }
+    const Decimal d = decimal(value);
+    if (d.exponent >= 21 || d.exponent < -9) {
+        return QString::number(value, 'g', kSignificantDigits);
+    }
+    return QString::fromStdString((d.negative ? "-" : "") + writtenOut(d));
+}
+
+QString twoDecimals(double value) {
+    if (!std::isfinite(value)) {
+        return plainText(value);
+    }
+    const Decimal d = decimal(value);
+    // The value in hundredths: its digits up to the second decimal, rounded by the digit behind.
+    const int kept = d.exponent + 3;
+    std::string hundredths;
+    if (kept >= 0) {
+        const auto count = static_cast<std::size_t>(kept);
+        hundredths = d.digits.substr(0, count);
+        hundredths.resize(count, '0');
+        if (count < d.digits.size() && d.digits[count] >= '5') {
+            hundredths = plusOne(hundredths);
+        }
+    }
+    if (hundredths.size() < 3) {
+        hundredths.insert(0, 3 - hundredths.size(), '0');
+    }
+    const bool zero = hundredths.find_first_not_of('0') == std::string::npos;
+    hundredths.insert(hundredths.size() - 2, ".");
+    return QString::fromStdString((d.negative && !zero ? "-" : "") + hundredths);
+}
+
+double asRead(double value) {
+    return std::isfinite(value) ? parse(QString::number(value, 'e', kSignificantDigits - 1)) : value;
+}
+
+}  // namespace kelvora

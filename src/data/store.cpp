@@ -1,0 +1,126 @@
+#include "data/store.h"
+
+#include "data/connection.h"
+#include "data/schema.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <QtEndian>
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Transaction.h>
+
+namespace kelvora {
+namespace {
+
+[[noreturn]] void refuse(const QString& path, const QString& reason) {
+    throw DataError(QStringLiteral("The data file cannot be used: %1.\n\nIt was left as it is:\n%2")
+                        .arg(reason, QDir::toNativeSeparators(path)));
+}
+
+[[noreturn]] void cannotCreate(const QString& path, const QString& reason) {
+    throw DataError(
+        QStringLiteral("The data file cannot be created: %1.\n\n%2").arg(reason, QDir::toNativeSeparators(path)));
+}
+
+/// Built beside its place and renamed when it is whole, so that a power cut never leaves half a data file.
+void create(const QString& path) {
+    if (!QDir().mkpath(QFileInfo(path).absolutePath())) {
+        cannotCreate(path, QStringLiteral("its folder cannot be made"));
+    }
+    const QString unfinished = path + QStringLiteral(".new");
+    QFile::remove(unfinished);
+    try {
+        SQLite::Database database(unfinished.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        SQLite::Transaction transaction(database);
+        for (const std::string& statement : schemaStatements()) {
+            database.exec(statement);
+        }
+        transaction.commit();
+    } catch (const SQLite::Exception& e) {
+        QFile::remove(unfinished);
+        cannotCreate(path, plainReason(e.getErrorCode(), QString::fromUtf8(e.what())));
+    }
+    if (!QFile::rename(unfinished, path)) {
+        cannotCreate(path, QStringLiteral("its folder may not be written to"));
+    }
+}
+
+/// The first bytes of the file, read without the engine, which would write to a file that it finds half-written.
+void checkHeader(const QString& path) {
+    constexpr qint64 headerSize = 100;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        refuse(path, QStringLiteral("it cannot be read (%1)").arg(file.errorString()));
+    }
+    const QByteArray header = file.read(headerSize);
+    if (header.isEmpty()) {
+        refuse(path, QStringLiteral("it is empty"));
+    }
+    if (header.size() < headerSize || !header.startsWith(QByteArrayLiteral("SQLite format 3\0"))) {
+        refuse(path, QStringLiteral("it is not a database"));
+    }
+    const auto number = [&header](int at) { return qFromBigEndian<quint32>(header.constData() + at); };
+    if (number(68) != kApplicationId) {
+        refuse(path, QStringLiteral("it belongs to another program"));
+    }
+    if (number(60) > kSchemaVersion) {
+        refuse(path, QStringLiteral("it was made by a newer version of this program"));
+    }
+    const quint32 stored = qFromBigEndian<quint16>(header.constData() + 16);
+    const qint64 pageSize = stored == 1 ? 65536 : stored;
+    // With a journal beside it the last save was interrupted; the engine mends that when it opens the file.
+    const bool interrupted = QFile::exists(path + QStringLiteral("-journal"));
+    if (!interrupted && file.size() < pageSize * qint64{number(28)}) {
+        refuse(path, QStringLiteral("its end is missing"));
+    }
+}
+
+/// What is wrong with the tables of a file; empty if nothing is.
+QString tableFault(const QString& path) {
+    Connection connection(path);
+    for (const Table& table : tables()) {
+        const QString name = QString::fromLatin1(table.name);
+        const ResultSet found = connection.query(Sql("select name from pragma_table_info(") << name << ")");
+        bool same = found.rowCount() == static_cast<int>(table.columns.size());
+        for (int i = 0; same && i < found.rowCount(); ++i) {
+            const QString declared = QString::fromLatin1(table.columns[static_cast<std::size_t>(i)]);
+            same = found.text(i, u"name") == declared.section(u' ', 0, 0);
+        }
+        if (!same) {
+            return QStringLiteral("its table %1 is not as it should be").arg(name);
+        }
+    }
+    return {};
+}
+
+}  // namespace
+
+QString defaultStorePath() {
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation))
+        .filePath(QStringLiteral("kelvora_db.sqlite"));
+}
+
+void prepareStore(const QString& path) {
+    const QFileInfo file(path);
+    if (!file.exists() && !file.isSymLink()) {
+        create(path);
+        return;
+    }
+    if (!file.isFile()) {
+        refuse(path, QStringLiteral("it is not a file"));
+    }
+    checkHeader(path);
+    QString fault;
+    try {
+        fault = tableFault(path);
+    } catch (const DataError& e) {
+        fault = e.reason();
+    }
+    if (!fault.isEmpty()) {
+        refuse(path, fault);
+    }
+}
+
+}  // namespace kelvora

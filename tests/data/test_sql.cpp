@@ -1,0 +1,44 @@
+#include "data/sql.h"
+#include "support/temporary_store.h"
+#include "support/test_main.h"
+
+#include <QTest>
+
+namespace kelvora {
+
+/// Typed values in statements: whatever was typed is stored and found as it is.
+class TestSql : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void statementText() {
+        const Sql sql = Sql("insert into t values(")
+                        << 7 << "," << 10.25 << "," << QStringLiteral("O'Hara") << "," << QDate(2026, 11, 22) << ")";
+        QCOMPARE(sql.text(), std::string("insert into t values(7,10.25,'O''Hara','2026-11-22')"));
+    }
+
+    void hostileTextsRoundTrip_data() {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("apostrophe") << QStringLiteral("'; drop table state; --");
+        QTest::newRow("only quotes") << QStringLiteral("'''");
+        QTest::newRow("dialect words") << QStringLiteral("a & b year(optdate) = 2004 PIVOT [x] \" \\ %");
+        QTest::newRow("scripts") << QStringLiteral("ปลาทู 鯖 Ålesund مرسى");
+        QTest::newRow("long") << QString(10'000, u'\'');
+    }
+    void hostileTextsRoundTrip() {
+        QFETCH(QString, text);
+        test::TemporaryStore store;
+        store.db().execute(Sql("insert into state values(1,") << text << ")");
+        QCOMPARE(store.rows(Sql("select statename from state where statename = ") << text), QStringList{text});
+        QCOMPARE(store.rows(Sql("select statename & '' as joined from state")), QStringList{text});
+    }
+
+    void notANumber() {
+        QVERIFY_EXCEPTION_THROWN(Sql("select ") << std::numeric_limits<double>::infinity(), std::invalid_argument);
+    }
+};
+
+}  // namespace kelvora
+
+KELVORA_TEST(kelvora::TestSql, "sql");
+#include "test_sql.moc"

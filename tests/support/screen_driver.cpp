@@ -1,0 +1,192 @@
+#include "support/screen_driver.h"
+
+#include "controls/bound_list.h"
+#include "controls/captioned_grid.h"
+#include "controls/record_navigator.h"
+
+#include <QAbstractButton>
+#include <QDateEdit>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTabWidget>
+#include <QTest>
+
+namespace kelvora::test {
+namespace {
+
+QString plain(QString caption) {
+    return caption.remove(u'&').trimmed();
+}
+
+/// The first child of a kind for which a test holds; visible ones first, since tabs repeat captions.
+template <typename Widget, typename Test>
+Widget* first(const QWidget* root, Test test) {
+    Widget* hidden = nullptr;
+    for (Widget* child : root->findChildren<Widget*>()) {
+        if (!test(child)) {
+            continue;
+        }
+        if (child->isVisibleTo(root)) {
+            return child;
+        }
+        hidden = hidden != nullptr ? hidden : child;
+    }
+    return hidden;
+}
+
+template <typename Widget>
+Widget* needed(Widget* widget, const QString& what, const QString& name) {
+    if (widget == nullptr) {
+        qFatal("no %s \"%s\" on the screen", qPrintable(what), qPrintable(name));
+    }
+    return widget;
+}
+
+QWidget* usable(QWidget* widget, const QString& name) {
+    if (!widget->isEnabled()) {
+        qFatal("\"%s\" is disabled", qPrintable(name));
+    }
+    return widget;
+}
+
+}  // namespace
+
+ScreenDriver ScreenDriver::within(const QString& frame) const {
+    QWidget* found = first<QGroupBox>(m_root, [&](const QGroupBox* box) { return plain(box->title()) == frame; });
+    if (found == nullptr) {
+        found = first<QWidget>(m_root, [&](const QWidget* widget) { return widget->accessibleName() == frame; });
+    }
+    return ScreenDriver(needed(found, QStringLiteral("frame"), frame));
+}
+
+QWidget* ScreenDriver::field(const QString& caption) const {
+    const QLabel* label = first<QLabel>(
+        m_root, [&](const QLabel* l) { return l->buddy() != nullptr && plain(l->text()) == caption.trimmed(); });
+    QWidget* found = label != nullptr ? label->buddy() : first<QWidget>(m_root, [&](const QWidget* widget) {
+        return widget->accessibleName() == caption.trimmed();
+    });
+    return needed(found, QStringLiteral("field"), caption);
+}
+
+QLineEdit* ScreenDriver::edit(const QString& caption) const {
+    return needed(qobject_cast<QLineEdit*>(field(caption)), QStringLiteral("text box"), caption);
+}
+
+BoundList* ScreenDriver::list(const QString& caption) const {
+    return needed(qobject_cast<BoundList*>(field(caption)), QStringLiteral("list"), caption);
+}
+
+Grid* ScreenDriver::grid(const QString& name) const {
+    return needed(first<Grid>(m_root, [&](const Grid* grid) { return grid->accessibleName() == name; }),
+                  QStringLiteral("grid"), name);
+}
+
+RecordNavigator* ScreenDriver::navigator(const QString& name) const {
+    return needed(
+        first<RecordNavigator>(m_root, [&](const RecordNavigator* found) { return found->accessibleName() == name; }),
+        QStringLiteral("navigator"), name);
+}
+
+QAbstractButton* ScreenDriver::button(const QString& caption) const {
+    return needed(first<QAbstractButton>(m_root,
+                                         [&](const QAbstractButton* button) {
+                                             return button->accessibleName() == caption ||
+                                                    plain(button->text()) == caption.trimmed();
+                                         }),
+                  QStringLiteral("button"), caption);
+}
+
+QString ScreenDriver::text(const QString& caption) const {
+    const QWidget* found = field(caption);
+    if (const auto* box = qobject_cast<const QComboBox*>(found)) {
+        return box->currentText();
+    }
+    if (const auto* note = qobject_cast<const QPlainTextEdit*>(found)) {
+        return note->toPlainText();
+    }
+    return found->property(qobject_cast<const QAbstractButton*>(found) != nullptr ? "checked" : "text").toString();
+}
+
+bool ScreenDriver::enabled(const QString& caption) const {
+    const QAbstractButton* found = first<QAbstractButton>(m_root, [&](const QAbstractButton* candidate) {
+        return candidate->accessibleName() == caption || plain(candidate->text()) == caption.trimmed();
+    });
+    return found != nullptr ? found->isEnabled() : field(caption)->isEnabled();
+}
+
+bool ScreenDriver::focused(const QString& caption) const {
+    const QWidget* found = field(caption);
+    const QWidget* focus = found->window()->focusWidget();
+    return focus != nullptr && (focus == found || found->isAncestorOf(focus));
+}
+
+void ScreenDriver::type(const QString& caption, const QString& text) const {
+    QWidget* found = usable(field(caption), caption);
+    found->setFocus();
+    if (auto* note = qobject_cast<QPlainTextEdit*>(found)) {
+        note->selectAll();
+    }
+    auto* box = qobject_cast<QComboBox*>(found);
+    auto* line = box != nullptr ? box->lineEdit() : qobject_cast<QLineEdit*>(found);
+    if (line != nullptr) {
+        line->selectAll();
+    }
+    QWidget* target = line != nullptr ? line : found;
+    QTest::keyClick(target, Qt::Key_Delete);
+    QTest::keyClicks(target, text);
+    QTest::keyClick(target, Qt::Key_Tab);
+}
+
+void ScreenDriver::key(const QString& caption, Qt::Key key) const {
+    QTest::keyClick(usable(field(caption), caption), key);
+}
+
+void ScreenDriver::choose(const QString& caption, const QString& row) const {
+    auto* box = needed(qobject_cast<QComboBox*>(field(caption)), QStringLiteral("drop-down list"), caption);
+    usable(box, caption);
+    const int found = box->findText(row, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (found < 0) {
+        qFatal("the list \"%s\" does not offer \"%s\"", qPrintable(caption), qPrintable(row));
+    }
+    box->setFocus();
+    box->setCurrentIndex(found);
+    Q_EMIT box->activated(found);
+}
+
+void ScreenDriver::press(const QString& caption) const {
+    usable(button(caption), caption);
+    button(caption)->click();
+}
+
+void ScreenDriver::openTab(const QString& caption) const {
+    for (QTabWidget* tabs : m_root->findChildren<QTabWidget*>()) {
+        for (int i = 0; i < tabs->count(); ++i) {
+            if (plain(tabs->tabText(i)) == caption) {
+                tabs->setCurrentIndex(i);
+                return;
+            }
+        }
+    }
+    qFatal("no tab \"%s\"", qPrintable(caption));
+}
+
+void ScreenDriver::move(const QString& name, const QString& button) const {
+    ScreenDriver(navigator(name)).press(button);
+}
+
+QStringList ScreenDriver::rows(const QString& name) const {
+    const Grid* found = grid(name);
+    QStringList lines;
+    for (int row = 0; row < found->rowCount(); ++row) {
+        QStringList cells;
+        for (int column = 0; column < found->model()->columnCount(); ++column) {
+            cells.append(found->text(row, column));
+        }
+        lines.append(cells.join(u'|'));
+    }
+    return lines;
+}
+
+}  // namespace kelvora::test

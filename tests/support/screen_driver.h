@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QWidget>
+
+class QAbstractButton;
+class QLineEdit;
+
+namespace kelvora {
+class BoundList;
+class Grid;
+class RecordNavigator;
+}  // namespace kelvora
+
+namespace kelvora::test {
+
+/// Uses a screen as a sampler does: finds fields by their caption or accessible name, types keys, presses buttons. What
+/// is not there, or is disabled when it is to be used, ends the test at once.
+class ScreenDriver {
+public:
+    explicit ScreenDriver(QWidget* root) : m_root(root) {}
+
+    /// The same, inside a frame with a title (or the tab or widget with that accessible name).
+    [[nodiscard]] ScreenDriver within(const QString& frame) const;
+
+    /// The field with a caption: the buddy of the label with that text, else the widget with that accessible name.
+    [[nodiscard]] QWidget* field(const QString& caption) const;
+    [[nodiscard]] QLineEdit* edit(const QString& caption) const;
+    [[nodiscard]] BoundList* list(const QString& caption) const;
+    [[nodiscard]] Grid* grid(const QString& name) const;
+    [[nodiscard]] RecordNavigator* navigator(const QString& name) const;
+    /// A button or option by its caption (mnemonic left out) or accessible name.
+    [[nodiscard]] QAbstractButton* button(const QString& caption) const;
+
+    /// The text of a field, whatever it is.
+    [[nodiscard]] QString text(const QString& caption) const;
+    [[nodiscard]] bool enabled(const QString& caption) const;
+    /// Whether the keyboard is in a field.
+    [[nodiscard]] bool focused(const QString& caption) const;
+
+    /// Replaces a field's text with key presses and leaves it (Tab), as far as it can be left.
+    void type(const QString& caption, const QString& text) const;
+    /// Presses a key in a field.
+    void key(const QString& caption, Qt::Key key) const;
+    /// Chooses a row of a drop-down list by its shown text.
+    void choose(const QString& caption, const QString& row) const;
+    void press(const QString& caption) const;
+    /// Goes to the tab with a caption.
+    void openTab(const QString& caption) const;
+    /// First, Previous, Next or Last of a navigator.
+    void move(const QString& navigator, const QString& button) const;
+    /// The rows of a grid as shown, each as its cells joined by "|".
+    [[nodiscard]] QStringList rows(const QString& grid) const;
+
+private:
+    QWidget* m_root;
+};
+
+}  // namespace kelvora::test

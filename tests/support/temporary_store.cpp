@@ -1,0 +1,50 @@
+#include "support/temporary_store.h"
+
+#include "data/store.h"
+
+namespace kelvora::test {
+
+TemporaryStore::TemporaryStore() : m_path(m_folder.filePath(QStringLiteral("kelvora_db.sqlite"))) {
+    prepareStore(m_path);
+    m_db = std::make_unique<Connection>(m_path);
+    session.login = QStringLiteral("Administrator");
+    session.password = QStringLiteral("kelvora");
+    session.userName = QStringLiteral("Port Sampler");
+}
+
+QStringList TemporaryStore::rows(const Sql& sql) {
+    QStringList lines;
+    for (const auto& row : m_db->query(sql).rows) {
+        QStringList values;
+        for (const QVariant& value : row) {
+            values.append(value.isValid() ? displayText(value) : QStringLiteral("null"));
+        }
+        lines.append(values.join(u'|'));
+    }
+    return lines;
+}
+
+void TemporaryStore::addReferenceRows() {
+    execute("insert into state values (1, 'Alpha'), (2, 'Beta')");
+    execute("insert into samplingport values (1, 'Abo', 1), (2, 'Bex', 1), (3, 'Cay', 2)");
+    execute("insert into Fishing_gear values (1, 'Trawl'), (2, 'Gill net')");
+    execute("insert into Fishing_method values (1, 'Otter board', 1), (2, 'Pair', 1), (3, 'Drift', 2)");
+    execute("insert into fishing_area values ('A1', 'north bank'), ('A2', 'south bank')");
+    execute(
+        "insert into vessel values ('Sea Star', 'R-1', 'Alpha', 'In Board', 120, 30, 15, 1, '4', '20', '8'),"
+        " ('Blue Fin', 'R-2', 'Beta', 'Out Board', 40, 5, 8, 2, '5', '100', '3')");
+    execute(
+        "insert into fish(fishno, family, genus, fishname, common_name) values"
+        " (1, 'Scombridae', 'Rastrelliger', 'kanagurta', 'Indian mackerel'),"
+        " (2, 'Mullidae', 'Upeneus', 'vittatus', 'Yellowstriped goatfish'),"
+        " (3, 'Nemipteridae', 'Nemipterus', 'virgatus', 'Golden threadfin bream')");
+}
+
+void TemporaryStore::addOperation(int optid, int portid, const QString& date, int method, double catchKg,
+                                  const QString& vessel, const QString& area) {
+    m_db->execute(Sql("insert into fishoperation values (")
+                  << optid << "," << portid << ",'Port Sampler'," << date << "," << method
+                  << ",12,30,100,15,40,35,'Day',3,2," << catchKg << ",''," << vessel << "," << area << ")");
+}
+
+}  // namespace kelvora::test

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "controls/session.h"
+#include "data/connection.h"
+#include "support/scripted_dialogs.h"
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+namespace kelvora::test {
+
+/// A data file of a test's own with its tables and first account, a session signed in as "Port Sampler", planned boxes,
+/// and a connection to look at the file and to fill it. All goes with the object.
+class TemporaryStore {
+public:
+    TemporaryStore();
+
+    [[nodiscard]] QString path() const { return m_path; }
+    /// A path inside the test's folder.
+    [[nodiscard]] QString file(const QString& name) const { return m_folder.filePath(name); }
+    [[nodiscard]] Context context() { return {m_path, session, dialogs}; }
+    Connection& db() { return *m_db; }
+
+    /// The rows of a query, each as its values joined by "|"; a null reads "null".
+    QStringList rows(const Sql& sql);
+    QStringList rows(Literal sql) { return rows(Sql(sql)); }
+    void execute(Literal sql) { m_db->execute(Sql(sql)); }
+
+    /// A few reference rows: state 1 Alpha with ports 1 Abo and 2 Bex, state 2 Beta with port 3 Cay; gears 1 Trawl
+    /// (methods 1 Otter board, 2 Pair) and 2 Gill net (method 3 Drift); areas A1 (north bank), A2 (south bank); vessels
+    /// Sea Star (R-1, gear 1) and Blue Fin (R-2, gear 2); species 1 Rastrelliger kanagurta, 2 Upeneus vittatus,
+    /// 3 Nemipterus virgatus.
+    void addReferenceRows();
+    /// An operation on these rows. Date as ISO text.
+    void addOperation(int optid, int portid, const QString& date, int method, double catchKg, const QString& vessel,
+                      const QString& area);
+
+    Session session;
+    ScriptedDialogs dialogs;
+
+private:
+    QTemporaryDir m_folder;
+    QString m_path;
+    std::unique_ptr<Connection> m_db;
+};
+
+}  // namespace kelvora::test
