@@ -1,5 +1,6 @@
 #include "data/numbers.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -69,11 +70,11 @@ struct Decimal {
 constexpr int kSignificantDigits = 15;
 
 Decimal decimal(double value) {
-    char text[32];
-    const auto end =
-        std::to_chars(text, text + sizeof text, std::fabs(value), std::chars_format::scientific, kSignificantDigits - 1)
-            .ptr;
-    const std::string_view written(text, static_cast<std::size_t>(end - text));
+    std::array<char, 32> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), std::fabs(value),
+                                   std::chars_format::scientific, kSignificantDigits - 1)
+                         .ptr;
+    const std::string_view written(text.data(), static_cast<std::size_t>(end - text.data()));
     const std::size_t e = written.find('e');
     Decimal result;
     result.negative = std::signbit(value) && value != 0;

@@ -148,7 +148,7 @@ void ScreenDriver::choose(const QString& caption, const QString& row) const {
     usable(box, caption);
     const int found = box->findText(row, Qt::MatchExactly | Qt::MatchCaseSensitive);
     if (found < 0) {
-        qFatal("the list \"%s\" does not offer \"%s\"", qPrintable(caption), qPrintable(row));
+        qFatal(R"(the list "%s" does not offer "%s")", qPrintable(caption), qPrintable(row));
     }
     box->setFocus();
     box->setCurrentIndex(found);
@@ -172,8 +172,8 @@ void ScreenDriver::openTab(const QString& caption) const {
     qFatal("no tab \"%s\"", qPrintable(caption));
 }
 
-void ScreenDriver::move(const QString& name, const QString& button) const {
-    ScreenDriver(navigator(name)).press(button);
+void ScreenDriver::move(const QString& name, const QString& direction) const {
+    ScreenDriver(navigator(name)).press(direction);
 }
 
 QStringList ScreenDriver::rows(const QString& name) const {
