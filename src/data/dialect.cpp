@@ -221,16 +221,17 @@ void yearAsRange(Tokens& tokens) {
         }
         const std::size_t number = skipSpace(tokens, next + 1);
         const bool digits = number < tokens.size() && tokens[number].kind == Kind::Word &&
-                            tokens[number].text.size() <= 4 && isNumeric(QString::fromStdString(tokens[number].text));
+                            tokens[number].text.size() <= 4 &&
+                            tokens[number].text.find_first_not_of("0123456789") == std::string::npos;
         if (!isMark(tokens, next, '=') || !digits) {
             continue;
         }
-        const std::string column = joined(tokens, open + 1, close);
         const int year = std::stoi(tokens[number].text);
-        Token range{Kind::Text, "(" + column + " >= '" + yearText(year) + "-01-01' AND " + column + " < '" +
-                                    yearText(year + 1) + "-01-01')"};
+        std::string range = "(" + joined(tokens, open + 1, close);
+        range.append(" BETWEEN '").append(yearText(year)).append("-01-01' AND '");
+        range.append(yearText(year)).append("-12-31')");
         const auto at = [&](std::size_t k) { return tokens.begin() + static_cast<std::ptrdiff_t>(k); };
-        tokens[first] = std::move(range);
+        tokens[first] = {Kind::Text, std::move(range)};
         tokens.erase(at(first + 1), at(number + 1));
         i = first;
     }
