@@ -47,9 +47,9 @@ public:
     /// Goes to the tab with a caption.
     void openTab(const QString& caption) const;
     /// First, Previous, Next or Last of a navigator.
-    void move(const QString& navigator, const QString& button) const;
+    void move(const QString& name, const QString& direction) const;
     /// The rows of a grid as shown, each as its cells joined by "|".
-    [[nodiscard]] QStringList rows(const QString& grid) const;
+    [[nodiscard]] QStringList rows(const QString& name) const;
 
 private:
     QWidget* m_root;
