@@ -49,7 +49,6 @@ BoundList::BoundList(QWidget* parent) : QComboBox(parent) {
 
 BoundList::~BoundList() {
     setCompleter(nullptr);
-    setModel(nullptr);
 }
 
 void BoundList::setSource(std::unique_ptr<QAbstractItemModel> source, const QString& shown, const QString& key) {
