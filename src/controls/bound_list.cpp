@@ -57,6 +57,10 @@ void BoundList::setSource(std::unique_ptr<QAbstractItemModel> source, const QStr
     const QVariant keptKey = this->key();
     const QSignalBlocker quiet(this);
     m_keyColumn = columnCalled(*source, key);
+    // A list may be filled many times a day: what was offered before must not pile up behind it.
+    if (QCompleter* former = completer(); former != nullptr) {
+        former->deleteLater();
+    }
     setCompleter(nullptr);
     setModel(source.get());
     setModelColumn(columnCalled(*source, shown));
