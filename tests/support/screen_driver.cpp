@@ -5,13 +5,17 @@
 #include "controls/record_navigator.h"
 
 #include <QAbstractButton>
+#include <QCoreApplication>
 #include <QDateEdit>
 #include <QGroupBox>
+#include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTabWidget>
 #include <QTest>
+
+#include <algorithm>
 
 namespace kelvora::test {
 namespace {
@@ -42,6 +46,21 @@ Widget* needed(Widget* widget, const QString& what, const QString& name) {
         qFatal("no %s \"%s\" on the screen", qPrintable(what), qPrintable(name));
     }
     return widget;
+}
+
+/// Enters a text key by key, or, as an input method or the clipboard does, at once: there are no keys for most letters
+/// of the world.
+void enter(QWidget* target, const QString& text) {
+    constexpr qsizetype longest = 200;
+    const bool byKeys =
+        text.size() <= longest && std::ranges::all_of(text, [](QChar c) { return c >= u' ' && c <= u'~'; });
+    if (byKeys) {
+        QTest::keyClicks(target, text);
+        return;
+    }
+    QInputMethodEvent committed;
+    committed.setCommitString(text);
+    QCoreApplication::sendEvent(target, &committed);
 }
 
 QWidget* usable(QWidget* widget, const QString& name) {
@@ -135,7 +154,7 @@ void ScreenDriver::type(const QString& caption, const QString& text) const {
     }
     QWidget* target = line != nullptr ? line : found;
     QTest::keyClick(target, Qt::Key_Delete);
-    QTest::keyClicks(target, text);
+    enter(target, text);
     QTest::keyClick(target, Qt::Key_Tab);
 }
 
