@@ -70,6 +70,13 @@ OperationEntryScreen::~OperationEntryScreen() {
     context().session.lastSavedOperation = 0;
 }
 
+void OperationEntryScreen::showEvent(QShowEvent* event) {
+    Screen::showEvent(event);
+    if (focusWidget() == nullptr) {
+        m_form->startTyping();
+    }
+}
+
 void OperationEntryScreen::closeEvent(QCloseEvent* event) {
     context().session.lastSavedOperation = 0;
     Screen::closeEvent(event);
@@ -168,8 +175,8 @@ void OperationEntryScreen::clear() {
     m_form->clear(context().session.userName);
     context().session.lastSavedOperation = 0;
     m_save->setEnabled(true);
-    showNextNumber();
     m_form->fillLists();
+    showNextNumber();
 }
 
 void OperationEntryScreen::AddState(const QString& name) {

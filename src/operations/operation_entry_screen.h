@@ -35,6 +35,7 @@ public:
     void addvessel(const Sql& statement);
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:

@@ -40,6 +40,8 @@ public:
     }
 
 protected:
+    /// One Tab a field: day, month and year are reached with the arrow keys.
+    bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
     void wheelEvent(QWheelEvent* event) override {
         if (hasFocus()) {
             QDateEdit::wheelEvent(event);
@@ -138,7 +140,6 @@ OperationForm::OperationForm(Connection& connection, Dialogs& dialogs, const QSt
 
     connectLists();
     fillLists();
-    m_vesselNames->setFocus();
 }
 
 void OperationForm::addCatchColumn(QGridLayout* form) {
@@ -224,6 +225,10 @@ void OperationForm::clear(const QString& recorder) {
     }
     m_ports->clearSource();
     m_methods->clearSource();
+    startTyping();
+}
+
+void OperationForm::startTyping() {
     m_vesselNames->setFocus();
 }
 

@@ -5,7 +5,7 @@
 #include "controls/record_navigator.h"
 
 #include <QAbstractButton>
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDateEdit>
 #include <QGroupBox>
 #include <QInputMethodEvent>
@@ -60,7 +60,7 @@ void enter(QWidget* target, const QString& text) {
     }
     QInputMethodEvent committed;
     committed.setCommitString(text);
-    QCoreApplication::sendEvent(target, &committed);
+    QApplication::sendEvent(target, &committed);
 }
 
 QWidget* usable(QWidget* widget, const QString& name) {
@@ -155,7 +155,9 @@ void ScreenDriver::type(const QString& caption, const QString& text) const {
     QWidget* target = line != nullptr ? line : found;
     QTest::keyClick(target, Qt::Key_Delete);
     enter(target, text);
-    QTest::keyClick(target, Qt::Key_Tab);
+    // While rows are offered below a list, the keyboard is with them.
+    QWidget* offered = QApplication::activePopupWidget();
+    QTest::keyClick(offered != nullptr ? offered : target, Qt::Key_Tab);
 }
 
 void ScreenDriver::key(const QString& caption, Qt::Key key) const {
