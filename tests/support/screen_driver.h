@@ -37,7 +37,8 @@ public:
     /// Whether the keyboard is in a field.
     [[nodiscard]] bool focused(const QString& caption) const;
 
-    /// Replaces a field's text with key presses and leaves it (Tab), as far as it can be left.
+    /// Replaces a field's text with key presses (texts that have no keys at once, as an input method enters them) and
+    /// leaves it (Tab), as far as it can be left.
     void type(const QString& caption, const QString& text) const;
     /// Presses a key in a field.
     void key(const QString& caption, Qt::Key key) const;
