@@ -2,8 +2,7 @@
 
 #include <QApplication>
 #include <QPalette>
-#include <QStyle>
-#include <QStyleFactory>
+#include <QProxyStyle>
 
 namespace kelvora {
 namespace {
@@ -37,11 +36,22 @@ QPalette paletteOf(const Colours& c) {
     return palette;
 }
 
+/// Boxes say what their buttons do in words: no pictures on "Yes" and "No".
+class CalmStyle : public QProxyStyle {
+public:
+    CalmStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0 : QProxyStyle::styleHint(hint, option, widget, result);
+    }
+};
+
 }  // namespace
 
 void applyStyle(QApplication& application) {
     const bool dark = application.palette().color(QPalette::Window).lightness() < 128;
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new CalmStyle);
     QApplication::setPalette(paletteOf(dark ? kDark : kLight));
 }
 
