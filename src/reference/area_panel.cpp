@@ -19,10 +19,11 @@ AreaPanel::AreaPanel(Connection& connection, Dialogs& dialogs)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
 
-    auto* entry = entryFrame(tr("Area name and description"));
+    auto* entry = new QGroupBox(tr("New fishing area"));
     layout->addWidget(entry);
     auto* form = new QGridLayout(entry);
     addField(form, 0, 0, tr(" Area Name"), m_name);
+    form->addWidget(m_name, 0, 1, 1, 2);
     addField(form, 1, 0, tr(" Description"), m_description);
     auto* addButton = new QPushButton(tr("Add"));
     form->addWidget(addButton, 1, 2);

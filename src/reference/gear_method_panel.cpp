@@ -22,10 +22,11 @@ GearMethodPanel::GearMethodPanel(Connection& connection, Dialogs& dialogs)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
 
-    auto* entry = entryFrame(tr("Fishing gear and fishing method"));
+    auto* entry = new QGroupBox(tr("New fishing method"));
     layout->addWidget(entry);
     auto* form = new QGridLayout(entry);
     addField(form, 0, 0, tr(" Fishing gear"), m_gear);
+    form->addWidget(m_gear, 0, 1, 1, 2);
     addField(form, 1, 0, tr(" Fishing Method"), m_method);
     auto* addButton = new QPushButton(tr("Add"));
     form->addWidget(addButton, 1, 2);

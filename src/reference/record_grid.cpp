@@ -3,6 +3,7 @@
 #include "controls/guard.h"
 #include "controls/record_navigator.h"
 
+#include <QLayout>
 #include <QPushButton>
 
 namespace kelvora {
@@ -13,6 +14,18 @@ RecordGrid::RecordGrid(const QString& caption, GridColumns columns)
       m_navigator(addNavigator(caption)),
       m_delete(addButton(tr("Delete"))) {
     m_delete->setEnabled(false);
+}
+
+void RecordGrid::leaveFrame() {
+    setTitle({});
+    setContentsMargins({});
+    layout()->setContentsMargins({});
+}
+
+void RecordGrid::paintEvent(QPaintEvent* event) {
+    if (!title().isEmpty()) {
+        CaptionedGrid::paintEvent(event);
+    }
 }
 
 void RecordGrid::refresh(Connection& connection, const Sql& query) {

@@ -18,6 +18,9 @@ public:
     /// The caption is also the name of the navigator.
     RecordGrid(const QString& caption, GridColumns columns);
 
+    /// For a grid inside a frame that carries its caption already: no frame and no caption of its own.
+    void leaveFrame();
+
     /// Runs the query again and goes to the first row. Throws DataError and leaves the rows as they are on a failure.
     void refresh(Connection& connection, const Sql& query);
 
@@ -31,6 +34,9 @@ public:
     void onArrival(Dialogs& dialogs, const std::function<void(bool onRow)>& handler);
 
     [[nodiscard]] QPushButton* deleteButton() const { return m_delete; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     GridColumns m_columns;

@@ -5,7 +5,6 @@
 #include "data/transaction.h"
 
 #include <QAbstractButton>
-#include <QGroupBox>
 
 namespace kelvora {
 
@@ -19,12 +18,6 @@ bool ReferencePanel::finds(const Sql& query) const {
 
 bool ReferencePanel::confirmAfterExecute(const Sql& statement, const QString& question, const QString& title) const {
     return executeThenAsk(m_connection, statement, [&] { return m_dialogs.confirm(title, question); });
-}
-
-QGroupBox* entryFrame(const QString& name) {
-    auto* frame = new QGroupBox;
-    frame->setAccessibleName(name);
-    return frame;
 }
 
 }  // namespace kelvora

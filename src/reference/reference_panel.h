@@ -7,7 +7,6 @@
 #include <functional>
 
 class QAbstractButton;
-class QGroupBox;
 
 namespace kelvora {
 
@@ -35,8 +34,5 @@ private:
     Connection& m_connection;
     Dialogs& m_dialogs;
 };
-
-/// A frame for entry fields; the name is what a screen reader calls it.
-QGroupBox* entryFrame(const QString& name);
 
 }  // namespace kelvora

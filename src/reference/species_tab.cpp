@@ -27,7 +27,7 @@ SpeciesTab::SpeciesTab(Connection& connection, Dialogs& dialogs)
     auto* catalogue = new QVBoxLayout;
     layout->addLayout(catalogue, 1);
 
-    auto* entry = entryFrame(tr("Species"));
+    auto* entry = new QGroupBox(tr("New species"));
     catalogue->addWidget(entry);
     auto* form = new QGridLayout(entry);
     addField(form, 0, 0, tr(" Family"), m_family);

@@ -24,10 +24,11 @@ StatePortPanel::StatePortPanel(Connection& connection, Dialogs& dialogs)
     layout->setContentsMargins({});
     layout->addWidget(m_ports, 1);
 
-    auto* entry = entryFrame(tr("State/Province and sampling port"));
+    auto* entry = new QGroupBox(tr("New sampling port"));
     layout->addWidget(entry);
     auto* form = new QGridLayout(entry);
     addField(form, 0, 0, tr(" State/Province"), m_state);
+    form->addWidget(m_state, 0, 1, 1, 2);
     addField(form, 1, 0, tr(" Sampling port"), m_port);
     auto* addButton = new QPushButton(tr("ADD"));
     form->addWidget(addButton, 1, 2);

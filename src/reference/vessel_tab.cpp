@@ -55,8 +55,8 @@ VesselTab::VesselTab(Connection& connection, Dialogs& dialogs)
     auto* addButton = new QPushButton(tr("Add"));
     form->addWidget(addButton, 3, 5, Qt::AlignRight);
 
-    // The frame around it carries the caption already.
-    m_register->setTitle({});
+    vessels->addSpacing(6);
+    m_register->leaveFrame();
     vessels->addWidget(m_register, 1);
 
     onClick(addButton, [this] { add(); });
