@@ -40,16 +40,16 @@ bool ModalDialogs::confirm(const QString& title, const QString& text, Icon icon)
     return show(title, text, shown, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
-std::optional<QString> ModalDialogs::input(const QString& prompt) {
+std::optional<QString> ModalDialogs::input(const QString& title, const QString& prompt, const QString& proposed) {
     bool accepted = false;
-    const QString text = QInputDialog::getText(QApplication::activeWindow(), kApplicationTitle.toString(), prompt,
-                                               QLineEdit::Normal, QString(), &accepted);
+    const QString text = QInputDialog::getText(QApplication::activeWindow(), title, fitting(prompt), QLineEdit::Normal,
+                                               proposed, &accepted);
     return accepted ? std::optional(text) : std::nullopt;
 }
 
-std::optional<QString> ModalDialogs::openCsvFile() {
-    return unlessCancelled(
-        QFileDialog::getOpenFileName(QApplication::activeWindow(), QString(), QString(), csvFilter()));
+std::optional<QString> ModalDialogs::openFile(FileKind kind) {
+    return unlessCancelled(QFileDialog::getOpenFileName(QApplication::activeWindow(), QString(), QString(),
+                                                        kind == FileKind::Csv ? csvFilter() : QString()));
 }
 
 std::optional<QString> ModalDialogs::saveCsvFile() {

@@ -13,6 +13,7 @@ inline constexpr QStringView kApplicationTitle = u"Kelvora";
 class Dialogs {
 public:
     enum class Icon { None, Question };
+    enum class FileKind { Csv, Any };
 
     virtual ~Dialogs() = default;
 
@@ -20,28 +21,30 @@ public:
     virtual void message(const QString& title, const QString& text) = 0;
     /// A question with Yes and No; anything but Yes is a no.
     virtual bool confirm(const QString& title, const QString& text, Icon icon = Icon::None) = 0;
-    /// A line of text; nothing if it was cancelled.
-    virtual std::optional<QString> input(const QString& prompt) = 0;
-    /// The path of an existing CSV file; nothing if it was cancelled.
-    virtual std::optional<QString> openCsvFile() = 0;
+    /// A line of text, at first the proposed one; nothing if it was cancelled.
+    virtual std::optional<QString> input(const QString& title, const QString& prompt, const QString& proposed) = 0;
+    /// The path of an existing file of a kind; nothing if it was cancelled.
+    virtual std::optional<QString> openFile(FileKind kind) = 0;
     /// The path to write a CSV file to, as typed; nothing if it was cancelled. Does not ask before overwriting.
     virtual std::optional<QString> saveCsvFile() = 0;
 
     /// A text with an OK button under the application's title.
     void message(const QString& text) { message(kApplicationTitle.toString(), text); }
     bool confirm(const QString& text) { return confirm(kApplicationTitle.toString(), text); }
+    std::optional<QString> input(const QString& prompt) { return input(kApplicationTitle.toString(), prompt, {}); }
 };
 
 /// The boxes on the screen.
 class ModalDialogs : public Dialogs {
 public:
     using Dialogs::confirm;
+    using Dialogs::input;
     using Dialogs::message;
 
     void message(const QString& title, const QString& text) override;
     bool confirm(const QString& title, const QString& text, Icon icon) override;
-    std::optional<QString> input(const QString& prompt) override;
-    std::optional<QString> openCsvFile() override;
+    std::optional<QString> input(const QString& title, const QString& prompt, const QString& proposed) override;
+    std::optional<QString> openFile(FileKind kind) override;
     std::optional<QString> saveCsvFile() override;
 };
 

@@ -22,8 +22,8 @@ void ScriptedDialogs::expectConfirm(const QString& title, const QString& text, b
     m_planned.append({QStringLiteral("question"), title, text, false, yes ? std::optional(QString()) : std::nullopt});
 }
 
-void ScriptedDialogs::expectInput(const QString& prompt, const std::optional<QString>& answer) {
-    m_planned.append({QStringLiteral("input"), {}, prompt, false, answer});
+void ScriptedDialogs::expectInput(const QString& title, const QString& prompt, const std::optional<QString>& answer) {
+    m_planned.append({QStringLiteral("input"), title, prompt, false, answer});
 }
 
 void ScriptedDialogs::expectOpenFile(const std::optional<QString>& path) {
@@ -42,11 +42,12 @@ bool ScriptedDialogs::confirm(const QString& title, const QString& text, Icon /*
     return next(QStringLiteral("question"), title, text).answer.has_value();
 }
 
-std::optional<QString> ScriptedDialogs::input(const QString& prompt) {
-    return next(QStringLiteral("input"), {}, prompt).answer;
+std::optional<QString> ScriptedDialogs::input(const QString& title, const QString& prompt,
+                                              const QString& /*proposed*/) {
+    return next(QStringLiteral("input"), title, prompt).answer;
 }
 
-std::optional<QString> ScriptedDialogs::openCsvFile() {
+std::optional<QString> ScriptedDialogs::openFile(FileKind /*kind*/) {
     return next(QStringLiteral("open file"), {}, {}).answer;
 }
 
@@ -59,7 +60,7 @@ ScriptedDialogs::Box ScriptedDialogs::next(const QString& kind, const QString& t
     if (m_planned.isEmpty()) {
         qFatal("a box nobody planned: %s", qPrintable(came));
     }
-    const Box box = m_planned.takeFirst();
+    Box box = m_planned.takeFirst();
     const bool same = box.kind == kind && (box.partOnly ? text.contains(box.text, Qt::CaseInsensitive)
                                                         : box.title == title && box.text == text);
     if (!same) {

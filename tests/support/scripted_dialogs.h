@@ -13,6 +13,7 @@ namespace kelvora::test {
 class ScriptedDialogs : public Dialogs {
 public:
     using Dialogs::confirm;
+    using Dialogs::input;
     using Dialogs::message;
 
     ~ScriptedDialogs() override;
@@ -23,7 +24,10 @@ public:
     /// A message whose title or text is not the point, only that its text contains a part.
     void expectMessageContaining(const QString& part);
     void expectConfirm(const QString& title, const QString& text, bool yes);
-    void expectInput(const QString& prompt, const std::optional<QString>& answer);
+    void expectInput(const QString& title, const QString& prompt, const std::optional<QString>& answer);
+    void expectInput(const QString& prompt, const std::optional<QString>& answer) {
+        expectInput(kApplicationTitle.toString(), prompt, answer);
+    }
     void expectOpenFile(const std::optional<QString>& path);
     void expectSaveFile(const std::optional<QString>& path);
 
@@ -32,8 +36,8 @@ public:
 
     void message(const QString& title, const QString& text) override;
     bool confirm(const QString& title, const QString& text, Icon icon) override;
-    std::optional<QString> input(const QString& prompt) override;
-    std::optional<QString> openCsvFile() override;
+    std::optional<QString> input(const QString& title, const QString& prompt, const QString& proposed) override;
+    std::optional<QString> openFile(FileKind kind) override;
     std::optional<QString> saveCsvFile() override;
 
 private:

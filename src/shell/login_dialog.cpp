@@ -1,0 +1,100 @@
+#include "shell/login_dialog.h"
+
+#include "controls/dialogs.h"
+#include "controls/fields.h"
+#include "controls/guard.h"
+
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace kelvora {
+
+LoginDialog::LoginDialog(const Context& context)
+    : m_context(context),
+      m_connection(context.databasePath),
+      m_login(new QLineEdit(QStringLiteral("Administrator"), this)),
+      m_password(new QLineEdit(this)) {
+    setWindowTitle(QStringLiteral("LOGIN"));
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+
+    constexpr int pictureSize = 112;
+    auto* picture = new QLabel(this);
+    picture->setPixmap(QIcon(QStringLiteral(":/icons/kelvora.svg")).pixmap(QSize(pictureSize, pictureSize)));
+    picture->setAccessibleName(QStringLiteral("Kelvora"));
+
+    m_password->setEchoMode(QLineEdit::Password);
+    m_password->setStyleSheet(QStringLiteral("lineedit-password-character: 42"));  // "*"
+    auto* fields = new QGridLayout;
+    fields->setVerticalSpacing(10);
+    fields->setHorizontalSpacing(12);
+    addField(fields, 0, 0, QStringLiteral("LOGIN"), m_login);
+    addField(fields, 1, 0, QStringLiteral("PASSWORD"), m_password);
+
+    auto* logIn = new QPushButton(QStringLiteral("&Log in"), this);
+    auto* cancel = new QPushButton(QStringLiteral("&Cancel"), this);
+    logIn->setDefault(true);
+    cancel->setAutoDefault(false);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(logIn);
+    buttons->addWidget(cancel);
+
+    auto* entry = new QVBoxLayout;
+    entry->addStretch();
+    entry->addLayout(fields);
+    entry->addSpacing(8);
+    entry->addLayout(buttons);
+    entry->addStretch();
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(24, 20, 24, 20);
+    layout->setSpacing(28);
+    layout->addWidget(picture);
+    layout->addLayout(entry);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    constexpr int fieldWidth = 220;
+    m_login->setMinimumWidth(fieldWidth);
+
+    connect(logIn, &QPushButton::clicked, this, guarded(m_context.dialogs, [this] { signIn(); }));
+    connect(cancel, &QPushButton::clicked, this, &LoginDialog::reject);
+}
+
+void LoginDialog::reject() {
+    m_password->clear();
+    m_password->setFocus();
+}
+
+void LoginDialog::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        m_password->setFocus();
+    }
+}
+
+void LoginDialog::closeEvent(QCloseEvent* event) {
+    event->accept();
+    Q_EMIT closed();
+}
+
+void LoginDialog::signIn() {
+    if (m_login->text().isEmpty() || m_password->text().isEmpty()) {
+        m_context.dialogs.message(QStringLiteral("Please input Login and password"));
+        return;
+    }
+    const ResultSet account = m_connection.query(Sql("select * from kelvora_user where login = ")
+                                                 << m_login->text() << " and passwd = " << m_password->text());
+    if (account.isEmpty()) {
+        m_context.dialogs.message(QStringLiteral("Your Password not correct please Try again "));
+        m_password->clear();
+        return;
+    }
+    m_context.session.login = account.text(0, u"login");
+    m_context.session.password = account.text(0, u"passwd");
+    m_context.session.userName = account.text(0, u"uname");
+    Q_EMIT signedIn();
+}
+
+}  // namespace kelvora

@@ -1,0 +1,125 @@
+#include "shell/main_window.h"
+
+#include "controls/dialogs.h"
+#include "controls/guard.h"
+#include "controls/screen.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QToolBar>
+
+namespace kelvora {
+MainWindow::MainWindow(const Context& context) : m_context(context), m_area(new QMdiArea(this)) {
+    setWindowTitle(kApplicationTitle.toString());
+    addToolBar();
+    addMenus();
+    m_area->setBackground(palette().brush(QPalette::Window));
+    setCentralWidget(m_area);
+    auto* organisation = new QLabel(QStringLiteral(KELVORA_ORGANISATION), this);
+    organisation->setTextFormat(Qt::PlainText);
+    organisation->setContentsMargins(8, 0, 8, 2);
+    statusBar()->addWidget(organisation);
+    listWindows();
+}
+
+MainWindow::~MainWindow() {
+    // The screens report their end to the list of entries: they have to go before it.
+    delete m_area;
+}
+
+void MainWindow::addToolBar() {
+    auto* bar = QMainWindow::addToolBar(tr("Screens"));
+    bar->setMovable(false);
+    bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    bar->setIconSize({32, 32});
+    bar->addAction(addEntry({QStringLiteral("General Information"), nullptr, QStringLiteral("general_information")}));
+    bar->addAction(addEntry({QStringLiteral("Fishing Operation"), nullptr, QStringLiteral("fishing_operation")}));
+    bar->addAction(addEntry({QStringLiteral("Species Composition"), nullptr, QStringLiteral("species_composition")}));
+    bar->addAction(addEntry({QStringLiteral("Length Frequency"), nullptr, QStringLiteral("length_frequency")}));
+    bar->addAction(addEntry({QStringLiteral("Gonad Maturity"), nullptr, QStringLiteral("gonad_maturity")}));
+    bar->addSeparator();
+    QAction* leave = bar->addAction(QIcon(QStringLiteral(":/icons/exit.svg")), QStringLiteral("Exit"));
+    connect(leave, &QAction::triggered, this, &MainWindow::exit);
+}
+
+void MainWindow::addMenus() {
+    QMenu* main = menuBar()->addMenu(QStringLiteral("&Main Menu"));
+    main->addAction(addEntry({QStringLiteral("Search"), nullptr}));
+    main->addAction(addEntry({QStringLiteral("Change password"), nullptr}));
+    QMenu* report = menuBar()->addMenu(QStringLiteral("&Report"));
+    report->addAction(addEntry({QStringLiteral("Fishing Information"), nullptr}));
+    report->addAction(addEntry({QStringLiteral("Species composition"), nullptr}));
+    report->addAction(addEntry({QStringLiteral("Length Frequency"), nullptr}));
+    report->addAction(addEntry({QStringLiteral("Gonad Maturity"), nullptr}));
+    m_windows = menuBar()->addMenu(QStringLiteral("&Windows"));
+}
+
+/// A screen that is not part of this version yet has no maker: its button or menu item stays disabled.
+QAction* MainWindow::addEntry(Entry entry) {
+    const std::size_t index = m_entries.size();
+    entry.action = new QAction(entry.caption, this);
+    if (!entry.icon.isEmpty()) {
+        entry.action->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(entry.icon)));
+    }
+    entry.action->setEnabled(entry.make != nullptr);
+    connect(entry.action, &QAction::triggered, this, [this, index] { open(index); });
+    m_entries.push_back(std::move(entry));
+    return m_entries.back().action;
+}
+
+void MainWindow::open(std::size_t index) {
+    Entry& entry = m_entries[index];
+    if (entry.window != nullptr) {
+        m_area->setActiveSubWindow(entry.window);
+        return;
+    }
+    runGuarded(m_context.dialogs, [&] {
+        auto* window = new QMdiSubWindow;
+        window->setAttribute(Qt::WA_DeleteOnClose);
+        window->setWidget(entry.make(m_context));
+        m_area->addSubWindow(window);
+        entry.window = window;
+        entry.action->setEnabled(entry.icon.isEmpty());
+        connect(window, &QObject::destroyed, this, [this, index] { onScreenClosed(index); });
+        window->showMaximized();
+        listWindows();
+    });
+}
+
+void MainWindow::onScreenClosed(std::size_t index) {
+    m_entries[index].window = nullptr;
+    m_entries[index].action->setEnabled(true);
+    listWindows();
+}
+
+void MainWindow::listWindows() {
+    m_windows->clear();
+    for (const Entry& entry : m_entries) {
+        if (entry.window != nullptr) {
+            m_windows->addAction(entry.window->windowTitle(), this,
+                                 [this, window = entry.window] { m_area->setActiveSubWindow(window); });
+        }
+    }
+    m_windows->menuAction()->setEnabled(!m_windows->isEmpty());
+}
+
+void MainWindow::exit() {
+    if (m_context.dialogs.confirm(QStringLiteral("Question"), QStringLiteral("Do you want to exit program?"),
+                                  Dialogs::Icon::Question)) {
+        close();
+    }
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    // Every screen closes its connection before the program ends.
+    m_area->closeAllSubWindows();
+    event->accept();
+    Q_EMIT ended();
+}
+
+}  // namespace kelvora

@@ -1,0 +1,32 @@
+#include "shell/program.h"
+
+#include "controls/guard.h"
+#include "data/store.h"
+#include "shell/login_dialog.h"
+#include "shell/main_window.h"
+
+namespace kelvora {
+
+Program::Program(const QString& databasePath, Dialogs& dialogs) : m_context{databasePath, m_session, dialogs} {}
+
+Program::~Program() = default;
+
+bool Program::start() {
+    return runGuarded(m_context.dialogs, [this] {
+        prepareStore(m_context.databasePath);
+        m_login = std::make_unique<LoginDialog>(m_context);
+        connect(m_login.get(), &LoginDialog::signedIn, this, &Program::openMainWindow);
+        connect(m_login.get(), &LoginDialog::closed, this, &Program::ended);
+        m_login->show();
+        m_login->activateWindow();
+    });
+}
+
+void Program::openMainWindow() {
+    m_window = std::make_unique<MainWindow>(m_context);
+    connect(m_window.get(), &MainWindow::ended, this, &Program::ended);
+    m_window->showMaximized();
+    m_login->hide();
+}
+
+}  // namespace kelvora

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "controls/session.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace kelvora {
+
+class LoginDialog;
+class MainWindow;
+
+/// The program from its start to its end: the data file, the login dialog, the main window.
+class Program : public QObject {
+    Q_OBJECT
+
+public:
+    Program(const QString& databasePath, Dialogs& dialogs);
+    ~Program() override;
+
+    /// Prepares the data file and shows the login dialog. Returns false, after a message, if the file cannot be used.
+    bool start();
+
+Q_SIGNALS:
+    void ended();
+
+private:
+    void openMainWindow();
+
+    Session m_session;
+    Context m_context;
+    std::unique_ptr<LoginDialog> m_login;
+    std::unique_ptr<MainWindow> m_window;
+};
+
+}  // namespace kelvora

@@ -1,0 +1,13 @@
+#!/bin/sh
+# Builds everything and runs all tests without a display: as the developers build it, and under the sanitizers.
+# Installs what the build needs where it is missing.
+set -eu
+cd "$(dirname "$0")"
+
+. packaging/packages.sh
+install_missing_packages
+for preset in dev sanitize; do
+    cmake --preset "$preset" >/dev/null
+    cmake --build --preset "$preset"
+    ctest --preset "$preset"
+done
