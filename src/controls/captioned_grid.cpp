@@ -195,7 +195,9 @@ CaptionedGrid::CaptionedGrid(const QString& caption, QWidget* parent)
 }
 
 void CaptionedGrid::setCaption(const QString& caption) {
-    setTitle(caption);
+    // The caption may hold a name: thousands of characters must not widen the screen, and an "&" in it is no mnemonic.
+    const int room = fontMetrics().averageCharWidth() * 54;
+    setTitle(fontMetrics().elidedText(caption, Qt::ElideMiddle, room).replace(u'&', QStringLiteral("&&")));
     m_grid->setAccessibleName(caption);
 }
 
