@@ -6,6 +6,8 @@
 #include "operations/operation_entry_screen.h"
 #include "reference/general_information_screen.h"
 #include "reports/catch_summary_screen.h"
+#include "sampling/length_frequency_screen.h"
+#include "sampling/species_composition_screen.h"
 
 #include <QCloseEvent>
 #include <QLabel>
@@ -53,8 +55,10 @@ void MainWindow::addToolBar() {
                              QStringLiteral("general_information")}));
     bar->addAction(addEntry(
         {QStringLiteral("Fishing Operation"), make<OperationEntryScreen>, QStringLiteral("fishing_operation")}));
-    bar->addAction(addEntry({QStringLiteral("Species Composition"), nullptr, QStringLiteral("species_composition")}));
-    bar->addAction(addEntry({QStringLiteral("Length Frequency"), nullptr, QStringLiteral("length_frequency")}));
+    bar->addAction(addEntry({QStringLiteral("Species Composition"), make<SpeciesCompositionScreen>,
+                             QStringLiteral("species_composition")}));
+    bar->addAction(addEntry(
+        {QStringLiteral("Length Frequency"), make<LengthFrequencyScreen>, QStringLiteral("length_frequency")}));
     bar->addAction(addEntry({QStringLiteral("Gonad Maturity"), nullptr, QStringLiteral("gonad_maturity")}));
     bar->addSeparator();
     QAction* leave = bar->addAction(QIcon(QStringLiteral(":/icons/exit.svg")), QStringLiteral("Exit"));
@@ -93,9 +97,10 @@ void MainWindow::open(std::size_t index) {
         return;
     }
     runGuarded(m_context.dialogs, [&] {
+        Screen* screen = entry.make(m_context);
         auto* window = new QMdiSubWindow;
         window->setAttribute(Qt::WA_DeleteOnClose);
-        window->setWidget(entry.make(m_context));
+        window->setWidget(screen);
         m_area->addSubWindow(window);
         entry.window = window;
         entry.action->setEnabled(entry.icon.isEmpty());
