@@ -40,6 +40,10 @@ FishFields::FishFields(Connection& connection)
     clear();
 }
 
+int FishFields::captionWidth() const {
+    return m_form->columnMinimumWidth(0);
+}
+
 GonadFish FishFields::fish() const {
     GonadFish typed;
     for (const Measurement& measurement : m_measurements) {
@@ -107,7 +111,8 @@ void FishFields::addMeasurement(const QString& caption, const QString& unit, Fis
 }
 
 void FishFields::addRow(const QString& caption, QWidget* field) {
-    addField(m_form, static_cast<int>(m_order.size()), 0, caption, field);
+    const QLabel* label = addField(m_form, static_cast<int>(m_order.size()), 0, caption, field);
+    m_form->setColumnMinimumWidth(0, std::max(m_form->columnMinimumWidth(0), label->sizeHint().width()));
     field->installEventFilter(this);
     m_order.push_back(field);
 }

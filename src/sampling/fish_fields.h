@@ -24,6 +24,9 @@ public:
     /// Reads the maturity stages.
     explicit FishFields(Connection& connection);
 
+    /// The room that the captions in front of the fields take, in pixels.
+    [[nodiscard]] int captionWidth() const;
+
     /// The fish as typed.
     [[nodiscard]] GonadFish fish() const;
     /// Makes ready for the next fish: the measurements are emptied, the sex is the first of its list. The stage stays,

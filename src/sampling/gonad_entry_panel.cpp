@@ -31,6 +31,8 @@ Sql speciesOfCatch(int operation) {
 QPushButton* keyButton(const QString& caption) {
     auto* button = new QPushButton(caption);
     button->setAutoDefault(true);
+    constexpr int margins = 32;
+    button->setMinimumWidth(button->fontMetrics().horizontalAdvance(caption) + margins);
     return button;
 }
 
@@ -78,6 +80,7 @@ QWidget* GonadEntryPanel::createSampleLine() {
     form->setContentsMargins({});
     m_species->setMinimumWidth(320);
     m_species->setMaximumWidth(480);
+    form->setColumnMinimumWidth(0, m_fields->captionWidth());
     addField(form, 0, 0, tr("Species"), m_species);
     form->setColumnMinimumWidth(2, 12);
     addField(form, 0, 3, tr("Sampling weight"), m_weight);
