@@ -5,6 +5,7 @@
 #include <QCompleter>
 #include <QLineEdit>
 #include <QSignalBlocker>
+#include <QStandardItemModel>
 #include <QWheelEvent>
 
 namespace kelvora {
@@ -49,7 +50,6 @@ BoundList::BoundList(QWidget* parent) : QComboBox(parent) {
 
 BoundList::~BoundList() {
     setCompleter(nullptr);
-    setModel(nullptr);
 }
 
 void BoundList::setSource(std::unique_ptr<QAbstractItemModel> source, const QString& shown, const QString& key) {
@@ -81,7 +81,9 @@ void BoundList::setSource(std::unique_ptr<QAbstractItemModel> source, const QStr
 void BoundList::clearSource() {
     const QSignalBlocker quiet(this);
     setCompleter(nullptr);
-    QComboBox::clear();
+    // Clearing the model would ask the rows of a query to remove themselves, which they cannot.
+    setModel(new QStandardItemModel(this));
+    m_source.reset();
     setText({});
 }
 

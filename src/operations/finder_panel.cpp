@@ -1,0 +1,176 @@
+#include "operations/finder_panel.h"
+
+#include "controls/bound_list.h"
+#include "controls/fields.h"
+#include "controls/guard.h"
+#include "controls/record_navigator.h"
+#include "data/connection.h"
+#include "operations/operation_details.h"
+#include "operations/operation_query.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPainter>
+#include <QToolButton>
+
+namespace kelvora {
+namespace {
+
+QStringList criterionCaptions() {
+    QStringList captions;
+    for (const SearchCriterion& criterion : searchCriteria()) {
+        captions.append(criterion.caption);
+    }
+    return captions;
+}
+
+/// A magnifying glass in the text colour of the window.
+QIcon searchIcon(const QPalette& palette) {
+    QIcon icon;
+    for (const auto& [mode, group] :
+         {std::pair{QIcon::Normal, QPalette::Active}, {QIcon::Disabled, QPalette::Disabled}}) {
+        QPixmap pixmap(64, 64);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(palette.color(group, QPalette::ButtonText), 7, Qt::SolidLine, Qt::RoundCap));
+        painter.drawEllipse(QPointF(27, 27), 18, 18);
+        painter.drawLine(QPointF(41, 41), QPointF(56, 56));
+        icon.addPixmap(pixmap, mode);
+    }
+    return icon;
+}
+
+}  // namespace
+
+FinderPanel::FinderPanel(const QString& numberCaption, Connection& connection, const Context& context, QWidget* parent)
+    : QWidget(parent),
+      m_connection(connection),
+      m_context(context),
+      m_search(new QGroupBox(tr("Search"), this)),
+      m_criterion(new FixedList(criterionCaptions())),
+      m_value(new BoundList),
+      m_navigator(new RecordNavigator(tr("Result"))),
+      m_number(new ValueLabel),
+      m_details(new OperationDetails) {
+    auto* button = new QToolButton;
+    button->setAccessibleName(tr("Search"));
+    button->setToolTip(tr("Search"));
+    button->setIcon(searchIcon(palette()));
+    button->setFocusPolicy(Qt::StrongFocus);
+    m_criterion->setAccessibleName(tr("Criterion"));
+    m_criterion->setMinimumWidth(200);
+    m_value->setAccessibleName(tr("Value"));
+
+    auto* searchLine = new QHBoxLayout(m_search);
+    searchLine->addWidget(m_criterion);
+    searchLine->addWidget(m_value, 1);
+    searchLine->addWidget(button);
+
+    auto* operationLine = new QGridLayout;
+    operationLine->setHorizontalSpacing(12);
+    operationLine->setColumnStretch(0, 1);
+    operationLine->setColumnStretch(2, 1);
+    operationLine->addWidget(m_navigator, 0, 0);
+    addField(operationLine, 0, 1, numberCaption, m_number);
+    QFont strong = m_number->font();
+    strong.setBold(true);
+    m_number->setFont(strong);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(m_search);
+    layout->addLayout(operationLine);
+    layout->addWidget(m_details);
+    layout->addStretch(1);
+
+    Dialogs& dialogs = m_context.dialogs;
+    connect(m_criterion, &QComboBox::activated, this, guarded(dialogs, [this] { onCriterionChosen(); }));
+    connect(m_value, &BoundList::chosen, this, &FinderPanel::clear);
+    connect(m_value->lineEdit(), &QLineEdit::textEdited, this, &FinderPanel::onValueTyped);
+    connect(button, &QToolButton::clicked, this, guarded(dialogs, [this] { onSearch(); }));
+    connect(m_navigator, &RecordNavigator::arrived, this, &FinderPanel::onArrived);
+}
+
+void FinderPanel::open(bool selectFirstCriterion) {
+    if (selectFirstCriterion) {
+        m_criterion->setCurrentIndex(0);
+        runGuarded(m_context.dialogs, [this] { onCriterionChosen(); });
+    }
+    const int saved = m_context.session.lastSavedOperation;
+    m_search->setEnabled(saved == 0);
+    if (saved != 0) {
+        runGuarded(m_context.dialogs, [&] { setOperation(saved); });
+    }
+}
+
+QString FinderPanel::currentOperation() const {
+    return m_number->text();
+}
+
+std::optional<int> FinderPanel::operation() const {
+    bool whole = false;
+    const int number = currentOperation().toInt(&whole);
+    return whole ? std::optional(number) : std::nullopt;
+}
+
+void FinderPanel::clear() {
+    m_details->clear();
+    m_navigator->setCaption({});
+    m_number->clear();
+    Q_EMIT cleared();
+}
+
+void FinderPanel::onCriterionChosen() {
+    clear();
+    m_value->clearSource();
+    const SearchCriterion& criterion = searchCriteria()[static_cast<std::size_t>(m_criterion->currentIndex())];
+    m_value->setSource(m_connection.model(Sql(criterion.values)), criterion.shown, criterion.bound);
+}
+
+void FinderPanel::onValueTyped() {
+    // What is typed is another value from the first letter on: an operation found by the former one must not stay
+    // current under it.
+    if (!currentOperation().isEmpty() || !m_navigator->caption().isEmpty()) {
+        clear();
+    }
+}
+
+void FinderPanel::onSearch() {
+    if (m_value->text().isEmpty() || m_criterion->currentIndex() < 0) {
+        return;
+    }
+    const SearchCriterion& criterion = searchCriteria()[static_cast<std::size_t>(m_criterion->currentIndex())];
+    const std::optional<Sql> search = operationSearch(criterion, m_value->text(), m_value->key());
+    m_found = search ? m_connection.query(*search) : ResultSet();
+    m_navigator->setRowCount(m_found.rowCount());
+    if (m_found.isEmpty()) {
+        m_navigator->setCaption(tr("[No Record]"));
+    }
+}
+
+void FinderPanel::onArrived(int row) {
+    if (row < 0) {
+        return;
+    }
+    const bool shown = runGuarded(m_context.dialogs, [&] {
+        m_navigator->setCaption(tr("Result %1 Of %2").arg(row + 1).arg(m_found.rowCount()));
+        setOperation(m_found.integer(row, u"optid").value());
+    });
+    if (!shown) {
+        // Rather no operation than one whose details are those of another.
+        clear();
+    }
+}
+
+void FinderPanel::setOperation(int operation) {
+    m_number->setText(QString::number(operation));
+    const ResultSet details = m_connection.query(operationByNumber(operation));
+    if (details.isEmpty()) {
+        return;
+    }
+    m_details->fill(details, 0);
+    Q_EMIT loaded();
+}
+
+}  // namespace kelvora
