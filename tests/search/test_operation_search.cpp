@@ -1,0 +1,333 @@
+#include "controls/bound_list.h"
+#include "controls/record_navigator.h"
+#include "search/search_screen.h"
+#include "support/screen_driver.h"
+#include "support/temporary_store.h"
+#include "support/test_main.h"
+
+#include <QAbstractButton>
+#include <QTest>
+
+namespace kelvora {
+namespace {
+
+/// The screen over three operations: 1 and 2 in state Alpha, 3 in state Beta.
+struct Search {
+    Search() {
+        store.addReferenceRows();
+        store.addOperation(1, 1, QStringLiteral("2004-03-09"), 1, 120.5, QStringLiteral("Sea Star"),
+                           QStringLiteral("A1"));
+        store.addOperation(2, 2, QStringLiteral("2004-04-01"), 3, 80, QStringLiteral("Blue Fin"), QStringLiteral("A2"));
+        store.addOperation(3, 3, QStringLiteral("2004-05-01"), 2, 60, QStringLiteral("Sea Star"), QStringLiteral("A1"));
+        screen = std::make_unique<SearchScreen>(store.context(), Connection::Patience::Short);
+        driver = std::make_unique<test::ScreenDriver>(screen.get());
+    }
+
+    void find(const QString& criterion, const QString& value) const {
+        driver->choose(QStringLiteral("Criterion"), criterion);
+        driver->choose(QStringLiteral("Value"), value);
+        driver->press(QStringLiteral("SEARCH"));
+    }
+    void findAlpha() const { find(QStringLiteral("State/Province"), QStringLiteral("Alpha")); }
+    void move(const QString& button) const { driver->move(QStringLiteral("Result"), button); }
+
+    [[nodiscard]] QString caption() const { return driver->navigator(QStringLiteral("Result"))->caption(); }
+    [[nodiscard]] QString number() const { return driver->text(QStringLiteral("No.")); }
+    [[nodiscard]] bool offersDelete() const {
+        return driver->button(QStringLiteral("DELETE"))->isVisibleTo(screen.get());
+    }
+
+    test::TemporaryStore store;
+    std::unique_ptr<SearchScreen> screen;
+    std::unique_ptr<test::ScreenDriver> driver;
+};
+
+/// The rows of all tables, so that what a change left alone can be compared.
+QStringList wholeFile(test::TemporaryStore& store) {
+    QStringList all;
+    all += store.rows("select 'state', * from state") + store.rows("select 'port', * from samplingport");
+    all += store.rows("select 'vessel', * from vessel") + store.rows("select 'fish', * from fish");
+    all += store.rows("select 'operation', * from fishoperation order by optid");
+    all += store.rows("select 'gonad', * from gonad order by optid, spid");
+    all += store.rows("select 'gonad_detail', * from gonad_detail order by optid, spid, samplingno");
+    all += store.rows("select 'group_composition', * from group_composition order by optid, groupid, spid");
+    all += store.rows("select 'group_main', * from group_main order by optid, groupid");
+    all += store.rows("select 'length', * from length order by optid, spid");
+    all += store.rows("select 'length_detail', * from length_detail order by optid, spid, lower1");
+    return all;
+}
+
+/// One sample of every kind.
+void addSamples(test::TemporaryStore& store, int operation) {
+    Connection& db = store.db();
+    db.execute(Sql("insert into group_main values (1,") << operation << ",'Single species',30)");
+    db.execute(Sql("insert into group_composition values (") << operation << ",1,1,30,30)");
+    db.execute(Sql("insert into length values (") << operation << ",1,2.5)");
+    db.execute(Sql("insert into length_detail values (") << operation << ",1,10,12,11,4)");
+    db.execute(Sql("insert into gonad values (") << operation << ",1,0.4)");
+    db.execute(Sql("insert into gonad_detail values (") << operation << ",1,1,100,90,95,85,200,'Male',2,10,5)");
+}
+
+}  // namespace
+
+class TestOperationSearch : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void criteria_data() {
+        QTest::addColumn<QString>("criterion");
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<QStringList>("operations");
+        const auto row = [](const char* criterion, const char* value, const QStringList& operations) {
+            QTest::newRow(criterion) << QString::fromLatin1(criterion) << QString::fromLatin1(value) << operations;
+        };
+        const auto one = QStringLiteral("1"), two = QStringLiteral("2"), three = QStringLiteral("3");
+        row("State/Province", "Alpha", {one, two});
+        row("Sampling Port", "Cay", {three});
+        // Listed by their descriptions, matched by their names.
+        row("Fishing Area", "north bank", {one, three});
+        row("Vessel", "Sea Star", {one, three});
+        // Through the gear of the method: operations store no gear.
+        row("Fishing Gear", "Trawl", {one, three});
+    }
+    void criteria() {
+        QFETCH(QString, criterion);
+        QFETCH(QString, value);
+        QFETCH(QStringList, operations);
+        const Search search;
+        search.find(criterion, value);
+        for (int i = 0; i < operations.size(); ++i) {
+            QCOMPARE(search.caption(), QStringLiteral("RESULT: [%1 / %2]").arg(i + 1).arg(operations.size()));
+            QCOMPARE(search.number(), operations[i]);
+            if (i + 1 < operations.size()) {
+                search.move(QStringLiteral("Next"));
+            }
+        }
+        QVERIFY(search.offersDelete());
+    }
+
+    void details() {
+        Search search;
+        search.store.execute(
+            "update fishoperation set fishingtime = 'Day and Night', lon_min = 7.5, note = 'calm\nsea'"
+            " where optid = 2");
+        search.find(QStringLiteral("Vessel"), QStringLiteral("Blue Fin"));
+        const QList<std::pair<QString, QString>> expected = {
+            {QStringLiteral("No."), QStringLiteral("2")},
+            {QStringLiteral("Vessel Name"), QStringLiteral("Blue Fin")},
+            {QStringLiteral("Vessel Register id"), QStringLiteral("R-2")},
+            {QStringLiteral("Fishing Gear"), QStringLiteral("Gill net")},
+            {QStringLiteral("Fishing Method"), QStringLiteral("Drift")},
+            {QStringLiteral("Fishing Area"), QStringLiteral("A2")},
+            {QStringLiteral("State/Province"), QStringLiteral("Alpha")},
+            {QStringLiteral("Sampling Port"), QStringLiteral("Bex")},
+            {QStringLiteral("Date"), QStringLiteral("01/04/2004")},
+            {QStringLiteral("Fishing Ground Latitude"), QStringLiteral("12")},
+            {QStringLiteral("Latitude Dec"), QStringLiteral("12")},
+            {QStringLiteral("Latitude Min"), QStringLiteral("30")},
+            {QStringLiteral("Longtitude Dec"), QStringLiteral("100")},
+            {QStringLiteral("Longtitude Min"), QStringLiteral("7.5")},
+            {QStringLiteral("Bottom Depth(Meter)"), QStringLiteral("40")},
+            {QStringLiteral("Fishing Depth(Meter)"), QStringLiteral("35")},
+            {QStringLiteral("No of haul per Trip(haul)"), QStringLiteral("3")},
+            {QStringLiteral("Duration of Trip(days)"), QStringLiteral("2")},
+            {QStringLiteral("Estimate Total Catch(kg/trip)"), QStringLiteral("80")},
+            {QStringLiteral("Recorder"), QStringLiteral("Port Sampler")},
+            {QStringLiteral("Note"), QStringLiteral("calm\nsea")},
+        };
+        for (const auto& [caption, text] : expected) {
+            QCOMPARE(search.driver->text(caption), text);
+        }
+    }
+
+    void fishingTime_data() {
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<QString>("selected");
+        QTest::newRow("day") << QStringLiteral("Day") << QStringLiteral("Day");
+        QTest::newRow("night") << QStringLiteral("Night") << QStringLiteral("Night");
+        QTest::newRow("both") << QStringLiteral("Day and Night") << QStringLiteral("Day and Night");
+        QTest::newRow("other") << QStringLiteral("dawn") << QStringLiteral("Day and Night");
+    }
+    void fishingTime() {
+        QFETCH(QString, stored);
+        QFETCH(QString, selected);
+        Search search;
+        search.store.db().execute(Sql("update fishoperation set fishingtime = ") << stored);
+        search.findAlpha();
+        for (const auto& time : {QStringLiteral("Day"), QStringLiteral("Night"), QStringLiteral("Day and Night")}) {
+            QCOMPARE(search.driver->button(time)->isChecked(), time == selected);
+            QVERIFY(!search.driver->enabled(time));
+        }
+    }
+
+    void navigation() {
+        Search search;
+        for (int optid = 4; optid <= 6; ++optid) {
+            search.store.addOperation(optid, 1, QStringLiteral("2004-06-01"), 1, 10, QStringLiteral("Sea Star"),
+                                      QStringLiteral("A1"));
+        }
+        search.findAlpha();
+        search.move(QStringLiteral("Last"));
+        QCOMPARE(search.caption(), QStringLiteral("RESULT: [5 / 5]"));
+        QCOMPARE(search.number(), QStringLiteral("6"));
+        auto* navigator = search.driver->navigator(QStringLiteral("Result"));
+        navigator->moveTo(5);
+        QCOMPARE(search.number(), QStringLiteral("6"));
+        search.move(QStringLiteral("First"));
+        navigator->moveTo(-1);
+        QCOMPARE(search.caption(), QStringLiteral("RESULT: [1 / 5]"));
+        QCOMPARE(search.number(), QStringLiteral("1"));
+
+        // Another criterion leaves the result as it is until the next search.
+        search.driver->choose(QStringLiteral("Criterion"), QStringLiteral("Vessel"));
+        QCOMPARE(search.driver->text(QStringLiteral("Value")), QString());
+        search.driver->press(QStringLiteral("SEARCH"));
+        QCOMPARE(search.number(), QStringLiteral("1"));
+    }
+
+    void opening() {
+        const Search search;
+        QCOMPARE(search.driver->text(QStringLiteral("Criterion")), QStringLiteral("State/Province"));
+        QCOMPARE(search.driver->list(QStringLiteral("Value"))->count(), 2);
+        QCOMPARE(search.caption(), QString());
+        QVERIFY(!search.offersDelete());
+        search.driver->press(QStringLiteral("SEARCH"));
+        QCOMPARE(search.caption(), QString());
+    }
+
+    void noMatch() {
+        Search search;
+        search.findAlpha();
+        search.driver->type(QStringLiteral("Value"), QStringLiteral("1 or 1=1"));
+        search.driver->press(QStringLiteral("SEARCH"));
+        QCOMPARE(search.caption(), QStringLiteral("[No Record]"));
+        QCOMPARE(search.number(), QString());
+        QCOMPARE(search.driver->text(QStringLiteral("Latitude Dec")), QString());
+        QVERIFY(!search.driver->button(QStringLiteral("Day"))->isChecked());
+        QVERIFY(!search.offersDelete());
+    }
+
+    void deletion() {
+        Search search;
+        search.findAlpha();
+        const QStringList kept = wholeFile(search.store);
+        addSamples(search.store, 1);
+        const QStringList all = wholeFile(search.store);
+        const auto answer = [&](bool yes) {
+            search.store.dialogs.expectConfirm(
+                QStringLiteral("CONFIRM"), QStringLiteral("Are you sure to delete all data in this operation?"), yes);
+            search.driver->press(QStringLiteral("DELETE"));
+        };
+        answer(false);
+        QCOMPARE(wholeFile(search.store), all);
+
+        // The search is the one that found the operation, whatever has been chosen since.
+        search.driver->choose(QStringLiteral("Criterion"), QStringLiteral("Vessel"));
+        answer(true);
+        QStringList expected = kept;
+        expected.removeIf([](const QString& row) { return row.startsWith(u"operation|1|"); });
+        QCOMPARE(expected.size(), kept.size() - 1);
+        QCOMPARE(wholeFile(search.store), expected);
+        QCOMPARE(search.caption(), QStringLiteral("RESULT: [1 / 1]"));
+        QCOMPARE(search.number(), QStringLiteral("2"));
+
+        answer(true);
+        QCOMPARE(search.caption(), QStringLiteral("[No Record]"));
+        QVERIFY(!search.offersDelete());
+    }
+
+    /// The samples of other operations stay, whatever the species.
+    void deletionLeavesOthers() {
+        Search search;
+        addSamples(search.store, 2);
+        const QStringList kept = wholeFile(search.store);
+        addSamples(search.store, 3);
+        search.find(QStringLiteral("State/Province"), QStringLiteral("Beta"));
+        search.store.dialogs.expectConfirm(QStringLiteral("CONFIRM"),
+                                           QStringLiteral("Are you sure to delete all data in this operation?"), true);
+        search.driver->press(QStringLiteral("DELETE"));
+        QStringList expected = kept;
+        expected.removeIf([](const QString& row) { return row.startsWith(u"operation|3|"); });
+        QCOMPARE(wholeFile(search.store), expected);
+    }
+
+    /// A deletion that fails in the last table deletes nothing.
+    void failedDeletion() {
+        Search search;
+        addSamples(search.store, 1);
+        search.findAlpha();
+        search.store.execute(
+            "create trigger refuse before delete on length_detail begin"
+            " select raise(abort, 'refused'); end");
+        const QStringList all = wholeFile(search.store);
+        search.store.dialogs.expectConfirm(QStringLiteral("CONFIRM"),
+                                           QStringLiteral("Are you sure to delete all data in this operation?"), true);
+        search.store.dialogs.expectMessageContaining(QStringLiteral("length_detail"));
+        search.driver->press(QStringLiteral("DELETE"));
+        QCOMPARE(wholeFile(search.store), all);
+        QCOMPARE(search.number(), QStringLiteral("1"));
+        // No transaction was left open: the file can be written to by another connection.
+        search.store.execute("drop trigger refuse");
+    }
+
+    void goneElsewhere() {
+        Search search;
+        search.findAlpha();
+        search.store.execute("delete from fishoperation where optid = 2");
+        search.store.dialogs.expectMessageContaining(QStringLiteral("Operation No. 2 is not found any more"));
+        search.move(QStringLiteral("Next"));
+        QCOMPARE(search.caption(), QStringLiteral("RESULT: [1 / 1]"));
+        QCOMPARE(search.number(), QStringLiteral("1"));
+
+        search.store.execute("delete from fishoperation where optid = 1");
+        search.store.dialogs.expectConfirm(QStringLiteral("CONFIRM"),
+                                           QStringLiteral("Are you sure to delete all data in this operation?"), true);
+        search.store.dialogs.expectMessageContaining(QStringLiteral("Operation No. 1 is not found any more"));
+        search.driver->press(QStringLiteral("DELETE"));
+        QCOMPARE(search.caption(), QStringLiteral("[No Record]"));
+        QVERIFY(search.store.dialogs.done());
+    }
+
+    /// A table that cannot be read gives a message, and no operation is shown under details that are not its own.
+    void failedLoad() {
+        Search search;
+        search.findAlpha();
+        search.store.execute("alter table state rename to elsewhere");
+        search.store.dialogs.expectMessageContaining(QStringLiteral("state"));
+        search.move(QStringLiteral("Next"));
+        QCOMPARE(search.number(), QString());
+        QVERIFY(!search.offersDelete());
+        search.store.execute("alter table elsewhere rename to state");
+        search.move(QStringLiteral("Previous"));
+        QCOMPARE(search.number(), QStringLiteral("1"));
+    }
+
+    void hostileNames_data() {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("apostrophe") << QStringLiteral("O'Hara's '; drop table fishoperation; --");
+        QTest::newRow("percent") << QStringLiteral("100 % %1 %2 \\ \"tuna\" [x] & y");
+        QTest::newRow("scripts") << QStringLiteral("ปลาทู 鯖 <b>Ålesund</b>");
+        QTest::newRow("long") << QString(10'000, u'\'');
+    }
+    void hostileNames() {
+        QFETCH(QString, name);
+        Search search;
+        Connection& db = search.store.db();
+        db.execute(Sql("update vessel set vesselname = ") << name << " where vesselname = 'Sea Star'");
+        db.execute(Sql("update fishing_area set aname = ") << name << " where aname = 'A1'");
+        db.execute(Sql("update fishoperation set vesselid = ")
+                   << name << ", areaid = " << name << ", note = " << name << " where optid = 1");
+        search.find(QStringLiteral("Vessel"), name);
+        QCOMPARE(search.number(), QStringLiteral("1"));
+        QCOMPARE(search.driver->text(QStringLiteral("Vessel Name")), name);
+        search.find(QStringLiteral("Fishing Area"), QStringLiteral("north bank"));
+        QCOMPARE(search.driver->text(QStringLiteral("Note")), name);
+        QVERIFY(search.screen->minimumSizeHint().width() <= 1340);
+        QVERIFY(search.screen->minimumSizeHint().height() <= 590);
+    }
+};
+
+}  // namespace kelvora
+
+KELVORA_TEST(kelvora::TestOperationSearch, "operation_search");
+#include "test_operation_search.moc"
