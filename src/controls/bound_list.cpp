@@ -1,7 +1,7 @@
 #include "controls/bound_list.h"
 
-#include <QAbstractItemModel>
 #include <QAbstractItemView>
+#include <QAbstractProxyModel>
 #include <QCompleter>
 #include <QLineEdit>
 #include <QSignalBlocker>
@@ -45,15 +45,18 @@ BoundList::BoundList(QWidget* parent) : QComboBox(parent) {
         m_settled = text();
         Q_EMIT chosen();
     });
+    // By itself the box would go to the first row with an equal text at every Enter, whatever row was chosen, and would
+    // announce a text that was merely shown when the sampler passes the field.
+    disconnect(lineEdit(), &QLineEdit::returnPressed, this, nullptr);
+    disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
     connect(lineEdit(), &QLineEdit::editingFinished, this, &BoundList::settle);
 }
 
-BoundList::~BoundList() {
-    setCompleter(nullptr);
-}
+BoundList::~BoundList() = default;
 
 void BoundList::setSource(std::unique_ptr<QAbstractItemModel> source, const QString& shown, const QString& key) {
     const QString kept = text();
+    const QString settled = m_settled;
     const QVariant keptKey = this->key();
     const QSignalBlocker quiet(this);
     m_keyColumn = columnCalled(*source, key);
@@ -62,7 +65,8 @@ void BoundList::setSource(std::unique_ptr<QAbstractItemModel> source, const QStr
     setModelColumn(columnCalled(*source, shown));
     m_source = std::move(source);
 
-    auto* offered = new QCompleter(m_source.get(), this);
+    // The line deletes its completer when it gets another one.
+    auto* offered = new QCompleter(m_source.get(), lineEdit());
     offered->setCompletionColumn(modelColumn());
     offered->setCaseSensitivity(Qt::CaseInsensitive);
     offered->setFilterMode(Qt::MatchContains);
@@ -76,14 +80,15 @@ void BoundList::setSource(std::unique_ptr<QAbstractItemModel> source, const QStr
     if (text() != kept) {
         setText(kept);
     }
+    m_settled = settled;
 }
 
 void BoundList::clearSource() {
     const QSignalBlocker quiet(this);
     setCompleter(nullptr);
-    // Clearing the model would ask the rows of a query to remove themselves, which they cannot.
     setModel(new QStandardItemModel(this));
     m_source.reset();
+    m_keyColumn = -1;
     setText({});
 }
 
@@ -99,12 +104,7 @@ int BoundList::row() const {
     if (chosenRow >= 0 && itemText(chosenRow) == text()) {
         return chosenRow;
     }
-    if (m_source == nullptr || m_source->rowCount() == 0 || text().isEmpty()) {
-        return -1;
-    }
-    const auto found =
-        m_source->match(m_source->index(0, modelColumn()), Qt::DisplayRole, text(), 1, Qt::MatchFixedString);
-    return found.isEmpty() ? -1 : found.first().row();
+    return text().isEmpty() ? -1 : rowWith(modelColumn(), Qt::DisplayRole, text());
 }
 
 QVariant BoundList::key() const {
@@ -113,13 +113,11 @@ QVariant BoundList::key() const {
 }
 
 void BoundList::setKey(const QVariant& key) {
-    for (int i = 0; m_source != nullptr && i < m_source->rowCount(); ++i) {
-        if (m_source->index(i, m_keyColumn).data(Qt::EditRole) == key) {
-            const QSignalBlocker quiet(this);
-            setCurrentIndex(i);
-            m_settled = text();
-            return;
-        }
+    const int found = key.isValid() ? rowWith(m_keyColumn, Qt::EditRole, key) : -1;
+    if (found >= 0) {
+        const QSignalBlocker quiet(this);
+        setCurrentIndex(found);
+        m_settled = text();
     }
 }
 
@@ -135,12 +133,35 @@ void BoundList::wheelEvent(QWheelEvent* event) {
     }
 }
 
+int BoundList::rowWith(int column, int role, const QVariant& value) const {
+    if (m_source == nullptr || m_source->rowCount() == 0) {
+        return -1;
+    }
+    const auto found = m_source->match(m_source->index(0, column), role, value, 1, Qt::MatchFixedString);
+    return found.isEmpty() ? -1 : found.first().row();
+}
+
+/// The row that the sampler has gone to among those offered below a typed text; -1 if there is none.
+int BoundList::offeredRow() const {
+    const QAbstractItemView* offered = completer() != nullptr ? completer()->popup() : nullptr;
+    const auto* matching =
+        completer() != nullptr ? qobject_cast<const QAbstractProxyModel*>(completer()->completionModel()) : nullptr;
+    if (offered == nullptr || matching == nullptr || !offered->isVisible()) {
+        return -1;
+    }
+    return matching->mapToSource(offered->currentIndex()).row();
+}
+
 void BoundList::settle() {
     if (text() == m_settled) {
         return;
     }
+    const int offered = offeredRow();
+    if (offered >= 0 && hasFocus()) {
+        return;  // Enter on an offered row, which announces itself
+    }
     m_settled = text();
-    if (const int found = row(); found >= 0) {
+    if (const int found = offered >= 0 ? offered : row(); found >= 0) {
         {
             const QSignalBlocker quiet(this);
             setCurrentIndex(found);

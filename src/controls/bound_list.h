@@ -33,7 +33,8 @@ public:
     [[nodiscard]] int row() const;
     /// The key of that row; invalid if there is none, and for a null.
     [[nodiscard]] QVariant key() const;
-    /// Chooses the first row with a key, and shows its text; nothing changes if there is none.
+    /// Chooses the first row with a key, compared as the source compares, and shows its text; nothing changes if there
+    /// is none, and for a null.
     void setKey(const QVariant& key);
 
     /// Asked before the list drops down; on false it stays closed.
@@ -42,13 +43,15 @@ public:
     void showPopup() override;
 
 Q_SIGNALS:
-    /// The sampler chose a row, or finished typing the text of one.
+    /// The sampler chose a row, or finished typing the text of one. Leaving a text as it was announces nothing.
     void chosen();
 
 protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    [[nodiscard]] int rowWith(int column, int role, const QVariant& value) const;
+    [[nodiscard]] int offeredRow() const;
     void settle();
 
     std::unique_ptr<QAbstractItemModel> m_source;

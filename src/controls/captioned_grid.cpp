@@ -10,6 +10,7 @@
 #include <QIdentityProxyModel>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -61,6 +62,8 @@ Grid::Grid(const QString& name, QWidget* parent)
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 4);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    // The selection model is the presented model's: it outlives every source.
+    connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this, &Grid::onCurrentRowChanged);
 }
 
 Grid::~Grid() {
@@ -80,9 +83,6 @@ void Grid::show(QAbstractItemModel* source, GridColumns columns) {
         setColumnHidden(i, m_columns[static_cast<std::size_t>(i)].hidden);
     }
     fitColumns();
-    // The selection model is the presented model's: it outlives the source.
-    connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this, &Grid::onCurrentRowChanged,
-            Qt::UniqueConnection);
 }
 
 void Grid::showBlank(GridColumns columns) {
@@ -144,12 +144,14 @@ void Grid::resizeEvent(QResizeEvent* event) {
 void Grid::copySelection() const {
     QModelIndexList rows = selectionModel()->selectedRows();
     std::ranges::sort(rows, {}, &QModelIndex::row);
+    static const QRegularExpression lineBreakOrTab(QStringLiteral("[\\t\\r\\n]+"));
     QStringList lines;
     for (const QModelIndex& row : rows) {
         QStringList texts;
         for (int column = 0; column < m_presented->columnCount(); ++column) {
             if (!isColumnHidden(column)) {
-                texts.append(text(row.row(), column));
+                // A note of several lines stays one cell in a spreadsheet.
+                texts.append(text(row.row(), column).replace(lineBreakOrTab, QStringLiteral(" ")));
             }
         }
         lines.append(texts.join(u'\t'));
@@ -193,7 +195,9 @@ CaptionedGrid::CaptionedGrid(const QString& caption, QWidget* parent)
 }
 
 void CaptionedGrid::setCaption(const QString& caption) {
-    setTitle(caption);
+    // The caption may hold a name: thousands of characters must not widen the screen, and an "&" in it is no mnemonic.
+    const int room = fontMetrics().averageCharWidth() * 54;
+    setTitle(fontMetrics().elidedText(caption, Qt::ElideMiddle, room).replace(u'&', QStringLiteral("&&")));
     m_grid->setAccessibleName(caption);
 }
 

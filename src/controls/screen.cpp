@@ -4,9 +4,11 @@
 
 #include <QAbstractButton>
 
+#include <utility>
+
 namespace kelvora {
 
-Screen::Screen(const QString& caption, const Context& context) : m_context(context) {
+Screen::Screen(const QString& caption, Context context) : m_context(std::move(context)) {
     setWindowTitle(caption);
 }
 

@@ -16,7 +16,7 @@ class Screen : public QWidget {
     Q_OBJECT
 
 public:
-    Screen(const QString& caption, const Context& context);
+    Screen(const QString& caption, Context context);
 
 protected:
     [[nodiscard]] const Context& context() const { return m_context; }

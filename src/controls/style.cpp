@@ -3,6 +3,9 @@
 #include <QApplication>
 #include <QPalette>
 #include <QProxyStyle>
+#include <QStyleOption>
+
+#include <algorithm>
 
 namespace kelvora {
 namespace {
@@ -36,7 +39,8 @@ QPalette paletteOf(const Colours& c) {
     return palette;
 }
 
-/// Boxes say what their buttons do in words: no pictures on "Yes" and "No".
+/// Boxes say what their buttons do in words: no pictures on "Yes" and "No". Text boxes are as high as lists and dates, so
+/// that the rows of forms side by side line up.
 class CalmStyle : public QProxyStyle {
 public:
     CalmStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -44,6 +48,16 @@ public:
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* result) const override {
         return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0 : QProxyStyle::styleHint(hint, option, widget, result);
+    }
+
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                           const QWidget* widget) const override {
+        QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+        if (option != nullptr && (type == CT_LineEdit || type == CT_ComboBox || type == CT_SpinBox)) {
+            constexpr int edges = 10;
+            size.setHeight(std::max(size.height(), option->fontMetrics.height() + edges));
+        }
+        return size;
     }
 };
 

@@ -221,16 +221,17 @@ void yearAsRange(Tokens& tokens) {
         }
         const std::size_t number = skipSpace(tokens, next + 1);
         const bool digits = number < tokens.size() && tokens[number].kind == Kind::Word &&
-                            tokens[number].text.size() <= 4 && isNumeric(QString::fromStdString(tokens[number].text));
+                            tokens[number].text.size() <= 4 &&
+                            tokens[number].text.find_first_not_of("0123456789") == std::string::npos;
         if (!isMark(tokens, next, '=') || !digits) {
             continue;
         }
-        const std::string column = joined(tokens, open + 1, close);
         const int year = std::stoi(tokens[number].text);
-        Token range{Kind::Text, "(" + column + " >= '" + yearText(year) + "-01-01' AND " + column + " < '" +
-                                    yearText(year + 1) + "-01-01')"};
+        std::string range = "(" + joined(tokens, open + 1, close);
+        range.append(" BETWEEN '").append(yearText(year)).append("-01-01' AND '");
+        range.append(yearText(year)).append("-12-31')");
         const auto at = [&](std::size_t k) { return tokens.begin() + static_cast<std::ptrdiff_t>(k); };
-        tokens[first] = std::move(range);
+        tokens[first] = {Kind::Text, std::move(range)};
         tokens.erase(at(first + 1), at(number + 1));
         i = first;
     }
@@ -292,6 +293,21 @@ std::vector<std::string> listed(const std::string& list) {
     }
     std::ranges::transform(parts, parts.begin(), trimmed);
     return parts;
+}
+
+/// The columns of a "SELECT DISTINCT" by their numbers, to order by; empty for another statement.
+std::string orderOfDistinct(const Tokens& tokens, const Clauses& found) {
+    const std::size_t select = skipSpace(tokens, 0);
+    const std::size_t distinct = skipSpace(tokens, select + 1);
+    if (!isWord(tokens, select, "select") || !isWord(tokens, distinct, "distinct")) {
+        return "";
+    }
+    const std::size_t columns = listed(joined(tokens, distinct + 1, found.from)).size();
+    std::string order = " 1";
+    for (std::size_t i = 2; i <= columns; ++i) {
+        order += ", " + std::to_string(i);
+    }
+    return order;
 }
 
 /// An expression and the alias behind it (without the alias' quotes); the alias is empty if there is none.
@@ -382,10 +398,12 @@ std::string translate(const std::string& statement) {
     Tokens tokens = joinTexts(tokenize(statement));
     yearAsRange(tokens);
     const Clauses found = clauses(tokens);
-    if (found.group == found.end || found.order != found.end) {
+    if (found.order != found.end) {
         return joined(tokens, 0, tokens.size());
     }
-    return joined(tokens, 0, found.end) + " ORDER BY" + behindBy(tokens, found.group, found.end);
+    const std::string order =
+        found.group != found.end ? behindBy(tokens, found.group, found.end) : orderOfDistinct(tokens, found);
+    return joined(tokens, 0, found.end) + (order.empty() ? "" : " ORDER BY" + order);
 }
 
 void registerFunctions(SQLite::Database& database) {
@@ -413,6 +431,9 @@ std::optional<Crosstab> parseCrosstab(const std::string& statement) {
 
     Crosstab crosstab;
     const bool count = isWord(tokens, skipSpace(tokens, transform + 1), "count");
+    if (!count && !isWord(tokens, skipSpace(tokens, transform + 1), "sum")) {
+        throw std::invalid_argument("a crosstab counts or sums: " + statement);
+    }
     crosstab.aggregate = count ? Crosstab::Aggregate::Count : Crosstab::Aggregate::Sum;
     const std::string aggregated = trimmed(joined(tokens, open + 1, closing(tokens, open)));
     const std::string pivot = trimmed(joined(tokens, found.pivot + 1, found.end));

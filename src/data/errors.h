@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace kelvora {
 
@@ -11,8 +12,8 @@ namespace kelvora {
 class DataError : public std::runtime_error {
 public:
     /// The reason alone is for a message that names the obstacle in words of its own.
-    explicit DataError(const QString& message, const QString& reason = {})
-        : std::runtime_error(message.toStdString()), m_reason(reason) {}
+    explicit DataError(const QString& message, QString reason = {})
+        : std::runtime_error(message.toStdString()), m_reason(std::move(reason)) {}
 
     [[nodiscard]] const QString& reason() const { return m_reason; }
 

@@ -9,12 +9,12 @@ namespace {
 
 /// One behind the number that a query gives under an alias, and at least first. What names the kept things, plural.
 int following(Connection& connection, const Sql& query, QStringView alias, const char* what, int first = 1) {
-    const int next = std::max(connection.query(query).integer(0, alias).value_or(0) + 1, first);
-    if (next > kLargestKey) {
+    const double largest = connection.query(query).number(0, alias).value_or(0);
+    if (largest >= kLargestKey) {
         throw DataError(QStringLiteral("The data file is full: it holds at most %1 %2. Nothing was stored.")
                             .arg(QString::number(kLargestKey), QString::fromLatin1(what)));
     }
-    return next;
+    return std::max(static_cast<int>(largest) + 1, first);
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 #include "data/numbers.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
-#include <limits>
 #include <string>
 
 namespace kelvora {
@@ -42,23 +42,6 @@ qsizetype numberLength(QStringView text) {
     return at;
 }
 
-double parse(QStringView number) {
-    std::string digits = number.toLatin1().toStdString();
-    const bool negative = digits.front() == '-';
-    if (negative || digits.front() == '+') {
-        digits.erase(0, 1);
-    }
-    double value = 0;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    if (error == std::errc::result_out_of_range) {
-        // Too large, or too small: the exponent's sign tells which, and without one it is too large unless it is 0.xxx.
-        const std::size_t e = digits.find_first_of("eE");
-        const bool small = e != std::string::npos ? digits.find('-', e) != std::string::npos : digits.front() == '0';
-        value = small ? 0 : std::numeric_limits<double>::infinity();
-    }
-    return negative ? -value : value;
-}
-
 /// The significant decimal digits of a finite value and the power of ten of the first one.
 struct Decimal {
     bool negative = false;
@@ -69,11 +52,11 @@ struct Decimal {
 constexpr int kSignificantDigits = 15;
 
 Decimal decimal(double value) {
-    char text[32];
-    const auto end =
-        std::to_chars(text, text + sizeof text, std::fabs(value), std::chars_format::scientific, kSignificantDigits - 1)
-            .ptr;
-    const std::string_view written(text, static_cast<std::size_t>(end - text));
+    std::array<char, 32> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), std::fabs(value),
+                                   std::chars_format::scientific, kSignificantDigits - 1)
+                         .ptr;
+    const std::string_view written(text.data(), static_cast<std::size_t>(end - text.data()));
     const std::size_t e = written.find('e');
     Decimal result;
     result.negative = std::signbit(value) && value != 0;
@@ -119,7 +102,8 @@ std::optional<double> toNumber(QStringView text) {
     if (length == 0 || length != number.size()) {
         return std::nullopt;
     }
-    const double value = parse(number);
+    // Too large a number reads as an infinity, too small a one as 0.
+    const double value = number.toDouble();
     return std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
@@ -130,7 +114,7 @@ bool isNumeric(QStringView text) {
 double leadingNumber(QStringView text) {
     const QStringView number = text.trimmed();
     const qsizetype length = numberLength(number);
-    return length == 0 ? 0 : parse(number.first(length));
+    return length == 0 ? 0 : number.first(length).toDouble();
 }
 
 QString plainText(double value) {
@@ -172,7 +156,7 @@ QString twoDecimals(double value) {
 }
 
 double asRead(double value) {
-    return std::isfinite(value) ? parse(QString::number(value, 'e', kSignificantDigits - 1)) : value;
+    return std::isfinite(value) ? QString::number(value, 'e', kSignificantDigits - 1).toDouble() : value;
 }
 
 }  // namespace kelvora

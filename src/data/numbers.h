@@ -10,8 +10,8 @@ namespace kelvora {
 inline constexpr int kLargestKey = 32767;
 
 /// The value of a text that is a number as a whole: optional blanks around, optional sign, digits with "." as decimal
-/// point, optional exponent. Nothing for anything else ("", "abc", "1,000", "inf", "0x10") and for a number that a
-/// double cannot hold.
+/// point, optional exponent. Nothing for anything else ("", "abc", "1,000", "inf", "0x10") and for a number that is
+/// too large for a double.
 std::optional<double> toNumber(QStringView text);
 
 /// Whether toNumber has a value for the text.

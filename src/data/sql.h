@@ -15,7 +15,7 @@ namespace kelvora {
 class Literal {
 public:
     template <std::size_t N>
-    // NOLINTNEXTLINE(google-explicit-constructor): a literal is meant to be written as it is
+    // NOLINTNEXTLINE(modernize-avoid-c-arrays): that is what a literal is
     consteval Literal(const char (&text)[N]) : m_text(text, N - 1) {
         std::size_t quotes = 0;
         for (const char c : m_text) {

@@ -14,6 +14,9 @@
 namespace kelvora {
 namespace {
 
+/// Behind the name of a data file: the engine's own record of an unfinished save.
+const QString kJournal = QStringLiteral("-journal");
+
 [[noreturn]] void refuse(const QString& path, const QString& reason) {
     throw DataError(QStringLiteral("The data file cannot be used: %1.\n\nIt was left as it is:\n%2")
                         .arg(reason, QDir::toNativeSeparators(path)));
@@ -30,7 +33,11 @@ void create(const QString& path) {
         cannotCreate(path, QStringLiteral("its folder cannot be made"));
     }
     const QString unfinished = path + QStringLiteral(".new");
-    QFile::remove(unfinished);
+    // Left from a start that was cut off, or from a data file that was taken away: a journal without its file would be
+    // played back into the new one.
+    for (const QString& leftover : {unfinished, unfinished + kJournal, path + kJournal}) {
+        QFile::remove(leftover);
+    }
     try {
         SQLite::Database database(unfinished.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
         SQLite::Transaction transaction(database);
@@ -43,6 +50,7 @@ void create(const QString& path) {
         cannotCreate(path, plainReason(e.getErrorCode(), QString::fromUtf8(e.what())));
     }
     if (!QFile::rename(unfinished, path)) {
+        QFile::remove(unfinished);
         cannotCreate(path, QStringLiteral("its folder may not be written to"));
     }
 }
@@ -71,7 +79,7 @@ void checkHeader(const QString& path) {
     const quint32 stored = qFromBigEndian<quint16>(header.constData() + 16);
     const qint64 pageSize = stored == 1 ? 65536 : stored;
     // With a journal beside it the last save was interrupted; the engine mends that when it opens the file.
-    const bool interrupted = QFile::exists(path + QStringLiteral("-journal"));
+    const bool interrupted = QFile::exists(path + kJournal);
     if (!interrupted && file.size() < pageSize * qint64{number(28)}) {
         refuse(path, QStringLiteral("its end is missing"));
     }
@@ -121,6 +129,8 @@ void prepareStore(const QString& path) {
     if (!fault.isEmpty()) {
         refuse(path, fault);
     }
+    // Once more, now that an interrupted save is mended and the file must be whole.
+    checkHeader(path);
 }
 
 }  // namespace kelvora

@@ -5,6 +5,7 @@
 #include "controls/record_navigator.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QDateEdit>
 #include <QGroupBox>
 #include <QLabel>
@@ -49,6 +50,28 @@ QWidget* usable(QWidget* widget, const QString& name) {
         qFatal("\"%s\" is disabled", qPrintable(name));
     }
     return widget;
+}
+
+/// What a key press in a field reaches: the rows that a list offers below a typed text have the keyboard while shown.
+QWidget* keyboard(QWidget* field) {
+    QWidget* offered = QApplication::activePopupWidget();
+    return offered != nullptr ? offered : field;
+}
+
+/// Letters that no key of a plain keyboard has come in one event, as from an input method.
+void pressKeysOf(const QString& text, QWidget* target) {
+    const auto plainKey = [](QChar c) { return c >= u' ' && c <= u'~'; };
+    for (qsizetype i = 0, end = 0; i < text.size(); i = end) {
+        end = i + 1;
+        if (plainKey(text[i])) {
+            QTest::keyClick(target, text[i].toLatin1());
+            continue;
+        }
+        while (end < text.size() && !plainKey(text[end])) {
+            ++end;
+        }
+        QTest::sendKeyEvent(QTest::Click, target, Qt::Key_unknown, text.sliced(i, end - i), Qt::NoModifier);
+    }
 }
 
 }  // namespace
@@ -135,12 +158,12 @@ void ScreenDriver::type(const QString& caption, const QString& text) const {
     }
     QWidget* target = line != nullptr ? line : found;
     QTest::keyClick(target, Qt::Key_Delete);
-    QTest::keyClicks(target, text);
-    QTest::keyClick(target, Qt::Key_Tab);
+    pressKeysOf(text, target);
+    QTest::keyClick(keyboard(target), Qt::Key_Tab);
 }
 
 void ScreenDriver::key(const QString& caption, Qt::Key key) const {
-    QTest::keyClick(usable(field(caption), caption), key);
+    QTest::keyClick(keyboard(usable(field(caption), caption)), key);
 }
 
 void ScreenDriver::choose(const QString& caption, const QString& row) const {
@@ -148,7 +171,7 @@ void ScreenDriver::choose(const QString& caption, const QString& row) const {
     usable(box, caption);
     const int found = box->findText(row, Qt::MatchExactly | Qt::MatchCaseSensitive);
     if (found < 0) {
-        qFatal("the list \"%s\" does not offer \"%s\"", qPrintable(caption), qPrintable(row));
+        qFatal(R"(the list "%s" does not offer "%s")", qPrintable(caption), qPrintable(row));
     }
     box->setFocus();
     box->setCurrentIndex(found);
@@ -172,8 +195,8 @@ void ScreenDriver::openTab(const QString& caption) const {
     qFatal("no tab \"%s\"", qPrintable(caption));
 }
 
-void ScreenDriver::move(const QString& name, const QString& button) const {
-    ScreenDriver(navigator(name)).press(button);
+void ScreenDriver::move(const QString& name, const QString& direction) const {
+    ScreenDriver(navigator(name)).press(direction);
 }
 
 QStringList ScreenDriver::rows(const QString& name) const {

@@ -37,7 +37,8 @@ public:
     /// Whether the keyboard is in a field.
     [[nodiscard]] bool focused(const QString& caption) const;
 
-    /// Replaces a field's text with key presses and leaves it (Tab), as far as it can be left.
+    /// Replaces a field's text with key presses (texts that have no keys at once, as an input method enters them) and
+    /// leaves it (Tab), as far as it can be left.
     void type(const QString& caption, const QString& text) const;
     /// Presses a key in a field.
     void key(const QString& caption, Qt::Key key) const;
@@ -47,9 +48,9 @@ public:
     /// Goes to the tab with a caption.
     void openTab(const QString& caption) const;
     /// First, Previous, Next or Last of a navigator.
-    void move(const QString& navigator, const QString& button) const;
+    void move(const QString& name, const QString& direction) const;
     /// The rows of a grid as shown, each as its cells joined by "|".
-    [[nodiscard]] QStringList rows(const QString& grid) const;
+    [[nodiscard]] QStringList rows(const QString& name) const;
 
 private:
     QWidget* m_root;

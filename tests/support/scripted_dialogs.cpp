@@ -60,7 +60,7 @@ ScriptedDialogs::Box ScriptedDialogs::next(const QString& kind, const QString& t
     if (m_planned.isEmpty()) {
         qFatal("a box nobody planned: %s", qPrintable(came));
     }
-    const Box box = m_planned.takeFirst();
+    Box box = m_planned.takeFirst();
     const bool same = box.kind == kind && (box.partOnly ? text.contains(box.text, Qt::CaseInsensitive)
                                                         : box.title == title && box.text == text);
     if (!same) {

@@ -1,0 +1,238 @@
+#include "operations/operation_entry_screen.h"
+
+#include "controls/dialogs.h"
+#include "data/keys.h"
+#include "data/transaction.h"
+#include "operations/operation_checks.h"
+#include "operations/operation_entry.h"
+#include "operations/operation_form.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <vector>
+
+namespace kelvora {
+namespace {
+
+const QString kConfirm = QStringLiteral("Confirm");
+const QString kNoRecord = QStringLiteral("No Record");
+
+QLabel* heading(const QString& text) {
+    auto* label = new QLabel(text);
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * 1.4);
+    font.setBold(true);
+    label->setFont(font);
+    return label;
+}
+
+/// Of the rows that a name finds, the one that was chosen if it is among them, else the first.
+std::optional<int> keyAmong(const std::vector<int>& found, const std::optional<int>& chosen) {
+    if (found.empty()) {
+        return std::nullopt;
+    }
+    return chosen && std::ranges::find(found, *chosen) != found.end() ? *chosen : found.front();
+}
+
+}  // namespace
+
+OperationEntryScreen::OperationEntryScreen(const Context& context, Connection::Patience patience)
+    : Screen(QStringLiteral("Fishing Information"), context),
+      m_connection(context.databasePath, patience),
+      m_form(new OperationForm(m_connection, dialogs(), context.session.userName)),
+      m_save(new QPushButton(QStringLiteral("&SAVE"))) {
+    auto* clearButton = new QPushButton(QStringLiteral("&CLEAR"));
+
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(10);
+    buttons->addStretch();
+    buttons->addWidget(m_save);
+    buttons->addWidget(clearButton);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(20, 14, 20, 14);
+    layout->setSpacing(14);
+    layout->addWidget(heading(QStringLiteral("FISHING OPERATION")));
+    layout->addWidget(m_form);
+    layout->addLayout(buttons);
+    layout->addStretch();
+
+    onClick(m_save, [this] { save(); });
+    onClick(clearButton, [this] { clear(); });
+    guard([this] { showNextNumber(); });
+}
+
+OperationEntryScreen::~OperationEntryScreen() {
+    context().session.lastSavedOperation = 0;
+}
+
+void OperationEntryScreen::showEvent(QShowEvent* event) {
+    Screen::showEvent(event);
+    if (focusWidget() == nullptr) {
+        m_form->startTyping();
+    }
+}
+
+void OperationEntryScreen::closeEvent(QCloseEvent* event) {
+    context().session.lastSavedOperation = 0;
+    Screen::closeEvent(event);
+}
+
+void OperationEntryScreen::save() {
+    m_form->fillAreasAndMethods();
+    const OperationEntry entry = m_form->entry();
+    if (!passesChecks(entry) || !claimNumber()) {
+        return;
+    }
+    m_stateKey = stateKeyOf(entry.state);
+    m_portKey = portKeyOf(entry.state, entry.port);
+    offerVessel(entry.registerId);
+    store(entry);
+}
+
+bool OperationEntryScreen::passesChecks(const OperationEntry& entry) {
+    const OperationCheck* failed = firstFailed(entry);
+    if (failed == nullptr) {
+        return true;
+    }
+    dialogs().message(failed->title.toString(), failed->message.toString());
+    m_form->sendBack(*failed);
+    return false;
+}
+
+/// Makes sure that the number shown is still free, before the sampler is asked anything about the operation.
+bool OperationEntryScreen::claimNumber() {
+    if (!m_form->number()) {
+        showNextNumber();
+    }
+    const int number = m_form->number().value();
+    if (m_connection.query(Sql("select optid from fishoperation where optid = ") << number).isEmpty()) {
+        return true;
+    }
+    showNextNumber();
+    dialogs().message(QStringLiteral("No. %1 was given to another operation in the meantime. Nothing was stored yet: "
+                                     "this operation now has No. %2, please press SAVE again.")
+                          .arg(number)
+                          .arg(m_form->number().value()));
+    return false;
+}
+
+void OperationEntryScreen::showNextNumber() {
+    m_form->setNumber(std::nullopt);
+    m_form->setNumber(nextOperation(m_connection));
+}
+
+int OperationEntryScreen::stateKeyOf(const QString& state) {
+    const ResultSet rows = m_connection.query(Sql("select * from state where statename  = ") << state);
+    std::vector<int> found;
+    for (int row = 0; row < rows.rowCount(); ++row) {
+        found.push_back(rows.integer(row, u"stateid").value_or(0));
+    }
+    if (const auto key = keyAmong(found, m_form->chosenState())) {
+        return *key;
+    }
+    AddState(state);
+    return getstateid(state).value_or(0);
+}
+
+int OperationEntryScreen::portKeyOf(const QString& state, const QString& port) {
+    const ResultSet rows = m_connection.query(Sql("select * from samplingport where samplingname = ") << port);
+    std::vector<int> found;
+    for (int row = 0; row < rows.rowCount(); ++row) {
+        // A port of the same name in another state is another port.
+        if (m_stateKey != 0 && rows.integer(row, u"stateid") == m_stateKey) {
+            found.push_back(rows.integer(row, u"samplingid").value_or(0));
+        }
+    }
+    if (const auto key = keyAmong(found, m_form->chosenPort())) {
+        return *key;
+    }
+    AddSampling(port, m_stateKey);
+    return getsamplingid(state, port).value_or(0);
+}
+
+void OperationEntryScreen::offerVessel(const QString& registerId) {
+    if (m_connection.query(Sql("select * from vessel where vesselid = ") << registerId).isEmpty()) {
+        addvessel(Sql("insert into vessel(vesselid) values(") << registerId << ")");
+    }
+}
+
+void OperationEntryScreen::store(const OperationEntry& entry) {
+    const int number = m_form->number().value();
+    Transaction transaction(m_connection);
+    m_connection.execute(insertStatement(entry, number, m_portKey));
+    transaction.commit();
+    dialogs().message(QStringLiteral("Insert Complete"));
+    context().session.lastSavedOperation = number;
+    m_save->setEnabled(false);
+}
+
+void OperationEntryScreen::clear() {
+    m_form->clear(context().session.userName);
+    context().session.lastSavedOperation = 0;
+    m_save->setEnabled(true);
+    m_form->fillLists();
+    showNextNumber();
+}
+
+void OperationEntryScreen::AddState(const QString& name) {
+    const int key = nextState(m_connection);
+    const bool added = executeThenAsk(m_connection, Sql("insert into state values(") << key << "," << name << ")", [&] {
+        return dialogs().confirm(kConfirm, QStringLiteral("Are you sure to insert state '") + name + u'\'');
+    });
+    if (added) {
+        m_form->fillStates();
+        m_form->fillPorts();
+    }
+}
+
+std::optional<int> OperationEntryScreen::getstateid(const QString& name) {
+    const ResultSet rows = m_connection.query(Sql("select * from state where statename = ") << name);
+    if (rows.isEmpty()) {
+        dialogs().message(kNoRecord);
+        return std::nullopt;
+    }
+    return rows.integer(0, u"stateid");
+}
+
+void OperationEntryScreen::AddSampling(const QString& name, int stateKey) {
+    const int key = nextSamplingPort(m_connection);
+    const bool added = executeThenAsk(
+        m_connection, Sql("insert into samplingport values(") << key << "," << name << "," << stateKey << ")", [&] {
+            return dialogs().confirm(kConfirm, QStringLiteral("Are you sure to insert sampling port '") + name + u'\'');
+        });
+    if (added) {
+        m_form->fillPorts();
+    }
+}
+
+std::optional<int> OperationEntryScreen::getsamplingid(const QString& stateName, const QString& portName) {
+    const ResultSet rows = m_connection.query(
+        Sql("select * from samplingport inner join state on samplingport.stateid = state.stateid where statename = ")
+        << stateName << " and samplingname = " << portName);
+    if (rows.isEmpty()) {
+        dialogs().message(kNoRecord);
+        return std::nullopt;
+    }
+    for (int row = 0; row < rows.rowCount(); ++row) {
+        if (rows.integer(row, u"stateid") == m_stateKey) {
+            return rows.integer(row, u"samplingid");
+        }
+    }
+    return rows.integer(0, u"samplingid");
+}
+
+void OperationEntryScreen::addvessel(const Sql& statement) {
+    const bool added = executeThenAsk(m_connection, statement, [this] {
+        return dialogs().confirm(kConfirm, QStringLiteral("Are you sure to insert this fishing vessel? "));
+    });
+    if (added) {
+        m_form->fillVessels();
+    }
+}
+
+}  // namespace kelvora

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "controls/screen.h"
+#include "data/connection.h"
+
+#include <optional>
+
+class QPushButton;
+
+namespace kelvora {
+
+class OperationForm;
+struct OperationEntry;
+
+/// Records one sampled fishing operation. A state/province, a sampling port or a vessel register id that was typed and
+/// is not yet stored is added on the way, each after a confirmation. A saved operation stays on the screen until CLEAR,
+/// and is the session's last saved operation as long as it does.
+class OperationEntryScreen : public Screen {
+    Q_OBJECT
+
+public:
+    /// Throws DataError if the data file cannot be opened or read.
+    explicit OperationEntryScreen(const Context& context, Connection::Patience patience = Connection::Patience::Long);
+    ~OperationEntryScreen() override;
+
+    /// Adds a state if the sampler confirms.
+    void AddState(const QString& name);
+    /// The key of a state; "No Record" and nothing if it is not stored.
+    std::optional<int> getstateid(const QString& name);
+    /// Adds a port to a state if the sampler confirms.
+    void AddSampling(const QString& name, int stateKey);
+    /// The key of a port of a state; "No Record" and nothing if it is not stored.
+    std::optional<int> getsamplingid(const QString& stateName, const QString& portName);
+    /// Executes the complete insert statement of a vessel, and keeps it if the sampler confirms.
+    void addvessel(const Sql& statement);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void save();
+    void clear();
+    bool passesChecks(const OperationEntry& entry);
+    bool claimNumber();
+    void showNextNumber();
+    int stateKeyOf(const QString& state);
+    int portKeyOf(const QString& state, const QString& port);
+    void offerVessel(const QString& registerId);
+    void store(const OperationEntry& entry);
+
+    Connection m_connection;
+    OperationForm* m_form;
+    QPushButton* m_save;
+    int m_stateKey = 0;  ///< of the state of the operation being saved; 0 if it was declined
+    int m_portKey = 0;
+};
+
+}  // namespace kelvora

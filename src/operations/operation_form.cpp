@@ -1,0 +1,375 @@
+#include "operations/operation_form.h"
+
+#include "controls/bound_list.h"
+#include "controls/dialogs.h"
+#include "controls/fields.h"
+#include "controls/guard.h"
+#include "data/connection.h"
+
+#include <QButtonGroup>
+#include <QDateEdit>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QWheelEvent>
+
+namespace kelvora {
+namespace {
+
+/// Where the captions of the three columns stand; the fields stand beside them, the room between columns behind those.
+constexpr int kFirst = 0;
+constexpr int kSecond = 3;
+constexpr int kThird = 6;
+
+const QString kNoNumber = QStringLiteral("0");
+
+/// A date in the system's short form, the year always with four digits: a sampler must see which century is stored.
+class DateField : public QDateEdit {
+public:
+    explicit DateField(QWidget* parent) : QDateEdit(QDate::currentDate(), parent) {
+        QString format = QLocale().dateFormat(QLocale::ShortFormat);
+        if (!format.contains(u"yyyy")) {
+            format.replace(u"yy"_qs, u"yyyy"_qs);
+        }
+        setDisplayFormat(format);
+        setCalendarPopup(true);
+        setFocusPolicy(Qt::StrongFocus);
+    }
+
+protected:
+    /// One Tab a field: day, month and year are reached with the arrow keys.
+    bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
+    void wheelEvent(QWheelEvent* event) override {
+        if (hasFocus()) {
+            QDateEdit::wheelEvent(event);
+        } else {
+            event->ignore();
+        }
+    }
+};
+
+QLineEdit* zeroField(QWidget* parent, const QString& name = {}) {
+    QLineEdit* field = numberField(kNoNumber);
+    field->setParent(parent);
+    field->setAccessibleName(name);
+    return field;
+}
+
+/// Degrees and minutes in one row of a form: "Dec [ ] Min [ ] N".
+void addPosition(QGridLayout* form, int row, const QString& caption, QLineEdit* dec, QLineEdit* min,
+                 const QString& direction) {
+    auto* position = new QHBoxLayout;
+    position->setSpacing(8);
+    position->addWidget(new QLabel(QStringLiteral("Dec")));
+    position->addWidget(dec, 1);
+    position->addWidget(new QLabel(QStringLiteral("Min")));
+    position->addWidget(min, 1);
+    auto* side = new QLabel(direction);
+    side->setFixedWidth(side->fontMetrics().horizontalAdvance(u'N'));
+    position->addWidget(side);
+    auto* label = new QLabel(caption);
+    label->setBuddy(dec);
+    form->addWidget(label, row, kSecond);
+    form->addLayout(position, row, kSecond + 1);
+}
+
+/// The key of a list's row as a whole number.
+std::optional<int> chosenKey(const BoundList& list) {
+    bool whole = false;
+    const int key = list.key().toInt(&whole);
+    return !isBlank(list.text()) && whole ? std::optional(key) : std::nullopt;
+}
+
+/// Shows in one list what the other's row has as its key; a row without one, or a text of no row, changes nothing.
+void fillFrom(const BoundList& from, BoundList& to) {
+    const QString partner = from.key().toString();
+    if (!isBlank(from.text()) && !partner.isEmpty()) {
+        to.setText(partner);
+    }
+}
+
+}  // namespace
+
+OperationForm::OperationForm(Connection& connection, Dialogs& dialogs, const QString& recorder)
+    : m_connection(connection),
+      m_dialogs(dialogs),
+      m_number(new QLineEdit(this)),
+      m_vesselNames(new BoundList(this)),
+      m_registerIds(new BoundList(this)),
+      m_gears(new BoundList(this)),
+      m_methods(new BoundList(this)),
+      m_areas(new BoundList(this)),
+      m_states(new BoundList(this)),
+      m_ports(new BoundList(this)),
+      m_date(new DateField(this)),
+      m_latitudeDec(zeroField(this, QStringLiteral("Latitude Dec"))),
+      m_latitudeMin(zeroField(this, QStringLiteral("Latitude Min"))),
+      m_longitudeDec(zeroField(this, QStringLiteral("Longtitude Dec"))),
+      m_longitudeMin(zeroField(this, QStringLiteral("Longtitude Min"))),
+      m_fishingTime(new QButtonGroup(this)),
+      m_bottomDepth(zeroField(this)),
+      m_fishingDepth(zeroField(this)),
+      m_hauls(zeroField(this)),
+      m_duration(zeroField(this)),
+      m_totalCatch(zeroField(this)),
+      m_recorder(new QLineEdit(recorder, this)),
+      m_note(new QPlainTextEdit(this)) {
+    auto* form = new QGridLayout(this);
+    form->setContentsMargins(0, 0, 0, 0);
+    form->setHorizontalSpacing(10);
+    form->setVerticalSpacing(14);
+    for (const int captions : {kFirst, kSecond, kThird}) {
+        form->setColumnStretch(captions + 1, 1);
+    }
+    for (const int gap : {kSecond - 1, kThird - 1}) {
+        form->setColumnMinimumWidth(gap, 20);
+    }
+    addCatchColumn(form);
+    addLandingColumn(form);
+    addTripColumn(form);
+
+    QLabel* note = addField(form, 6, kFirst, QStringLiteral(" Note"), m_note);
+    form->addWidget(m_note, 6, kFirst + 1, 1, kThird + 1 - kFirst);
+    form->setAlignment(note, Qt::AlignTop);
+    m_note->setTabChangesFocus(true);
+    m_note->setMinimumHeight(m_note->fontMetrics().lineSpacing() * 4);
+    m_note->setMaximumHeight(m_note->fontMetrics().lineSpacing() * 12);
+
+    connectLists();
+    fillLists();
+}
+
+void OperationForm::addCatchColumn(QGridLayout* form) {
+    addField(form, 0, kFirst, QStringLiteral(" No."), m_number);
+    addField(form, 1, kFirst, QStringLiteral(" Vessel Name"), m_vesselNames);
+    addField(form, 2, kFirst, QStringLiteral(" Vessel Register id"), m_registerIds);
+    addField(form, 3, kFirst, QStringLiteral(" Fishing Gear"), m_gears);
+    addField(form, 4, kFirst, QStringLiteral(" Fishing Method"), m_methods);
+    addField(form, 5, kFirst, QStringLiteral(" Fishing Area"), m_areas);
+    m_number->setReadOnly(true);
+    // The number is there to be read and copied; typing starts with the vessel.
+    m_number->setFocusPolicy(Qt::ClickFocus);
+    QPalette toRead = m_number->palette();
+    toRead.setColor(QPalette::Base, toRead.color(QPalette::Window));
+    m_number->setPalette(toRead);
+}
+
+void OperationForm::addLandingColumn(QGridLayout* form) {
+    addField(form, 0, kSecond, QStringLiteral(" Landing State/Province"), m_states);
+    addField(form, 1, kSecond, QStringLiteral(" Landing Port"), m_ports);
+    addField(form, 2, kSecond, QStringLiteral(" Sampling Date"), m_date);
+    addPosition(form, 3, QStringLiteral("Latitude"), m_latitudeDec, m_latitudeMin, QStringLiteral("N"));
+    addPosition(form, 4, QStringLiteral("Longtitude"), m_longitudeDec, m_longitudeMin, QStringLiteral("E"));
+
+    auto* options = new QHBoxLayout;
+    options->setSpacing(14);
+    QWidget* before = m_longitudeMin;
+    for (const QString& time : {QStringLiteral("Day"), QStringLiteral("Night"), QStringLiteral("Day and Night")}) {
+        auto* option = new QRadioButton(time, this);
+        m_fishingTime->addButton(option);
+        options->addWidget(option);
+        setTabOrder(before, option);
+        before = option;
+    }
+    options->addStretch();
+    m_fishingTime->buttons().first()->setChecked(true);
+    auto* label = new QLabel(QStringLiteral("Fishing time"));
+    label->setBuddy(m_fishingTime->buttons().first());
+    form->addWidget(label, 5, kSecond);
+    form->addLayout(options, 5, kSecond + 1);
+}
+
+void OperationForm::addTripColumn(QGridLayout* form) {
+    addField(form, 0, kThird, QStringLiteral(" Bottom Depth(Meter)"), m_bottomDepth);
+    addField(form, 1, kThird, QStringLiteral(" Fishing Depth(Meter)"), m_fishingDepth);
+    addField(form, 2, kThird, QStringLiteral(" No of haul per Trip(haul)"), m_hauls);
+    addField(form, 3, kThird, QStringLiteral(" Duration of Trip(days)"), m_duration);
+    addField(form, 4, kThird, QStringLiteral(" Total Catch (kg/trip)"), m_totalCatch);
+    addField(form, 5, kThird, QStringLiteral(" Recorder"), m_recorder);
+}
+
+void OperationForm::connectLists() {
+    connect(m_vesselNames, &BoundList::chosen, this, [this] { fillFrom(*m_vesselNames, *m_registerIds); });
+    connect(m_registerIds, &BoundList::chosen, this, [this] { fillFrom(*m_registerIds, *m_vesselNames); });
+    connect(m_gears, &BoundList::chosen, this, guarded(m_dialogs, [this] { fillMethods(); }));
+    connect(m_states, &BoundList::chosen, this, guarded(m_dialogs, [this] { fillPorts(); }));
+    // A state that is not stored has no ports yet: those of the state before must not be offered under it.
+    connect(m_states->lineEdit(), &QLineEdit::editingFinished, this, guarded(m_dialogs, [this] {
+                if (!chosenState()) {
+                    fillPorts();
+                }
+            }));
+    m_ports->setOpenCheck([this] {
+        if (isBlank(m_states->text())) {
+            m_dialogs.message(QStringLiteral("ERROR"), QStringLiteral(" Please input state first"));
+            return false;
+        }
+        return true;
+    });
+}
+
+void OperationForm::clear(const QString& recorder) {
+    m_recorder->setText(recorder);
+    for (QLineEdit* number : {m_bottomDepth, m_latitudeDec, m_latitudeMin, m_longitudeDec, m_longitudeMin,
+                              m_fishingDepth, m_hauls, m_duration, m_totalCatch}) {
+        number->setText(kNoNumber);
+    }
+    m_note->clear();
+    m_fishingTime->buttons().first()->setChecked(true);
+    m_date->setDate(QDate::currentDate());
+    for (BoundList* list : {m_areas, m_vesselNames, m_states, m_gears, m_registerIds}) {
+        list->setText({});
+    }
+    m_ports->clearSource();
+    m_methods->clearSource();
+    startTyping();
+}
+
+void OperationForm::startTyping() {
+    m_vesselNames->setFocus();
+}
+
+void OperationForm::fillLists() {
+    fillStates();
+    fillVessels();
+    fillGears();
+    fillAreasAndMethods();
+}
+
+void OperationForm::fillVessels() {
+    ResultSet vessels = m_connection.query(Sql("select * from vessel order by vesselname"));
+    const QString name = QStringLiteral("vesselname");
+    const QString registerId = QStringLiteral("vesselid");
+    m_registerIds->setSource(std::make_unique<ResultModel>(vessels), registerId, name);
+    m_vesselNames->setSource(std::make_unique<ResultModel>(std::move(vessels)), name, registerId);
+}
+
+void OperationForm::fillGears() {
+    m_gears->setSource(m_connection.model(Sql("select * from fishing_gear where gearid in "
+                                              "(select gearid from Fishing_method )order by guname")),
+                       QStringLiteral("guname"), QStringLiteral("gearid"));
+}
+
+void OperationForm::fillMethods() {
+    if (const auto gear = chosenKey(*m_gears)) {
+        m_methods->setSource(m_connection.model(Sql("select * from Fishing_method where gearid = ") << *gear),
+                             QStringLiteral("methodname"), QStringLiteral("methodid"));
+    }
+}
+
+void OperationForm::fillAreasAndMethods() {
+    m_areas->setSource(m_connection.model(Sql("select * from Fishing_area order by aname")), QStringLiteral("aname"),
+                       QStringLiteral("aname"));
+    fillMethods();
+}
+
+void OperationForm::fillStates() {
+    m_states->setSource(m_connection.model(Sql("select * from state order by statename")), QStringLiteral("statename"),
+                        QStringLiteral("stateid"));
+}
+
+void OperationForm::fillPorts() {
+    if (const auto state = chosenState()) {
+        m_ports->setSource(m_connection.model(Sql("select * from samplingport where stateid = ")
+                                              << *state << " order by samplingname"),
+                           QStringLiteral("samplingname"), QStringLiteral("samplingid"));
+        return;
+    }
+    const QString kept = m_ports->text();
+    m_ports->clearSource();
+    m_ports->setText(kept);
+}
+
+OperationEntry OperationForm::entry() const {
+    return {.vesselName = m_vesselNames->text(),
+            .registerId = m_registerIds->text(),
+            .method = chosenKey(*m_methods),
+            .area = m_areas->text(),
+            .chosenArea = m_areas->key().toString(),
+            .state = m_states->text(),
+            .port = m_ports->text(),
+            .date = m_date->date(),
+            .latitudeDec = m_latitudeDec->text(),
+            .latitudeMin = m_latitudeMin->text(),
+            .longitudeDec = m_longitudeDec->text(),
+            .longitudeMin = m_longitudeMin->text(),
+            .fishingTime = m_fishingTime->checkedButton()->text(),
+            .bottomDepth = m_bottomDepth->text(),
+            .fishingDepth = m_fishingDepth->text(),
+            .hauls = m_hauls->text(),
+            .duration = m_duration->text(),
+            .totalCatch = m_totalCatch->text(),
+            .recorder = m_recorder->text(),
+            .note = m_note->toPlainText()};
+}
+
+std::optional<int> OperationForm::chosenState() const {
+    return chosenKey(*m_states);
+}
+
+std::optional<int> OperationForm::chosenPort() const {
+    return chosenKey(*m_ports);
+}
+
+std::optional<int> OperationForm::number() const {
+    bool whole = false;
+    const int shown = m_number->text().toInt(&whole);
+    return whole ? std::optional(shown) : std::nullopt;
+}
+
+void OperationForm::setNumber(std::optional<int> number) {
+    m_number->setText(number ? QString::number(*number) : QString());
+}
+
+void OperationForm::sendBack(const OperationCheck& failed) {
+    QWidget* found = field(failed.field);
+    auto* box = qobject_cast<QLineEdit*>(found);
+    if (box != nullptr && failed.reaction == Reaction::EmptyAndFocus) {
+        box->clear();
+    }
+    if (box != nullptr && failed.reaction == Reaction::SetToZero) {
+        box->setText(kNoNumber);
+    }
+    if (failed.reaction == Reaction::Focus || failed.reaction == Reaction::EmptyAndFocus) {
+        found->setFocus(Qt::TabFocusReason);
+    }
+}
+
+QWidget* OperationForm::field(OperationField field) const {
+    switch (field) {
+        case OperationField::State:
+            return m_states;
+        case OperationField::Port:
+            return m_ports;
+        case OperationField::Area:
+            return m_areas;
+        case OperationField::RegisterId:
+            return m_registerIds;
+        case OperationField::Method:
+            return m_methods;
+        case OperationField::LatitudeDec:
+            return m_latitudeDec;
+        case OperationField::LatitudeMin:
+            return m_latitudeMin;
+        case OperationField::LongitudeDec:
+            return m_longitudeDec;
+        case OperationField::LongitudeMin:
+            return m_longitudeMin;
+        case OperationField::BottomDepth:
+            return m_bottomDepth;
+        case OperationField::FishingDepth:
+            return m_fishingDepth;
+        case OperationField::Hauls:
+            return m_hauls;
+        case OperationField::Duration:
+            return m_duration;
+        case OperationField::TotalCatch:
+            return m_totalCatch;
+    }
+    return nullptr;
+}
+
+}  // namespace kelvora

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "operations/operation_checks.h"
+#include "operations/operation_entry.h"
+
+#include <QWidget>
+
+#include <optional>
+
+class QButtonGroup;
+class QDateEdit;
+class QGridLayout;
+class QLineEdit;
+class QPlainTextEdit;
+
+namespace kelvora {
+
+class BoundList;
+class Connection;
+class Dialogs;
+
+/// The fields of the entry screen in three columns, in the order in which the sampler is asked for them, and the lists
+/// that fill each other. It reads the data file and never writes to it.
+class OperationForm : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The connection and the dialogs must outlive the form. Throws DataError if a list cannot be read.
+    OperationForm(Connection& connection, Dialogs& dialogs, const QString& recorder);
+
+    /// Everything as for a new operation, the keyboard in the vessel's name. Leaves the number as it is.
+    void clear(const QString& recorder);
+
+    /// Puts the keyboard into the vessel's name, the first field to be filled in.
+    void startTyping();
+
+    /// Fills lists again; each keeps what it shows.
+    void fillLists();
+    void fillVessels();
+    void fillStates();
+    /// The ports of the chosen state; none while the state's text is that of none.
+    void fillPorts();
+    /// The lists of which a row must be chosen, so that rows added or deleted on another screen count.
+    void fillAreasAndMethods();
+
+    [[nodiscard]] OperationEntry entry() const;
+    /// Keys of the rows that the texts of the two lists stand for; nothing if there is none.
+    [[nodiscard]] std::optional<int> chosenState() const;
+    [[nodiscard]] std::optional<int> chosenPort() const;
+
+    /// The operation number shown; nothing while none could be given.
+    [[nodiscard]] std::optional<int> number() const;
+    void setNumber(std::optional<int> number);
+
+    /// Takes the sampler back to the field of a check that failed.
+    void sendBack(const OperationCheck& failed);
+
+private:
+    void addCatchColumn(QGridLayout* form);
+    void addLandingColumn(QGridLayout* form);
+    void addTripColumn(QGridLayout* form);
+    void connectLists();
+    void fillGears();
+    void fillMethods();
+    [[nodiscard]] QWidget* field(OperationField field) const;
+
+    Connection& m_connection;
+    Dialogs& m_dialogs;
+
+    QLineEdit* m_number;
+    BoundList* m_vesselNames;
+    BoundList* m_registerIds;
+    BoundList* m_gears;
+    BoundList* m_methods;
+    BoundList* m_areas;
+
+    BoundList* m_states;
+    BoundList* m_ports;
+    QDateEdit* m_date;
+    QLineEdit* m_latitudeDec;
+    QLineEdit* m_latitudeMin;
+    QLineEdit* m_longitudeDec;
+    QLineEdit* m_longitudeMin;
+    QButtonGroup* m_fishingTime;
+
+    QLineEdit* m_bottomDepth;
+    QLineEdit* m_fishingDepth;
+    QLineEdit* m_hauls;
+    QLineEdit* m_duration;
+    QLineEdit* m_totalCatch;
+    QLineEdit* m_recorder;
+    QPlainTextEdit* m_note;
+};
+
+}  // namespace kelvora

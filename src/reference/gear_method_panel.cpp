@@ -1,0 +1,111 @@
+#include "reference/gear_method_panel.h"
+
+#include "controls/bound_list.h"
+#include "controls/dialogs.h"
+#include "controls/fields.h"
+#include "data/keys.h"
+#include "reference/record_grid.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace kelvora {
+
+GearMethodPanel::GearMethodPanel(Connection& connection, Dialogs& dialogs)
+    : ReferencePanel(connection, dialogs),
+      m_gear(new BoundList),
+      m_method(new QLineEdit),
+      m_methods(new RecordGrid(tr("Fishing Gear and Method"),
+                               {{tr("No."), 500}, {tr("Fishing gear"), 2000}, {tr("Method"), 2000}})) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+
+    auto* entry = new QGroupBox(tr("New fishing method"));
+    layout->addWidget(entry);
+    auto* form = new QGridLayout(entry);
+    addField(form, 0, 0, tr(" Fishing gear"), m_gear);
+    form->addWidget(m_gear, 0, 1, 1, 2);
+    addField(form, 1, 0, tr(" Fishing Method"), m_method);
+    auto* addButton = new QPushButton(tr("Add"));
+    form->addWidget(addButton, 1, 2);
+
+    layout->addWidget(m_methods, 1);
+
+    onClick(addButton, [this] { add(); });
+    m_methods->onArrival(dialogs, [this](bool onRow) {
+        m_selectedMethod = m_methods->current(0).toInt();
+        m_methods->setCaption(m_methods->current(2));
+        m_methods->deleteButton()->setEnabled(onRow);
+    });
+    onClick(m_methods->deleteButton(), [this] { deleteMethod(); });
+}
+
+void GearMethodPanel::RefreshGearMethodGrid() {
+    m_methods->refresh(connection(),
+                       Sql("SELECT Fishing_method.methodid, Fishing_gear.guname, Fishing_method.methodname"
+                           " FROM Fishing_gear INNER JOIN Fishing_method ON Fishing_gear.gearid ="
+                           " Fishing_method.gearid"));
+}
+
+void GearMethodPanel::RefreshMethodGearList() {
+    m_gear->setSource(connection().model(Sql("select * from fishing_gear order by guname")), QStringLiteral("guname"),
+                      QStringLiteral("gearid"));
+}
+
+void GearMethodPanel::add() {
+    const QString gear = m_gear->text();
+    const QString method = m_method->text();
+    if (method.isEmpty() || gear.isEmpty()) {
+        return;
+    }
+    const ResultSet found = connection().query(Sql("select * from Fishing_gear where guname = ") << gear);
+    if (found.rowCount() == 1) {
+        AddMethod(method, found.integer(0, u"gearid").value_or(0));
+    } else {
+        AddGear(gear);
+        m_method->clear();
+    }
+}
+
+void GearMethodPanel::AddGear(const QString& name) {
+    const int id = nextGear(connection());
+    const Sql statement = Sql("insert into Fishing_gear(gearid,guname) values(") << id << "," << name << ")";
+    if (!confirmAfterExecute(statement, tr("Are you sure to insert fishing gear '%1'?").arg(name))) {
+        dialogs().message(tr("RESULT"), tr("Insert fishing gear not Complete"));
+        return;
+    }
+    RefreshMethodGearList();
+    Q_EMIT gearAdded();
+    AddMethod(m_method->text(), id);
+}
+
+void GearMethodPanel::AddMethod(const QString& name, int gearid) {
+    if (finds(Sql("select * from Fishing_method where gearid = ") << gearid << " and methodname = " << name)) {
+        dialogs().message(tr("Error!"), tr("fishing method repeat please try again!"));
+        return;
+    }
+    const int id = nextMethod(connection());
+    connection().execute(Sql("insert into Fishing_method values(") << id << "," << name << "," << gearid << ")");
+    RefreshGearMethodGrid();
+    m_gear->setText({});
+    m_method->clear();
+}
+
+void GearMethodPanel::deleteMethod() {
+    if (m_methods->caption().isEmpty()) {
+        return;
+    }
+    if (finds(Sql("select * from fishoperation where fishing_method = ") << m_selectedMethod) ||
+        finds(Sql("select  * from vessel where gear = ") << m_selectedMethod)) {
+        dialogs().message(tr("Can not delete fishing gear because this gear used in another table"));
+        return;
+    }
+    connection().execute(Sql("delete from fishing_method where methodid = ") << m_selectedMethod);
+    m_methods->setCaption({});
+    RefreshMethodGearList();
+    RefreshGearMethodGrid();
+}
+
+}  // namespace kelvora

@@ -1,0 +1,23 @@
+#include "reference/reference_panel.h"
+
+#include "controls/dialogs.h"
+#include "controls/guard.h"
+#include "data/transaction.h"
+
+#include <QAbstractButton>
+
+namespace kelvora {
+
+void ReferencePanel::onClick(QAbstractButton* button, const std::function<void()>& handler) {
+    connect(button, &QAbstractButton::clicked, this, guarded(m_dialogs, handler));
+}
+
+bool ReferencePanel::finds(const Sql& query) const {
+    return !m_connection.query(query).isEmpty();
+}
+
+bool ReferencePanel::confirmAfterExecute(const Sql& statement, const QString& question, const QString& title) const {
+    return executeThenAsk(m_connection, statement, [&] { return m_dialogs.confirm(title, question); });
+}
+
+}  // namespace kelvora

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "data/connection.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class QAbstractButton;
+
+namespace kelvora {
+
+class Dialogs;
+
+/// A part of the "General Information" screen that keeps one reference list, over the screen's connection.
+class ReferencePanel : public QWidget {
+    Q_OBJECT
+
+protected:
+    ReferencePanel(Connection& connection, Dialogs& dialogs) : m_connection(connection), m_dialogs(dialogs) {}
+
+    [[nodiscard]] Connection& connection() const { return m_connection; }
+    [[nodiscard]] Dialogs& dialogs() const { return m_dialogs; }
+
+    /// Runs a handler in the guard whenever a button is pressed.
+    void onClick(QAbstractButton* button, const std::function<void()>& handler);
+    /// Whether a query finds a row.
+    [[nodiscard]] bool finds(const Sql& query) const;
+    /// Executes a statement, asks, and keeps or takes back what it did; returns the answer.
+    [[nodiscard]] bool confirmAfterExecute(const Sql& statement, const QString& question,
+                                           const QString& title = QStringLiteral("Confirm")) const;
+
+private:
+    Connection& m_connection;
+    Dialogs& m_dialogs;
+};
+
+}  // namespace kelvora

@@ -1,0 +1,112 @@
+#include "reference/species_tab.h"
+
+#include "controls/dialogs.h"
+#include "controls/fields.h"
+#include "data/keys.h"
+#include "reference/record_grid.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace kelvora {
+
+SpeciesTab::SpeciesTab(Connection& connection, Dialogs& dialogs)
+    : ReferencePanel(connection, dialogs),
+      m_family(new QLineEdit),
+      m_genus(new QLineEdit),
+      m_species(new QLineEdit),
+      m_commonName(new QLineEdit),
+      m_catalogue(new RecordGrid(tr("Target Species"), {{tr("No."), 300, Qt::AlignLeft, true},
+                                                        {tr("Family"), 1400},
+                                                        {tr("Genus"), 1500},
+                                                        {tr("Specie"), 1500},
+                                                        {tr("Common name"), 2000}})) {
+    auto* layout = new QHBoxLayout(this);
+    auto* catalogue = new QVBoxLayout;
+    layout->addLayout(catalogue, 1);
+
+    auto* entry = new QGroupBox(tr("New species"));
+    catalogue->addWidget(entry);
+    auto* form = new QGridLayout(entry);
+    addField(form, 0, 0, tr(" Family"), m_family);
+    addField(form, 0, 2, tr(" Genus"), m_genus);
+    addField(form, 1, 0, tr(" Species"), m_species);
+    addField(form, 1, 2, tr(" Common name"), m_commonName);
+    auto* addButton = new QPushButton(tr("Add"));
+    form->addWidget(addButton, 1, 4);
+    form->setColumnStretch(1, 1);
+    form->setColumnStretch(3, 1);
+
+    catalogue->addWidget(m_catalogue, 1);
+
+    onClick(addButton, [this] { add(); });
+    m_catalogue->onArrival(dialogs, [this](bool onRow) {
+        m_catalogue->deleteButton()->setEnabled(onRow);
+        m_selectedSpecies = m_catalogue->current(0).toInt();
+        m_catalogue->setCaption(onRow ? m_catalogue->current(2) + u' ' + m_catalogue->current(3) : QString());
+    });
+    onClick(m_catalogue->deleteButton(), [this] { deleteSpecies(); });
+}
+
+void SpeciesTab::RefreshSpeciesGrid() {
+    m_catalogue->refresh(connection(),
+                         Sql("SELECT fish.fishno,fish.family, fish.genus, fish.fishname, fish.common_name FROM fish"
+                             " where fishno <> 0 order by fish.fishno"));
+}
+
+bool SpeciesTab::isStored(const QString& family, const QString& genus, const QString& species) const {
+    return finds(Sql("select * from fish where family = ")
+                 << family << " and genus = " << genus << " and fishname = " << species);
+}
+
+void SpeciesTab::add() {
+    const QString family = m_family->text();
+    const QString genus = m_genus->text();
+    const QString species = m_species->text();
+    if (family.isEmpty() || genus.isEmpty() || species.isEmpty()) {
+        dialogs().message(tr("Please in put Family ,Genus And speices"));
+        return;
+    }
+    if (isStored(family, genus, species)) {
+        dialogs().message(tr("ERROR"), tr("Species repeat please try again"));
+        return;
+    }
+    AddSpecies(species, genus, family, m_commonName->text());
+    for (QLineEdit* field : {m_family, m_genus, m_species, m_commonName}) {
+        field->clear();
+    }
+    RefreshSpeciesGrid();
+}
+
+void SpeciesTab::AddSpecies(const QString& species, const QString& genus, const QString& family,
+                            const QString& commonName) {
+    if (isStored(family, genus, species)) {
+        return;
+    }
+    const int number = nextSpecies(connection());
+    connection().execute(Sql("insert into fish(fishno,fishname,genus,family,common_name) values(")
+                         << number << "," << species << "," << genus << "," << family << "," << commonName << ")");
+}
+
+void SpeciesTab::deleteSpecies() {
+    if (m_catalogue->caption().isEmpty()) {
+        return;
+    }
+    const Sql uses[] = {Sql("select * from group_composition where spid = "), Sql("select * from length where spid = "),
+                        Sql("select * from gonad where spid = ")};
+    for (const Sql& use : uses) {
+        if (finds(use << m_selectedSpecies)) {
+            dialogs().message(tr("can't delete this species because this species used another table!"));
+            return;
+        }
+    }
+    if (confirmAfterExecute(Sql("delete from fish where fishno = ") << m_selectedSpecies,
+                            tr("Are you sure to delete this species"), tr("CONFIRM"))) {
+        m_catalogue->setCaption({});
+        RefreshSpeciesGrid();
+    }
+}
+
+}  // namespace kelvora

@@ -1,0 +1,149 @@
+#include "reference/state_port_panel.h"
+
+#include "controls/bound_list.h"
+#include "controls/dialogs.h"
+#include "controls/fields.h"
+#include "data/keys.h"
+#include "data/transaction.h"
+#include "reference/record_grid.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace kelvora {
+
+StatePortPanel::StatePortPanel(Connection& connection, Dialogs& dialogs)
+    : ReferencePanel(connection, dialogs),
+      m_state(new BoundList),
+      m_port(new QLineEdit),
+      m_ports(new RecordGrid(tr("State/Province and Sampling Port"),
+                             {{tr("State/Province"), 2000}, {tr("Sampling Port"), 2300}})) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(m_ports, 1);
+
+    auto* entry = new QGroupBox(tr("New sampling port"));
+    layout->addWidget(entry);
+    auto* form = new QGridLayout(entry);
+    addField(form, 0, 0, tr(" State/Province"), m_state);
+    form->addWidget(m_state, 0, 1, 1, 2);
+    addField(form, 1, 0, tr(" Sampling port"), m_port);
+    auto* addButton = new QPushButton(tr("ADD"));
+    form->addWidget(addButton, 1, 2);
+
+    onClick(addButton, [this] { add(); });
+    m_ports->onArrival(dialogs, [this](bool onRow) { followRow(onRow); });
+    onClick(m_ports->deleteButton(), [this] {
+        if (!m_ports->caption().isEmpty()) {
+            DeleteSamplingPort(m_selectedPort);
+        }
+    });
+}
+
+void StatePortPanel::RefreshStatePortGrid() {
+    m_ports->refresh(connection(), Sql("SELECT state.statename,samplingport.samplingname FROM samplingport"
+                                       " INNER JOIN state ON samplingport.stateid = state.stateid"
+                                       " Order by samplingid"));
+}
+
+void StatePortPanel::RefreshStateList() {
+    m_state->setSource(connection().model(Sql("select * from state order by statename")), QStringLiteral("statename"),
+                       QStringLiteral("stateid"));
+}
+
+std::optional<int> StatePortPanel::getsamplingid(const QString& stateName, const QString& portName) {
+    const std::optional<int> found = samplingid(stateName, portName);
+    if (!found) {
+        dialogs().message(tr("No Record"));
+    }
+    return found;
+}
+
+std::optional<int> StatePortPanel::samplingid(const QString& stateName, const QString& portName) const {
+    const ResultSet found =
+        connection().query(Sql("select samplingid from samplingport inner join state"
+                               " on samplingport.stateid = state.stateid where statename = ")
+                           << stateName << " and samplingname = " << portName);
+    return found.isEmpty() ? std::nullopt : found.integer(0, u"samplingid");
+}
+
+void StatePortPanel::followRow(bool onRow) {
+    m_selectedPort = 0;
+    if (!onRow) {
+        return;
+    }
+    m_selectedPort = samplingid(m_ports->current(0), m_ports->current(1)).value_or(0);
+    m_ports->setCaption(m_ports->current(1));
+    m_ports->deleteButton()->setEnabled(true);
+}
+
+void StatePortPanel::add() {
+    const QString state = m_state->text();
+    const QString port = m_port->text();
+    if (state.isEmpty() || port.isEmpty()) {
+        return;
+    }
+    const ResultSet found = connection().query(Sql("select * from State where statename = ") << state);
+    if (found.isEmpty()) {
+        AddSamplingPort(port, InsertState(state));
+    } else {
+        // A state that another screen has added since this list was filled is not in the list yet.
+        const QVariant chosen = m_state->key();
+        AddSamplingPort(port, chosen.isValid() ? chosen.toInt() : found.integer(0, u"stateid").value_or(0));
+    }
+    m_port->clear();
+}
+
+int StatePortPanel::InsertState(const QString& name) {
+    const int id = nextState(connection());
+    connection().execute(Sql("insert into state values(") << id << "," << name << ")");
+    RefreshStateList();
+    m_state->setKey(id);
+    return id;
+}
+
+void StatePortPanel::AddSamplingPort(const QString& portName, int stateid) {
+    if (finds(Sql("select * from samplingport where samplingname = ") << portName << "and stateid = " << stateid)) {
+        dialogs().message(tr("ERROR"), tr("sampling port repeat please try again"));
+        m_port->clear();
+        m_port->setFocus();
+        return;
+    }
+    const int id = nextSamplingPort(connection());
+    const Sql statement = Sql("insert into samplingport values(") << id << "," << portName << "," << stateid << ")";
+    if (confirmAfterExecute(statement, tr("Are you sure to insert sampling port '%1'").arg(portName))) {
+        RefreshStatePortGrid();
+    }
+}
+
+void StatePortPanel::DeleteSamplingPort(int samplingid) {
+    if (finds(Sql("select * from fishoperation where portid = ") << samplingid)) {
+        dialogs().message(tr("ERROR"), tr("Can not remove because sampling port used in Fishing Operation"));
+        return;
+    }
+    if (confirmAfterExecute(Sql("delete from samplingport where samplingid = ") << samplingid,
+                            tr("Do you want to remove this sampling port"))) {
+        m_ports->setCaption({});
+        RefreshStatePortGrid();
+        PurgeStatesWithoutPorts();
+    }
+}
+
+void StatePortPanel::PurgeStatesWithoutPorts() {
+    const ResultSet states =
+        connection().query(Sql("select * from state where stateid not in (select stateid from samplingport)"));
+    for (int row = 0; row < states.rowCount(); ++row) {
+        Transaction transaction(connection());
+        const Sql statement = Sql("delete from state where stateid = ")
+                              << states.integer(row, u"stateid").value_or(0);
+        dialogs().message(QStringLiteral("'%1'").arg(QString::fromStdString(statement.text())));
+        connection().execute(statement);
+        dialogs().message(tr("Del state"));
+        transaction.commit();
+        RefreshStateList();
+    }
+}
+
+}  // namespace kelvora

@@ -1,0 +1,196 @@
+#include "reference/vessel_tab.h"
+
+#include "controls/bound_list.h"
+#include "controls/dialogs.h"
+#include "controls/fields.h"
+#include "data/keys.h"
+#include "data/numbers.h"
+#include "reference/record_grid.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace kelvora {
+namespace {
+
+GridColumns registerColumns() {
+    return {{VesselTab::tr("Vessel name"), 1500},    {VesselTab::tr("Register id"), 1000},
+            {VesselTab::tr("Engine type"), 1100},    {VesselTab::tr("Engine power"), 1300},
+            {VesselTab::tr("Vessel length"), 1300},  {VesselTab::tr("State/Province"), 1300},
+            {VesselTab::tr("Size(GRT)"), 1300},      {VesselTab::tr("Type of gear"), 1200},
+            {VesselTab::tr("Net length(m.)"), 1300}, {VesselTab::tr("Net width(m.)"), 1300},
+            {VesselTab::tr("Mesh size(cm.)"), 1300}};
+}
+
+double numberOf(const QLineEdit* field) {
+    return toNumber(field->text()).value_or(0);
+}
+
+}  // namespace
+
+VesselTab::VesselTab(Connection& connection, Dialogs& dialogs)
+    : ReferencePanel(connection, dialogs),
+      m_name(new QLineEdit),
+      m_enginePower(numberField()),
+      m_state(new QLineEdit),
+      m_registerId(new QLineEdit),
+      m_gear(new BoundList),
+      m_netWidth(new QLineEdit),
+      m_size(numberField()),
+      m_netLength(new QLineEdit),
+      m_meshSize(new QLineEdit),
+      m_engineType(new FixedList({QStringLiteral("In Board"), QStringLiteral("Out Board")})),
+      m_length(numberField()),
+      m_register(new RecordGrid(tr("FISHING VESSEL"), registerColumns())) {
+    auto* layout = new QVBoxLayout(this);
+    auto* frame = new QGroupBox(tr("FISHING VESSEL"));
+    layout->addWidget(frame);
+    auto* vessels = new QVBoxLayout(frame);
+
+    auto* form = new QGridLayout;
+    vessels->addLayout(form);
+    placeFields(form);
+    auto* addButton = new QPushButton(tr("Add"));
+    form->addWidget(addButton, 3, 5, Qt::AlignRight);
+
+    vessels->addSpacing(6);
+    m_register->leaveFrame();
+    vessels->addWidget(m_register, 1);
+
+    onClick(addButton, [this] { add(); });
+    m_register->onArrival(dialogs, [this](bool onRow) {
+        m_register->setCaption(m_register->current(0));
+        m_register->deleteButton()->setEnabled(onRow);
+    });
+    onClick(m_register->deleteButton(), [this] {
+        if (!m_register->caption().isEmpty()) {
+            deleteVessel(m_register->caption());
+        }
+    });
+}
+
+void VesselTab::placeFields(QGridLayout* form) {
+    addField(form, 0, 0, tr(" Vessel name"), m_name);
+    addField(form, 0, 2, tr(" Engine Power (hp)"), m_enginePower);
+    addField(form, 0, 4, tr(" State/Province"), m_state);
+
+    addField(form, 1, 0, tr(" Vessel register id"), m_registerId);
+    addField(form, 1, 2, tr(" Type of Gear"), m_gear);
+    addField(form, 1, 4, tr(" Net width"), m_netWidth);
+
+    addField(form, 2, 0, tr(" Size(GRT)"), m_size);
+    addField(form, 2, 2, tr(" Net length"), m_netLength);
+    addField(form, 2, 4, tr(" Mesh size"), m_meshSize);
+
+    addField(form, 3, 0, tr(" Engine type"), m_engineType);
+    addField(form, 3, 2, tr(" Vessel Length(m)"), m_length);
+
+    for (const int column : {1, 3, 5}) {
+        form->setColumnStretch(column, 1);
+    }
+    form->setHorizontalSpacing(12);
+}
+
+void VesselTab::RefreshVesselGrid() {
+    m_register->refresh(connection(),
+                        Sql("SELECT vesselname,vesselid,enginetype,enginepower,vessellength,flagstate,"
+                            "format(vesselsize,'0.00'),guname,netlength,netwidth,meshsize FROM vessel"
+                            " inner join Fishing_gear on vessel.gear = Fishing_gear.gearid order by vesselid"));
+}
+
+void VesselTab::RefreshVesselGearList() {
+    m_gear->setSource(connection().model(Sql("select * from Fishing_gear order by guname")), QStringLiteral("guname"),
+                      QStringLiteral("gearid"));
+}
+
+void VesselTab::add() {
+    if (isRefused()) {
+        return;
+    }
+    addvessel(insertStatement());
+    ClearVesselFields();
+    RefreshVesselGrid();
+}
+
+bool VesselTab::isRefused() {
+    struct Check {
+        bool failed;
+        QString message;
+        QWidget* focus = nullptr;
+        QLineEdit* emptied = nullptr;
+    };
+    const QString notNumeric = tr("Please input numeric character only");
+    const Check checks[] = {
+        {m_name->text().isEmpty() && m_registerId->text().isEmpty(),
+         tr("Please input vessel register id and vessel name")},
+        {m_engineType->currentText().isEmpty(), tr("Please select engine type"), m_engineType},
+        // A typed gear that the list does not have has no key to store.
+        {!m_gear->key().isValid(), tr("Please select type of gear")},
+        {!isNumeric(m_enginePower->text()), notNumeric, m_enginePower, m_enginePower},
+        {!isNumeric(m_size->text()), notNumeric, m_size, m_size},
+        {!isNumeric(m_length->text()), notNumeric, m_length, m_length},
+    };
+    for (const Check& check : checks) {
+        if (!check.failed) {
+            continue;
+        }
+        dialogs().message(tr("ERROR"), check.message);
+        if (check.emptied != nullptr) {
+            check.emptied->clear();
+        }
+        if (check.focus != nullptr) {
+            check.focus->setFocus();
+        }
+        return true;
+    }
+    return false;
+}
+
+Sql VesselTab::insertStatement() const {
+    return Sql("insert into vessel values(")
+           << m_name->text() << "," << m_registerId->text() << "," << m_state->text() << ","
+           << m_engineType->currentText() << "," << numberOf(m_enginePower) << "," << numberOf(m_size) << ","
+           << numberOf(m_length) << "," << m_gear->key().toInt() << "," << m_meshSize->text() << ","
+           << m_netLength->text() << "," << m_netWidth->text() << ")";
+}
+
+void VesselTab::addvessel(const Sql& statement) {
+    static_cast<void>(confirmAfterExecute(statement, tr("Are you sure to insert this fishing vessel? ")));
+}
+
+void VesselTab::addvessel2(const Sql& statement) {
+    connection().execute(statement);
+}
+
+void VesselTab::AddGearCounted(const QString& name) {
+    const int id = nextGearByCount(connection());
+    connection().execute(Sql("insert into Fishing_gear values(") << id << "," << name << ")");
+    dialogs().message(tr("Insert Complete!"));
+    RefreshVesselGearList();
+    Q_EMIT gearAdded();
+}
+
+void VesselTab::ClearVesselFields() {
+    for (QLineEdit* field : {m_name, m_enginePower, m_state, m_registerId, m_netWidth, m_size, m_netLength, m_meshSize,
+                             m_length}) {
+        field->clear();
+    }
+    m_engineType->setCurrentIndex(-1);
+    m_gear->setText({});
+}
+
+void VesselTab::deleteVessel(const QString& name) {
+    if (finds(Sql("select * from fishoperation where vesselid = ") << name)) {
+        dialogs().message(tr("ERROR!"), tr("Can not delete because vessel used in another table"));
+        return;
+    }
+    if (confirmAfterExecute(Sql("delete from vessel where vesselname = ") << name,
+                            tr("Are you sure to delete '%1'?").arg(name))) {
+        m_register->setCaption({});
+        RefreshVesselGrid();
+    }
+}
+
+}  // namespace kelvora

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "data/connection.h"
+#include "reports/csv_export.h"
+
+#include <vector>
+
+namespace kelvora {
+
+/// What the operations of a year are counted and summed by.
+struct CatchGrouping {
+    QString option;          ///< caption of its option button
+    QString header;          ///< caption of the first column on the screen
+    QString catchHeader;     ///< caption of the third column on the screen
+    QString word;            ///< what the screen calls the grouping
+    QString exportWord;      ///< what the export calls it
+    Literal select;          ///< in front of the year's total
+    Literal selectExported;  ///< the same for the export, its columns called c1 to c4
+    Literal from;            ///< in front of the year
+    Literal groupBy;         ///< behind the year
+    Literal groupByExported;
+    bool byMonth = false;  ///< whether the first column holds the numbers of months
+};
+
+/// All groupings in the order of their option buttons; the first is shown by a search.
+const std::vector<CatchGrouping>& catchGroupings();
+
+/// The years in which operations were recorded, ascending, in the column gyear.
+Sql catchYears();
+
+/// The operations of a year: how many (totalc) and their estimated catch in kg (totals, null without a weight).
+ResultSet catchTotals(Connection& connection, int year);
+
+/// One row a group: its name, the number of its operations, their estimated catch in kg and its share in percent of a
+/// total in kg, as text with two decimals. The share is null when the total is 0. Operations that lack the grouping's
+/// reference row are not in it. Months are named in the system's language.
+ResultSet catchByGroup(Connection& connection, const CatchGrouping& grouping, int year, double total);
+
+/// The export of a grouping. The total is the text that the screen shows; it is written as it stands, and its number is
+/// what the shares refer to. Without a single group the export is empty.
+CsvText catchSummaryCsv(Connection& connection, const CatchGrouping& grouping, int year, const QString& total,
+                        const QDate& today);
+
+}  // namespace kelvora

@@ -1,0 +1,180 @@
+#include "reports/catch_summary_screen.h"
+
+#include "controls/bound_list.h"
+#include "controls/captioned_grid.h"
+#include "controls/dialogs.h"
+#include "controls/fields.h"
+#include "controls/search_button.h"
+#include "data/numbers.h"
+
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace kelvora {
+namespace {
+
+GridColumns columnsOf(const CatchGrouping& grouping) {
+    return {{grouping.header, 3000, Qt::AlignLeft},
+            {QStringLiteral("Number(Record)"), 2000, Qt::AlignHCenter},
+            {grouping.catchHeader, 2000, Qt::AlignHCenter},
+            {QStringLiteral("%total catch"), 2000, Qt::AlignHCenter}};
+}
+
+/// A grid without data: the four columns, and a blank row if asked for.
+ResultSet withoutData(int rows) {
+    ResultSet empty;
+    empty.columns.resize(4);
+    empty.rows.resize(static_cast<std::size_t>(rows), std::vector<QVariant>(4));
+    return empty;
+}
+
+const CatchGrouping& groupingAt(int option) {
+    return catchGroupings().at(static_cast<std::size_t>(option));
+}
+
+/// A value that is read at a glance, as wide as figures and groupings are.
+ValueLabel* figure(QWidget* parent) {
+    auto* label = new ValueLabel(parent);
+    QFont bold = label->font();
+    bold.setBold(true);
+    label->setFont(bold);
+    label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    return label;
+}
+
+}  // namespace
+
+CatchSummaryScreen::CatchSummaryScreen(const Context& context)
+    : ReportScreen(tr("Number of record and estimate total catch"), context, catchYears()),
+      m_search(new SearchButton(this)),
+      m_records(figure(this)),
+      m_total(figure(this)),
+      m_optionFrame(new QGroupBox(tr("Number of Record and estimate Total catch"), this)),
+      m_options(new QButtonGroup(this)),
+      m_word(figure(this)),
+      m_grid(new Grid(tr("Result"), this)) {
+    addOptions();
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(12);
+    layout->addLayout(yearRow());
+    layout->addWidget(m_optionFrame);
+    layout->addLayout(headingRow());
+    layout->addWidget(m_grid, 1);
+    setReadingOrder();
+    showGroups(groupingAt(0), withoutData(0));
+    m_word->clear();
+}
+
+QLayout* CatchSummaryScreen::yearRow() {
+    auto* row = new QGridLayout;
+    row->setHorizontalSpacing(8);
+    addField(row, 0, 0, tr("Year"), yearList());
+    searchOn(m_search);
+    row->addWidget(m_search, 0, 2);
+    row->setColumnMinimumWidth(3, 24);
+    addField(row, 0, 4, tr("Total Record"), m_records);
+    row->setColumnMinimumWidth(6, 24);
+    addField(row, 0, 7, tr("Total catch of this year (kg.)"), m_total);
+    row->setColumnStretch(9, 1);
+    return row;
+}
+
+void CatchSummaryScreen::addOptions() {
+    auto* row = new QHBoxLayout(m_optionFrame);
+    row->setSpacing(18);
+    for (const CatchGrouping& grouping : catchGroupings()) {
+        auto* option = new QRadioButton(grouping.option, m_optionFrame);
+        m_options->addButton(option, static_cast<int>(m_options->buttons().size()));
+        row->addWidget(option);
+    }
+    row->addStretch(1);
+    m_optionFrame->setEnabled(false);
+    connect(m_options, &QButtonGroup::idClicked, this, &CatchSummaryScreen::chooseGrouping);
+}
+
+QLayout* CatchSummaryScreen::headingRow() {
+    auto* row = new QGridLayout;
+    row->setHorizontalSpacing(8);
+    addField(row, 0, 0, tr("Number of Record and estimate Total catch by"), m_word);
+    row->setColumnStretch(2, 1);
+    row->addWidget(exportButton(), 0, 3);
+    return row;
+}
+
+void CatchSummaryScreen::setReadingOrder() {
+    QWidgetList fields{yearList(), m_search};
+    for (QAbstractButton* option : m_options->buttons()) {
+        fields.append(option);
+    }
+    fields << exportButton() << m_grid;
+    for (qsizetype i = 1; i < fields.size(); ++i) {
+        setTabOrder(fields[i - 1], fields[i]);
+    }
+}
+
+double CatchSummaryScreen::shownTotal() const {
+    return leadingNumber(m_total->text());
+}
+
+void CatchSummaryScreen::search() {
+    const std::optional<int> chosen = year();
+    if (!chosen) {
+        return;
+    }
+    const ResultSet totals = catchTotals(db(), *chosen);
+    if (totals.integer(0, u"totalc").value_or(0) == 0) {
+        dialogs().message(QStringLiteral("RESULT"), QStringLiteral("No data in this year!"));
+        showNoData();
+        return;
+    }
+    const QString total = totals.text(0, u"totals");
+    ResultSet byState = catchByGroup(db(), groupingAt(0), *chosen, leadingNumber(total));
+    m_records->setText(totals.text(0, u"totalc"));
+    m_total->setText(total);
+    m_optionFrame->setEnabled(true);
+    exportButton()->setEnabled(true);
+    m_chosen = 0;
+    m_options->button(m_chosen)->setChecked(true);
+    showGroups(groupingAt(m_chosen), std::move(byState));
+}
+
+/// Shows a grouping of the year in the list; its shares refer to the total that is shown, also when that is still the
+/// total of another year. Without a year, or when the figures cannot be read, the option before it stays selected.
+void CatchSummaryScreen::chooseGrouping(int option) {
+    guard([this, option] {
+        if (const std::optional<int> chosen = neededYear()) {
+            showGroups(groupingAt(option), catchByGroup(db(), groupingAt(option), *chosen, shownTotal()));
+            m_chosen = option;
+        }
+    });
+    m_options->button(m_chosen)->setChecked(true);
+}
+
+/// Shows the rows of a grouping under its captions. A grouping without a row leaves the rows as they are.
+void CatchSummaryScreen::showGroups(const CatchGrouping& grouping, ResultSet groups) {
+    if (!groups.isEmpty() || m_groups == nullptr) {
+        auto model = std::make_unique<ResultModel>(std::move(groups));
+        m_grid->show(model.get(), columnsOf(grouping));
+        m_groups = std::move(model);
+    } else {
+        m_grid->show(m_groups.get(), columnsOf(grouping));
+    }
+    m_word->setText(grouping.word);
+}
+
+void CatchSummaryScreen::showNoData() {
+    m_records->clear();
+    m_total->clear();
+    exportButton()->setEnabled(false);
+    showGroups(groupingAt(0), withoutData(1));
+    m_word->clear();
+}
+
+CsvText CatchSummaryScreen::exported(int year) {
+    return catchSummaryCsv(db(), groupingAt(m_chosen), year, m_total->text(), QDate::currentDate());
+}
+
+}  // namespace kelvora

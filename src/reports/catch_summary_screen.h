@@ -1,0 +1,54 @@
+#pragma once
+
+#include "data/result_set.h"
+#include "reports/catch_summary.h"
+#include "reports/report_screen.h"
+
+#include <memory>
+
+class QButtonGroup;
+class QGroupBox;
+class QLayout;
+
+namespace kelvora {
+
+class Grid;
+class SearchButton;
+class ValueLabel;
+
+/// The fishing operations of a year: how many, their estimated catch, and both by one of seven groupings.
+class CatchSummaryScreen : public ReportScreen {
+    Q_OBJECT
+
+public:
+    explicit CatchSummaryScreen(const Context& context);
+
+protected:
+    void search() override;
+    CsvText exported(int year) override;
+
+private:
+    QLayout* yearRow();
+    QLayout* headingRow();
+    void addOptions();
+    void setReadingOrder();
+
+    /// The number of the year's total as the screen shows it, in kg; 0 when none is shown.
+    [[nodiscard]] double shownTotal() const;
+
+    void chooseGrouping(int option);
+    void showGroups(const CatchGrouping& grouping, ResultSet groups);
+    void showNoData();
+
+    SearchButton* m_search;
+    ValueLabel* m_records;
+    ValueLabel* m_total;
+    QGroupBox* m_optionFrame;
+    QButtonGroup* m_options;
+    ValueLabel* m_word;
+    Grid* m_grid;
+    std::unique_ptr<ResultModel> m_groups;  ///< what the grid shows
+    int m_chosen = 0;                       ///< the grouping whose option is selected
+};
+
+}  // namespace kelvora

@@ -1,0 +1,45 @@
+#include "reports/csv_export.h"
+
+#include "data/dates.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <stdexcept>
+
+namespace kelvora {
+
+void CsvText::addLine(const QString& text) {
+    m_text += text + QStringLiteral("\r\n");
+}
+
+void CsvText::addValues(const QStringList& values) {
+    for (const QString& value : values) {
+        m_text += value + u',';
+    }
+    addLine();
+}
+
+QString exportDateLine(const QDate& day) {
+    return QStringLiteral("EXPORT Date : ") + shortDate(day);
+}
+
+QString withCsvEnding(const QString& path) {
+    if (!QFileInfo(path).suffix().isEmpty()) {
+        return path;
+    }
+    return path + (path.endsWith(u'.') ? QStringLiteral("csv") : QStringLiteral(".csv"));
+}
+
+void saveCsv(const QString& path, const CsvText& csv) {
+    QSaveFile file(path);
+    const QByteArray bytes = csv.text().toLocal8Bit();
+    const bool saved = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    if (!saved) {
+        const QString message = QStringLiteral("The export could not be written: %1.\n\n%2");
+        throw std::runtime_error(message.arg(file.errorString(), QDir::toNativeSeparators(path)).toStdString());
+    }
+}
+
+}  // namespace kelvora

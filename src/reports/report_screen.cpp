@@ -1,0 +1,68 @@
+#include "reports/report_screen.h"
+
+#include "controls/bound_list.h"
+#include "controls/dialogs.h"
+#include "controls/guard.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace kelvora {
+
+ReportScreen::ReportScreen(const QString& caption, const Context& context, const Sql& years)
+    : Screen(caption, context),
+      m_db(context.databasePath),
+      m_years(new BoundList(this)),
+      m_export(new QPushButton(tr("EXPORT"), this)) {
+    m_years->setMinimumContentsLength(8);
+    m_years->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    if (auto found = m_db.model(years); found->rowCount() > 0) {
+        m_years->setSource(std::move(found), QStringLiteral("gyear"), QStringLiteral("gyear"));
+    }
+    // While years are offered below the list, Enter in it does not reach the screen.
+    connect(m_years->lineEdit(), &QLineEdit::returnPressed, this, guarded(dialogs(), [this] { search(); }));
+
+    m_export->setAutoDefault(false);
+    m_export->setEnabled(false);
+    onClick(m_export, [this] { saveExport(); });
+}
+
+std::optional<int> ReportScreen::year() const {
+    const QVariant key = m_years->key();
+    return key.isValid() ? std::optional(key.toInt()) : std::nullopt;
+}
+
+std::optional<int> ReportScreen::neededYear() const {
+    const std::optional<int> chosen = year();
+    if (!chosen) {
+        dialogs().message(tr("Please choose a year from the list"));
+        m_years->setFocus();
+    }
+    return chosen;
+}
+
+void ReportScreen::searchOn(QAbstractButton* button) {
+    onClick(button, [this] { search(); });
+}
+
+void ReportScreen::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter) {
+        Screen::keyPressEvent(event);
+    } else if (focusWidget() != m_years) {
+        guard([this] { search(); });
+    }
+}
+
+void ReportScreen::saveExport() {
+    const std::optional<int> chosen = neededYear();
+    if (!chosen) {
+        return;
+    }
+    if (const std::optional<QString> path = dialogs().saveCsvFile()) {
+        saveCsv(withCsvEnding(*path), exported(*chosen));
+    }
+}
+
+}  // namespace kelvora

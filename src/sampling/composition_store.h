@@ -1,0 +1,44 @@
+#pragma once
+
+#include "data/connection.h"
+
+#include <vector>
+
+namespace kelvora {
+
+/// A species of a sampling group and its weight in the sample (kg).
+struct SampledSpecies {
+    int species = 0;
+    double weight = 0;
+};
+
+/// A sampling group as it was sorted and weighed (kg).
+struct SamplingGroup {
+    QString name;
+    double total = 0;
+    double sample = 0;
+    std::vector<SampledSpecies> species;
+};
+
+/// Whether a species stands among the single species of an operation.
+bool hasSingleSpecies(Connection& connection, int operation, int species);
+
+/// Stores a species weighed whole (kg) and adds it to the total of group 1, which comes into being with the first one.
+/// All or nothing.
+void storeSingleSpecies(Connection& connection, int operation, int species, double weight);
+
+/// Takes the single species with a shown name out of an operation. Group 1 keeps the sum of what is left, and goes with
+/// its last species. All or nothing.
+void deleteSingleSpecies(Connection& connection, int operation, const QString& shownName);
+
+/// Whether an operation has a group with a name.
+bool hasGroup(Connection& connection, int operation, const QString& name);
+
+/// Stores a sampling group under the next number of the operation, each weight raised to the whole group. All or
+/// nothing.
+void storeGroup(Connection& connection, int operation, const SamplingGroup& group);
+
+/// Deletes a sampling group with its species. All or nothing.
+void deleteGroup(Connection& connection, int operation, int group);
+
+}  // namespace kelvora

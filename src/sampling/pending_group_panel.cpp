@@ -1,0 +1,228 @@
+#include "sampling/pending_group_panel.h"
+
+#include "controls/bound_list.h"
+#include "controls/captioned_grid.h"
+#include "controls/dialogs.h"
+#include "controls/fields.h"
+#include "controls/guard.h"
+#include "data/numbers.h"
+#include "data/result_set.h"
+#include "operations/finder_panel.h"
+#include "sampling/composition_store.h"
+#include "sampling/raising.h"
+#include "sampling/species_list.h"
+
+#include <QGridLayout>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace kelvora {
+namespace {
+
+enum Column { Species, Weight, Key, ColumnCount };
+
+GridColumns columns() {
+    return {{QStringLiteral("Species"), 3400, Qt::AlignLeft},
+            {QStringLiteral(" Weight(kg.)"), 1300, Qt::AlignHCenter},
+            {QString(), 0, Qt::AlignLeft, true}};
+}
+
+}  // namespace
+
+PendingGroupPanel::PendingGroupPanel(const FinderPanel& finder, Connection& connection, const Context& context)
+    : m_finder(finder),
+      m_connection(connection),
+      m_context(context),
+      m_group(new QLineEdit),
+      m_total(numberField()),
+      m_sample(new ValueLabel),
+      m_species(new BoundList),
+      m_weight(numberField()),
+      m_list(new Grid(tr("Pending group"))),
+      m_rows(ColumnCount),
+      m_save(new QPushButton(tr("SAVE"))),
+      m_clear(new QPushButton(tr("CLEAR"))) {
+    fillSpecies(*m_species, connection);
+    m_list->show(&m_rows, columns());
+    auto* add = new QPushButton(tr("ADD"));
+
+    auto* form = new QGridLayout;
+    form->setColumnStretch(1, 1);
+    m_total->setMaximumWidth(m_total->minimumWidth());
+    m_weight->setMaximumWidth(m_weight->minimumWidth());
+    addField(form, 0, 0, tr("Group"), m_group);
+    addField(form, 0, 2, tr("Total weight "), m_total);
+    addField(form, 1, 0, tr("Species"), m_species);
+    addField(form, 1, 2, tr("Weight"), m_weight);
+    form->addWidget(add, 1, 4);
+
+    auto* sum = new QGridLayout;
+    sum->setColumnStretch(1, 1);
+    addField(sum, 0, 0, tr("Total Sampling weight"), m_sample);
+    sum->addWidget(m_save, 0, 2);
+    sum->addWidget(m_clear, 0, 3);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addLayout(form);
+    layout->addWidget(m_list, 1);
+    layout->addLayout(sum);
+
+    Dialogs& dialogs = context.dialogs;
+    connect(add, &QPushButton::clicked, this, guarded(dialogs, [this] { onAdd(); }));
+    connect(m_weight, &QLineEdit::returnPressed, add, &QPushButton::click);
+    connect(m_save, &QPushButton::clicked, this, guarded(dialogs, [this] { onSave(); }));
+    connect(m_clear, &QPushButton::clicked, this, [this] { onClear(); });
+    onClear();
+    m_save->setEnabled(false);
+    m_clear->setEnabled(false);
+}
+
+int PendingGroupPanel::listed() const {
+    return m_rows.rowCount() - 1;
+}
+
+bool PendingGroupPanel::isListed(const QString& species) const {
+    for (int row = 0; row < listed(); ++row) {
+        if (sameText(m_rows.row(row).at(Species), species)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+double PendingGroupPanel::total() const {
+    return leadingNumber(m_total->text());
+}
+
+double PendingGroupPanel::sample() const {
+    return leadingNumber(m_sample->text());
+}
+
+void PendingGroupPanel::refuse(const QString& title, const QString& text, QWidget* field) const {
+    m_context.dialogs.message(title, text);
+    field->setFocus();
+}
+
+bool PendingGroupPanel::askName() {
+    const bool asks = m_group->text().trimmed().isEmpty();
+    const QString name =
+        asks ? m_context.dialogs.input(tr("Please input groupname")).value_or(QString()) : m_group->text();
+    if (const auto problem = groupNameProblem(name)) {
+        refuse(tr("ERROR"), *problem, m_group);
+        return false;
+    }
+    if (asks) {
+        m_group->setText(name);
+        m_group->setEnabled(false);
+    }
+    return true;
+}
+
+bool PendingGroupPanel::askTotal() {
+    const bool asks = m_total->text().isEmpty();
+    const QString typed =
+        asks ? m_context.dialogs.input(tr("Please input total sampling weight!")).value_or(QString()) : m_total->text();
+    if (const auto problem = totalWeightProblem(typed)) {
+        refuse(tr("ERROR"), *problem, m_total);
+        return false;
+    }
+    if (asks) {
+        m_total->setText(plainText(leadingNumber(typed)));
+        m_total->setEnabled(false);
+    }
+    return true;
+}
+
+void PendingGroupPanel::onAdd() {
+    if (!m_finder.operation() || !askName() || !askTotal()) {
+        return;
+    }
+    const std::optional<ChosenSpecies> species = chosenSpecies(*m_species);
+    if (!species) {
+        refuse(tr("ERROR"), tr("Please select species!"), m_species);
+        return;
+    }
+    if (m_weight->text().isEmpty()) {
+        refuse(tr("ERROR"), tr("Please input weight!"), m_weight);
+        return;
+    }
+    if (const auto problem = weightProblem(m_weight->text())) {
+        refuse(tr("ERROR"), *problem, m_weight);
+        return;
+    }
+    const double together = sampleWith(sample(), leadingNumber(m_weight->text()));
+    if (roomInGroup(total(), together) < 0) {
+        m_weight->clear();
+        refuse(tr("ERROR"), tr("Over weight! not over '%1' kg.").arg(plainText(roomInGroup(total(), sample()))),
+               m_weight);
+        return;
+    }
+    if (isListed(species->name)) {
+        refuse(tr("ERROR"), tr("Species Repeat please try again"), m_species);
+        return;
+    }
+    m_rows.setRow(listed(), {species->name, m_weight->text(), QString::number(species->number)});
+    m_rows.appendRow({});
+    m_list->scrollToBottom();
+    m_sample->setText(plainText(together));
+    m_weight->clear();
+    m_save->setEnabled(true);
+    m_clear->setEnabled(true);
+    m_species->setFocus();
+}
+
+bool PendingGroupPanel::chooseFreeName(int operation) {
+    if (!hasGroup(m_connection, operation, m_group->text())) {
+        return true;
+    }
+    m_context.dialogs.message(tr("ERROR!"), tr("Group repeat please change new group"));
+    m_group->clear();
+    m_group->setEnabled(true);
+    m_group->setFocus();
+    return false;
+}
+
+void PendingGroupPanel::onSave() {
+    const std::optional<int> operation = m_finder.operation();
+    if (!operation) {
+        m_context.dialogs.message(tr("ERROR"), tr("Please choose a fishing operation for this group"));
+        return;
+    }
+    // The boxes may have been changed since the last species was listed.
+    for (const auto& [problem, field] : {std::pair{groupNameProblem(m_group->text()), m_group},
+                                         {totalWeightProblem(m_total->text()), m_total},
+                                         {sampleProblem(total(), sample()), m_weight}}) {
+        if (problem) {
+            refuse(tr("ERROR"), *problem, field);
+            return;
+        }
+    }
+    if (!m_context.dialogs.confirm(tr("CONFIRM"), tr("Are you sure to 'SAVE' this group")) ||
+        !chooseFreeName(*operation)) {
+        return;
+    }
+    SamplingGroup group{m_group->text(), total(), sample(), {}};
+    for (int row = 0; row < listed(); ++row) {
+        const QStringList& texts = m_rows.row(row);
+        group.species.push_back({texts.at(Key).toInt(), leadingNumber(texts.at(Weight))});
+    }
+    storeGroup(m_connection, *operation, group);
+    onClear();
+    m_save->setEnabled(false);
+    m_clear->setEnabled(false);
+    Q_EMIT saved();
+}
+
+void PendingGroupPanel::onClear() {
+    m_rows.setRows({QStringList()});
+    m_group->clear();
+    m_total->clear();
+    m_sample->clear();
+    m_weight->clear();
+    m_species->setText({});
+    m_group->setEnabled(true);
+    m_total->setEnabled(true);
+}
+
+}  // namespace kelvora

@@ -1,0 +1,97 @@
+#include "sampling/species_composition_screen.h"
+
+#include "operations/finder_panel.h"
+#include "sampling/composition_summary.h"
+#include "sampling/pending_group_panel.h"
+#include "sampling/single_species_panel.h"
+#include "sampling/stored_groups_panel.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QTabWidget>
+
+namespace kelvora {
+
+SpeciesCompositionScreen::SpeciesCompositionScreen(const Context& context)
+    : Screen(tr("Species Composition"), context),
+      m_connection(context.databasePath, Connection::Patience::Long),
+      m_finder(new FinderPanel(tr("Fishing operation no."), m_connection, context)),
+      m_operation(new QLabel),
+      m_singleSpecies(new SingleSpeciesPanel(*m_finder, m_connection, context)),
+      m_pendingGroup(new PendingGroupPanel(*m_finder, m_connection, context)),
+      m_storedGroups(new StoredGroupsPanel(*m_finder, m_connection, context)),
+      m_summary(new CompositionSummary) {
+    auto* tabs = new QTabWidget;
+    tabs->addTab(m_finder, tr("Fishing Operation"));
+    tabs->addTab(createCompositionTab(), tr("Species Composition"));
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(tabs);
+
+    connect(m_finder, &FinderPanel::cleared, this, &SpeciesCompositionScreen::clearResults);
+    connect(m_finder, &FinderPanel::loaded, this, &SpeciesCompositionScreen::refreshResults);
+    connect(m_singleSpecies, &SingleSpeciesPanel::changed, this, &SpeciesCompositionScreen::refreshSummary);
+    connect(m_pendingGroup, &PendingGroupPanel::saved, this, &SpeciesCompositionScreen::refreshGroups);
+    connect(m_storedGroups, &StoredGroupsPanel::changed, this, &SpeciesCompositionScreen::refreshSummary);
+    m_finder->open(true);
+    nameOperation();
+}
+
+QWidget* SpeciesCompositionScreen::createCompositionTab() {
+    auto* group = new QGroupBox(tr("Sampling group"));
+    auto* groupLayout = new QVBoxLayout(group);
+    groupLayout->addWidget(m_pendingGroup, 1);
+    groupLayout->addSpacing(8);
+    groupLayout->addWidget(m_storedGroups, 1);
+
+    auto* tab = new QWidget;
+    auto* areas = new QHBoxLayout;
+    areas->addWidget(m_singleSpecies, 10);
+    areas->addWidget(group, 15);
+    areas->addWidget(m_summary, 13);
+    QFont strong = m_operation->font();
+    strong.setBold(true);
+    m_operation->setFont(strong);
+    auto* layout = new QVBoxLayout(tab);
+    layout->addWidget(m_operation);
+    layout->addLayout(areas, 1);
+    return tab;
+}
+
+void SpeciesCompositionScreen::nameOperation() {
+    const QString number = m_finder->currentOperation();
+    m_operation->setText(number.isEmpty()
+                             ? tr("No fishing operation is chosen: find one on the tab \"Fishing Operation\".")
+                             : tr("Fishing operation no. %1").arg(number));
+}
+
+void SpeciesCompositionScreen::clearResults() {
+    m_singleSpecies->reset();
+    m_storedGroups->reset();
+    m_summary->reset();
+    nameOperation();
+}
+
+void SpeciesCompositionScreen::refreshResults() {
+    nameOperation();
+    const bool shown = guard([this] {
+        const int operation = m_finder->operation().value();
+        m_singleSpecies->refresh(operation);
+        m_storedGroups->refresh(operation);
+        m_summary->refresh(m_connection, operation);
+    });
+    if (!shown) {
+        // Rather nothing than the samples of the operation shown before.
+        clearResults();
+    }
+}
+
+void SpeciesCompositionScreen::refreshGroups() {
+    guard([this] { m_storedGroups->refresh(m_finder->operation().value()); });
+    refreshSummary();
+}
+
+void SpeciesCompositionScreen::refreshSummary() {
+    guard([this] { m_summary->refresh(m_connection, m_finder->operation().value()); });
+}
+
+}  // namespace kelvora

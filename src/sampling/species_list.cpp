@@ -1,0 +1,20 @@
+#include "sampling/species_list.h"
+
+#include "controls/bound_list.h"
+
+namespace kelvora {
+
+void fillSpecies(BoundList& list, Connection& connection) {
+    list.setSource(connection.model(Sql("select  fishno,genus &  ' ' & fishname as sp  from fish where fishno <> 0")),
+                   QStringLiteral("sp"), QStringLiteral("fishno"));
+}
+
+std::optional<ChosenSpecies> chosenSpecies(const BoundList& list) {
+    const QVariant key = list.key();
+    if (!key.isValid()) {
+        return std::nullopt;
+    }
+    return ChosenSpecies{key.toInt(), list.itemText(list.row())};
+}
+
+}  // namespace kelvora

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "data/connection.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace kelvora {
+
+class BoundList;
+
+/// Fills a list with all species of the catalogue, shown as genus and species.
+void fillSpecies(BoundList& list, Connection& connection);
+
+/// A species chosen in a list.
+struct ChosenSpecies {
+    int number = 0;
+    QString name;  ///< as the list shows it, however it was typed
+};
+
+/// The species that a list stands on; nothing if none is chosen or the typed text is none.
+std::optional<ChosenSpecies> chosenSpecies(const BoundList& list);
+
+}  // namespace kelvora

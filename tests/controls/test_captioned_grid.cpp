@@ -1,0 +1,195 @@
+#include "controls/captioned_grid.h"
+#include "controls/record_navigator.h"
+#include "controls/text_table.h"
+#include "support/test_main.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QStandardItemModel>
+#include <QTest>
+#include <QVBoxLayout>
+
+namespace kelvora {
+
+using namespace Qt::StringLiterals;
+
+/// A grid of vessels with its navigator.
+class TestCaptionedGrid : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<CaptionedGrid> m_frame;
+    Grid* m_grid = nullptr;
+    RecordNavigator* m_navigator = nullptr;
+    GridColumns m_columns;
+
+    static std::unique_ptr<TextTable> vessels(int rows) {
+        auto table = std::make_unique<TextTable>(3);
+        for (int i = 0; i < rows; ++i) {
+            table->appendRow({QStringLiteral("R-%1").arg(i), QStringLiteral("Vessel %1").arg(i), QString::number(i)});
+        }
+        return table;
+    }
+    void show(int rows) {
+        m_grid->show(vessels(rows), m_columns);
+        m_navigator->setRowCount(rows);
+    }
+    void clickRow(int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        const QPoint inRow = m_grid->visualRect(m_grid->model()->index(row, 1)).center();
+        QTest::mouseClick(m_grid->viewport(), Qt::LeftButton, modifiers, inRow);
+    }
+
+private Q_SLOTS:
+    void init() {
+        m_columns = {{u" Register ID"_qs, 1500}, {u"Vessel name"_qs, 3000}, {u"GRT"_qs, 1500, Qt::AlignHCenter}};
+        m_frame = std::make_unique<CaptionedGrid>(QStringLiteral("FISHING VESSEL"));
+        m_grid = m_frame->grid();
+        m_navigator = m_frame->addNavigator(QStringLiteral("Vessels"));
+        m_frame->resize(600, 300);
+        static_cast<QWidget*>(m_frame.get())->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_frame.get()));
+    }
+    void cleanup() { m_frame.reset(); }
+
+    void captions() {
+        show(2);
+        QCOMPARE(m_grid->headers(), QStringList({u"Register ID"_qs, u"Vessel name"_qs, u"GRT"_qs}));
+        QCOMPARE(m_grid->text(1, 1), QStringLiteral("Vessel 1"));
+        QCOMPARE(m_grid->text(2, 0), QString());
+        m_frame->setCaption(QStringLiteral("VESSEL"));
+        QCOMPARE(m_grid->accessibleName(), QStringLiteral("VESSEL"));
+    }
+
+    void widths_data() {
+        QTest::addColumn<int>("window");
+        QTest::addColumn<bool>("grows");
+        QTest::newRow("narrow: the given widths") << 300 << false;
+        QTest::newRow("wide: in proportion") << 900 << true;
+    }
+    void widths() {
+        QFETCH(int, window);
+        QFETCH(bool, grows);
+        show(2);
+        m_frame->resize(window, 300);
+        QCoreApplication::processEvents();
+        const int room = m_grid->viewport()->width();
+        const int dpi = m_grid->logicalDpiX();
+        QCOMPARE(m_grid->columnWidth(1), grows ? room / 2 : 3000 / 15 * dpi / 96);
+        QCOMPARE(m_grid->horizontalHeader()->length() == room, grows);
+    }
+
+    void widthsOfAFirstShow() {
+        Grid grid(QStringLiteral("Result"));
+        grid.show(vessels(1), m_columns);
+        grid.resize(900, 200);
+        grid.setVisible(true);
+        QVERIFY(QTest::qWaitForWindowExposed(&grid));
+        QCOMPARE(grid.horizontalHeader()->length(), grid.viewport()->width());
+    }
+
+    void copiesRowsInTheirOrder() {
+        auto table = vessels(4);
+        table->setRow(2, {u"R-2"_qs, u"two\r\nlines\tand a tab"_qs});
+        m_columns[0].hidden = true;
+        m_grid->show(std::move(table), m_columns);
+        clickRow(3);
+        clickRow(2, Qt::ControlModifier);
+        clickRow(0, Qt::ControlModifier);
+        QTest::keyClick(m_grid, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(QGuiApplication::clipboard()->text(),
+                 QStringLiteral("Vessel 0\t0\ntwo lines and a tab\t\nVessel 3\t3"));
+    }
+
+    void neverEditsInPlace() {
+        auto editable = std::make_unique<QStandardItemModel>(1, 3);
+        m_grid->show(std::move(editable), m_columns);
+        clickRow(0);
+        QTest::keyClick(m_grid, Qt::Key_F2);
+        QTest::keyClicks(m_grid, QStringLiteral("x"));
+        QTest::mouseDClick(m_grid->viewport(), Qt::LeftButton, {}, m_grid->visualRect(m_grid->currentIndex()).center());
+        QVERIFY(m_grid->findChild<QLineEdit*>() == nullptr);
+    }
+
+    void blank() {
+        show(3);
+        m_grid->showBlank(m_columns);
+        m_navigator->setRowCount(0);
+        QCOMPARE(m_grid->rowCount(), 1);
+        QCOMPARE(m_grid->text(0, 0) + m_grid->text(0, 1) + m_grid->text(0, 2), QString());
+        QCOMPARE(m_grid->headers().size(), 3);
+        clickRow(0);
+        QCOMPARE(m_navigator->row(), -1);
+    }
+
+    void navigatorAndGridStandOnTheSameRow() {
+        show(3);
+        QCOMPARE(m_grid->currentRow(), 0);
+        const QSignalSpy arrived(m_navigator, &RecordNavigator::arrived);
+        const QSignalSpy chosen(m_grid, &Grid::rowChosen);
+        m_navigator->moveTo(2);
+        QCOMPARE(m_grid->currentRow(), 2);
+        clickRow(1);
+        QCOMPARE(m_navigator->row(), 1);
+        QTest::keyClick(m_grid, Qt::Key_Up);
+        QCOMPARE(m_navigator->row(), 0);
+        QCOMPARE(arrived.size(), 3);
+        QCOMPARE(chosen.size(), 3);
+        QCOMPARE(m_grid->selectionModel()->selectedRows().size(), 1);
+    }
+
+    void arrowKeysWithAHiddenFirstColumn() {
+        m_columns[0].hidden = true;
+        show(3);
+        QTest::keyClick(m_grid, Qt::Key_Down);
+        QCOMPARE(m_navigator->row(), 1);
+        m_columns[0].hidden = false;
+        show(3);
+        QVERIFY(!m_grid->isColumnHidden(0));
+    }
+
+    void refreshGoesToTheFirstRow_data() {
+        QTest::addColumn<int>("rows");
+        QTest::newRow("more") << 5;
+        QTest::newRow("the same") << 3;
+        QTest::newRow("fewer") << 1;
+        QTest::newRow("none") << 0;
+    }
+    void refreshGoesToTheFirstRow() {
+        QFETCH(int, rows);
+        show(3);
+        m_navigator->moveTo(2);
+        const QSignalSpy arrived(m_navigator, &RecordNavigator::arrived);
+        const QSignalSpy chosen(m_grid, &Grid::rowChosen);
+        show(rows);
+        QCOMPARE(m_grid->currentRow(), rows > 0 ? 0 : -1);
+        QCOMPARE(m_navigator->row(), m_grid->currentRow());
+        QCOMPARE(arrived.size(), 1);
+        QCOMPARE(chosen.size(), rows > 0 ? 1 : 0);
+    }
+
+    void sourcesOfAScreenAndOwnOnes() {
+        {
+            TextTable kept(2);
+            kept.setRows({{u"a"_qs, u"b"_qs, u"too much"_qs}, {u"c"_qs}});
+            m_grid->show(&kept, {{u"One"_qs}, {u"Two"_qs}});
+            QCOMPARE(m_grid->headers(), QStringList({u"One"_qs, u"Two"_qs}));
+            m_grid->setCurrentRow(1);
+            kept.removeRow(0);
+            QCOMPARE(m_grid->currentRow(), 0);
+            QCOMPARE(m_grid->text(0, 0) + m_grid->text(0, 1), QStringLiteral("c"));
+            show(2);
+            m_grid->show(&kept, {{u"One"_qs}, {u"Two"_qs}});
+        }
+        // The screen's own table goes before the grid, as members go before child widgets.
+        QCOMPARE(m_grid->rowCount(), 0);
+        show(2);
+        QCOMPARE(m_grid->text(1, 0), QStringLiteral("R-1"));
+    }
+};
+
+}  // namespace kelvora
+
+KELVORA_TEST(kelvora::TestCaptionedGrid, "captioned_grid");
+#include "test_captioned_grid.moc"

@@ -1,0 +1,400 @@
+#include "controls/bound_list.h"
+#include "data/transaction.h"
+#include "operations/operation_entry_screen.h"
+#include "support/screen_driver.h"
+#include "support/temporary_store.h"
+#include "support/test_main.h"
+
+#include <QAbstractButton>
+#include <QDateEdit>
+#include <QTest>
+
+#include <memory>
+
+namespace kelvora {
+namespace {
+
+const QString kState = u"Landing State/Province"_qs;
+const QString kPort = u"Landing Port"_qs;
+const QString kRegisterId = u"Vessel Register id"_qs;
+const QString kVesselName = u"Vessel Name"_qs;
+const QString kConfirm = u"Confirm"_qs;
+const QString kVesselQuestion = u"Are you sure to insert this fishing vessel? "_qs;
+
+QString stateQuestion(const QString& name) {
+    return u"Are you sure to insert state '"_qs + name + u'\'';
+}
+
+QString portQuestion(const QString& name) {
+    return u"Are you sure to insert sampling port '"_qs + name + u'\'';
+}
+
+/// The entry screen on a file with a few reference rows.
+struct Desk {
+    Desk() {
+        store.addReferenceRows();
+        open();
+    }
+    void open() {
+        screen.reset();
+        screen = std::make_unique<OperationEntryScreen>(store.context(), Connection::Patience::Short);
+        screen->show();
+        QVERIFY(QTest::qWaitForWindowActive(screen.get()));
+    }
+    test::ScreenDriver at() const { return test::ScreenDriver(screen.get()); }
+
+    /// Everything that a sampler has to fill in, every text stored already.
+    void fill() const {
+        at().choose(kRegisterId, u"R-1"_qs);
+        at().choose(u"Fishing Gear"_qs, u"Trawl"_qs);
+        at().choose(u"Fishing Method"_qs, u"Pair"_qs);
+        at().choose(u"Fishing Area"_qs, u"A2"_qs);
+        at().choose(kState, u"Alpha"_qs);
+        at().choose(kPort, u"Bex"_qs);
+        at().type(u"Total Catch (kg/trip)"_qs, u"120.50"_qs);
+    }
+    void save() const { at().press(u"SAVE"_qs); }
+    void saveWell() {
+        store.dialogs.expectMessage(u"Insert Complete"_qs);
+        save();
+    }
+    QStringList storedPorts() { return store.rows("select portid from fishoperation order by optid"); }
+    QString operationCount() { return store.rows("select count(*) as n from fishoperation").first(); }
+
+    test::TemporaryStore store;
+    std::unique_ptr<OperationEntryScreen> screen;
+};
+
+/// A wrong text, and what comes of it when everything before it is right.
+struct Wrong {
+    QString field, text, title, message, after;
+    bool focused;
+};
+
+const std::vector<Wrong>& wrongs() {
+    const QString error = u"ERROR"_qs;
+    const QString plain = u"Kelvora"_qs;
+    const QString longitude = u"Longtitude Dec"_qs;
+    const QString range = u"Dec of Longtitude between 92-125"_qs;
+    static const std::vector<Wrong> all = {
+        {kState, {}, error, u"please select state  first!"_qs, {}, true},
+        {kPort, {}, error, u"please select sammpling port!"_qs, {}, true},
+        {u"Fishing Area"_qs, u"A9"_qs, error, u"please select fishing area"_qs, u"A9"_qs, true},
+        {kRegisterId, {}, error, u"please select vessel"_qs, {}, true},
+        {u"Latitude Min"_qs, u"x"_qs, plain, u"Please input latitude in number"_qs, u"x"_qs, false},
+        {u"Latitude Dec"_qs, u"26"_qs, error, u"Dec of Latitude between 0-25"_qs, {}, true},
+        {u"Latitude Min"_qs, u"61"_qs, error, u"Min of Latitude between 0-60"_qs, {}, true},
+        {longitude, u"91"_qs, error, range, {}, true},
+        {longitude, u"126"_qs, error, range, {}, true},
+        {u"Longtitude Min"_qs, u"-1"_qs, error, u"Min of Longtitude between 0-60"_qs, {}, true},
+        {longitude, u"abc"_qs, plain, u"Please input longtitude in number"_qs, u"abc"_qs, false},
+        {u"Bottom Depth(Meter)"_qs, u"deep"_qs, plain, u"Please input bottom depth (Meter) in number"_qs, u"0"_qs,
+         false},
+        {u"Fishing Depth(Meter)"_qs, {}, plain, u"Please input depth of water (Meter) in number"_qs, u"0"_qs, false},
+        {u"No of haul per Trip(haul)"_qs, u"two"_qs, plain, u"Please input number of haul/trip  in number"_qs, u"0"_qs,
+         false},
+        {u"Duration of Trip(days)"_qs, u"1 2"_qs, plain, u"Please input dulation of trip  in number"_qs, u"0"_qs,
+         false},
+        {u"Total Catch (kg/trip)"_qs, u"0"_qs, plain, u"Please input Estimate Total Catch(kg/trip)"_qs, {}, true},
+        {u"Fishing Method"_qs, u"Purse"_qs, plain, u"Please select fushing method"_qs, u"Purse"_qs, true},
+    };
+    return all;
+}
+
+}  // namespace
+
+/// The entry screen as a sampler uses it.
+class TestOperationEntry : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void checksInOrder_data() {
+        QTest::addColumn<int>("first");
+        for (std::size_t i = 0; i < wrongs().size(); ++i) {
+            const Wrong& wrong = wrongs()[i];
+            QTest::newRow(qPrintable(wrong.field + u' ' + wrong.text)) << static_cast<int>(i);
+        }
+    }
+    /// Everything from one wrong text on is wrong: only the first is said, and only its field changes.
+    void checksInOrder() {
+        QFETCH(int, first);
+        Desk desk;
+        desk.fill();
+        for (std::size_t i = wrongs().size(); i-- > static_cast<std::size_t>(first);) {
+            desk.at().type(wrongs()[i].field, wrongs()[i].text);
+        }
+        const Wrong& wrong = wrongs()[static_cast<std::size_t>(first)];
+        QHash<QString, QString> before;
+        for (const Wrong& other : wrongs()) {
+            before[other.field] = desk.at().text(other.field);
+        }
+        desk.at().button(u"SAVE"_qs)->setFocus();
+        desk.store.dialogs.expectMessage(wrong.title, wrong.message);
+        desk.save();
+        QVERIFY(desk.store.dialogs.done());
+        before[wrong.field] = wrong.after;
+        for (auto text = before.cbegin(); text != before.cend(); ++text) {
+            QCOMPARE(desk.at().text(text.key()), text.value());
+        }
+        QCOMPARE(desk.at().focused(wrong.field), wrong.focused);
+        QCOMPARE(desk.operationCount(), u"0"_qs);
+        QVERIFY(desk.at().enabled(u"SAVE"_qs));
+        QCOMPARE(desk.store.session.lastSavedOperation, 0);
+    }
+
+    void savedAndCleared() {
+        Desk desk;
+        desk.fill();
+        desk.at().type(u"Latitude Dec"_qs, u"25"_qs);
+        desk.at().type(u"Latitude Min"_qs, u"60"_qs);
+        desk.at().press(u"Night"_qs);
+        desk.at().type(u"Recorder"_qs, u"Someone"_qs);
+        desk.at().type(u"Note"_qs, u"calm sea"_qs);
+        qobject_cast<QDateEdit*>(desk.at().field(u"Sampling Date"_qs))->setDate(QDate(1999, 12, 31));
+        QCOMPARE(desk.at().text(u"Sampling Date"_qs), u"31/12/1999"_qs);
+        desk.saveWell();
+        QCOMPARE(desk.store.rows("select * from fishoperation"),
+                 QStringList{u"1|2|Someone|1999-12-31|2|25|60|0|0|0|0|Night|0|0|120.5|calm sea|Sea Star|A2"_qs});
+        QCOMPARE(desk.store.session.lastSavedOperation, 1);
+        QVERIFY(!desk.at().enabled(u"SAVE"_qs));
+        QCOMPARE(desk.at().text(kPort), u"Bex"_qs);
+
+        desk.at().press(u"CLEAR"_qs);
+        QCOMPARE(desk.store.session.lastSavedOperation, 0);
+        QVERIFY(desk.at().enabled(u"SAVE"_qs));
+        QVERIFY(desk.at().focused(kVesselName));
+        QCOMPARE(desk.at().text(u"No."_qs), u"2"_qs);
+        QCOMPARE(desk.at().text(u"Recorder"_qs), u"Port Sampler"_qs);
+        QVERIFY(desk.at().button(u"Day"_qs)->isChecked());
+        QCOMPARE(qobject_cast<QDateEdit*>(desk.at().field(u"Sampling Date"_qs))->date(), QDate::currentDate());
+        for (const QString& empty : {kState, kPort, kRegisterId, kVesselName, u"Fishing Gear"_qs, u"Fishing Method"_qs,
+                                     u"Fishing Area"_qs, u"Note"_qs}) {
+            QCOMPARE(desk.at().text(empty), QString());
+        }
+        for (const QString& zero : {u"Latitude Dec"_qs, u"Latitude Min"_qs, u"Total Catch (kg/trip)"_qs}) {
+            QCOMPARE(desk.at().text(zero), u"0"_qs);
+        }
+        desk.fill();
+        desk.saveWell();
+        QCOMPARE(desk.store.session.lastSavedOperation, 2);
+        desk.screen->close();
+        QCOMPARE(desk.store.session.lastSavedOperation, 0);
+    }
+
+    void quickAdds_data() {
+        QTest::addColumn<bool>("state");
+        QTest::addColumn<bool>("port");
+        QTest::addColumn<bool>("vessel");
+        QTest::addColumn<QString>("storedPort");
+        QTest::newRow("all confirmed") << true << true << true << u"4"_qs;
+        QTest::newRow("vessel declined") << true << true << false << u"4"_qs;
+        QTest::newRow("port declined") << true << false << true << u"0"_qs;
+        QTest::newRow("state and port declined") << false << false << true << u"0"_qs;
+        QTest::newRow("state declined") << false << true << true << u"0"_qs;
+    }
+    void quickAdds() {
+        QFETCH(bool, state);
+        QFETCH(bool, port);
+        QFETCH(bool, vessel);
+        QFETCH(QString, storedPort);
+        Desk desk;
+        desk.fill();
+        desk.at().type(kState, u"Gamma"_qs);
+        desk.at().type(kPort, u"Gao"_qs);
+        desk.at().type(kRegisterId, u"R-"_qs);
+        desk.at().type(kVesselName, u"Sea"_qs);
+        QCOMPARE(desk.at().text(kRegisterId), u"R-"_qs);
+        auto& dialogs = desk.store.dialogs;
+        dialogs.expectConfirm(kConfirm, stateQuestion(u"Gamma"_qs), state);
+        if (!state) {
+            dialogs.expectMessage(u"No Record"_qs);
+        }
+        dialogs.expectConfirm(kConfirm, portQuestion(u"Gao"_qs), port);
+        if (!state || !port) {
+            dialogs.expectMessage(u"No Record"_qs);
+        }
+        dialogs.expectConfirm(kConfirm, kVesselQuestion, vessel);
+        desk.saveWell();
+
+        QCOMPARE(desk.storedPorts(), QStringList{storedPort});
+        QCOMPARE(desk.store.rows("select stateid from state where statename = 'Gamma'"),
+                 state ? QStringList{u"3"_qs} : QStringList());
+        QCOMPARE(desk.store.rows("select samplingid, stateid from samplingport where samplingname = 'Gao'"),
+                 port ? QStringList{state ? u"4|3"_qs : u"4|0"_qs} : QStringList());
+        QCOMPARE(desk.store.rows("select vesselname from vessel where vesselid = 'R-'"),
+                 vessel ? QStringList{u"null"_qs} : QStringList());
+        QCOMPARE(desk.store.rows("select vesselid from fishoperation"), QStringList{u"Sea"_qs});
+        QCOMPARE(desk.at().text(kState), u"Gamma"_qs);
+        QCOMPARE(desk.at().text(kPort), u"Gao"_qs);
+        QCOMPARE(desk.at().list(kState)->key().isValid(), state);
+        QCOMPARE(desk.at().list(kRegisterId)->row() >= 0, vessel);
+    }
+
+    /// Rows that other screens stored or changed since the lists were filled count as they are in the file.
+    void staleLists() {
+        Desk desk;
+        desk.fill();
+        desk.store.execute("insert into state values (9, 'Gamma')");
+        desk.store.execute("insert into samplingport values (12, 'Bex', 9)");
+        desk.store.execute("insert into fishing_area values ('A3', '')");
+        desk.store.execute("insert into vessel(vesselid) values ('R-3')");
+        desk.at().type(kState, u"gamma"_qs);
+        desk.at().type(u"Fishing Area"_qs, u"a3"_qs);
+        desk.at().type(kRegisterId, u"R-3"_qs);
+        desk.saveWell();
+        QCOMPARE(desk.store.rows("select portid, areaid from fishoperation"), QStringList{u"12|A3"_qs});
+
+        desk.at().press(u"CLEAR"_qs);
+        desk.fill();
+        desk.store.execute("delete from fishing_area where aname = 'A2'");
+        desk.store.dialogs.expectMessage(u"ERROR"_qs, u"please select fishing area"_qs);
+        desk.save();
+        desk.at().choose(u"Fishing Area"_qs, u"A1"_qs);
+        desk.store.execute("update samplingport set stateid = 2 where samplingname = 'Bex'");
+        desk.store.dialogs.expectConfirm(kConfirm, portQuestion(u"Bex"_qs), true);
+        desk.saveWell();
+        QCOMPARE(desk.storedPorts(), (QStringList{u"12"_qs, u"13"_qs}));
+    }
+
+    void portOfAnotherState() {
+        Desk desk;
+        desk.fill();
+        desk.at().type(kPort, u"Cay"_qs);
+        desk.store.dialogs.expectConfirm(kConfirm, portQuestion(u"Cay"_qs), true);
+        desk.saveWell();
+        QCOMPARE(desk.store.rows("select samplingid, stateid from samplingport where samplingname = 'Cay'"),
+                 (QStringList{u"3|2"_qs, u"4|1"_qs}));
+        QCOMPARE(desk.storedPorts(), QStringList{u"4"_qs});
+    }
+
+    void portsNeedAState() {
+        Desk desk;
+        desk.store.dialogs.expectMessage(u"ERROR"_qs, u" Please input state first"_qs);
+        desk.at().list(kPort)->showPopup();
+        QVERIFY(desk.store.dialogs.done());
+        desk.at().choose(kState, u"Beta"_qs);
+        QCOMPARE(desk.at().list(kPort)->count(), 1);
+        desk.at().type(kState, u"Betaville"_qs);
+        QCOMPARE(desk.at().list(kPort)->count(), 0);
+    }
+
+    void vesselListsFillEachOther() {
+        Desk desk;
+        desk.store.execute("insert into vessel(vesselid) values ('R-77')");
+        desk.open();
+        desk.at().choose(kVesselName, u"Blue Fin"_qs);
+        QCOMPARE(desk.at().text(kRegisterId), u"R-2"_qs);
+        desk.at().type(kRegisterId, u"r-1"_qs);
+        QCOMPARE(desk.at().text(kVesselName), u"Sea Star"_qs);
+        desk.at().choose(kRegisterId, u"R-77"_qs);
+        QCOMPARE(desk.at().text(kVesselName), u"Sea Star"_qs);
+        desk.at().type(kVesselName, u"Sea"_qs);
+        QCOMPARE(desk.at().text(kRegisterId), u"R-77"_qs);
+    }
+
+    void hostileTexts_data() {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("apostrophe") << u"O'Hara'); drop table state; --"_qs;
+        QTest::newRow("percent and backslash") << u"50 %1 \\ \"x\" & [y] <b>"_qs;
+        QTest::newRow("scripts") << u"ปลาทู 鯖 Ålesund مرسى 🐟"_qs;
+        QTest::newRow("long") << QString(10'000, u'\'');
+    }
+    void hostileTexts() {
+        QFETCH(QString, text);
+        Desk desk;
+        desk.store.db().execute(Sql("insert into fishing_area values(") << text << ",'')");
+        desk.store.db().execute(Sql("insert into Fishing_method values(8,") << text << ",1)");
+        desk.open();
+        const int width = desk.screen->minimumSizeHint().width();
+        desk.fill();
+        for (const QString& field : {kState, kPort, kRegisterId, kVesselName, u"Fishing Method"_qs, u"Fishing Area"_qs,
+                                     u"Recorder"_qs, u"Note"_qs}) {
+            desk.at().type(field, text);
+        }
+        desk.store.dialogs.expectConfirm(kConfirm, stateQuestion(text), true);
+        desk.store.dialogs.expectConfirm(kConfirm, portQuestion(text), true);
+        desk.store.dialogs.expectConfirm(kConfirm, kVesselQuestion, true);
+        desk.saveWell();
+        QCOMPARE(desk.store.rows("select statename from state where stateid = 3"), QStringList{text});
+        QCOMPARE(desk.store.rows("select samplingname from samplingport where samplingid = 4"), QStringList{text});
+        QCOMPARE(desk.store.rows("select vesselid from vessel where vesselname is null"), QStringList{text});
+        const QStringList stored = {text, text, u"8"_qs, text, text, u"4"_qs};
+        QCOMPARE(
+            desk.store.rows("select vesselid, areaid, fishing_method, interviewer, note, portid from fishoperation"),
+            QStringList{stored.join(u'|')});
+        QCOMPARE(desk.screen->minimumSizeHint().width(), width);
+    }
+
+    void noNumberLeft() {
+        Desk desk;
+        desk.store.addOperation(32'767, 1, u"2026-01-01"_qs, 1, 1, u"Sea Star"_qs, u"A1"_qs);
+        desk.store.dialogs.expectMessageContaining(u"at most 32767 fishing operations"_qs);
+        desk.open();
+        QCOMPARE(desk.at().text(u"No."_qs), QString());
+        desk.fill();
+        desk.at().type(kState, u"Gamma"_qs);
+        desk.store.dialogs.expectMessageContaining(u"at most 32767 fishing operations"_qs);
+        desk.save();
+        QVERIFY(desk.store.dialogs.done());
+        QCOMPARE(desk.operationCount(), u"1"_qs);
+        QCOMPARE(desk.at().text(kState), u"Gamma"_qs);
+    }
+
+    void numberGivenElsewhere() {
+        Desk desk;
+        desk.fill();
+        desk.store.addOperation(1, 1, u"2026-01-01"_qs, 1, 1, u"Sea Star"_qs, u"A1"_qs);
+        desk.store.dialogs.expectMessageContaining(u"this operation now has No. 2"_qs);
+        desk.save();
+        QCOMPARE(desk.operationCount(), u"1"_qs);
+        desk.saveWell();
+        QCOMPARE(desk.storedPorts(), (QStringList{u"1"_qs, u"2"_qs}));
+    }
+
+    void lockedFileLosesNothing() {
+        Desk desk;
+        desk.fill();
+        desk.at().type(kState, u"Gamma"_qs);
+        {
+            const Transaction other(desk.store.db());
+            desk.store.dialogs.expectMessageContaining(u"another program is using the data file"_qs);
+            desk.save();
+        }
+        QVERIFY(desk.store.dialogs.done());
+        QCOMPARE(desk.store.rows("select count(*) as n from state"), QStringList{u"2"_qs});
+        QCOMPARE(desk.at().text(kState), u"Gamma"_qs);
+        desk.at().choose(kState, u"Alpha"_qs);
+        {
+            const Transaction other(desk.store.db());
+            desk.store.dialogs.expectMessageContaining(u"another program is using the data file"_qs);
+            desk.save();
+        }
+        QVERIFY(desk.at().enabled(u"SAVE"_qs));
+        QCOMPARE(desk.at().text(u"Total Catch (kg/trip)"_qs), u"120.50"_qs);
+        QCOMPARE(desk.store.session.lastSavedOperation, 0);
+        desk.saveWell();
+        QCOMPARE(desk.operationCount(), u"1"_qs);
+    }
+
+    void tabOrder() {
+        const Desk desk;
+        QVERIFY(desk.at().focused(kVesselName));
+        for (const QString& next :
+             {kRegisterId, u"Fishing Gear"_qs, u"Fishing Method"_qs, u"Fishing Area"_qs, kState, kPort,
+              u"Sampling Date"_qs, u"Latitude Dec"_qs, u"Latitude Min"_qs, u"Longtitude Dec"_qs, u"Longtitude Min"_qs,
+              u"Fishing time"_qs, u"Bottom Depth(Meter)"_qs, u"Fishing Depth(Meter)"_qs,
+              u"No of haul per Trip(haul)"_qs, u"Duration of Trip(days)"_qs, u"Total Catch (kg/trip)"_qs,
+              u"Recorder"_qs, u"Note"_qs}) {
+            QTest::keyClick(desk.screen->focusWidget(), Qt::Key_Tab);
+            QVERIFY2(desk.at().focused(next), qPrintable(next));
+        }
+        QTest::keyClick(desk.screen->focusWidget(), Qt::Key_Tab);
+        QCOMPARE(desk.screen->focusWidget(), static_cast<QWidget*>(desk.at().button(u"SAVE"_qs)));
+    }
+};
+
+KELVORA_TEST(TestOperationEntry, "operation_entry");
+
+}  // namespace kelvora
+
+#include "test_operation_entry.moc"

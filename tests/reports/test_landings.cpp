@@ -1,0 +1,147 @@
+#include "data/transaction.h"
+#include "reports/catch_summary.h"
+#include "support/temporary_store.h"
+#include "support/test_main.h"
+
+#include <QFile>
+#include <QTest>
+
+#include <algorithm>
+#include <map>
+
+namespace kelvora {
+namespace {
+
+/// The lines of a file behind its header, each as its fields.
+std::vector<QStringList> linesOf(const char* name) {
+    QFile file(QStringLiteral(KELVORA_TEST_FILES "/") + QString::fromLatin1(name));
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("no file %s", name);
+    }
+    file.readLine();
+    std::vector<QStringList> lines;
+    while (!file.atEnd()) {
+        lines.push_back(QString::fromUtf8(file.readLine()).trimmed().split(u','));
+    }
+    return lines;
+}
+
+/// The number of a name, given in the order in which names come.
+int numbered(std::map<QString, int>& names, const QString& name) {
+    return names.try_emplace(name, static_cast<int>(names.size()) + 1).first->second;
+}
+
+/// A year of landings as a port office would record it: what a port landed in a month as one operation, its species as
+/// weighed single species.
+void loadLandings(Connection& db) {
+    std::map<QString, int> ports;
+    std::map<QString, int> species;
+    std::map<std::pair<int, int>, std::map<int, double>> landings;
+    for (const QStringList& line : linesOf("landings_2017_two_ports.csv")) {
+        const int port = numbered(ports, line[1]);
+        landings[{port, line[0].toInt()}][numbered(species, line[5])] += line[7].toDouble() * 1'000;
+    }
+    Transaction transaction(db);
+    for (const auto& [name, number] : ports) {
+        db.execute(Sql("insert into samplingport values (") << number << "," << name << ",1)");
+    }
+    for (const auto& [name, number] : species) {
+        db.execute(Sql("insert into fish(fishno, genus, fishname) values (") << number << "," << name << ",'sp.')");
+    }
+    int operation = 0;
+    for (const auto& [key, weights] : landings) {
+        double total = 0;
+        ++operation;
+        for (const auto& [fish, kg] : weights) {
+            total += kg;
+            db.execute(Sql("insert into group_composition values (")
+                       << operation << "," << fish << ",1," << kg << "," << kg << ")");
+        }
+        db.execute(Sql("insert into fishoperation(optid, portid, optdate, estotal) values (")
+                   << operation << "," << key.first << "," << QDate(2017, key.second, 1) << "," << total << ")");
+        db.execute(Sql("insert into group_main values (1,") << operation << ",'Single species'," << total << ")");
+    }
+    db.execute(Sql("insert into state values (1,'United Kingdom')"));
+    transaction.commit();
+}
+
+/// The expected weights, summed by one field of a file.
+std::map<QString, double> expected(const char* name, int field) {
+    std::map<QString, double> sums;
+    for (const QStringList& line : linesOf(name)) {
+        sums[line[field]] += line[2].toDouble();
+    }
+    return sums;
+}
+
+QString fourDecimals(double value) {
+    return QString::number(value, 'f', 4);
+}
+
+}  // namespace
+
+/// A year of real landings through the report, against sums made elsewhere.
+class TestLandings : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { loadLandings(m_store.db()); }
+
+    void byPortAndByMonth_data() {
+        QTest::addColumn<std::map<QString, double>>("kgByGroup");
+        QTest::addColumn<int>("operations");
+        QTest::newRow("By Sampling Port") << expected("landings_by_port_species.csv", 0) << 12;
+        std::map<QString, double> months;
+        for (const auto& [month, kg] : expected("landings_by_port_month.csv", 1)) {
+            months[QLocale().standaloneMonthName(month.toInt())] = kg;
+        }
+        QTest::newRow("By Month") << months << 2;
+    }
+    void byPortAndByMonth() {
+        using Sums = std::map<QString, double>;
+        QFETCH(Sums, kgByGroup);
+        QFETCH(int, operations);
+        double year = 0;
+        for (const auto& [name, kg] : kgByGroup) {
+            year += kg;
+        }
+        const ResultSet totals = catchTotals(m_store.db(), 2017);
+        const double total = totals.number(0, u"totals").value_or(0);
+        QCOMPARE(fourDecimals(total), fourDecimals(year));
+        QCOMPARE(totals.integer(0, u"totalc"), std::optional(24));
+
+        const auto by =
+            std::ranges::find(catchGroupings(), QString::fromLatin1(QTest::currentDataTag()), &CatchGrouping::option);
+        const ResultSet groups = catchByGroup(m_store.db(), *by, 2017, total);
+        QCOMPARE(groups.rows.size(), kgByGroup.size());
+        for (const auto& row : groups.rows) {
+            const double kg = kgByGroup[row[0].toString()];
+            QCOMPARE(row[1].toInt(), operations);
+            QCOMPARE(fourDecimals(row[2].toDouble()), fourDecimals(kg));
+            QCOMPARE(row[3].toString(), QString::number(kg * 100 / year, 'f', 2));
+        }
+    }
+
+    void speciesOfAPort() {
+        const ResultSet found = m_store.db().query(
+            Sql("select samplingname, genus, sum(group_composition.estotal) as kg from group_composition"
+                " inner join fishoperation on group_composition.optid = fishoperation.optid"
+                " inner join samplingport on portid = samplingid inner join fish on spid = fishno"
+                " group by samplingname, genus"));
+        const std::vector<QStringList> sums = linesOf("landings_by_port_species.csv");
+        QCOMPARE(found.rows.size(), sums.size());
+        for (int row = 0; row < found.rowCount(); ++row) {
+            const QStringList& line = sums[static_cast<std::size_t>(row)];
+            QCOMPARE(found.text(row, u"samplingname") + found.text(row, u"genus"), line[0] + line[1]);
+            QCOMPARE(fourDecimals(*found.number(row, u"kg")), line[2]);
+        }
+    }
+
+private:
+    test::TemporaryStore m_store;
+};
+
+}  // namespace kelvora
+
+KELVORA_TEST(kelvora::TestLandings, "landings");
+#include "test_landings.moc"
