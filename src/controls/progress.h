@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QString>
+
+#include <memory>
+
+class QProgressDialog;
+
+namespace kelvora {
+
+/// How far a piece of work of many steps is, as long as the object lives: a box that appears when the work takes longer
+/// than half a second, and keeps the window alive. The work cannot be given up half way, and takes no other input.
+class Progress {
+public:
+    /// What is being done, as the box says it, and how many steps it has.
+    Progress(QString what, int steps);
+    ~Progress();
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    /// A further step is done.
+    void step();
+
+private:
+    QString m_what;
+    int m_steps;
+    int m_done = 0;
+    QElapsedTimer m_shown;  ///< since the work began, or since the box was last brought up to date
+    std::unique_ptr<QProgressDialog> m_box;
+};
+
+}  // namespace kelvora
