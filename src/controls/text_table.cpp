@@ -6,19 +6,19 @@ void TextTable::setRows(std::vector<QStringList> rows) {
     beginResetModel();
     m_rows.clear();
     for (QStringList& row : rows) {
-        m_rows.push_back(fitted(std::move(row)));
+        m_rows.push_back({fitted(std::move(row))});
     }
     endResetModel();
 }
 
 void TextTable::appendRow(QStringList row) {
     beginInsertRows({}, rowCount(), rowCount());
-    m_rows.push_back(fitted(std::move(row)));
+    m_rows.push_back({fitted(std::move(row))});
     endInsertRows();
 }
 
 void TextTable::setRow(int row, QStringList texts) {
-    m_rows.at(static_cast<std::size_t>(row)) = fitted(std::move(texts));
+    m_rows.at(static_cast<std::size_t>(row)).texts = fitted(std::move(texts));
     Q_EMIT dataChanged(index(row, 0), index(row, m_columns - 1));
 }
 
@@ -26,6 +26,12 @@ void TextTable::removeRow(int row) {
     beginRemoveRows({}, row, row);
     m_rows.erase(m_rows.begin() + row);
     endRemoveRows();
+}
+
+void TextTable::setRowColours(int row, const QColor& background, const QColor& text) {
+    m_rows.at(static_cast<std::size_t>(row)).background = background;
+    m_rows.at(static_cast<std::size_t>(row)).text = text;
+    Q_EMIT dataChanged(index(row, 0), index(row, m_columns - 1));
 }
 
 int TextTable::rowCount(const QModelIndex& parent) const {
@@ -37,10 +43,22 @@ int TextTable::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant TextTable::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole)) {
+    if (!index.isValid()) {
         return {};
     }
-    return row(index.row()).at(index.column());
+    const Row& row = rowAt(index.row());
+    const auto colour = [](const QColor& set) { return set.isValid() ? QVariant(set) : QVariant(); };
+    switch (role) {
+        case Qt::DisplayRole:
+        case Qt::EditRole:
+            return row.texts.at(index.column());
+        case Qt::BackgroundRole:
+            return colour(row.background);
+        case Qt::ForegroundRole:
+            return colour(row.text);
+        default:
+            return {};
+    }
 }
 
 QStringList TextTable::fitted(QStringList row) const {

@@ -1,0 +1,74 @@
+#include "sampling/length_class_grid.h"
+
+#include "controls/text_table.h"
+#include "data/numbers.h"
+
+namespace kelvora {
+namespace {
+
+enum Column { Lower, Upper, Middle, Frequency, ColumnCount };
+
+GridColumns columns() {
+    return {{QStringLiteral("Lower"), 1200, Qt::AlignRight},
+            {QStringLiteral("Upper"), 1200, Qt::AlignRight},
+            {QStringLiteral("Mid-Length"), 1500, Qt::AlignRight},
+            {QStringLiteral("Frequency"), 1500, Qt::AlignRight}};
+}
+
+QStringList rowOf(const LengthClass& c, const QString& frequency = {}) {
+    return {plainText(c.lower), plainText(c.upper), plainText(c.middle()), frequency};
+}
+
+}  // namespace
+
+LengthClassGrid::LengthClassGrid(const QString& name) : Grid(name), m_rows(new TextTable(ColumnCount, this)) {
+    show(m_rows, columns());
+}
+
+void LengthClassGrid::showNothing() {
+    m_rows->setRows({QStringList()});
+}
+
+void LengthClassGrid::showTable(double interval) {
+    std::vector<QStringList> rows;
+    for (const LengthClass& c : classTable(interval)) {
+        rows.push_back(rowOf(c));
+    }
+    rows.emplace_back();
+    rows.push_back({QStringLiteral("TOTAL")});
+    m_rows->setRows(std::move(rows));
+    scrollToTop();
+}
+
+void LengthClassGrid::startWith(const LengthClass& first) {
+    m_rows->setRows({rowOf(first)});
+    highlight(0);
+}
+
+void LengthClassGrid::enter(const LengthClass& counted, double frequency, const LengthClass& next) {
+    const int last = rowCount() - 1;
+    m_rows->setRow(last, rowOf(counted, plainText(frequency)));
+    highlight(last);
+    m_rows->appendRow(rowOf(next));
+    scrollToBottom();
+}
+
+std::vector<CountedClass> LengthClassGrid::counted() const {
+    std::vector<CountedClass> classes;
+    for (int i = 0; i + 1 < rowCount(); ++i) {
+        const QStringList& row = m_rows->row(i);
+        if (!row.at(Frequency).isEmpty()) {
+            classes.push_back({{leadingNumber(row.at(Lower)), leadingNumber(row.at(Upper))},
+                               leadingNumber(row.at(Middle)),
+                               leadingNumber(row.at(Frequency))});
+        }
+    }
+    return classes;
+}
+
+void LengthClassGrid::highlight(int row) {
+    // A light blue, with a text colour that is read on it in dark mode too.
+    m_rows->setRowColours(row, QColor(0xb0, 0xd5, 0xe6), QColor(0x1f, 0x2a, 0x30));
+}
+
+}  // namespace kelvora

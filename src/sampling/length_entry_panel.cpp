@@ -1,0 +1,318 @@
+#include "sampling/length_entry_panel.h"
+
+#include "controls/bound_list.h"
+#include "controls/dialogs.h"
+#include "controls/fields.h"
+#include "controls/guard.h"
+#include "data/numbers.h"
+#include "operations/finder_panel.h"
+#include "sampling/length_class_grid.h"
+
+#include <QGridLayout>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace kelvora {
+namespace {
+
+/// Room between the frame around the waiting class and what is in it.
+constexpr int kInset = 10;
+
+/// A button that Enter presses as Space does, since the hand stays on the keyboard.
+QPushButton* keyButton(const QString& caption) {
+    auto* button = new QPushButton(caption);
+    button->setAutoDefault(true);
+    return button;
+}
+
+}  // namespace
+
+LengthEntryPanel::LengthEntryPanel(const FinderPanel& finder, Connection& connection, const Context& context)
+    : m_finder(finder),
+      m_connection(connection),
+      m_context(context),
+      m_operation(new QLabel),
+      m_species(new BoundList),
+      m_interval(numberField()),
+      m_weight(numberField()),
+      m_lowerLimit(numberField()),
+      m_start(keyButton(tr("&START INPUT>>"))),
+      m_frame(new QFrame),
+      m_currentClass(new ValueLabel),
+      m_frequency(numberField()),
+      m_finish(keyButton(tr("&FINISH"))),
+      m_save(keyButton(tr("SA&VE"))),
+      m_clear(keyButton(tr("&CLEAR"))),
+      m_grid(new LengthClassGrid(tr("Length classes"))) {
+    auto* layout = new QGridLayout(this);
+    layout->addWidget(m_operation, 0, 0, 1, 2);
+    layout->addWidget(createForm(), 1, 0);
+    layout->addWidget(createFrequencyFrame(), 2, 0);
+    layout->addWidget(createButtons(), 3, 0);
+    layout->addWidget(m_grid, 1, 1, 4, 1);
+    layout->setRowStretch(4, 1);
+    layout->setColumnStretch(0, 2);
+    layout->setColumnStretch(1, 3);
+    layout->setHorizontalSpacing(16);
+
+    connectFields();
+    clear();
+    nameOperation();
+}
+
+QWidget* LengthEntryPanel::createForm() {
+    auto* form = new QWidget;
+    auto* layout = new QGridLayout(form);
+    layout->setContentsMargins(0, 0, kInset, 0);
+    // The boxes stand above those of the frame, whose caption is the longest.
+    layout->setColumnMinimumWidth(0, fontMetrics().horizontalAdvance(tr("Lower-Upper Length")) + kInset);
+    layout->setColumnStretch(1, 1);
+    addField(layout, 0, 0, tr("Species"), m_species);
+    addField(layout, 1, 0, tr("Class Interval"), m_interval);
+    addField(layout, 2, 0, tr("Sampling weight"), m_weight);
+    addField(layout, 3, 0, tr("Lower limit(cm)"), m_lowerLimit);
+    layout->addWidget(m_start, 4, 1, Qt::AlignRight);
+    return form;
+}
+
+QFrame* LengthEntryPanel::createFrequencyFrame() {
+    QFont large = m_currentClass->font();
+    large.setPointSizeF(large.pointSizeF() * 1.5);
+    large.setBold(true);
+    m_currentClass->setFont(large);
+    m_frequency->setFont(large);
+    m_frequency->setAccessibleName(tr("Frequency"));
+    m_frequency->setPlaceholderText(tr("Frequency"));
+
+    m_frame->setFrameShape(QFrame::StyledPanel);
+    auto* layout = new QGridLayout(m_frame);
+    layout->setContentsMargins(kInset - 1, kInset, kInset - 1, kInset);
+    layout->setColumnStretch(1, 1);
+    addField(layout, 0, 0, tr("Lower-Upper Length"), m_currentClass);
+    layout->addWidget(m_frequency, 1, 1);
+    layout->addWidget(m_finish, 2, 1, Qt::AlignRight);
+    return m_frame;
+}
+
+QWidget* LengthEntryPanel::createButtons() {
+    auto* buttons = new QWidget;
+    auto* layout = new QHBoxLayout(buttons);
+    layout->setContentsMargins(0, 0, kInset, 0);
+    layout->addStretch(1);
+    layout->addWidget(m_save);
+    layout->addWidget(m_clear);
+    return buttons;
+}
+
+void LengthEntryPanel::connectFields() {
+    Dialogs& dialogs = m_context.dialogs;
+    connect(m_species, &BoundList::chosen, this, guarded(dialogs, [this] { onSpeciesChosen(); }));
+    connect(m_species, &QComboBox::editTextChanged, this, guarded(dialogs, [this] { onSpeciesChosen(); }));
+    connect(m_interval, &QLineEdit::textChanged, this, &LengthEntryPanel::onIntervalChanged);
+    connect(m_start, &QPushButton::clicked, this, guarded(dialogs, [this] { onStart(); }));
+    connect(m_frequency, &QLineEdit::returnPressed, this, &LengthEntryPanel::onFrequency);
+    connect(m_finish, &QPushButton::clicked, this, &LengthEntryPanel::onFinish);
+    connect(m_save, &QPushButton::clicked, this, guarded(dialogs, [this] { onSave(); }));
+    connect(m_clear, &QPushButton::clicked, this, [this] {
+        clear();
+        m_species->setFocus();
+    });
+}
+
+void LengthEntryPanel::nameOperation() {
+    const QString number = m_finder.currentOperation();
+    m_operation->setText(number.isEmpty()
+                             ? tr("No fishing operation is chosen: find one on the tab \"Fishing Operation\".")
+                             : tr("Fishing operation no. %1").arg(number));
+}
+
+void LengthEntryPanel::reset() {
+    m_currentClass->clear();
+    m_grid->showNothing();
+    nameOperation();
+}
+
+void LengthEntryPanel::refresh() {
+    nameOperation();
+    const bool filled = runGuarded(m_context.dialogs, [this] {
+        const int operation = m_finder.operation().value();
+        m_species->setSource(m_connection.model(sampledSpecies(operation)), QStringLiteral("Species"),
+                             QStringLiteral("spid"));
+    });
+    if (!filled) {
+        // Rather no species than those of another operation.
+        m_species->clearSource();
+    }
+}
+
+std::optional<int> LengthEntryPanel::species() const {
+    const QVariant key = m_species->key();
+    return key.isValid() ? std::optional(key.toInt()) : std::nullopt;
+}
+
+void LengthEntryPanel::onSpeciesChosen() {
+    const std::optional<int> chosen = species();
+    if (!chosen || chosen == m_shownSpecies) {
+        return;
+    }
+    const std::optional<double> interval = storedInterval(m_connection, *chosen);
+    m_shownSpecies = chosen;
+    m_interval->setText(interval ? plainText(*interval) : QString());
+    m_interval->setEnabled(!interval);
+}
+
+void LengthEntryPanel::onIntervalChanged() {
+    if (!m_interval->text().isEmpty()) {
+        m_grid->showTable(leadingNumber(m_interval->text()));
+    }
+}
+
+LengthStart LengthEntryPanel::typedStart() const {
+    return {species(), m_finder.operation(), m_interval->text(), m_weight->text(), m_lowerLimit->text()};
+}
+
+void LengthEntryPanel::onStart() {
+    onSpeciesChosen();  // its interval may have been unreadable when it was chosen
+    const LengthStart start = typedStart();
+    if (const auto refusal = startRefusal(start)) {
+        refuse(*refusal);
+        return;
+    }
+    if (!giveWay(*start.operation, *start.species)) {
+        clear();
+        m_species->setFocus();
+        return;
+    }
+    m_startedOperation = start.operation;
+    startAt(classHolding(leadingNumber(start.lowerLimit), leadingNumber(start.interval)).value());
+}
+
+bool LengthEntryPanel::giveWay(int operation, int species) {
+    if (!hasLengthSample(m_connection, operation, species)) {
+        return true;
+    }
+    if (!m_context.dialogs.confirm(tr("CONFORM"),
+                                   tr("This species have lenght frequency data in database. Do you want to update?"))) {
+        return false;
+    }
+    deleteLengthSample(m_connection, operation, species);
+    return true;
+}
+
+void LengthEntryPanel::startAt(const LengthClass& first) {
+    m_current = first;
+    m_currentClass->setText(plainText(first.lower) + QStringLiteral(" - ") + plainText(first.upper));
+    m_grid->startWith(first);
+    m_finish->setEnabled(false);
+    m_frame->show();
+    m_frequency->setFocus();
+    m_start->setEnabled(false);
+    m_weight->setEnabled(false);
+    m_lowerLimit->setEnabled(false);
+}
+
+void LengthEntryPanel::onFrequency() {
+    const QString typed = m_frequency->text();
+    if (typed.isEmpty()) {
+        return;
+    }
+    if (!isFrequency(typed)) {
+        m_context.dialogs.message(tr("ERROR"), tr("Numeric Only"));
+        m_frequency->clear();
+        m_frequency->setFocus();
+        return;
+    }
+    if (const auto refusal = intervalRefusal(m_interval->text())) {
+        refuse(*refusal);
+        return;
+    }
+    m_finish->setEnabled(true);
+    const LengthClass next = nextClass(m_current.upper, leadingNumber(m_interval->text()));
+    m_grid->enter(m_current, leadingNumber(typed), next);
+    m_current = next;
+    m_currentClass->setText(plainText(m_current.lower) + u'-' + plainText(m_current.upper));
+    m_frequency->clear();
+    m_frequency->setFocus();
+}
+
+void LengthEntryPanel::onFinish() {
+    m_save->show();
+    m_clear->show();
+    m_save->setFocus();
+    m_finish->setEnabled(false);
+}
+
+bool LengthEntryPanel::mayBeSaved(const std::vector<CountedClass>& classes) {
+    const LengthStart start = typedStart();
+    if (const auto refusal = saveRefusal(start)) {
+        refuse(*refusal);
+        return false;
+    }
+    const auto [operation, started] = std::pair(*start.operation, m_startedOperation.value_or(0));
+    QString problem;
+    if (operation != started) {
+        problem = tr("This sample belongs to fishing operation no. %1: go back to it to save").arg(started);
+    } else if (classes.empty()) {
+        problem = tr("There is no length class with a frequency to save");
+    } else if (hasLengthSample(m_connection, operation, *start.species)) {
+        problem = tr("This species has a length sample in this operation already");
+    }
+    if (!problem.isEmpty()) {
+        m_context.dialogs.message(tr("ERROR"), problem);
+    }
+    return problem.isEmpty();
+}
+
+void LengthEntryPanel::onSave() {
+    onSpeciesChosen();
+    const std::vector<CountedClass> classes = m_grid->counted();
+    if (!mayBeSaved(classes) || !m_context.dialogs.confirm(tr("Confirm"), tr("Are you sure to insert this data"))) {
+        return;
+    }
+    storeLengthSample(m_connection, {m_finder.operation().value(), species().value(), leadingNumber(m_weight->text()),
+                                     leadingNumber(m_interval->text()), classes});
+    clear();
+    m_species->setFocus();
+}
+
+void LengthEntryPanel::clear() {
+    m_grid->showNothing();
+    m_species->setText({});
+    m_shownSpecies.reset();
+    m_startedOperation.reset();
+    for (QLineEdit* box : {m_interval, m_lowerLimit, m_weight, m_frequency}) {
+        box->clear();
+        box->setEnabled(true);
+    }
+    m_currentClass->clear();
+    m_frame->hide();
+    m_start->setEnabled(true);
+    m_save->hide();
+    m_clear->hide();
+}
+
+QLineEdit* LengthEntryPanel::boxOf(LengthRefusal::Field field) const {
+    switch (field) {
+        case LengthRefusal::Field::Species:
+            return m_species->lineEdit();
+        case LengthRefusal::Field::Interval:
+            return m_interval;
+        case LengthRefusal::Field::Weight:
+            return m_weight;
+        case LengthRefusal::Field::LowerLimit:
+            return m_lowerLimit;
+        case LengthRefusal::Field::Operation:
+            break;
+    }
+    return nullptr;
+}
+
+void LengthEntryPanel::refuse(const LengthRefusal& refusal) {
+    m_context.dialogs.message(tr("ERROR"), refusal.message);
+    if (QLineEdit* box = boxOf(refusal.field)) {
+        box->setFocus();
+        box->selectAll();
+    }
+}
+
+}  // namespace kelvora

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "controls/session.h"
+#include "sampling/length_checks.h"
+#include "sampling/length_store.h"
+
+#include <QWidget>
+
+#include <optional>
+
+class QFrame;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace kelvora {
+
+class BoundList;
+class FinderPanel;
+class LengthClassGrid;
+class ValueLabel;
+
+/// The entry of one length-frequency sample: the classes follow from an interval and a lower limit, and the sampler
+/// types the counts, one class after the other. What is typed lives here alone until SAVE.
+class LengthEntryPanel : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The finder says which operation is current; it and the connection are the screen's and outlive the panel.
+    LengthEntryPanel(const FinderPanel& finder, Connection& connection, const Context& context);
+
+    /// No operation is current any more.
+    void reset();
+    /// Another operation is current: offers the species of its composition.
+    void refresh();
+
+private:
+    QWidget* createForm();
+    QFrame* createFrequencyFrame();
+    QWidget* createButtons();
+    void connectFields();
+    void nameOperation();
+
+    void onSpeciesChosen();
+    void onIntervalChanged();
+    void onStart();
+    void onFrequency();
+    void onFinish();
+    void onSave();
+    void clear();
+
+    [[nodiscard]] std::optional<int> species() const;
+    [[nodiscard]] LengthStart typedStart() const;
+    bool giveWay(int operation, int species);
+    void startAt(const LengthClass& first);
+    [[nodiscard]] QLineEdit* boxOf(LengthRefusal::Field field) const;
+    void refuse(const LengthRefusal& refusal);
+    bool mayBeSaved(const std::vector<CountedClass>& classes);
+
+    const FinderPanel& m_finder;
+    Connection& m_connection;
+    Context m_context;
+
+    QLabel* m_operation;
+    BoundList* m_species;
+    QLineEdit* m_interval;
+    QLineEdit* m_weight;
+    QLineEdit* m_lowerLimit;
+    QPushButton* m_start;
+    QFrame* m_frame;
+    ValueLabel* m_currentClass;
+    QLineEdit* m_frequency;
+    QPushButton* m_finish;
+    QPushButton* m_save;
+    QPushButton* m_clear;
+    LengthClassGrid* m_grid;
+
+    std::optional<int> m_shownSpecies;      ///< the species whose interval is in its box
+    std::optional<int> m_startedOperation;  ///< the operation whose catch is being measured
+    LengthClass m_current;                  ///< the class that waits for its count
+};
+
+}  // namespace kelvora
