@@ -2,9 +2,23 @@
 
 #include "data/store.h"
 
-namespace kelvora::test {
+#include <QDir>
+#include <QFileInfo>
 
-TemporaryStore::TemporaryStore() : m_path(m_folder.filePath(QStringLiteral("kelvora_db.sqlite"))) {
+namespace kelvora::test {
+namespace {
+
+/// In memory where there is such a folder: a test stores hundreds of fish, each for good on its own, and a disk takes
+/// its time to promise that.
+QString folderTemplate() {
+    const QString memory = QStringLiteral("/dev/shm");
+    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + QStringLiteral("/kelvora-test-XXXXXX");
+}
+
+}  // namespace
+
+TemporaryStore::TemporaryStore()
+    : m_folder(folderTemplate()), m_path(m_folder.filePath(QStringLiteral("kelvora_db.sqlite"))) {
     prepareStore(m_path);
     m_db = std::make_unique<Connection>(m_path);
     session.login = QStringLiteral("Administrator");

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "sampling/gonad_fish.h"
+
+#include <QWidget>
+
+#include <vector>
+
+class QGridLayout;
+class QLineEdit;
+
+namespace kelvora {
+
+class BoundList;
+class Connection;
+class FixedList;
+
+/// The fields of one fish, in the order in which it is measured. Enter goes from field to field, so that one hand can
+/// stay on the measuring board; a sex is chosen with its first letter, a stage with its number.
+class FishFields : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Reads the maturity stages.
+    explicit FishFields(Connection& connection);
+
+    /// The fish as typed.
+    [[nodiscard]] GonadFish fish() const;
+    /// Makes ready for the next fish: the measurements are emptied, the sex is the first of its list. The stage stays,
+    /// since the fish of a catch are often of one stage.
+    void startNext();
+    /// Empties all fields.
+    void clear();
+    void setLocked(bool locked);
+    /// Puts the keyboard into the first field.
+    void focusFirst();
+    /// Empties a field that was refused, and puts the keyboard into it.
+    void refuse(FishField field);
+
+Q_SIGNALS:
+    /// Enter in the last field.
+    void completed();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct Measurement {
+        FishField field;
+        QLineEdit* box;
+    };
+
+    void addMeasurement(const QString& caption, const QString& unit, FishField field);
+    void addRow(const QString& caption, QWidget* field);
+    bool onSexKey(const QString& letter);
+    void onStageTyped(const QString& text);
+    void settleStage();
+    void leave(const QObject* field);
+
+    QGridLayout* m_form;
+    FixedList* m_sex;
+    BoundList* m_stage;
+    std::vector<Measurement> m_measurements;
+    std::vector<QWidget*> m_order;
+};
+
+}  // namespace kelvora

@@ -1,0 +1,298 @@
+#include "sampling/gonad_entry_panel.h"
+
+#include "controls/bound_list.h"
+#include "controls/dialogs.h"
+#include "controls/fields.h"
+#include "controls/guard.h"
+#include "controls/progress.h"
+#include "data/csv_reader.h"
+#include "data/numbers.h"
+#include "operations/finder_panel.h"
+#include "sampling/fish_fields.h"
+#include "sampling/gonad_import.h"
+#include "sampling/measured_fish_grid.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace kelvora {
+namespace {
+
+/// The species recorded in an operation's composition: only what was in the catch can have been measured.
+Sql speciesOfCatch(int operation) {
+    return Sql("SELECT distinct spid,fish.genus & ' ' & fish.fishname AS Species")
+           << " FROM fish INNER JOIN group_composition ON fish.fishno = group_composition.spid where optid = "
+           << operation << " order by fish.genus & ' ' & fish.fishname";
+}
+
+/// A button that Enter presses too, once the keyboard is on it.
+QPushButton* keyButton(const QString& caption) {
+    auto* button = new QPushButton(caption);
+    button->setAutoDefault(true);
+    return button;
+}
+
+/// Why the fish could not be stored, in the words for a sampler.
+QString reasonOf(const std::exception& failure) {
+    const auto* known = dynamic_cast<const DataError*>(&failure);
+    return known != nullptr && !known->reason().isEmpty() ? known->reason() : QString::fromUtf8(failure.what());
+}
+
+}  // namespace
+
+GonadEntryPanel::GonadEntryPanel(const FinderPanel& finder, Connection& connection, const Context& context)
+    : m_finder(finder),
+      m_connection(connection),
+      m_dialogs(context.dialogs),
+      m_operationName(new QLabel),
+      m_species(new BoundList),
+      m_weight(numberField()),
+      m_start(keyButton(tr("ADD SAMPLING >>"))),
+      m_import(keyButton(tr("IMPORT"))),
+      m_fields(new FishFields(connection)),
+      m_next(keyButton(tr("NEXT>>"))),
+      m_grid(new MeasuredFishGrid(context.dialogs)),
+      m_save(keyButton(tr("SAVE"))),
+      m_clear(keyButton(tr("CLEAR"))) {
+    QFont strong = m_operationName->font();
+    strong.setBold(true);
+    m_operationName->setFont(strong);
+    auto* layout = new QGridLayout(this);
+    layout->setHorizontalSpacing(24);
+    layout->setVerticalSpacing(12);
+    layout->addWidget(m_operationName, 0, 0, 1, 2);
+    layout->addWidget(createSampleLine(), 1, 0, 1, 2);
+    layout->addWidget(createFishForm(), 2, 0);
+    layout->addWidget(createGridSide(), 2, 1);
+    layout->setColumnStretch(1, 1);
+    layout->setRowStretch(2, 1);
+    connectHandlers();
+    reset();
+}
+
+QWidget* GonadEntryPanel::createSampleLine() {
+    auto* line = new QWidget;
+    auto* form = new QGridLayout(line);
+    form->setContentsMargins({});
+    m_species->setMinimumWidth(320);
+    m_species->setMaximumWidth(480);
+    addField(form, 0, 0, tr("Species"), m_species);
+    form->setColumnMinimumWidth(2, 12);
+    addField(form, 0, 3, tr("Sampling weight"), m_weight);
+    m_weight->setMaximumWidth(140);
+    form->addWidget(new QLabel(tr("kg")), 0, 5);
+    form->setColumnMinimumWidth(6, 12);
+    form->addWidget(m_start, 0, 7);
+    form->addWidget(m_import, 0, 8);
+    form->setColumnStretch(1, 1);
+    form->setColumnStretch(9, 1);
+    return line;
+}
+
+QWidget* GonadEntryPanel::createFishForm() {
+    auto* side = new QWidget;
+    auto* layout = new QVBoxLayout(side);
+    layout->setContentsMargins({});
+    layout->setSpacing(12);
+    layout->addWidget(m_fields);
+    layout->addWidget(m_next);
+    layout->addStretch(1);
+    side->setFixedWidth(270);
+    return side;
+}
+
+QWidget* GonadEntryPanel::createGridSide() {
+    auto* side = new QWidget;
+    auto* layout = new QVBoxLayout(side);
+    layout->setContentsMargins({});
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(m_save);
+    buttons->addWidget(m_clear);
+    layout->addWidget(m_grid, 1);
+    layout->addLayout(buttons);
+    return side;
+}
+
+void GonadEntryPanel::connectHandlers() {
+    const auto onClick = [this](QPushButton* button, void (GonadEntryPanel::*handler)()) {
+        connect(button, &QPushButton::clicked, this, guarded(m_dialogs, [this, handler] { (this->*handler)(); }));
+    };
+    onClick(m_start, &GonadEntryPanel::onStart);
+    onClick(m_import, &GonadEntryPanel::onImport);
+    onClick(m_next, &GonadEntryPanel::onNext);
+    onClick(m_save, &GonadEntryPanel::onSave);
+    onClick(m_clear, &GonadEntryPanel::clear);
+    connect(m_fields, &FishFields::completed, m_next, &QPushButton::click);
+    connect(m_grid, &MeasuredFishGrid::deleted, this, &GonadEntryPanel::showWeight);
+    connect(m_species, &BoundList::chosen, this, [this] { m_start->setEnabled(true); });
+}
+
+void GonadEntryPanel::nameOperation() {
+    m_operationName->setText(m_operation
+                                 ? tr("Fishing Information No. %1").arg(*m_operation)
+                                 : tr("No fishing operation is chosen: find one on the tab \"Fishing Operation\"."));
+}
+
+void GonadEntryPanel::reset() {
+    m_operation.reset();
+    m_species->clearSource();
+    clear();
+    nameOperation();
+}
+
+void GonadEntryPanel::refresh() {
+    const std::optional<int> operation = m_finder.operation();
+    if (operation != m_operation) {
+        // Stepping from one operation to the next: the fish measured so far are not of its catch.
+        reset();
+    }
+    runGuarded(m_dialogs, [&] {
+        m_species->setSource(m_connection.model(speciesOfCatch(operation.value())), u"Species"_qs, u"spid"_qs);
+        m_operation = operation;
+    });
+    nameOperation();
+}
+
+void GonadEntryPanel::onStart() {
+    if (!hasSpecies()) {
+        return;
+    }
+    m_import->setEnabled(true);
+    m_next->setEnabled(true);
+    m_start->setEnabled(false);
+    // Without a fish there is nothing to save; fish that were measured before the species was put right are kept.
+    m_save->setEnabled(!m_grid->fish().empty());
+    m_fields->setLocked(false);
+    m_fields->focusFirst();
+}
+
+void GonadEntryPanel::onNext() {
+    if (!m_dialogs.confirm(kGonadTitle.toString(), tr("Are you sure to add this sampling"))) {
+        return;
+    }
+    const GonadFish fish = m_fields->fish();
+    if (const std::optional<FishRefusal> refusal = fishRefusal(fish)) {
+        m_dialogs.message(kGonadTitle.toString(), refusal->message);
+        m_fields->refuse(refusal->field);
+        return;
+    }
+    m_grid->append(fish);
+    showWeight();
+    m_fields->startNext();
+    m_fields->focusFirst();
+    m_save->setEnabled(true);
+}
+
+void GonadEntryPanel::onImport() {
+    if (!hasSpecies()) {
+        return;
+    }
+    const std::optional<QString> path = m_dialogs.openFile(Dialogs::FileKind::Any);
+    if (path) {
+        runGuarded(m_dialogs, [&] { importFile(*path); });
+        m_save->setEnabled(true);
+    }
+}
+
+void GonadEntryPanel::importFile(const QString& path) {
+    const QByteArray bytes = readImportFile(path);
+    if (bytes.isEmpty()) {
+        m_dialogs.message(tr("No data in this file"));
+        return;
+    }
+    std::optional<std::vector<GonadFish>> fish = importedFish(decodedText(bytes));
+    if (!fish) {
+        m_dialogs.message(tr("ERROR"), tr("Error File Format"));
+        return;
+    }
+    m_grid->setFish(std::move(*fish));
+    showWeight();
+    m_start->setEnabled(false);
+}
+
+void GonadEntryPanel::onSave() {
+    const std::optional<GonadSample> sample = sampleToStore();
+    if (!sample || !m_dialogs.confirm(tr("Confirm"), tr("Are you sure to add this data to database"))) {
+        return;
+    }
+    const int storedBefore = m_stored.fish;
+    const int all = storedBefore + static_cast<int>(sample->fish.size());
+    try {
+        store(*sample);
+    } catch (const std::exception& failure) {
+        m_grid->removeFirst(m_stored.fish - storedBefore);
+        // The rest belongs to the sample whose first fish are stored, so to the same species.
+        m_species->setEnabled(m_stored.isEmpty());
+        m_dialogs.message(
+            tr("%1 of %2 fish are stored: %3.\n\nThe others are still in the grid. Press SAVE again to store "
+               "them.")
+                .arg(QString::number(m_stored.fish), QString::number(all), reasonOf(failure)));
+        return;
+    }
+    endSample();
+    m_start->setEnabled(false);
+    m_species->setFocus();
+}
+
+std::optional<GonadSample> GonadEntryPanel::sampleToStore() {
+    if (!hasSpecies()) {
+        return std::nullopt;
+    }
+    if (m_grid->fish().empty() && m_stored.isEmpty()) {
+        m_dialogs.message(tr("There is no fish in the grid. Nothing was stored."));
+        return std::nullopt;
+    }
+    const std::optional<double> weight = toNumber(m_weight->text());
+    if (!weight || *weight < 0) {
+        m_dialogs.message(kGonadTitle.toString(), tr("Please input Sampling weight in numeric"));
+        showWeight();
+        m_weight->setFocus(Qt::TabFocusReason);
+        return std::nullopt;
+    }
+    return GonadSample{*m_operation, m_species->key().toInt(), *weight, m_grid->fish()};
+}
+
+void GonadEntryPanel::store(const GonadSample& sample) {
+    Progress progress(tr("Storing the fish…"), static_cast<int>(sample.fish.size()));
+    storeGonadSample(m_connection, sample, m_stored, [&progress] { progress.step(); });
+}
+
+void GonadEntryPanel::clear() {
+    m_fields->clear();
+    endSample();
+    m_start->setEnabled(true);
+}
+
+void GonadEntryPanel::endSample() {
+    m_stored = {};
+    m_grid->setFish({});
+    m_species->setText({});
+    m_species->setEnabled(true);
+    m_weight->setText(u"0"_qs);
+    m_fields->setLocked(true);
+    m_next->setEnabled(false);
+    m_import->setEnabled(false);
+    m_save->setEnabled(false);
+}
+
+bool GonadEntryPanel::hasSpecies() {
+    if (!m_species->key().isValid()) {
+        m_dialogs.message(tr("select species"));
+        return false;
+    }
+    if (m_operation != m_finder.operation()) {
+        // The finder stands on an operation that was deleted meanwhile.
+        m_dialogs.message(tr("Please choose a fishing operation first"));
+        return false;
+    }
+    return true;
+}
+
+void GonadEntryPanel::showWeight() {
+    m_weight->setText(samplingWeightText(m_stored.bodyWeights + bodyWeightSum(m_grid->fish())));
+}
+
+}  // namespace kelvora

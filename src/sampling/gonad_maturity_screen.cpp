@@ -1,0 +1,27 @@
+#include "sampling/gonad_maturity_screen.h"
+
+#include "operations/finder_panel.h"
+#include "sampling/gonad_entry_panel.h"
+
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace kelvora {
+
+GonadMaturityScreen::GonadMaturityScreen(const Context& context, Connection::Patience patience)
+    : Screen(tr("Gonad Matuarity Detail"), context),
+      m_connection(context.databasePath, patience),
+      m_finder(new FinderPanel(tr("Fishing Information No."), m_connection, context)),
+      m_entry(new GonadEntryPanel(*m_finder, m_connection, context)) {
+    auto* tabs = new QTabWidget;
+    tabs->addTab(m_finder, tr("Fishing Operation"));
+    tabs->addTab(m_entry, tr("Gonad Maturity Detail"));
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(tabs);
+
+    connect(m_finder, &FinderPanel::cleared, m_entry, &GonadEntryPanel::reset);
+    connect(m_finder, &FinderPanel::loaded, m_entry, &GonadEntryPanel::refresh);
+    m_finder->open(false);
+}
+
+}  // namespace kelvora

@@ -1,0 +1,106 @@
+#include "sampling/measured_fish_grid.h"
+
+#include "controls/captioned_grid.h"
+#include "controls/dialogs.h"
+#include "controls/guard.h"
+#include "controls/text_table.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace kelvora {
+namespace {
+
+GridColumns fishColumns() {
+    return {{QObject::tr("No."), 500, Qt::AlignRight},    {QObject::tr("TL(mm)"), 800, Qt::AlignRight},
+            {QObject::tr("BL(mm)"), 800, Qt::AlignRight}, {QObject::tr("FL(mm)"), 800, Qt::AlignRight},
+            {QObject::tr("SL(mm)"), 800, Qt::AlignRight}, {QObject::tr("BW(g)"), 800, Qt::AlignRight},
+            {QObject::tr("SEX"), 800, Qt::AlignHCenter},  {QObject::tr("STAGE"), 700, Qt::AlignHCenter},
+            {QObject::tr("GW(g)"), 800, Qt::AlignRight}};
+}
+
+QStringList gridRow(std::size_t number, const GonadFish& fish) {
+    return {QString::number(number), fish.tl, fish.bl, fish.fl, fish.sl, fish.bw, fish.sex, fish.stage, fish.gw};
+}
+
+}  // namespace
+
+MeasuredFishGrid::MeasuredFishGrid(Dialogs& dialogs)
+    : m_dialogs(dialogs),
+      m_grid(new Grid(tr("Measured fish"))),
+      m_rows(new TextTable(static_cast<int>(fishColumns().size()), this)) {
+    m_grid->show(m_rows, fishColumns());
+    m_grid->installEventFilter(this);
+    auto* note = new QLabel(tr("* Double Click for delete row"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(m_grid, 1);
+    layout->addWidget(note);
+    connect(m_grid, &Grid::doubleClicked, this, [this](const QModelIndex& index) { askAndDelete(index.row()); });
+    showFish();
+}
+
+void MeasuredFishGrid::setFish(std::vector<GonadFish> fish) {
+    m_fish = std::move(fish);
+    showFish();
+}
+
+void MeasuredFishGrid::append(const GonadFish& fish) {
+    m_fish.push_back(fish);
+    m_rows->setRow(m_rows->rowCount() - 1, gridRow(m_fish.size(), fish));
+    m_rows->appendRow({});
+    m_grid->setEnabled(true);
+    m_grid->scrollToBottom();
+}
+
+void MeasuredFishGrid::removeFirst(int count) {
+    m_fish.erase(m_fish.begin(), m_fish.begin() + count);
+    showFish();
+}
+
+bool MeasuredFishGrid::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Delete) {
+        askAndDelete(m_grid->currentRow());
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void MeasuredFishGrid::askAndDelete(int row) {
+    const int count = static_cast<int>(m_fish.size());
+    if (row < 0 || row >= count) {
+        return;
+    }
+    runGuarded(m_dialogs, [&] {
+        if (!m_dialogs.confirm(tr("Confirm"), tr("Are you sure for delete sampling '%1'").arg(row + 1))) {
+            return;
+        }
+        m_fish.erase(m_fish.begin() + row);
+        m_rows->removeRow(row);
+        for (int i = row; i < count - 1; ++i) {
+            m_rows->setRow(i, gridRow(static_cast<std::size_t>(i) + 1, m_fish[static_cast<std::size_t>(i)]));
+        }
+        m_grid->setEnabled(!m_fish.empty());
+        if (!m_fish.empty()) {
+            m_grid->selectRow(std::min(row, count - 2));
+        }
+        Q_EMIT deleted();
+    });
+}
+
+void MeasuredFishGrid::showFish() {
+    std::vector<QStringList> rows;
+    rows.reserve(m_fish.size() + 1);
+    for (const GonadFish& one : m_fish) {
+        rows.push_back(gridRow(rows.size() + 1, one));
+    }
+    rows.emplace_back();
+    m_rows->setRows(std::move(rows));
+    m_grid->setEnabled(!m_fish.empty());
+    m_grid->scrollToTop();
+}
+
+}  // namespace kelvora

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "sampling/gonad_fish.h"
+
+#include <QWidget>
+
+#include <vector>
+
+namespace kelvora {
+
+class Dialogs;
+class Grid;
+class TextTable;
+
+/// The fish that are measured but not stored yet, numbered from 1, with a blank row below for the next one. A double
+/// click on a fish, or the Delete key, deletes it after a question.
+class MeasuredFishGrid : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit MeasuredFishGrid(Dialogs& dialogs);
+
+    [[nodiscard]] const std::vector<GonadFish>& fish() const { return m_fish; }
+    void setFish(std::vector<GonadFish> fish);
+    /// Adds a fish at the bottom, and brings it into sight.
+    void append(const GonadFish& fish);
+    /// Takes out so many fish at the top.
+    void removeFirst(int count);
+
+Q_SIGNALS:
+    /// The sampler deleted a fish.
+    void deleted();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void askAndDelete(int row);
+    void showFish();
+
+    Dialogs& m_dialogs;
+    Grid* m_grid;
+    TextTable* m_rows;
+    std::vector<GonadFish> m_fish;
+};
+
+}  // namespace kelvora
