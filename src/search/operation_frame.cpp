@@ -25,8 +25,18 @@ QLineEdit* angleBox(const QString& name) {
     QPalette flat = box->palette();
     flat.setBrush(QPalette::Base, Qt::transparent);
     box->setPalette(flat);
-    box->setFixedWidth(box->fontMetrics().averageCharWidth() * 8);
+    box->setFixedSize(box->fontMetrics().averageCharWidth() * 8, box->fontMetrics().height() + 4);
     return box;
+}
+
+/// Selects an option or not. None can be pressed, but the selected one is a value to read and not greyed out.
+void select(QRadioButton& option, bool on) {
+    option.setChecked(on);
+    QPalette palette;
+    if (on) {
+        palette.setColor(QPalette::Disabled, QPalette::WindowText, palette.color(QPalette::Active, QPalette::Text));
+    }
+    option.setPalette(palette);
 }
 
 }  // namespace
@@ -65,6 +75,9 @@ OperationFrame::OperationFrame(QWidget* parent) : QGroupBox(QStringLiteral("Fish
                   {QStringLiteral(" Duration of Trip(days)"), QStringLiteral("dulation")},
                   {QStringLiteral(" Estimate Total Catch(kg/trip)"), QStringLiteral("estotal")},
                   {QStringLiteral(" Recorder"), QStringLiteral("interviewer")}});
+    for (int row = 0; row <= kNoteRow; ++row) {
+        form->setRowMinimumHeight(row, fontMetrics().height() + 6);
+    }
     QWidget* note = form->itemAtPosition(kNoteRow, kFirst + 1)->widget();
     form->addWidget(note, kNoteRow, kFirst + 1, 1, kThird + 1 - kFirst);
 }
@@ -113,9 +126,9 @@ void OperationFrame::fill(const ResultSet& result, int row) {
     const QString time = operationText(result, row, QStringLiteral("fishingtime"));
     const bool night = sameText(time, u"Night");
     const bool day = sameText(time, u"Day");
-    m_times[0]->setChecked(day);
-    m_times[1]->setChecked(night);
-    m_times[2]->setChecked(!day && !night);
+    select(*m_times[0], day);
+    select(*m_times[1], night);
+    select(*m_times[2], !day && !night);
 }
 
 void OperationFrame::clear() {
@@ -124,7 +137,7 @@ void OperationFrame::clear() {
         angle.box->clear();
     }
     for (QRadioButton* time : m_times) {
-        time->setChecked(false);
+        select(*time, false);
     }
 }
 

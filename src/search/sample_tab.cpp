@@ -3,7 +3,7 @@
 #include "controls/guard.h"
 #include "data/connection.h"
 
-#include <QAbstractButton>
+#include <QPushButton>
 
 namespace kelvora {
 
@@ -12,6 +12,12 @@ SampleTab::SampleTab(Connection& connection, Dialogs& dialogs) : m_connection(co
 void SampleTab::load(std::optional<int> operation) {
     m_operation = operation;
     reload();
+}
+
+QPushButton* SampleTab::deleteButton(const QString& caption) {
+    auto* button = new QPushButton(caption);
+    button->setMinimumWidth(button->fontMetrics().horizontalAdvance(caption) + 32);
+    return button;
 }
 
 void SampleTab::onClick(QAbstractButton* button, const std::function<void()>& handler) {

@@ -8,6 +8,7 @@
 #include <optional>
 
 class QAbstractButton;
+class QPushButton;
 
 namespace kelvora {
 
@@ -36,6 +37,9 @@ protected:
     [[nodiscard]] Connection& connection() const { return m_connection; }
     [[nodiscard]] Dialogs& dialogs() const { return m_dialogs; }
     [[nodiscard]] std::optional<int> operation() const { return m_operation; }
+
+    /// A button with room around its caption.
+    static QPushButton* deleteButton(const QString& caption);
 
     /// Runs a handler in the guard whenever a button is pressed.
     void onClick(QAbstractButton* button, const std::function<void()>& handler);

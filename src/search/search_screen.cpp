@@ -4,9 +4,11 @@
 #include "controls/record_navigator.h"
 #include "operations/operation_query.h"
 #include "operations/search_fields.h"
-#include "search/operation_deletion.h"
+#include "search/composition_tab.h"
+#include "search/deletion.h"
+#include "search/gonad_tab.h"
+#include "search/length_tab.h"
 #include "search/operation_frame.h"
-#include "search/sample_tab.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -58,6 +60,9 @@ QWidget* SearchScreen::searchPanel() {
 
 QTabWidget* SearchScreen::sampleTabs() {
     auto* tabs = new QTabWidget;
+    addTab(tabs, new CompositionTab(m_connection, dialogs()), QStringLiteral("&Species Composition"));
+    addTab(tabs, new LengthTab(m_connection, dialogs()), QStringLiteral(" Length Frequency"));
+    addTab(tabs, new GonadTab(m_connection, dialogs()), QStringLiteral("Gonad Matuarity"));
     return tabs;
 }
 

@@ -1,75 +1,10 @@
 #include "controls/bound_list.h"
-#include "controls/record_navigator.h"
-#include "search/search_screen.h"
-#include "support/screen_driver.h"
-#include "support/temporary_store.h"
+#include "search/search_window.h"
 #include "support/test_main.h"
 
-#include <QAbstractButton>
 #include <QTest>
 
 namespace kelvora {
-namespace {
-
-/// The screen over three operations: 1 and 2 in state Alpha, 3 in state Beta.
-struct Search {
-    Search() {
-        store.addReferenceRows();
-        store.addOperation(1, 1, QStringLiteral("2004-03-09"), 1, 120.5, QStringLiteral("Sea Star"),
-                           QStringLiteral("A1"));
-        store.addOperation(2, 2, QStringLiteral("2004-04-01"), 3, 80, QStringLiteral("Blue Fin"), QStringLiteral("A2"));
-        store.addOperation(3, 3, QStringLiteral("2004-05-01"), 2, 60, QStringLiteral("Sea Star"), QStringLiteral("A1"));
-        screen = std::make_unique<SearchScreen>(store.context(), Connection::Patience::Short);
-        driver = std::make_unique<test::ScreenDriver>(screen.get());
-    }
-
-    void find(const QString& criterion, const QString& value) const {
-        driver->choose(QStringLiteral("Criterion"), criterion);
-        driver->choose(QStringLiteral("Value"), value);
-        driver->press(QStringLiteral("SEARCH"));
-    }
-    void findAlpha() const { find(QStringLiteral("State/Province"), QStringLiteral("Alpha")); }
-    void move(const QString& button) const { driver->move(QStringLiteral("Result"), button); }
-
-    [[nodiscard]] QString caption() const { return driver->navigator(QStringLiteral("Result"))->caption(); }
-    [[nodiscard]] QString number() const { return driver->text(QStringLiteral("No.")); }
-    [[nodiscard]] bool offersDelete() const {
-        return driver->button(QStringLiteral("DELETE"))->isVisibleTo(screen.get());
-    }
-
-    test::TemporaryStore store;
-    std::unique_ptr<SearchScreen> screen;
-    std::unique_ptr<test::ScreenDriver> driver;
-};
-
-/// The rows of all tables, so that what a change left alone can be compared.
-QStringList wholeFile(test::TemporaryStore& store) {
-    QStringList all;
-    all += store.rows("select 'state', * from state") + store.rows("select 'port', * from samplingport");
-    all += store.rows("select 'vessel', * from vessel") + store.rows("select 'fish', * from fish");
-    all += store.rows("select 'operation', * from fishoperation order by optid");
-    all += store.rows("select 'gonad', * from gonad order by optid, spid");
-    all += store.rows("select 'gonad_detail', * from gonad_detail order by optid, spid, samplingno");
-    all += store.rows("select 'group_composition', * from group_composition order by optid, groupid, spid");
-    all += store.rows("select 'group_main', * from group_main order by optid, groupid");
-    all += store.rows("select 'length', * from length order by optid, spid");
-    all += store.rows("select 'length_detail', * from length_detail order by optid, spid, lower1");
-    return all;
-}
-
-/// One sample of every kind.
-void addSamples(test::TemporaryStore& store, int operation) {
-    Connection& db = store.db();
-    db.execute(Sql("insert into group_main values (1,") << operation << ",'Single species',30)");
-    db.execute(Sql("insert into group_composition values (") << operation << ",1,1,30,30)");
-    db.execute(Sql("insert into length values (") << operation << ",1,2.5)");
-    db.execute(Sql("insert into length_detail values (") << operation << ",1,10,12,11,4)");
-    db.execute(Sql("insert into gonad values (") << operation << ",1,0.4)");
-    db.execute(Sql("insert into gonad_detail values (") << operation << ",1,1,100,90,95,85,200,'Male',2,10,5)");
-}
-
-}  // namespace
-
 class TestOperationSearch : public QObject {
     Q_OBJECT
 
@@ -94,7 +29,7 @@ private Q_SLOTS:
         QFETCH(QString, criterion);
         QFETCH(QString, value);
         QFETCH(QStringList, operations);
-        const Search search;
+        const test::SearchWindow search;
         search.find(criterion, value);
         for (int i = 0; i < operations.size(); ++i) {
             QCOMPARE(search.caption(), QStringLiteral("RESULT: [%1 / %2]").arg(i + 1).arg(operations.size()));
@@ -107,7 +42,7 @@ private Q_SLOTS:
     }
 
     void details() {
-        Search search;
+        test::SearchWindow search;
         search.store.execute(
             "update fishoperation set fishingtime = 'Day and Night', lon_min = 7.5, note = 'calm\nsea'"
             " where optid = 2");
@@ -151,7 +86,7 @@ private Q_SLOTS:
     void fishingTime() {
         QFETCH(QString, stored);
         QFETCH(QString, selected);
-        Search search;
+        test::SearchWindow search;
         search.store.db().execute(Sql("update fishoperation set fishingtime = ") << stored);
         search.findAlpha();
         for (const auto& time : {QStringLiteral("Day"), QStringLiteral("Night"), QStringLiteral("Day and Night")}) {
@@ -161,7 +96,7 @@ private Q_SLOTS:
     }
 
     void navigation() {
-        Search search;
+        test::SearchWindow search;
         for (int optid = 4; optid <= 6; ++optid) {
             search.store.addOperation(optid, 1, QStringLiteral("2004-06-01"), 1, 10, QStringLiteral("Sea Star"),
                                       QStringLiteral("A1"));
@@ -186,7 +121,7 @@ private Q_SLOTS:
     }
 
     void opening() {
-        const Search search;
+        const test::SearchWindow search;
         QCOMPARE(search.driver->text(QStringLiteral("Criterion")), QStringLiteral("State/Province"));
         QCOMPARE(search.driver->list(QStringLiteral("Value"))->count(), 2);
         QCOMPARE(search.caption(), QString());
@@ -196,7 +131,7 @@ private Q_SLOTS:
     }
 
     void noMatch() {
-        Search search;
+        test::SearchWindow search;
         search.findAlpha();
         search.driver->type(QStringLiteral("Value"), QStringLiteral("1 or 1=1"));
         search.driver->press(QStringLiteral("SEARCH"));
@@ -208,18 +143,18 @@ private Q_SLOTS:
     }
 
     void deletion() {
-        Search search;
+        test::SearchWindow search;
         search.findAlpha();
-        const QStringList kept = wholeFile(search.store);
-        addSamples(search.store, 1);
-        const QStringList all = wholeFile(search.store);
+        const QStringList kept = test::wholeFile(search.store);
+        test::addSamples(search.store, 1);
+        const QStringList all = test::wholeFile(search.store);
         const auto answer = [&](bool yes) {
             search.store.dialogs.expectConfirm(
                 QStringLiteral("CONFIRM"), QStringLiteral("Are you sure to delete all data in this operation?"), yes);
             search.driver->press(QStringLiteral("DELETE"));
         };
         answer(false);
-        QCOMPARE(wholeFile(search.store), all);
+        QCOMPARE(test::wholeFile(search.store), all);
 
         // The search is the one that found the operation, whatever has been chosen since.
         search.driver->choose(QStringLiteral("Criterion"), QStringLiteral("Vessel"));
@@ -227,7 +162,7 @@ private Q_SLOTS:
         QStringList expected = kept;
         expected.removeIf([](const QString& row) { return row.startsWith(u"operation|1|"); });
         QCOMPARE(expected.size(), kept.size() - 1);
-        QCOMPARE(wholeFile(search.store), expected);
+        QCOMPARE(test::wholeFile(search.store), expected);
         QCOMPARE(search.caption(), QStringLiteral("RESULT: [1 / 1]"));
         QCOMPARE(search.number(), QStringLiteral("2"));
 
@@ -238,40 +173,40 @@ private Q_SLOTS:
 
     /// The samples of other operations stay, whatever the species.
     void deletionLeavesOthers() {
-        Search search;
-        addSamples(search.store, 2);
-        const QStringList kept = wholeFile(search.store);
-        addSamples(search.store, 3);
+        test::SearchWindow search;
+        test::addSamples(search.store, 2);
+        const QStringList kept = test::wholeFile(search.store);
+        test::addSamples(search.store, 3);
         search.find(QStringLiteral("State/Province"), QStringLiteral("Beta"));
         search.store.dialogs.expectConfirm(QStringLiteral("CONFIRM"),
                                            QStringLiteral("Are you sure to delete all data in this operation?"), true);
         search.driver->press(QStringLiteral("DELETE"));
         QStringList expected = kept;
         expected.removeIf([](const QString& row) { return row.startsWith(u"operation|3|"); });
-        QCOMPARE(wholeFile(search.store), expected);
+        QCOMPARE(test::wholeFile(search.store), expected);
     }
 
     /// A deletion that fails in the last table deletes nothing.
     void failedDeletion() {
-        Search search;
-        addSamples(search.store, 1);
+        test::SearchWindow search;
+        test::addSamples(search.store, 1);
         search.findAlpha();
         search.store.execute(
             "create trigger refuse before delete on length_detail begin"
             " select raise(abort, 'refused'); end");
-        const QStringList all = wholeFile(search.store);
+        const QStringList all = test::wholeFile(search.store);
         search.store.dialogs.expectConfirm(QStringLiteral("CONFIRM"),
                                            QStringLiteral("Are you sure to delete all data in this operation?"), true);
         search.store.dialogs.expectMessageContaining(QStringLiteral("length_detail"));
         search.driver->press(QStringLiteral("DELETE"));
-        QCOMPARE(wholeFile(search.store), all);
+        QCOMPARE(test::wholeFile(search.store), all);
         QCOMPARE(search.number(), QStringLiteral("1"));
         // No transaction was left open: the file can be written to by another connection.
         search.store.execute("drop trigger refuse");
     }
 
     void goneElsewhere() {
-        Search search;
+        test::SearchWindow search;
         search.findAlpha();
         search.store.execute("delete from fishoperation where optid = 2");
         search.store.dialogs.expectMessageContaining(QStringLiteral("Operation No. 2 is not found any more"));
@@ -290,7 +225,7 @@ private Q_SLOTS:
 
     /// A table that cannot be read gives a message, and no operation is shown under details that are not its own.
     void failedLoad() {
-        Search search;
+        test::SearchWindow search;
         search.findAlpha();
         search.store.execute("alter table state rename to elsewhere");
         search.store.dialogs.expectMessageContaining(QStringLiteral("state"));
@@ -311,7 +246,7 @@ private Q_SLOTS:
     }
     void hostileNames() {
         QFETCH(QString, name);
-        Search search;
+        test::SearchWindow search;
         Connection& db = search.store.db();
         db.execute(Sql("update vessel set vesselname = ") << name << " where vesselname = 'Sea Star'");
         db.execute(Sql("update fishing_area set aname = ") << name << " where aname = 'A1'");

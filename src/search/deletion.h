@@ -8,4 +8,7 @@ class Connection;
 /// whether the operation itself was still stored. Throws DataError.
 bool deleteOperation(Connection& connection, int operation);
 
+/// Deletes an operation's gonad sample of a species with its fish. All or nothing. Throws DataError.
+void deleteGonadSample(Connection& connection, int operation, int species);
+
 }  // namespace kelvora

@@ -1,4 +1,4 @@
-#include "search/operation_deletion.h"
+#include "search/deletion.h"
 
 #include "data/transaction.h"
 
@@ -20,6 +20,13 @@ bool deleteOperation(Connection& connection, int operation) {
     }
     transaction.commit();
     return operations > 0;
+}
+
+void deleteGonadSample(Connection& connection, int operation, int species) {
+    Transaction transaction(connection);
+    connection.execute(Sql("delete from gonad where optid = ") << operation << " and spid = " << species);
+    connection.execute(Sql("delete from gonad_detail where optid = ") << operation << " and spid = " << species);
+    transaction.commit();
 }
 
 }  // namespace kelvora
