@@ -75,23 +75,17 @@ private Q_SLOTS:
         }
     }
 
-    void fishingTime_data() {
-        QTest::addColumn<QString>("stored");
-        QTest::addColumn<QString>("selected");
-        QTest::newRow("day") << QStringLiteral("Day") << QStringLiteral("Day");
-        QTest::newRow("night") << QStringLiteral("Night") << QStringLiteral("Night");
-        QTest::newRow("both") << QStringLiteral("Day and Night") << QStringLiteral("Day and Night");
-        QTest::newRow("other") << QStringLiteral("dawn") << QStringLiteral("Day and Night");
-    }
     void fishingTime() {
-        QFETCH(QString, stored);
-        QFETCH(QString, selected);
         test::SearchWindow search;
-        search.store.db().execute(Sql("update fishoperation set fishingtime = ") << stored);
-        search.findAlpha();
-        for (const auto& time : {QStringLiteral("Day"), QStringLiteral("Night"), QStringLiteral("Day and Night")}) {
-            QCOMPARE(search.driver->button(time)->isChecked(), time == selected);
-            QVERIFY(!search.driver->enabled(time));
+        const auto day = QStringLiteral("Day"), night = QStringLiteral("Night"), both = QStringLiteral("Day and Night");
+        for (const auto& [stored, selected] :
+             {std::pair{day, day}, {night, night}, {both, both}, {QStringLiteral("dawn"), both}}) {
+            search.store.db().execute(Sql("update fishoperation set fishingtime = ") << stored);
+            search.findAlpha();
+            for (const auto& time : {day, night, both}) {
+                QCOMPARE(search.driver->button(time)->isChecked(), time == selected);
+                QVERIFY(!search.driver->enabled(time));
+            }
         }
     }
 
@@ -145,6 +139,7 @@ private Q_SLOTS:
     void deletion() {
         test::SearchWindow search;
         search.findAlpha();
+        test::addSamples(search.store, 3);
         const QStringList kept = test::wholeFile(search.store);
         test::addSamples(search.store, 1);
         const QStringList all = test::wholeFile(search.store);
@@ -169,21 +164,6 @@ private Q_SLOTS:
         answer(true);
         QCOMPARE(search.caption(), QStringLiteral("[No Record]"));
         QVERIFY(!search.offersDelete());
-    }
-
-    /// The samples of other operations stay, whatever the species.
-    void deletionLeavesOthers() {
-        test::SearchWindow search;
-        test::addSamples(search.store, 2);
-        const QStringList kept = test::wholeFile(search.store);
-        test::addSamples(search.store, 3);
-        search.find(QStringLiteral("State/Province"), QStringLiteral("Beta"));
-        search.store.dialogs.expectConfirm(QStringLiteral("CONFIRM"),
-                                           QStringLiteral("Are you sure to delete all data in this operation?"), true);
-        search.driver->press(QStringLiteral("DELETE"));
-        QStringList expected = kept;
-        expected.removeIf([](const QString& row) { return row.startsWith(u"operation|3|"); });
-        QCOMPARE(test::wholeFile(search.store), expected);
     }
 
     /// A deletion that fails in the last table deletes nothing.
@@ -221,44 +201,6 @@ private Q_SLOTS:
         search.driver->press(QStringLiteral("DELETE"));
         QCOMPARE(search.caption(), QStringLiteral("[No Record]"));
         QVERIFY(search.store.dialogs.done());
-    }
-
-    /// A table that cannot be read gives a message, and no operation is shown under details that are not its own.
-    void failedLoad() {
-        test::SearchWindow search;
-        search.findAlpha();
-        search.store.execute("alter table state rename to elsewhere");
-        search.store.dialogs.expectMessageContaining(QStringLiteral("state"));
-        search.move(QStringLiteral("Next"));
-        QCOMPARE(search.number(), QString());
-        QVERIFY(!search.offersDelete());
-        search.store.execute("alter table elsewhere rename to state");
-        search.move(QStringLiteral("Previous"));
-        QCOMPARE(search.number(), QStringLiteral("1"));
-    }
-
-    void hostileNames_data() {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("apostrophe") << QStringLiteral("O'Hara's '; drop table fishoperation; --");
-        QTest::newRow("percent") << QStringLiteral("100 % %1 %2 \\ \"tuna\" [x] & y");
-        QTest::newRow("scripts") << QStringLiteral("ปลาทู 鯖 <b>Ålesund</b>");
-        QTest::newRow("long") << QString(10'000, u'\'');
-    }
-    void hostileNames() {
-        QFETCH(QString, name);
-        test::SearchWindow search;
-        Connection& db = search.store.db();
-        db.execute(Sql("update vessel set vesselname = ") << name << " where vesselname = 'Sea Star'");
-        db.execute(Sql("update fishing_area set aname = ") << name << " where aname = 'A1'");
-        db.execute(Sql("update fishoperation set vesselid = ")
-                   << name << ", areaid = " << name << ", note = " << name << " where optid = 1");
-        search.find(QStringLiteral("Vessel"), name);
-        QCOMPARE(search.number(), QStringLiteral("1"));
-        QCOMPARE(search.driver->text(QStringLiteral("Vessel Name")), name);
-        search.find(QStringLiteral("Fishing Area"), QStringLiteral("north bank"));
-        QCOMPARE(search.driver->text(QStringLiteral("Note")), name);
-        QVERIFY(search.screen->minimumSizeHint().width() <= 1340);
-        QVERIFY(search.screen->minimumSizeHint().height() <= 590);
     }
 };
 
