@@ -39,8 +39,8 @@ QPalette paletteOf(const Colours& c) {
     return palette;
 }
 
-/// Boxes say what their buttons do in words: no pictures on "Yes" and "No". Text boxes are as high as lists and dates, so
-/// that the rows of forms side by side line up.
+/// Boxes say what their buttons do in words: no pictures on "Yes" and "No". Text boxes are as high as lists and dates,
+/// so that the rows of forms side by side line up.
 class CalmStyle : public QProxyStyle {
 public:
     CalmStyle() : QProxyStyle(QStringLiteral("Fusion")) {}

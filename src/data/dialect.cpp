@@ -223,7 +223,7 @@ void yearAsRange(Tokens& tokens) {
         const bool digits = number < tokens.size() && tokens[number].kind == Kind::Word &&
                             tokens[number].text.size() <= 4 &&
                             tokens[number].text.find_first_not_of("0123456789") == std::string::npos;
-        if (!isMark(tokens, next, '=') || !digits) {
+        if (!isMark(tokens, next, '=') || !digits || isMark(tokens, number + 1, '.')) {
             continue;
         }
         const int year = std::stoi(tokens[number].text);

@@ -13,6 +13,8 @@
 #include <QPainter>
 #include <QToolButton>
 
+#include <utility>
+
 namespace kelvora {
 namespace {
 
@@ -35,10 +37,10 @@ QIcon searchIcon(const QPalette& palette) {
 
 }  // namespace
 
-FinderPanel::FinderPanel(const QString& numberCaption, Connection& connection, const Context& context, QWidget* parent)
+FinderPanel::FinderPanel(const QString& numberCaption, Connection& connection, Context context, QWidget* parent)
     : QWidget(parent),
       m_connection(connection),
-      m_context(context),
+      m_context(std::move(context)),
       m_search(new QGroupBox(tr("Search"), this)),
       m_fields(new SearchFields(connection, m_context.dialogs)),
       m_navigator(new RecordNavigator(tr("Result"))),

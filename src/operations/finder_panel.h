@@ -24,8 +24,7 @@ class FinderPanel : public QWidget {
 
 public:
     /// The caption is that of the current operation's number. The connection is the screen's and outlives the panel.
-    FinderPanel(const QString& numberCaption, Connection& connection, const Context& context,
-                QWidget* parent = nullptr);
+    FinderPanel(const QString& numberCaption, Connection& connection, Context context, QWidget* parent = nullptr);
 
     /// To be called once, when the screen is built. With an operation saved last, the panel stays on that operation for
     /// the screen's whole life.

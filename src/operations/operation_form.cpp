@@ -5,16 +5,16 @@
 #include "controls/fields.h"
 #include "controls/guard.h"
 #include "data/connection.h"
+#include "operations/date_field.h"
 
 #include <QButtonGroup>
-#include <QDateEdit>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPlainTextEdit>
 #include <QRadioButton>
-#include <QWheelEvent>
+
+#include <map>
 
 namespace kelvora {
 namespace {
@@ -25,31 +25,6 @@ constexpr int kSecond = 3;
 constexpr int kThird = 6;
 
 const QString kNoNumber = QStringLiteral("0");
-
-/// A date in the system's short form, the year always with four digits: a sampler must see which century is stored.
-class DateField : public QDateEdit {
-public:
-    explicit DateField(QWidget* parent) : QDateEdit(QDate::currentDate(), parent) {
-        QString format = QLocale().dateFormat(QLocale::ShortFormat);
-        if (!format.contains(u"yyyy")) {
-            format.replace(u"yy"_qs, u"yyyy"_qs);
-        }
-        setDisplayFormat(format);
-        setCalendarPopup(true);
-        setFocusPolicy(Qt::StrongFocus);
-    }
-
-protected:
-    /// One Tab a field: day, month and year are reached with the arrow keys.
-    bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
-    void wheelEvent(QWheelEvent* event) override {
-        if (hasFocus()) {
-            QDateEdit::wheelEvent(event);
-        } else {
-            event->ignore();
-        }
-    }
-};
 
 QLineEdit* zeroField(QWidget* parent, const QString& name = {}) {
     QLineEdit* field = numberField(kNoNumber);
@@ -339,37 +314,24 @@ void OperationForm::sendBack(const OperationCheck& failed) {
 }
 
 QWidget* OperationForm::field(OperationField field) const {
-    switch (field) {
-        case OperationField::State:
-            return m_states;
-        case OperationField::Port:
-            return m_ports;
-        case OperationField::Area:
-            return m_areas;
-        case OperationField::RegisterId:
-            return m_registerIds;
-        case OperationField::Method:
-            return m_methods;
-        case OperationField::LatitudeDec:
-            return m_latitudeDec;
-        case OperationField::LatitudeMin:
-            return m_latitudeMin;
-        case OperationField::LongitudeDec:
-            return m_longitudeDec;
-        case OperationField::LongitudeMin:
-            return m_longitudeMin;
-        case OperationField::BottomDepth:
-            return m_bottomDepth;
-        case OperationField::FishingDepth:
-            return m_fishingDepth;
-        case OperationField::Hauls:
-            return m_hauls;
-        case OperationField::Duration:
-            return m_duration;
-        case OperationField::TotalCatch:
-            return m_totalCatch;
-    }
-    return nullptr;
+    using enum OperationField;
+    const std::map<OperationField, QWidget*> fields = {
+        {State, m_states},
+        {Port, m_ports},
+        {Area, m_areas},
+        {RegisterId, m_registerIds},
+        {Method, m_methods},
+        {LatitudeDec, m_latitudeDec},
+        {LatitudeMin, m_latitudeMin},
+        {LongitudeDec, m_longitudeDec},
+        {LongitudeMin, m_longitudeMin},
+        {BottomDepth, m_bottomDepth},
+        {FishingDepth, m_fishingDepth},
+        {Hauls, m_hauls},
+        {Duration, m_duration},
+        {TotalCatch, m_totalCatch},
+    };
+    return fields.at(field);
 }
 
 }  // namespace kelvora

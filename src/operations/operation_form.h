@@ -8,7 +8,6 @@
 #include <optional>
 
 class QButtonGroup;
-class QDateEdit;
 class QGridLayout;
 class QLineEdit;
 class QPlainTextEdit;
@@ -17,6 +16,7 @@ namespace kelvora {
 
 class BoundList;
 class Connection;
+class DateField;
 class Dialogs;
 
 /// The fields of the entry screen in three columns, in the order in which the sampler is asked for them, and the lists
@@ -76,7 +76,7 @@ private:
 
     BoundList* m_states;
     BoundList* m_ports;
-    QDateEdit* m_date;
+    DateField* m_date;
     QLineEdit* m_latitudeDec;
     QLineEdit* m_latitudeMin;
     QLineEdit* m_longitudeDec;

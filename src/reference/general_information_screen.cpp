@@ -30,8 +30,7 @@ GeneralInformationScreen::GeneralInformationScreen(const Context& context)
     // A gear that was named on one tab can be chosen on the other at once.
     connect(m_methods, &GearMethodPanel::gearAdded, this,
             guarded(dialogs(), [this] { m_vessels->RefreshVesselGearList(); }));
-    connect(m_vessels, &VesselTab::gearAdded, this,
-            guarded(dialogs(), [this] { m_methods->RefreshMethodGearList(); }));
+    connect(m_vessels, &VesselTab::gearAdded, this, guarded(dialogs(), [this] { m_methods->RefreshMethodGearList(); }));
 
     LoadScreen();
 }

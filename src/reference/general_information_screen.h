@@ -23,8 +23,8 @@ public:
     /// Throws DataError when the data file cannot be opened or read.
     explicit GeneralInformationScreen(const Context& context);
 
-    /// The key of the sampling port with this name in the state with this name; shows "No Record" and gives nothing when
-    /// there is none.
+    /// The key of the sampling port with this name in the state with this name; shows "No Record" and gives nothing
+    /// when there is none.
     std::optional<int> getsamplingid(const QString& stateName, const QString& portName);
 
 private:

@@ -29,8 +29,8 @@ public:
     /// A cell of the row that the navigator stands on; empty if there is none.
     [[nodiscard]] QString current(int column) const;
 
-    /// Called on every arrival, with whether there is a row to stand on. The caption is empty by then, so that a handler
-    /// that fails leaves nothing to delete.
+    /// Called on every arrival, with whether there is a row to stand on. The caption is empty by then, so that a
+    /// handler that fails leaves nothing to delete.
     void onArrival(Dialogs& dialogs, const std::function<void(bool onRow)>& handler);
 
     [[nodiscard]] QPushButton* deleteButton() const { return m_delete; }

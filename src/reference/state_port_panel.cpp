@@ -62,10 +62,9 @@ std::optional<int> StatePortPanel::getsamplingid(const QString& stateName, const
 }
 
 std::optional<int> StatePortPanel::samplingid(const QString& stateName, const QString& portName) const {
-    const ResultSet found =
-        connection().query(Sql("select samplingid from samplingport inner join state"
-                               " on samplingport.stateid = state.stateid where statename = ")
-                           << stateName << " and samplingname = " << portName);
+    const ResultSet found = connection().query(Sql("select samplingid from samplingport inner join state"
+                                                   " on samplingport.stateid = state.stateid where statename = ")
+                                               << stateName << " and samplingname = " << portName);
     return found.isEmpty() ? std::nullopt : found.integer(0, u"samplingid");
 }
 
@@ -136,8 +135,7 @@ void StatePortPanel::PurgeStatesWithoutPorts() {
         connection().query(Sql("select * from state where stateid not in (select stateid from samplingport)"));
     for (int row = 0; row < states.rowCount(); ++row) {
         Transaction transaction(connection());
-        const Sql statement = Sql("delete from state where stateid = ")
-                              << states.integer(row, u"stateid").value_or(0);
+        const Sql statement = Sql("delete from state where stateid = ") << states.integer(row, u"stateid").value_or(0);
         dialogs().message(QStringLiteral("'%1'").arg(QString::fromStdString(statement.text())));
         connection().execute(statement);
         dialogs().message(tr("Del state"));

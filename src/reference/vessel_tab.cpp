@@ -173,8 +173,8 @@ void VesselTab::AddGearCounted(const QString& name) {
 }
 
 void VesselTab::ClearVesselFields() {
-    for (QLineEdit* field : {m_name, m_enginePower, m_state, m_registerId, m_netWidth, m_size, m_netLength, m_meshSize,
-                             m_length}) {
+    for (QLineEdit* field :
+         {m_name, m_enginePower, m_state, m_registerId, m_netWidth, m_size, m_netLength, m_meshSize, m_length}) {
         field->clear();
     }
     m_engineType->setCurrentIndex(-1);

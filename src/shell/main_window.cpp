@@ -3,6 +3,9 @@
 #include "controls/dialogs.h"
 #include "controls/guard.h"
 #include "controls/screen.h"
+#include "operations/operation_entry_screen.h"
+#include "reference/general_information_screen.h"
+#include "reports/catch_summary_screen.h"
 
 #include <QCloseEvent>
 #include <QLabel>
@@ -13,6 +16,15 @@
 #include <QToolBar>
 
 namespace kelvora {
+namespace {
+
+template <typename ScreenClass>
+Screen* make(const Context& context) {
+    return new ScreenClass(context);
+}
+
+}  // namespace
+
 MainWindow::MainWindow(const Context& context) : m_context(context), m_area(new QMdiArea(this)) {
     setWindowTitle(kApplicationTitle.toString());
     addToolBar();
@@ -37,8 +49,10 @@ void MainWindow::addToolBar() {
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     bar->setIconSize({32, 32});
-    bar->addAction(addEntry({QStringLiteral("General Information"), nullptr, QStringLiteral("general_information")}));
-    bar->addAction(addEntry({QStringLiteral("Fishing Operation"), nullptr, QStringLiteral("fishing_operation")}));
+    bar->addAction(addEntry({QStringLiteral("General Information"), make<GeneralInformationScreen>,
+                             QStringLiteral("general_information")}));
+    bar->addAction(addEntry(
+        {QStringLiteral("Fishing Operation"), make<OperationEntryScreen>, QStringLiteral("fishing_operation")}));
     bar->addAction(addEntry({QStringLiteral("Species Composition"), nullptr, QStringLiteral("species_composition")}));
     bar->addAction(addEntry({QStringLiteral("Length Frequency"), nullptr, QStringLiteral("length_frequency")}));
     bar->addAction(addEntry({QStringLiteral("Gonad Maturity"), nullptr, QStringLiteral("gonad_maturity")}));
@@ -52,7 +66,7 @@ void MainWindow::addMenus() {
     main->addAction(addEntry({QStringLiteral("Search"), nullptr}));
     main->addAction(addEntry({QStringLiteral("Change password"), nullptr}));
     QMenu* report = menuBar()->addMenu(QStringLiteral("&Report"));
-    report->addAction(addEntry({QStringLiteral("Fishing Information"), nullptr}));
+    report->addAction(addEntry({QStringLiteral("Fishing Information"), make<CatchSummaryScreen>}));
     report->addAction(addEntry({QStringLiteral("Species composition"), nullptr}));
     report->addAction(addEntry({QStringLiteral("Length Frequency"), nullptr}));
     report->addAction(addEntry({QStringLiteral("Gonad Maturity"), nullptr}));

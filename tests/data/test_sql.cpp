@@ -33,6 +33,14 @@ private Q_SLOTS:
         QCOMPARE(store.rows(Sql("select statename & '' as joined from state")), QStringList{text});
     }
 
+    void nullCharactersAreLeftOut() {
+        test::TemporaryStore store;
+        const QString cut = u"a"_qs + QChar(u'\0') + u"b' or '1' = '1"_qs;
+        store.db().execute(Sql("insert into state values(1,") << cut << ")");
+        QCOMPARE(store.rows("select statename from state"), QStringList{u"ab' or '1' = '1"_qs});
+        QCOMPARE(store.rows(Sql("select stateid from state where statename = ") << cut), QStringList{u"1"_qs});
+    }
+
     void notANumber() {
         QVERIFY_EXCEPTION_THROWN(Sql("select ") << std::numeric_limits<double>::infinity(), std::invalid_argument);
     }

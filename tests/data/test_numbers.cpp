@@ -1,0 +1,114 @@
+#include "data/numbers.h"
+#include "support/test_main.h"
+
+#include <QTest>
+
+#include <cmath>
+#include <limits>
+
+namespace kelvora {
+
+/// Numbers from and to texts.
+class TestNumbers : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void fromText_data() {
+        constexpr double huge = std::numeric_limits<double>::infinity();
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<std::optional<double>>("number");
+        QTest::addColumn<double>("leading");
+        const auto row = [](const QString& text, std::optional<double> number, double leading) {
+            QTest::newRow(qPrintable(text.left(30))) << text << number << leading;
+        };
+        row(u"11"_qs, 11, 11);
+        row(u" -10.25 "_qs, -10.25, -10.25);
+        row(u"+.5"_qs, 0.5, 0.5);
+        row(u"5."_qs, 5, 5);
+        row(u"1E3"_qs, 1000, 1000);
+        row(u"1e-2"_qs, 0.01, 0.01);
+        row(u"007"_qs, 7, 7);
+        row(u"-0"_qs, 0, 0);
+        row(u"0.1"_qs, 0.1, 0.1);
+        row(u"1e400"_qs, {}, huge);
+        row(u"-1e400"_qs, {}, -huge);
+        row(u"1e-400"_qs, 0, 0);
+        row(QString(400, u'9'), {}, huge);
+        row(u"."_qs + QString(400, u'0') + u"1"_qs, 0, 0);
+        row(u"1"_qs + QString(400, u'0') + u"e-400"_qs, 1, 1);
+        row(QString(), {}, 0);
+        row(u"   "_qs, {}, 0);
+        row(u"."_qs, {}, 0);
+        row(u"-"_qs, {}, 0);
+        row(u"abc"_qs, {}, 0);
+        row(u"12abc"_qs, {}, 12);
+        row(u"  3.5 kg"_qs, {}, 3.5);
+        row(u"1,000"_qs, {}, 1);
+        row(u"10,5"_qs, {}, 10);
+        row(u"1 000"_qs, {}, 1);
+        row(u"1.2.3"_qs, {}, 1.2);
+        row(u"--1"_qs, {}, 0);
+        row(u"1e"_qs, {}, 1);
+        row(u"1e+"_qs, {}, 1);
+        row(u"e5"_qs, {}, 0);
+        row(u"0x10"_qs, {}, 0);
+        row(u"&H10"_qs, {}, 0);
+        row(u"inf"_qs, {}, 0);
+        row(u"nan"_qs, {}, 0);
+        row(u"$5"_qs, {}, 0);
+        row(u"५"_qs, {}, 0);
+        row(u"½"_qs, {}, 0);
+    }
+    void fromText() {
+        QFETCH(QString, text);
+        QFETCH(std::optional<double>, number);
+        QCOMPARE(toNumber(text), number);
+        QCOMPARE(isNumeric(text), number.has_value());
+        QTEST(leadingNumber(text), "leading");
+    }
+
+    void toText_data() {
+        QTest::addColumn<double>("value");
+        QTest::addColumn<QString>("plain");
+        QTest::addColumn<QString>("rounded");
+        const auto row = [](double value, const QString& plain, const QString& rounded) {
+            QTest::newRow(qPrintable(plain)) << value << plain << rounded;
+        };
+        row(11, u"11"_qs, u"11.00"_qs);
+        row(10.25, u"10.25"_qs, u"10.25"_qs);
+        row(-10.255, u"-10.255"_qs, u"-10.26"_qs);
+        row(0, u"0"_qs, u"0.00"_qs);
+        row(-0.0, u"0"_qs, u"0.00"_qs);
+        row(0.1 + 0.2, u"0.3"_qs, u"0.30"_qs);
+        row(1.005, u"1.005"_qs, u"1.01"_qs);
+        row(1.0049999999999, u"1.0049999999999"_qs, u"1.00"_qs);
+        row(0.00001, u"0.00001"_qs, u"0.00"_qs);
+        row(0.0049, u"0.0049"_qs, u"0.00"_qs);
+        row(9.995, u"9.995"_qs, u"10.00"_qs);
+        row(1.0 / 3, u"0.333333333333333"_qs, u"0.33"_qs);
+        row(1234567890123456.0, u"1234567890123460"_qs, u"1234567890123460.00"_qs);
+        row(1e20, u"100000000000000000000"_qs, u"100000000000000000000.00"_qs);
+        row(1e21, u"1e+21"_qs, u"1000000000000000000000.00"_qs);
+        row(1e-9, u"0.000000001"_qs, u"0.00"_qs);
+        row(1e-10, u"1e-10"_qs, u"0.00"_qs);
+    }
+    void toText() {
+        QFETCH(double, value);
+        QTEST(plainText(value), "plain");
+        QTEST(twoDecimals(value), "rounded");
+        // What is written into a statement reads back as what was shown.
+        QCOMPARE(plainText(toNumber(plainText(value)).value()), plainText(value));
+    }
+
+    void weightsAreComparedAsRead() {
+        QVERIFY(0.1 + 0.2 != 0.3);
+        QVERIFY(asRead(0.1 + 0.2) == 0.3);
+        QVERIFY(asRead(1e300) == 1e300);
+        QVERIFY(std::isinf(asRead(std::numeric_limits<double>::infinity())));
+    }
+};
+
+}  // namespace kelvora
+
+KELVORA_TEST(kelvora::TestNumbers, "numbers");
+#include "test_numbers.moc"

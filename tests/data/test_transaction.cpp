@@ -1,0 +1,137 @@
+#include "data/transaction.h"
+#include "support/temporary_store.h"
+#include "support/test_main.h"
+
+#include <QTest>
+
+namespace kelvora {
+
+/// Saving: all or nothing, and nothing left open.
+class TestTransaction : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<test::TemporaryStore> m_store;
+    std::unique_ptr<Connection> m_other;  ///< another program's
+
+    static Sql insert(int key) { return Sql("insert into state(stateid) values(") << key << ")"; }
+    QStringList stored() { return m_store->rows("select stateid from state order by stateid"); }
+    /// Why something failed; empty if it did not.
+    static QString failure(const std::function<void()>& action) {
+        try {
+            action();
+        } catch (const DataError& e) {
+            return QString::fromUtf8(e.what());
+        }
+        return {};
+    }
+
+private Q_SLOTS:
+    void init() {
+        m_store = std::make_unique<test::TemporaryStore>();
+        m_other = std::make_unique<Connection>(m_store->path());
+    }
+    void cleanup() {
+        // Whatever happened: nobody holds the file.
+        QCOMPARE(failure([this] { m_store->execute("insert into state(stateid) values (99)"); }), QString());
+        QCOMPARE(failure([this] { m_other->execute(Sql("delete from state")); }), QString());
+        m_other.reset();
+        m_store.reset();
+    }
+
+    void allOrNothing() {
+        {
+            const Transaction transaction(m_store->db());
+            m_store->db().execute(insert(1));
+        }
+        QCOMPARE(stored(), QStringList());
+        {
+            Transaction transaction(m_store->db());
+            m_store->db().execute(insert(2));
+            m_store->db().execute(insert(3));
+            QCOMPARE(m_other->query(Sql("select * from state")).rowCount(), 0);
+            transaction.commit();
+        }
+        QCOMPARE(m_other->query(Sql("select * from state")).rowCount(), 2);
+    }
+
+    void executeThenAskFollowsTheAnswer() {
+        int asked = 0;
+        const auto answer = [&](bool yes) {
+            return [&asked, yes] {
+                ++asked;
+                return yes;
+            };
+        };
+        QVERIFY(!executeThenAsk(m_store->db(), insert(1), answer(false)));
+        QCOMPARE(stored(), QStringList());
+        QVERIFY(executeThenAsk(m_store->db(), insert(1), answer(true)));
+        QCOMPARE(stored(), QStringList{u"1"_qs});
+        QCOMPARE(asked, 2);
+        const QString message = failure([&] { executeThenAsk(m_store->db(), insert(1), answer(true)); });
+        QVERIFY2(message.startsWith(u"Nothing was stored or deleted: this key is already stored."),
+                 qPrintable(message));
+        QVERIFY(message.contains(u"insert into state(stateid) values(1)"));
+        QCOMPARE(asked, 2);
+        QVERIFY_EXCEPTION_THROWN(
+            executeThenAsk(m_store->db(), insert(2), []() -> bool { throw std::runtime_error("closed"); }),
+            std::runtime_error);
+        QCOMPARE(stored(), QStringList{u"1"_qs});
+    }
+
+    void fileHeldByAnotherProgram() {
+        {
+            const Transaction held(*m_other);
+            m_other->execute(insert(1));
+            const QString message = failure([this] { m_store->db().execute(insert(2)); });
+            QVERIFY2(message.contains(u"another program is using the data file"), qPrintable(message));
+            QVERIFY(!failure([this] { const Transaction transaction(m_store->db()); }).isEmpty());
+        }
+        QCOMPARE(stored(), QStringList());
+    }
+
+    void fileReadByAnotherProgramAtTheCommit() {
+        m_other->execute(Sql("begin"));
+        QCOMPARE(m_other->query(Sql("select * from state")).rowCount(), 0);
+        const QString message = failure([this] {
+            Transaction transaction(m_store->db());
+            m_store->db().execute(insert(1));
+            transaction.commit();
+        });
+        QVERIFY2(message.contains(u"another program is using the data file"), qPrintable(message));
+        m_other->execute(Sql("commit"));
+        QCOMPARE(stored(), QStringList());
+    }
+
+    void failedStatements() {
+        QString message = failure([this] { m_store->rows("select * from nowhere"); });
+        QVERIFY2(message.startsWith(u"The data could not be read: no such table: nowhere."), qPrintable(message));
+        message = failure(
+            [this] { m_store->db().execute(Sql("insert into nowhere values(") << QString(10'000, u'x') << ")"); });
+        QVERIFY(message.startsWith(u"Nothing was stored or deleted"));
+        QVERIFY2(message.size() < 300, qPrintable(message));
+        QVERIFY(failure([this] { m_store->execute("select 1"); }).size() > 0);
+        QVERIFY(failure([this] {
+                    const Connection nowhere(m_store->file(u"nowhere/data.sqlite"_qs));
+                }).contains(u"nowhere/data.sqlite"));
+    }
+
+    void valuesOfAResult() {
+        const ResultSet result = m_store->db().query(Sql(
+            "select null as n, 7 as Whole, 10.5 as part, ' 12 ' as t, 'x' as word, '2004-02-29' as day, 3e9 as big"));
+        QCOMPARE(result.text(0, u"N") + result.text(0, u"WHOLE") + result.text(0, u"part"), QStringLiteral("710.5"));
+        QCOMPARE(result.integer(0, u"whole"), std::optional(7));
+        QCOMPARE(result.integer(0, u"t"), std::optional(12));
+        QCOMPARE(result.number(0, u"part"), std::optional(10.5));
+        for (const QStringView none : {u"n", u"word", u"big"}) {
+            QVERIFY(!result.integer(0, none).has_value());
+        }
+        QCOMPARE(result.date(0, u"day"), QDate(2004, 2, 29));
+        QVERIFY(!result.date(0, u"t").isValid());
+        QVERIFY_EXCEPTION_THROWN(result.text(0, u"other"), std::out_of_range);
+    }
+};
+
+}  // namespace kelvora
+
+KELVORA_TEST(kelvora::TestTransaction, "transaction");
+#include "test_transaction.moc"

@@ -1,0 +1,129 @@
+#include "operations/entry_desk.h"
+#include "support/test_main.h"
+
+namespace kelvora {
+
+using namespace test;
+
+/// The lists of the entry screen: how they fill each other, and what becomes of a text that is in none of them.
+class TestOperationLists : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void quickAdds_data() {
+        QTest::addColumn<bool>("state");
+        QTest::addColumn<bool>("port");
+        QTest::addColumn<bool>("vessel");
+        QTest::addColumn<QString>("storedPort");
+        QTest::newRow("all confirmed") << true << true << true << u"4"_qs;
+        QTest::newRow("vessel declined") << true << true << false << u"4"_qs;
+        QTest::newRow("port declined") << true << false << true << u"0"_qs;
+        QTest::newRow("state and port declined") << false << false << true << u"0"_qs;
+        QTest::newRow("state declined") << false << true << true << u"0"_qs;
+    }
+    void quickAdds() {
+        QFETCH(bool, state);
+        QFETCH(bool, port);
+        QFETCH(bool, vessel);
+        QFETCH(QString, storedPort);
+        Desk desk;
+        desk.fill();
+        desk.at().type(kState, u"Gamma"_qs);
+        desk.at().type(kPort, u"Gao"_qs);
+        desk.at().type(kRegisterId, u"R-"_qs);
+        desk.at().type(kVesselName, u"Sea"_qs);
+        QCOMPARE(desk.at().text(kRegisterId), u"R-"_qs);
+        auto& dialogs = desk.store.dialogs;
+        dialogs.expectConfirm(kConfirm, stateQuestion(u"Gamma"_qs), state);
+        if (!state) {
+            dialogs.expectMessage(u"No Record"_qs);
+        }
+        dialogs.expectConfirm(kConfirm, portQuestion(u"Gao"_qs), port);
+        if (!state || !port) {
+            dialogs.expectMessage(u"No Record"_qs);
+        }
+        dialogs.expectConfirm(kConfirm, kVesselQuestion, vessel);
+        desk.saveWell();
+
+        QCOMPARE(desk.storedPorts(), QStringList{storedPort});
+        QCOMPARE(desk.store.rows("select stateid from state where statename = 'Gamma'"),
+                 state ? QStringList{u"3"_qs} : QStringList());
+        QCOMPARE(desk.store.rows("select samplingid, stateid from samplingport where samplingname = 'Gao'"),
+                 port ? QStringList{state ? u"4|3"_qs : u"4|0"_qs} : QStringList());
+        QCOMPARE(desk.store.rows("select vesselname from vessel where vesselid = 'R-'"),
+                 vessel ? QStringList{u"null"_qs} : QStringList());
+        QCOMPARE(desk.store.rows("select vesselid from fishoperation"), QStringList{u"Sea"_qs});
+        QCOMPARE(desk.at().text(kState), u"Gamma"_qs);
+        QCOMPARE(desk.at().text(kPort), u"Gao"_qs);
+        QCOMPARE(desk.at().list(kState)->key().isValid(), state);
+        QCOMPARE(desk.at().list(kRegisterId)->row() >= 0, vessel);
+    }
+
+    /// Rows that other screens stored or changed since the lists were filled count as they are in the file.
+    void staleLists() {
+        Desk desk;
+        desk.fill();
+        desk.store.execute("insert into state values (9, 'Gamma')");
+        desk.store.execute("insert into samplingport values (12, 'Bex', 9)");
+        desk.store.execute("insert into fishing_area values ('A3', '')");
+        desk.store.execute("insert into vessel(vesselid) values ('R-3')");
+        desk.at().type(kState, u"gamma"_qs);
+        desk.at().type(u"Fishing Area"_qs, u"a3"_qs);
+        desk.at().type(kRegisterId, u"R-3"_qs);
+        desk.saveWell();
+        QCOMPARE(desk.store.rows("select portid, areaid from fishoperation"), QStringList{u"12|A3"_qs});
+
+        desk.at().press(u"CLEAR"_qs);
+        desk.fill();
+        desk.store.execute("delete from fishing_area where aname = 'A2'");
+        desk.store.dialogs.expectMessage(u"ERROR"_qs, u"please select fishing area"_qs);
+        desk.save();
+        desk.at().choose(u"Fishing Area"_qs, u"A1"_qs);
+        desk.store.execute("update samplingport set stateid = 2 where samplingname = 'Bex'");
+        desk.store.dialogs.expectConfirm(kConfirm, portQuestion(u"Bex"_qs), true);
+        desk.saveWell();
+        QCOMPARE(desk.storedPorts(), (QStringList{u"12"_qs, u"13"_qs}));
+    }
+
+    void portOfAnotherState() {
+        Desk desk;
+        desk.fill();
+        desk.at().type(kPort, u"Cay"_qs);
+        desk.store.dialogs.expectConfirm(kConfirm, portQuestion(u"Cay"_qs), true);
+        desk.saveWell();
+        QCOMPARE(desk.store.rows("select samplingid, stateid from samplingport where samplingname = 'Cay'"),
+                 (QStringList{u"3|2"_qs, u"4|1"_qs}));
+        QCOMPARE(desk.storedPorts(), QStringList{u"4"_qs});
+    }
+
+    void portsNeedAState() {
+        Desk desk;
+        desk.store.dialogs.expectMessage(u"ERROR"_qs, u" Please input state first"_qs);
+        desk.at().list(kPort)->showPopup();
+        QVERIFY(desk.store.dialogs.done());
+        desk.at().choose(kState, u"Beta"_qs);
+        QCOMPARE(desk.at().list(kPort)->count(), 1);
+        desk.at().type(kState, u"Betaville"_qs);
+        QCOMPARE(desk.at().list(kPort)->count(), 0);
+    }
+
+    void vesselListsFillEachOther() {
+        Desk desk;
+        desk.store.execute("insert into vessel(vesselid) values ('R-77')");
+        desk.open();
+        desk.at().choose(kVesselName, u"Blue Fin"_qs);
+        QCOMPARE(desk.at().text(kRegisterId), u"R-2"_qs);
+        desk.at().type(kRegisterId, u"r-1"_qs);
+        QCOMPARE(desk.at().text(kVesselName), u"Sea Star"_qs);
+        desk.at().choose(kRegisterId, u"R-77"_qs);
+        QCOMPARE(desk.at().text(kVesselName), u"Sea Star"_qs);
+        desk.at().type(kVesselName, u"Sea"_qs);
+        QCOMPARE(desk.at().text(kRegisterId), u"R-77"_qs);
+    }
+};
+
+KELVORA_TEST(TestOperationLists, "operation_lists");
+
+}  // namespace kelvora
+
+#include "test_operation_lists.moc"

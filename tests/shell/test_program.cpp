@@ -1,0 +1,159 @@
+#include "controls/screen.h"
+#include "shell/login_dialog.h"
+#include "shell/main_window.h"
+#include "shell/program.h"
+#include "support/screen_driver.h"
+#include "support/temporary_store.h"
+#include "support/test_main.h"
+
+#include <QFile>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolBar>
+
+namespace kelvora {
+
+/// From the start to the end of the program: signing in, opening screens once, leaving.
+class TestProgram : public QObject {
+    Q_OBJECT
+
+private:
+    static QAction* action(const MainWindow& window, const QString& caption) {
+        for (QAction* found : window.findChildren<QAction*>()) {
+            if (found->text() == caption) {
+                return found;
+            }
+        }
+        qFatal("no action %s", qPrintable(caption));
+    }
+
+    /// The screens listed in the "Windows" menu.
+    static QStringList windows(const MainWindow& window) {
+        QStringList captions;
+        for (const QMenu* menu : window.findChildren<QMenu*>()) {
+            if (menu->title() == u"&Windows") {
+                for (const QAction* item : menu->actions()) {
+                    captions.append(item->text());
+                }
+            }
+        }
+        return captions;
+    }
+
+private Q_SLOTS:
+    void signIn_data() {
+        QTest::addColumn<QString>("login");
+        QTest::addColumn<QString>("password");
+        QTest::addColumn<QString>("message");
+        const QString empty = QStringLiteral("Please input Login and password");
+        const QString wrong = QStringLiteral("Your Password not correct please Try again ");
+        QTest::newRow("no password") << "Administrator"
+                                     << "" << empty;
+        QTest::newRow("no login") << ""
+                                  << "kelvora" << empty;
+        QTest::newRow("wrong password") << "Administrator"
+                                        << "kelvor" << wrong;
+        QTest::newRow("typed statement") << "' or '1' = '1"
+                                         << "' or '1' = '1" << wrong;
+        QTest::newRow("right") << "Administrator"
+                               << "kelvora"
+                               << "";
+        QTest::newRow("letter case") << "ADMINISTRATOR"
+                                     << "Kelvora"
+                                     << "";
+    }
+    void signIn() {
+        QFETCH(QString, login);
+        QFETCH(QString, password);
+        QFETCH(QString, message);
+        test::TemporaryStore store;
+        store.session = {};
+        LoginDialog dialog(store.context());
+        dialog.show();
+        const QSignalSpy signedIn(&dialog, &LoginDialog::signedIn);
+        const test::ScreenDriver hand(&dialog);
+        QCOMPARE(hand.text(u"LOGIN"_qs), QStringLiteral("Administrator"));
+        hand.type(u"LOGIN"_qs, login);
+        hand.type(u"PASSWORD"_qs, password);
+        if (!message.isEmpty()) {
+            store.dialogs.expectMessage(message);
+        }
+        hand.key(u"PASSWORD"_qs, Qt::Key_Return);
+        QVERIFY(store.dialogs.done());
+        QCOMPARE(signedIn.count(), message.isEmpty() ? 1 : 0);
+        QCOMPARE(store.session.userName, message.isEmpty() ? QStringLiteral("Administrator") : QString());
+        QCOMPARE(hand.text(u"LOGIN"_qs), login);
+        QCOMPARE(hand.text(u"PASSWORD"_qs).isEmpty(), password.isEmpty() || message.endsWith(u' '));
+    }
+
+    void cancelEmptiesThePassword() {
+        test::TemporaryStore store;
+        LoginDialog dialog(store.context());
+        dialog.show();
+        const test::ScreenDriver hand(&dialog);
+        for (const bool escape : {false, true}) {
+            hand.type(u"PASSWORD"_qs, u"kelvora"_qs);
+            escape ? hand.key(u"PASSWORD"_qs, Qt::Key_Escape) : hand.press(u"Cancel"_qs);
+            QVERIFY(dialog.isVisible());
+            QCOMPARE(hand.text(u"PASSWORD"_qs), QString());
+        }
+    }
+
+    void screensOpenOnce() {
+        test::TemporaryStore store;
+        MainWindow window(store.context());
+        window.show();
+        QAction* button = action(window, u"Fishing Operation"_qs);
+        QVERIFY(button->isEnabled());
+        button->trigger();
+        QVERIFY(!button->isEnabled());
+        QAction* report = action(window, u"Fishing Information"_qs);
+        report->trigger();
+        report->trigger();
+        QVERIFY(report->isEnabled());
+        QCOMPARE(windows(window),
+                 QStringList({u"Fishing Information"_qs, u"Number of record and estimate total catch"_qs}));
+
+        window.findChildren<QMdiSubWindow*>().first()->close();
+        QTRY_VERIFY(button->isEnabled());
+        QCOMPARE(windows(window).size(), 1);
+    }
+
+    void leaving() {
+        test::TemporaryStore store;
+        MainWindow window(store.context());
+        window.show();
+        const QSignalSpy ended(&window, &MainWindow::ended);
+        action(window, u"General Information"_qs)->trigger();
+        const auto exit = [&](bool yes) {
+            store.dialogs.expectConfirm(u"Question"_qs, u"Do you want to exit program?"_qs, yes);
+            action(window, u"Exit"_qs)->trigger();
+            QVERIFY(store.dialogs.done());
+        };
+        exit(false);
+        QCOMPARE(ended.count(), 0);
+        QCOMPARE(windows(window).size(), 1);
+        exit(true);
+        QCOMPARE(ended.count(), 1);
+    }
+
+    void anUnusableFileEndsTheStart() {
+        test::TemporaryStore store;
+        const QString path = store.file(u"notes.txt"_qs);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("catch of the day");
+        file.close();
+        Program program(path, store.dialogs);
+        store.dialogs.expectMessageContaining(path);
+        QVERIFY(!program.start());
+        QVERIFY(store.dialogs.done());
+    }
+};
+
+}  // namespace kelvora
+
+KELVORA_TEST(kelvora::TestProgram, "program");
+#include "test_program.moc"
