@@ -1,16 +1,15 @@
 #include "operations/finder_panel.h"
 
-#include "controls/bound_list.h"
 #include "controls/fields.h"
 #include "controls/guard.h"
 #include "controls/record_navigator.h"
 #include "data/connection.h"
 #include "operations/operation_details.h"
 #include "operations/operation_query.h"
+#include "operations/search_fields.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLineEdit>
 #include <QPainter>
 #include <QToolButton>
 
@@ -18,14 +17,6 @@
 
 namespace kelvora {
 namespace {
-
-QStringList criterionCaptions() {
-    QStringList captions;
-    for (const SearchCriterion& criterion : searchCriteria()) {
-        captions.append(criterion.caption);
-    }
-    return captions;
-}
 
 /// A magnifying glass in the text colour of the window.
 QIcon searchIcon(const QPalette& palette) {
@@ -51,8 +42,7 @@ FinderPanel::FinderPanel(const QString& numberCaption, Connection& connection, C
       m_connection(connection),
       m_context(std::move(context)),
       m_search(new QGroupBox(tr("Search"), this)),
-      m_criterion(new FixedList(criterionCaptions())),
-      m_value(new BoundList),
+      m_fields(new SearchFields(connection, m_context.dialogs)),
       m_navigator(new RecordNavigator(tr("Result"))),
       m_number(new ValueLabel),
       m_details(new OperationDetails) {
@@ -61,13 +51,9 @@ FinderPanel::FinderPanel(const QString& numberCaption, Connection& connection, C
     button->setToolTip(tr("Search"));
     button->setIcon(searchIcon(palette()));
     button->setFocusPolicy(Qt::StrongFocus);
-    m_criterion->setAccessibleName(tr("Criterion"));
-    m_criterion->setMinimumWidth(200);
-    m_value->setAccessibleName(tr("Value"));
 
     auto* searchLine = new QHBoxLayout(m_search);
-    searchLine->addWidget(m_criterion);
-    searchLine->addWidget(m_value, 1);
+    searchLine->addWidget(m_fields, 1);
     searchLine->addWidget(button);
 
     auto* operationLine = new QGridLayout;
@@ -87,17 +73,16 @@ FinderPanel::FinderPanel(const QString& numberCaption, Connection& connection, C
     layout->addStretch(1);
 
     Dialogs& dialogs = m_context.dialogs;
-    connect(m_criterion, &QComboBox::activated, this, guarded(dialogs, [this] { onCriterionChosen(); }));
-    connect(m_value, &BoundList::chosen, this, &FinderPanel::clear);
-    connect(m_value->lineEdit(), &QLineEdit::textEdited, this, &FinderPanel::onValueTyped);
+    connect(m_fields, &SearchFields::criterionChosen, this, &FinderPanel::clear);
+    connect(m_fields, &SearchFields::valueChosen, this, &FinderPanel::clear);
+    connect(m_fields, &SearchFields::valueTyped, this, &FinderPanel::onValueTyped);
     connect(button, &QToolButton::clicked, this, guarded(dialogs, [this] { onSearch(); }));
     connect(m_navigator, &RecordNavigator::arrived, this, &FinderPanel::onArrived);
 }
 
 void FinderPanel::open(bool selectFirstCriterion) {
     if (selectFirstCriterion) {
-        m_criterion->setCurrentIndex(0);
-        runGuarded(m_context.dialogs, [this] { onCriterionChosen(); });
+        m_fields->chooseFirstCriterion();
     }
     const int saved = m_context.session.lastSavedOperation;
     m_search->setEnabled(saved == 0);
@@ -123,13 +108,6 @@ void FinderPanel::clear() {
     Q_EMIT cleared();
 }
 
-void FinderPanel::onCriterionChosen() {
-    clear();
-    m_value->clearSource();
-    const SearchCriterion& criterion = searchCriteria()[static_cast<std::size_t>(m_criterion->currentIndex())];
-    m_value->setSource(m_connection.model(Sql(criterion.values)), criterion.shown, criterion.bound);
-}
-
 void FinderPanel::onValueTyped() {
     // What is typed is another value from the first letter on: an operation found by the former one must not stay
     // current under it.
@@ -139,11 +117,10 @@ void FinderPanel::onValueTyped() {
 }
 
 void FinderPanel::onSearch() {
-    if (m_value->text().isEmpty() || m_criterion->currentIndex() < 0) {
+    if (!m_fields->hasValue()) {
         return;
     }
-    const SearchCriterion& criterion = searchCriteria()[static_cast<std::size_t>(m_criterion->currentIndex())];
-    const std::optional<Sql> search = operationSearch(criterion, m_value->text(), m_value->key());
+    const std::optional<Sql> search = m_fields->search();
     m_found = search ? m_connection.query(*search) : ResultSet();
     m_navigator->setRowCount(m_found.rowCount());
     if (m_found.isEmpty()) {

@@ -11,11 +11,10 @@ class QGroupBox;
 
 namespace kelvora {
 
-class BoundList;
 class Connection;
-class FixedList;
 class OperationDetails;
 class RecordNavigator;
+class SearchFields;
 class ValueLabel;
 
 /// Finds the stored operation that a sampling screen works on: a criterion, a value, the matching operations one by
@@ -44,7 +43,6 @@ Q_SIGNALS:
 
 private:
     void clear();
-    void onCriterionChosen();
     void onValueTyped();
     void onSearch();
     void onArrived(int row);
@@ -53,8 +51,7 @@ private:
     Connection& m_connection;
     Context m_context;
     QGroupBox* m_search;
-    FixedList* m_criterion;
-    BoundList* m_value;
+    SearchFields* m_fields;
     RecordNavigator* m_navigator;
     ValueLabel* m_number;
     OperationDetails* m_details;

@@ -1,39 +1,22 @@
 #pragma once
 
-#include "data/result_set.h"
+#include "operations/detail_fields.h"
 
 #include <QWidget>
 
-#include <vector>
-
-class QGridLayout;
-
 namespace kelvora {
 
-class ValueLabel;
-
-/// The fields of one operation to read.
+/// The operation that a sampling screen works on, to read.
 class OperationDetails : public QWidget {
 public:
     explicit OperationDetails(QWidget* parent = nullptr);
 
     /// Shows a row of the operation query.
-    void fill(const ResultSet& result, int row);
-    void clear();
+    void fill(const ResultSet& result, int row) { m_fields.fill(result, row); }
+    void clear() { m_fields.clear(); }
 
 private:
-    using Reader = QString (*)(const ResultSet& result, int row);
-    struct Detail {
-        QString caption;
-        Reader text;
-    };
-    void addDetails(QGridLayout* form, int column, const std::vector<Detail>& details);
-
-    struct Shown {
-        ValueLabel* label;
-        Reader text;
-    };
-    std::vector<Shown> m_shown;
+    DetailFields m_fields;
 };
 
 }  // namespace kelvora

@@ -1,0 +1,66 @@
+#include "operations/search_fields.h"
+
+#include "controls/bound_list.h"
+#include "controls/guard.h"
+#include "data/connection.h"
+#include "operations/operation_query.h"
+
+#include <QHBoxLayout>
+#include <QLineEdit>
+
+namespace kelvora {
+namespace {
+
+QStringList criterionCaptions() {
+    QStringList captions;
+    for (const SearchCriterion& criterion : searchCriteria()) {
+        captions.append(criterion.caption);
+    }
+    return captions;
+}
+
+}  // namespace
+
+SearchFields::SearchFields(Connection& connection, Dialogs& dialogs, QWidget* parent)
+    : QWidget(parent),
+      m_connection(connection),
+      m_dialogs(dialogs),
+      m_criterion(new FixedList(criterionCaptions())),
+      m_value(new BoundList) {
+    m_criterion->setAccessibleName(tr("Criterion"));
+    m_criterion->setMinimumWidth(200);
+    m_value->setAccessibleName(tr("Value"));
+
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_criterion);
+    layout->addWidget(m_value, 1);
+
+    connect(m_criterion, &QComboBox::activated, this, guarded(m_dialogs, [this] { onCriterionChosen(); }));
+    connect(m_value, &BoundList::chosen, this, &SearchFields::valueChosen);
+    connect(m_value->lineEdit(), &QLineEdit::textEdited, this, &SearchFields::valueTyped);
+    connect(m_value->lineEdit(), &QLineEdit::returnPressed, this, &SearchFields::entered);
+}
+
+void SearchFields::chooseFirstCriterion() {
+    m_criterion->setCurrentIndex(0);
+    runGuarded(m_dialogs, [this] { onCriterionChosen(); });
+}
+
+bool SearchFields::hasValue() const {
+    return m_criterion->currentIndex() >= 0 && !m_value->text().isEmpty();
+}
+
+std::optional<Sql> SearchFields::search() const {
+    const SearchCriterion& criterion = searchCriteria()[static_cast<std::size_t>(m_criterion->currentIndex())];
+    return operationSearch(criterion, m_value->text(), m_value->key());
+}
+
+void SearchFields::onCriterionChosen() {
+    Q_EMIT criterionChosen();
+    m_value->clearSource();
+    const SearchCriterion& criterion = searchCriteria()[static_cast<std::size_t>(m_criterion->currentIndex())];
+    m_value->setSource(m_connection.model(Sql(criterion.values)), criterion.shown, criterion.bound);
+}
+
+}  // namespace kelvora

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "data/sql.h"
+
+#include <QWidget>
+
+#include <optional>
+
+namespace kelvora {
+
+class BoundList;
+class Connection;
+class Dialogs;
+class FixedList;
+
+/// What operations are searched by: one of the five criteria, and a value of its reference table.
+class SearchFields : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The connection and the dialogs outlive the fields. No criterion is chosen at first.
+    SearchFields(Connection& connection, Dialogs& dialogs, QWidget* parent = nullptr);
+
+    /// As if the sampler chose the first criterion.
+    void chooseFirstCriterion();
+
+    /// Whether there is a value to search for.
+    [[nodiscard]] bool hasValue() const;
+    /// The query of the operations that match the value, in ascending order of their numbers; nothing for a text that
+    /// is no value of the list and so matches no operation.
+    [[nodiscard]] std::optional<Sql> search() const;
+
+Q_SIGNALS:
+    /// Another criterion was chosen; its values are not offered yet.
+    void criterionChosen();
+    void valueChosen();
+    /// The value's text was changed by a key press.
+    void valueTyped();
+    /// Enter was pressed in the value.
+    void entered();
+
+private:
+    void onCriterionChosen();
+
+    Connection& m_connection;
+    Dialogs& m_dialogs;
+    FixedList* m_criterion;
+    BoundList* m_value;
+};
+
+}  // namespace kelvora

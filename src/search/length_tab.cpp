@@ -1,0 +1,215 @@
+#include "search/length_tab.h"
+
+#include "controls/captioned_grid.h"
+#include "controls/dialogs.h"
+#include "controls/fields.h"
+#include "controls/guard.h"
+#include "controls/record_navigator.h"
+#include "data/connection.h"
+#include "data/numbers.h"
+#include "sampling/length_checks.h"
+#include "sampling/length_store.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <cmath>
+
+namespace kelvora {
+namespace {
+
+const QString kError = QStringLiteral("ERROR");
+
+GridColumns classColumns() {
+    return {{QStringLiteral("Lower(cm.)"), 1500, Qt::AlignHCenter},
+            {QStringLiteral("Upper(cm.)"), 1500, Qt::AlignHCenter},
+            {QStringLiteral("Mid-length(cm.)"), 1500, Qt::AlignHCenter},
+            {QStringLiteral("Frequency"), 1500, Qt::AlignHCenter}};
+}
+
+}  // namespace
+
+LengthTab::LengthTab(Connection& connection, Dialogs& dialogs)
+    : SampleTab(connection, dialogs),
+      m_navigator(new RecordNavigator(QStringLiteral("Length record"))),
+      m_delete(deleteButton(QStringLiteral("Delete length sample"))),
+      m_classes(new Grid(QStringLiteral("Length classes"))),
+      m_weight(numberField()),
+      m_update(new QPushButton(QStringLiteral("Update"))),
+      m_interval(new ValueLabel),
+      m_addFrame(new QGroupBox(QStringLiteral("Lower-Upper Length"))),
+      m_nextLabel(new ValueLabel),
+      m_frequency(numberField()),
+      m_add(new QPushButton(QStringLiteral("ADD"))) {
+    auto* record = new QHBoxLayout;
+    record->addWidget(m_navigator, 1);
+    record->addWidget(m_delete);
+    auto* samples = new QVBoxLayout;
+    samples->setSpacing(8);
+    samples->addLayout(record);
+    samples->addWidget(m_classes, 1);
+
+    auto* layout = new QHBoxLayout(this);
+    layout->setSpacing(16);
+    layout->addLayout(samples, 3);
+    layout->addLayout(sampleForm(), 2);
+
+    connect(m_navigator, &RecordNavigator::arrived, this, &LengthTab::onArrived);
+    connect(m_frequency, &QLineEdit::returnPressed, m_add, &QPushButton::click);
+    connect(m_weight, &QLineEdit::returnPressed, m_update, &QPushButton::click);
+    onClick(m_update, [this] { onUpdate(); });
+    onClick(m_add, [this] { onAdd(); });
+    onClick(m_delete, [this] { onDelete(); });
+}
+
+QLayout* LengthTab::sampleForm() {
+    auto* form = new QGridLayout;
+    form->setHorizontalSpacing(12);
+    form->setVerticalSpacing(8);
+    form->setColumnStretch(1, 1);
+    addField(form, 0, 0, QStringLiteral("Sample weight (kg.)"), m_weight);
+    form->addWidget(m_update, 0, 2);
+    addField(form, 1, 0, QStringLiteral("Class Interval"), m_interval);
+
+    auto* add = new QGridLayout(m_addFrame);
+    add->setHorizontalSpacing(12);
+    add->setColumnStretch(1, 1);
+    addField(add, 0, 0, QStringLiteral("Next class"), m_nextLabel);
+    addField(add, 1, 0, QStringLiteral("Frequency"), m_frequency);
+    add->addWidget(m_add, 1, 2);
+    form->addWidget(m_addFrame, 2, 0, 1, 3);
+    form->setRowStretch(3, 1);
+    return form;
+}
+
+void LengthTab::reload() {
+    m_samples = {};
+    if (operation()) {
+        m_samples = connection().query(Sql("SELECT fish.genus & ' ' & fish.fishname AS Species,fish.fishno FROM fish "
+                                           "INNER JOIN length ON fish.fishno = length.spid where optid = ")
+                                       << *operation());
+    }
+    m_navigator->setRowCount(m_samples.rowCount());
+}
+
+void LengthTab::onArrived(int row) {
+    if (row < 0 || !runGuarded(dialogs(), [&] { showSample(row); })) {
+        showNone();
+    }
+}
+
+void LengthTab::showSample(int row) {
+    m_navigator->setCaption(QStringLiteral("Species %1 / %2 ").arg(row + 1).arg(m_samples.rowCount()) +
+                            m_samples.text(row, u"Species"));
+    showWeight();
+    const ResultSet fish = connection().query(Sql("select * from fish where fishno = ") << species());
+    m_interval->setText(fish.isEmpty() ? QString() : fish.text(0, u"classinterval"));
+    showClasses();
+    setUsable(true);
+}
+
+void LengthTab::showWeight() {
+    const ResultSet stored = connection().query(sample());
+    m_weight->setText(stored.isEmpty() ? QString() : stored.text(0, u"weight"));
+}
+
+void LengthTab::showClasses() {
+    auto classes =
+        connection().model(Sql("select lower1,upper1,midlength1,frequency1 from length_detail where optid = ")
+                           << operation().value() << " and spid = " << species() << " order by lower1");
+    showNextClass(classes->result());
+    if (classes->rowCount() == 0) {
+        m_classes->showBlank(classColumns());
+    } else {
+        m_classes->show(std::move(classes), classColumns());
+    }
+}
+
+/// The class that follows on the last one. Without a class to follow on, or an interval, there is none to add to.
+void LengthTab::showNextClass(const ResultSet& classes) {
+    m_frequency->clear();
+    m_next.reset();
+    const double interval = leadingNumber(m_interval->text());
+    const std::optional<double> upper =
+        classes.isEmpty() ? std::nullopt : classes.number(classes.rowCount() - 1, u"upper1");
+    if (!upper) {
+        m_nextLabel->setText(tr("none: this sample has no classes"));
+    } else if (interval <= 0) {
+        m_nextLabel->setText(tr("none: this species has no class interval"));
+    } else {
+        m_next = nextClass(*upper, interval);
+        m_nextLabel->setText(plainText(m_next->lower) + u'-' + plainText(m_next->upper));
+    }
+    m_frequency->setEnabled(m_next.has_value());
+    m_add->setEnabled(m_next.has_value());
+}
+
+void LengthTab::showNone() {
+    m_next.reset();
+    m_navigator->setCaption({});
+    m_interval->clear();
+    m_weight->clear();
+    m_frequency->clear();
+    m_nextLabel->clear();
+    m_classes->showBlank(classColumns());
+    setUsable(false);
+}
+
+/// There is a sample to mend, or there is none.
+void LengthTab::setUsable(bool usable) {
+    m_weight->setEnabled(usable);
+    m_update->setEnabled(usable);
+    m_delete->setVisible(usable);
+    m_addFrame->setVisible(usable);
+}
+
+void LengthTab::onUpdate() {
+    const double weight = leadingNumber(m_weight->text());
+    if (weight < 0 || !std::isfinite(weight)) {
+        dialogs().message(kError, tr("Please input sample weight: a number not below 0"));
+        m_weight->setFocus();
+        return;
+    }
+    if (isStored(sample())) {
+        connection().execute(Sql("update length set weight = ")
+                             << weight << " where optid = " << operation().value() << " and spid = " << species());
+        showWeight();
+        dialogs().message(QStringLiteral("RESULT"), QStringLiteral("Update complete!"));
+    }
+}
+
+void LengthTab::onAdd() {
+    if (!isFrequency(m_frequency->text())) {
+        dialogs().message(kError, QStringLiteral("Numeric Only"));
+        m_frequency->clear();
+        m_frequency->setFocus();
+        return;
+    }
+    if (isStored(sample())) {
+        connection().execute(Sql("insert into length_detail values(")
+                             << operation().value() << "," << species() << "," << m_next->lower << "," << m_next->upper
+                             << "," << m_next->middle() << "," << leadingNumber(m_frequency->text()) << ")");
+        showClasses();
+        m_classes->scrollToBottom();
+        m_frequency->setFocus();
+    }
+}
+
+void LengthTab::onDelete() {
+    if (dialogs().confirm(QStringLiteral("Are you sure to delete?")) && isStored(sample())) {
+        deleteLengthSample(connection(), operation().value(), species());
+        reload();
+    }
+}
+
+int LengthTab::species() const {
+    return m_samples.integer(m_navigator->row(), u"fishno").value();
+}
+
+Sql LengthTab::sample() const {
+    return Sql("select * from length where optid = ") << operation().value() << " and spid = " << species();
+}
+
+}  // namespace kelvora

@@ -1,0 +1,36 @@
+#include "search/sample_tab.h"
+
+#include "controls/guard.h"
+#include "data/connection.h"
+
+#include <QPushButton>
+
+namespace kelvora {
+
+SampleTab::SampleTab(Connection& connection, Dialogs& dialogs) : m_connection(connection), m_dialogs(dialogs) {}
+
+void SampleTab::load(std::optional<int> operation) {
+    m_operation = operation;
+    reload();
+}
+
+QPushButton* SampleTab::deleteButton(const QString& caption) {
+    auto* button = new QPushButton(caption);
+    button->setMinimumWidth(button->fontMetrics().horizontalAdvance(caption) + 32);
+    return button;
+}
+
+void SampleTab::onClick(QAbstractButton* button, const std::function<void()>& handler) {
+    connect(button, &QAbstractButton::clicked, this, guarded(m_dialogs, handler));
+}
+
+bool SampleTab::isStored(const Sql& sample) {
+    const Sql owner = Sql("select optid from fishoperation where optid = ") << m_operation.value_or(0);
+    if (m_connection.query(owner).isEmpty() || m_connection.query(sample).isEmpty()) {
+        Q_EMIT outdated();
+        return false;
+    }
+    return true;
+}
+
+}  // namespace kelvora

@@ -1,0 +1,168 @@
+#include "search/search_screen.h"
+
+#include "controls/dialogs.h"
+#include "controls/record_navigator.h"
+#include "operations/operation_query.h"
+#include "operations/search_fields.h"
+#include "search/composition_tab.h"
+#include "search/deletion.h"
+#include "search/gonad_tab.h"
+#include "search/length_tab.h"
+#include "search/operation_frame.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QTabWidget>
+
+namespace kelvora {
+
+SearchScreen::SearchScreen(const Context& context, Connection::Patience patience)
+    : Screen(QStringLiteral("Search"), context),
+      m_connection(context.databasePath, patience),
+      m_fields(new SearchFields(m_connection, dialogs())),
+      m_searchButton(new QPushButton(QStringLiteral("SEARCH"))),
+      m_delete(new QPushButton(QStringLiteral("&DELETE"))),
+      m_navigator(new RecordNavigator(QStringLiteral("Result"))),
+      m_frame(new OperationFrame) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(12, 10, 12, 10);
+    layout->setSpacing(8);
+    layout->addWidget(searchPanel());
+    layout->addWidget(m_frame);
+    layout->addWidget(sampleTabs(), 1);
+
+    onClick(m_searchButton, [this] { onSearch(); });
+    connect(m_fields, &SearchFields::entered, m_searchButton, &QPushButton::click);
+    onClick(m_delete, [this] { onDelete(); });
+    connect(m_navigator, &RecordNavigator::arrived, this, &SearchScreen::onArrived);
+
+    m_fields->chooseFirstCriterion();
+    clearOperation();
+}
+
+QWidget* SearchScreen::searchPanel() {
+    auto* panel = new QWidget;
+    // "DELETE" stands apart from what is pressed all day, and its place stays free while it is hidden.
+    QSizePolicy kept = m_delete->sizePolicy();
+    kept.setRetainSizeWhenHidden(true);
+    m_delete->setSizePolicy(kept);
+
+    auto* line = new QHBoxLayout(panel);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->addWidget(m_fields, 3);
+    line->addWidget(m_searchButton);
+    line->addSpacing(16);
+    line->addWidget(m_navigator, 2);
+    line->addSpacing(16);
+    line->addWidget(m_delete);
+    return panel;
+}
+
+QTabWidget* SearchScreen::sampleTabs() {
+    auto* tabs = new QTabWidget;
+    addTab(tabs, new CompositionTab(m_connection, dialogs()), QStringLiteral("&Species Composition"));
+    addTab(tabs, new LengthTab(m_connection, dialogs()), QStringLiteral(" Length Frequency"));
+    addTab(tabs, new GonadTab(m_connection, dialogs()), QStringLiteral("Gonad Matuarity"));
+    return tabs;
+}
+
+void SearchScreen::addTab(QTabWidget* tabs, SampleTab* tab, const QString& caption) {
+    tabs->addTab(tab, caption);
+    m_tabs.push_back(tab);
+    connect(tab, &SampleTab::outdated, this, [this] { guard([this] { onOutdated(); }); });
+}
+
+void SearchScreen::onSearch() {
+    if (m_fields->hasValue()) {
+        m_search = m_fields->search();
+        runSearch();
+    }
+}
+
+void SearchScreen::runSearch() {
+    const ResultSet found = m_search ? m_connection.query(*m_search) : ResultSet();
+    m_found.clear();
+    for (int row = 0; row < found.rowCount(); ++row) {
+        m_found.push_back(found.integer(row, u"optid").value());
+    }
+    m_navigator->setRowCount(found.rowCount());
+}
+
+void SearchScreen::onArrived(int row) {
+    if (row < 0) {
+        m_navigator->setCaption(QStringLiteral("[No Record]"));
+        clearOperation();
+        return;
+    }
+    m_navigator->setCaption(QStringLiteral("RESULT: [%1 / %2]").arg(row + 1).arg(m_found.size()));
+    refresh(m_found.at(static_cast<std::size_t>(row)));
+}
+
+void SearchScreen::refresh(int operation) {
+    if (!guard([&] { showOperation(operation); })) {
+        // Rather no operation than one whose samples are those of another.
+        clearOperation();
+    }
+}
+
+void SearchScreen::showOperation(int operation) {
+    const ResultSet details = detailsOf(operation);
+    if (details.isEmpty()) {
+        reportGone(operation);
+        return;
+    }
+    m_operation = operation;
+    m_frame->fill(details, 0);
+    m_frame->setEnabled(true);
+    m_delete->show();
+    for (SampleTab* tab : m_tabs) {
+        tab->load(operation);
+    }
+}
+
+void SearchScreen::clearOperation() {
+    m_operation.reset();
+    m_frame->clear();
+    m_frame->setEnabled(false);
+    m_delete->hide();
+    for (SampleTab* tab : m_tabs) {
+        tab->load(std::nullopt);
+    }
+}
+
+ResultSet SearchScreen::detailsOf(int operation) {
+    return m_connection.query(operationFields()
+                              << ",vessel.vesselid as vid" << operationJoin() << " Where optid = " << operation);
+}
+
+/// The operation was deleted, or one of the names that it is found by, while it was in the result.
+void SearchScreen::reportGone(int operation) {
+    dialogs().message(QStringLiteral("Operation No. %1 is not found any more: it, or a name it refers to, was changed "
+                                     "or deleted elsewhere. The search is made again.")
+                          .arg(operation));
+    runSearch();
+}
+
+void SearchScreen::onOutdated() {
+    const int operation = m_operation.value();
+    if (!detailsOf(operation).isEmpty()) {
+        dialogs().message(
+            QStringLiteral("This sample is not stored any more: it was deleted elsewhere. The samples of "
+                           "the operation are shown as they are now."));
+    }
+    refresh(operation);
+}
+
+void SearchScreen::onDelete() {
+    if (!dialogs().confirm(QStringLiteral("CONFIRM"),
+                           QStringLiteral("Are you sure to delete all data in this operation?"))) {
+        return;
+    }
+    if (deleteOperation(m_connection, m_operation.value())) {
+        runSearch();
+    } else {
+        reportGone(m_operation.value());
+    }
+}
+
+}  // namespace kelvora

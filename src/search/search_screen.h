@@ -1,0 +1,58 @@
+#pragma once
+
+#include "controls/screen.h"
+#include "data/connection.h"
+
+#include <optional>
+#include <vector>
+
+class QPushButton;
+class QTabWidget;
+
+namespace kelvora {
+
+class OperationFrame;
+class RecordNavigator;
+class SampleTab;
+class SearchFields;
+
+/// Finds stored operations by one criterion, shows them one by one with all their samples, deletes an operation with
+/// everything that hangs on it, and mends its samples.
+class SearchScreen : public Screen {
+    Q_OBJECT
+
+public:
+    /// Throws DataError if the data file cannot be opened or read.
+    explicit SearchScreen(const Context& context, Connection::Patience patience = Connection::Patience::Long);
+
+private:
+    QWidget* searchPanel();
+    QTabWidget* sampleTabs();
+    void addTab(QTabWidget* tabs, SampleTab* tab, const QString& caption);
+
+    void onSearch();
+    void onDelete();
+    void onArrived(int row);
+    void onOutdated();
+
+    void runSearch();
+    void refresh(int operation);
+    void showOperation(int operation);
+    void clearOperation();
+    [[nodiscard]] ResultSet detailsOf(int operation);
+    void reportGone(int operation);
+
+    Connection m_connection;
+    SearchFields* m_fields;
+    QPushButton* m_searchButton;
+    QPushButton* m_delete;
+    RecordNavigator* m_navigator;
+    OperationFrame* m_frame;
+    std::vector<SampleTab*> m_tabs;
+
+    std::optional<Sql> m_search;     ///< what was searched last; nothing for a value that matches no operation
+    std::vector<int> m_found;        ///< numbers of the operations found
+    std::optional<int> m_operation;  ///< the one shown
+};
+
+}  // namespace kelvora
