@@ -37,6 +37,11 @@ QLabel* addField(QGridLayout* form, int row, int column, const QString& caption,
     return label;
 }
 
+void showStars(QLineEdit* field) {
+    field->setEchoMode(QLineEdit::Password);
+    field->setStyleSheet(QStringLiteral("lineedit-password-character: 42"));  // "*"
+}
+
 QLineEdit* numberField(const QString& text) {
     auto* field = new QLineEdit(text);
     field->setMinimumWidth(field->fontMetrics().averageCharWidth() * 9);

@@ -24,6 +24,9 @@ protected:
 /// field beside it, and the caption's label has the field as its buddy. Returns the label.
 QLabel* addField(QGridLayout* form, int row, int column, const QString& caption, QWidget* field);
 
+/// Makes a text box show "*" for each typed character.
+void showStars(QLineEdit* field);
+
 /// A text box for a number: as wide as numbers are.
 QLineEdit* numberField(const QString& text = {});
 

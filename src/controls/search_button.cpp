@@ -32,6 +32,8 @@ SearchButton::SearchButton(QWidget* parent) : QToolButton(parent) {
     setAccessibleName(name);
     setToolTip(name);
     setIcon(magnifyingGlass(palette()));
+    // A click takes the keyboard from a list beside it, so that what was typed there is settled before the search.
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 }  // namespace kelvora

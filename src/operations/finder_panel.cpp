@@ -3,6 +3,7 @@
 #include "controls/fields.h"
 #include "controls/guard.h"
 #include "controls/record_navigator.h"
+#include "controls/search_button.h"
 #include "data/connection.h"
 #include "operations/operation_details.h"
 #include "operations/operation_query.h"
@@ -10,33 +11,10 @@
 
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QPainter>
-#include <QToolButton>
 
 #include <utility>
 
 namespace kelvora {
-namespace {
-
-/// A magnifying glass in the text colour of the window.
-QIcon searchIcon(const QPalette& palette) {
-    QIcon icon;
-    for (const auto& [mode, group] :
-         {std::pair{QIcon::Normal, QPalette::Active}, {QIcon::Disabled, QPalette::Disabled}}) {
-        QPixmap pixmap(64, 64);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(palette.color(group, QPalette::ButtonText), 7, Qt::SolidLine, Qt::RoundCap));
-        painter.drawEllipse(QPointF(27, 27), 18, 18);
-        painter.drawLine(QPointF(41, 41), QPointF(56, 56));
-        icon.addPixmap(pixmap, mode);
-    }
-    return icon;
-}
-
-}  // namespace
-
 FinderPanel::FinderPanel(const QString& numberCaption, Connection& connection, Context context, QWidget* parent)
     : QWidget(parent),
       m_connection(connection),
@@ -46,12 +24,7 @@ FinderPanel::FinderPanel(const QString& numberCaption, Connection& connection, C
       m_navigator(new RecordNavigator(tr("Result"))),
       m_number(new ValueLabel),
       m_details(new OperationDetails) {
-    auto* button = new QToolButton;
-    button->setAccessibleName(tr("Search"));
-    button->setToolTip(tr("Search"));
-    button->setIcon(searchIcon(palette()));
-    button->setFocusPolicy(Qt::StrongFocus);
-
+    auto* button = new SearchButton;
     auto* searchLine = new QHBoxLayout(m_search);
     searchLine->addWidget(m_fields, 1);
     searchLine->addWidget(button);
@@ -76,7 +49,8 @@ FinderPanel::FinderPanel(const QString& numberCaption, Connection& connection, C
     connect(m_fields, &SearchFields::criterionChosen, this, &FinderPanel::clear);
     connect(m_fields, &SearchFields::valueChosen, this, &FinderPanel::clear);
     connect(m_fields, &SearchFields::valueTyped, this, &FinderPanel::onValueTyped);
-    connect(button, &QToolButton::clicked, this, guarded(dialogs, [this] { onSearch(); }));
+    connect(button, &SearchButton::clicked, this, guarded(dialogs, [this] { onSearch(); }));
+    connect(m_fields, &SearchFields::entered, this, guarded(dialogs, [this] { onSearch(); }));
     connect(m_navigator, &RecordNavigator::arrived, this, &FinderPanel::onArrived);
 }
 

@@ -11,6 +11,7 @@
 #include "sampling/fish_fields.h"
 #include "sampling/gonad_import.h"
 #include "sampling/measured_fish_grid.h"
+#include "sampling/species_list.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -19,13 +20,6 @@
 
 namespace kelvora {
 namespace {
-
-/// The species recorded in an operation's composition: only what was in the catch can have been measured.
-Sql speciesOfCatch(int operation) {
-    return Sql("SELECT distinct spid,fish.genus & ' ' & fish.fishname AS Species")
-           << " FROM fish INNER JOIN group_composition ON fish.fishno = group_composition.spid where optid = "
-           << operation << " order by fish.genus & ' ' & fish.fishname";
-}
 
 /// A button that Enter presses too, once the keyboard is on it.
 QPushButton* keyButton(const QString& caption) {
@@ -153,7 +147,7 @@ void GonadEntryPanel::refresh() {
         reset();
     }
     runGuarded(m_dialogs, [&] {
-        m_species->setSource(m_connection.model(speciesOfCatch(operation.value())), u"Species"_qs, u"spid"_qs);
+        fillCaughtSpecies(*m_species, m_connection, operation.value());
         m_operation = operation;
     });
     nameOperation();

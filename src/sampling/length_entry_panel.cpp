@@ -7,6 +7,7 @@
 #include "data/numbers.h"
 #include "operations/finder_panel.h"
 #include "sampling/length_class_grid.h"
+#include "sampling/species_list.h"
 
 #include <QGridLayout>
 #include <QLineEdit>
@@ -134,11 +135,8 @@ void LengthEntryPanel::reset() {
 
 void LengthEntryPanel::refresh() {
     nameOperation();
-    const bool filled = runGuarded(m_context.dialogs, [this] {
-        const int operation = m_finder.operation().value();
-        m_species->setSource(m_connection.model(sampledSpecies(operation)), QStringLiteral("Species"),
-                             QStringLiteral("spid"));
-    });
+    const bool filled = runGuarded(
+        m_context.dialogs, [this] { fillCaughtSpecies(*m_species, m_connection, m_finder.operation().value()); });
     if (!filled) {
         // Rather no species than those of another operation.
         m_species->clearSource();

@@ -4,12 +4,6 @@
 
 namespace kelvora {
 
-Sql sampledSpecies(int operation) {
-    return Sql("SELECT distinct spid,fish.genus & ' ' & fish.fishname AS Species")
-           << " FROM fish INNER JOIN group_composition ON fish.fishno = group_composition.spid where optid = "
-           << operation << " order by fish.genus & ' ' & fish.fishname";
-}
-
 std::optional<double> storedInterval(Connection& connection, int species) {
     const ResultSet fish = connection.query(Sql("select classinterval from fish where fishno = ") << species);
     const std::optional<double> interval = fish.isEmpty() ? std::nullopt : fish.number(0, u"classinterval");

@@ -24,9 +24,6 @@ struct LengthSample {
     std::vector<CountedClass> classes;
 };
 
-/// The species recorded in an operation's composition: shown as "Species", with the key "spid".
-Sql sampledSpecies(int operation);
-
 /// The class interval (cm) remembered for a species; nothing while it has none.
 std::optional<double> storedInterval(Connection& connection, int species);
 

@@ -9,6 +9,14 @@ void fillSpecies(BoundList& list, Connection& connection) {
                    QStringLiteral("sp"), QStringLiteral("fishno"));
 }
 
+void fillCaughtSpecies(BoundList& list, Connection& connection, int operation) {
+    list.setSource(connection.model(Sql("SELECT distinct spid,fish.genus & ' ' & fish.fishname AS Species"
+                                        " FROM fish INNER JOIN group_composition ON fish.fishno ="
+                                        " group_composition.spid where optid = ")
+                                    << operation << " order by fish.genus & ' ' & fish.fishname"),
+                   QStringLiteral("Species"), QStringLiteral("spid"));
+}
+
 std::optional<ChosenSpecies> chosenSpecies(const BoundList& list) {
     const QVariant key = list.key();
     if (!key.isValid()) {

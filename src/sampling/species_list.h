@@ -13,6 +13,9 @@ class BoundList;
 /// Fills a list with all species of the catalogue, shown as genus and species.
 void fillSpecies(BoundList& list, Connection& connection);
 
+/// Fills a list with the species of an operation's composition: only what was in the catch can have been measured.
+void fillCaughtSpecies(BoundList& list, Connection& connection, int operation);
+
 /// A species chosen in a list.
 struct ChosenSpecies {
     int number = 0;

@@ -26,8 +26,7 @@ LoginDialog::LoginDialog(const Context& context)
     picture->setPixmap(QIcon(QStringLiteral(":/icons/kelvora.svg")).pixmap(QSize(pictureSize, pictureSize)));
     picture->setAccessibleName(QStringLiteral("Kelvora"));
 
-    m_password->setEchoMode(QLineEdit::Password);
-    m_password->setStyleSheet(QStringLiteral("lineedit-password-character: 42"));  // "*"
+    showStars(m_password);
     auto* fields = new QGridLayout;
     fields->setVerticalSpacing(10);
     fields->setHorizontalSpacing(12);

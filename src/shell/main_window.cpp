@@ -6,8 +6,11 @@
 #include "operations/operation_entry_screen.h"
 #include "reference/general_information_screen.h"
 #include "reports/catch_summary_screen.h"
+#include "sampling/gonad_maturity_screen.h"
 #include "sampling/length_frequency_screen.h"
 #include "sampling/species_composition_screen.h"
+#include "search/search_screen.h"
+#include "shell/change_password_screen.h"
 
 #include <QCloseEvent>
 #include <QLabel>
@@ -59,7 +62,8 @@ void MainWindow::addToolBar() {
                              QStringLiteral("species_composition")}));
     bar->addAction(addEntry(
         {QStringLiteral("Length Frequency"), make<LengthFrequencyScreen>, QStringLiteral("length_frequency")}));
-    bar->addAction(addEntry({QStringLiteral("Gonad Maturity"), nullptr, QStringLiteral("gonad_maturity")}));
+    bar->addAction(
+        addEntry({QStringLiteral("Gonad Maturity"), make<GonadMaturityScreen>, QStringLiteral("gonad_maturity")}));
     bar->addSeparator();
     QAction* leave = bar->addAction(QIcon(QStringLiteral(":/icons/exit.svg")), QStringLiteral("Exit"));
     connect(leave, &QAction::triggered, this, &MainWindow::exit);
@@ -67,8 +71,8 @@ void MainWindow::addToolBar() {
 
 void MainWindow::addMenus() {
     QMenu* main = menuBar()->addMenu(QStringLiteral("&Main Menu"));
-    main->addAction(addEntry({QStringLiteral("Search"), nullptr}));
-    main->addAction(addEntry({QStringLiteral("Change password"), nullptr}));
+    main->addAction(addEntry({QStringLiteral("Search"), make<SearchScreen>}));
+    main->addAction(addEntry({QStringLiteral("Change password"), make<ChangePasswordScreen>}));
     QMenu* report = menuBar()->addMenu(QStringLiteral("&Report"));
     report->addAction(addEntry({QStringLiteral("Fishing Information"), make<CatchSummaryScreen>}));
     report->addAction(addEntry({QStringLiteral("Species composition"), nullptr}));

@@ -1,0 +1,70 @@
+#include "shell/change_password_screen.h"
+
+#include "controls/dialogs.h"
+#include "controls/fields.h"
+
+#include <QGridLayout>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace kelvora {
+namespace {
+
+QLineEdit* passwordField(const QString& text) {
+    auto* field = new QLineEdit(text);
+    showStars(field);
+    return field;
+}
+
+}  // namespace
+
+ChangePasswordScreen::ChangePasswordScreen(const Context& context)
+    : Screen(QStringLiteral("CHANGE PASSWORD"), context),
+      m_db(context.databasePath),
+      m_userName(new QLineEdit(context.session.userName)),
+      m_login(new QLineEdit(context.session.login)),
+      m_password(passwordField(context.session.password)),
+      m_repeated(passwordField(context.session.password)) {
+    // The login name is the key of the account: with another one the change would go to somebody else, or nowhere.
+    m_login->setReadOnly(true);
+    m_login->setEnabled(false);
+    constexpr int fieldWidth = 280;
+    m_userName->setFixedWidth(fieldWidth);
+
+    auto* form = new QGridLayout;
+    form->setHorizontalSpacing(14);
+    form->setVerticalSpacing(10);
+    addField(form, 0, 0, QStringLiteral("Username"), m_userName);
+    addField(form, 1, 0, QStringLiteral("Login name"), m_login);
+    addField(form, 2, 0, QStringLiteral("Password"), m_password);
+    addField(form, 3, 0, QStringLiteral("Re-password"), m_repeated);
+    auto* change = new QPushButton(QStringLiteral("C&HANGE PASSWORD"));
+    form->addWidget(change, 4, 1, Qt::AlignRight);
+    auto* layout = new QGridLayout(this);
+    layout->setContentsMargins(24, 24, 24, 24);
+    layout->addLayout(form, 0, 0, Qt::AlignLeft | Qt::AlignTop);
+
+    onClick(change, [this] { changePassword(); });
+    for (QLineEdit* field : {m_userName, m_password, m_repeated}) {
+        connect(field, &QLineEdit::returnPressed, change, &QPushButton::click);
+    }
+}
+
+void ChangePasswordScreen::changePassword() {
+    if (m_password->text().isEmpty()) {
+        return;
+    }
+    if (m_password->text() != m_repeated->text()) {
+        dialogs().message(QStringLiteral("ERROR"), QStringLiteral("Password not match please retry again"));
+        return;
+    }
+    m_db.execute(Sql("update kelvora_user set passwd = ")
+                 << m_password->text() << ",uname = " << m_userName->text() << " where login = " << m_login->text());
+    dialogs().message(QStringLiteral("Complete"));
+    context().session.userName = m_userName->text();
+    context().session.password = m_password->text();
+    // The screen is shown in a window of the main window, which goes with it.
+    (parentWidget() != nullptr ? parentWidget() : this)->close();
+}
+
+}  // namespace kelvora
