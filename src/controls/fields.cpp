@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPushButton>
 #include <QStyle>
 
 namespace kelvora {
@@ -35,6 +36,14 @@ QLabel* addField(QGridLayout* form, int row, int column, const QString& caption,
     form->addWidget(label, row, column);
     form->addWidget(field, row, column + 1);
     return label;
+}
+
+QPushButton* keyButton(const QString& caption) {
+    auto* button = new QPushButton(caption);
+    button->setAutoDefault(true);
+    constexpr int margins = 32;
+    button->setMinimumWidth(button->fontMetrics().horizontalAdvance(caption) + margins);
+    return button;
 }
 
 void showStars(QLineEdit* field) {

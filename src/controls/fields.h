@@ -4,6 +4,7 @@
 
 class QGridLayout;
 class QLineEdit;
+class QPushButton;
 
 namespace kelvora {
 
@@ -26,6 +27,9 @@ QLabel* addField(QGridLayout* form, int row, int column, const QString& caption,
 
 /// Makes a text box show "*" for each typed character.
 void showStars(QLineEdit* field);
+
+/// A button that Enter presses too, once the keyboard is on it.
+QPushButton* keyButton(const QString& caption);
 
 /// A text box for a number: as wide as numbers are.
 QLineEdit* numberField(const QString& text = {});

@@ -21,15 +21,6 @@
 namespace kelvora {
 namespace {
 
-/// A button that Enter presses too, once the keyboard is on it.
-QPushButton* keyButton(const QString& caption) {
-    auto* button = new QPushButton(caption);
-    button->setAutoDefault(true);
-    constexpr int margins = 32;
-    button->setMinimumWidth(button->fontMetrics().horizontalAdvance(caption) + margins);
-    return button;
-}
-
 /// Why the fish could not be stored, in the words for a sampler.
 QString reasonOf(const std::exception& failure) {
     const auto* known = dynamic_cast<const DataError*>(&failure);

@@ -13,7 +13,7 @@ namespace {
 
 using Field = LengthRefusal::Field;
 
-struct Check {
+struct StartCheck {
     Field field;
     bool (*passes)(const LengthStart& start);
     QString (*message)(const LengthStart& start);
@@ -37,8 +37,8 @@ QString intervalMessage(const LengthStart& /*start*/) {
     return QStringLiteral("Please input class interval: a number greater than 0");
 }
 
-const std::array<Check, 5>& checks() {
-    static const std::array<Check, 5> all = {{
+const std::array<StartCheck, 5>& checks() {
+    static const std::array<StartCheck, 5> all = {{
         {Field::Species, [](const LengthStart& start) { return start.species.has_value(); },
          [](const LengthStart&) { return QStringLiteral("Please select species"); }},
         {Field::Operation, [](const LengthStart& start) { return start.operation.has_value(); },
@@ -55,8 +55,8 @@ const std::array<Check, 5>& checks() {
     return all;
 }
 
-std::optional<LengthRefusal> firstRefusal(std::span<const Check> all, const LengthStart& start) {
-    const auto failed = std::ranges::find_if(all, [&](const Check& check) { return !check.passes(start); });
+std::optional<LengthRefusal> firstRefusal(std::span<const StartCheck> all, const LengthStart& start) {
+    const auto failed = std::ranges::find_if(all, [&](const StartCheck& check) { return !check.passes(start); });
     return failed == all.end() ? std::nullopt : std::optional(LengthRefusal{failed->field, failed->message(start)});
 }
 

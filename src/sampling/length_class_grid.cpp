@@ -6,9 +6,9 @@
 namespace kelvora {
 namespace {
 
-enum Column { Lower, Upper, Middle, Frequency, ColumnCount };
+enum ClassColumn { Lower, Upper, Middle, Frequency, ClassColumnCount };
 
-GridColumns columns() {
+GridColumns classColumns() {
     return {{QStringLiteral("Lower"), 1200, Qt::AlignRight},
             {QStringLiteral("Upper"), 1200, Qt::AlignRight},
             {QStringLiteral("Mid-Length"), 1500, Qt::AlignRight},
@@ -21,8 +21,8 @@ QStringList rowOf(const LengthClass& c, const QString& frequency = {}) {
 
 }  // namespace
 
-LengthClassGrid::LengthClassGrid(const QString& name) : Grid(name), m_rows(new TextTable(ColumnCount, this)) {
-    show(m_rows, columns());
+LengthClassGrid::LengthClassGrid(const QString& name) : Grid(name), m_rows(new TextTable(ClassColumnCount, this)) {
+    show(m_rows, classColumns());
 }
 
 void LengthClassGrid::showNothing() {

@@ -19,13 +19,6 @@ namespace {
 /// Room between the frame around the waiting class and what is in it.
 constexpr int kInset = 10;
 
-/// A button that Enter presses as Space does, since the hand stays on the keyboard.
-QPushButton* keyButton(const QString& caption) {
-    auto* button = new QPushButton(caption);
-    button->setAutoDefault(true);
-    return button;
-}
-
 }  // namespace
 
 LengthEntryPanel::LengthEntryPanel(const FinderPanel& finder, Connection& connection, const Context& context)

@@ -19,9 +19,9 @@
 namespace kelvora {
 namespace {
 
-enum Column { Species, Weight, Key, ColumnCount };
+enum PendingColumn { Species, Weight, Key, PendingColumnCount };
 
-GridColumns columns() {
+GridColumns pendingColumns() {
     return {{QStringLiteral("Species"), 3400, Qt::AlignLeft},
             {QStringLiteral(" Weight(kg.)"), 1300, Qt::AlignHCenter},
             {QString(), 0, Qt::AlignLeft, true}};
@@ -39,11 +39,11 @@ PendingGroupPanel::PendingGroupPanel(const FinderPanel& finder, Connection& conn
       m_species(new BoundList),
       m_weight(numberField()),
       m_list(new Grid(tr("Pending group"))),
-      m_rows(ColumnCount),
+      m_rows(PendingColumnCount),
       m_save(new QPushButton(tr("SAVE"))),
       m_clear(new QPushButton(tr("CLEAR"))) {
     fillSpecies(*m_species, connection);
-    m_list->show(&m_rows, columns());
+    m_list->show(&m_rows, pendingColumns());
     auto* add = new QPushButton(tr("ADD"));
 
     auto* form = new QGridLayout;

@@ -15,7 +15,7 @@
 namespace kelvora {
 namespace {
 
-GridColumns columns() {
+GridColumns groupColumns() {
     return {{QStringLiteral("species"), 2600, Qt::AlignLeft},
             {QStringLiteral("Sampling Weight"), 1500, Qt::AlignHCenter},
             {QStringLiteral("estimate total catch"), 1700, Qt::AlignHCenter}};
@@ -65,7 +65,7 @@ void StoredGroupsPanel::showNone() {
     m_navigator->setCaption({});
     m_delete->setEnabled(false);
     m_stored->setCaption(tr("Total catch in weight of sampling group"));
-    m_stored->grid()->show(std::make_unique<TextTable>(3), columns());
+    m_stored->grid()->show(std::make_unique<TextTable>(3), groupColumns());
 }
 
 void StoredGroupsPanel::showGroup(int operation, int row) {
@@ -83,7 +83,7 @@ void StoredGroupsPanel::showGroup(int operation, int row) {
                             QStringLiteral(" kg.]"));
     m_delete->setEnabled(true);
     m_stored->setCaption(QStringLiteral("Total catch in weight of ") + name + QStringLiteral(" (kg.)"));
-    m_stored->grid()->show(std::move(species), columns());
+    m_stored->grid()->show(std::move(species), groupColumns());
 }
 
 void StoredGroupsPanel::onArrived(int row) {

@@ -20,8 +20,9 @@ class TestProgram : public QObject {
     Q_OBJECT
 
 private:
+    /// A button or menu item that opens a screen; the entries of the "Windows" menu are not among them.
     static QAction* action(const MainWindow& window, const QString& caption) {
-        for (QAction* found : window.findChildren<QAction*>()) {
+        for (QAction* found : window.findChildren<QAction*>(Qt::FindDirectChildrenOnly)) {
             if (found->text() == caption) {
                 return found;
             }
