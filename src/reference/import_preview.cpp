@@ -12,6 +12,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScopeGuard>
+#include <QStyleOptionGroupBox>
+#include <QStylePainter>
 #include <QStyledItemDelegate>
 
 namespace kelvora {
@@ -41,6 +43,24 @@ private:
     Grid* m_grid;
 };
 
+/// A frame that is not drawn when it is flat.
+class Section : public QGroupBox {
+public:
+    using QGroupBox::QGroupBox;
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        if (!isFlat()) {
+            QGroupBox::paintEvent(event);
+            return;
+        }
+        QStyleOptionGroupBox option;
+        initStyleOption(&option);
+        option.subControls = QStyle::SC_GroupBoxLabel;
+        QStylePainter(this).drawComplexControl(QStyle::CC_GroupBox, option);
+    }
+};
+
 GridColumns columnsOf(const ImportLayout& layout) {
     GridColumns columns;
     for (const ImportColumn& column : layout.columns) {
@@ -55,6 +75,7 @@ ImportPreview::ImportPreview(const ImportLayout& layout, const Captions& caption
                              Dialogs& dialogs)
     : ReferencePanel(connection, dialogs),
       m_layout(layout),
+      m_frame(new Section(captions.frame)),
       m_path(new QLineEdit),
       m_grid(new Grid(captions.preview)),
       m_table(new TextTable(layout.width(), m_grid)),
@@ -64,9 +85,8 @@ ImportPreview::ImportPreview(const ImportLayout& layout, const Captions& caption
       m_clear(new QPushButton(captions.clear)) {
     auto* outer = new QVBoxLayout(this);
     outer->setContentsMargins({});
-    auto* frame = new QGroupBox(captions.frame);
-    outer->addWidget(frame);
-    auto* rows = new QVBoxLayout(frame);
+    outer->addWidget(m_frame);
+    auto* rows = new QVBoxLayout(m_frame);
 
     auto* file = new QHBoxLayout;
     rows->addLayout(file);
@@ -100,6 +120,13 @@ void ImportPreview::complete(std::vector<CsvRecord>& /*records*/) {}
 
 bool ImportPreview::mayRemove(const CsvRecord& /*record*/) const {
     return true;
+}
+
+void ImportPreview::leaveFrame() {
+    constexpr int gap = 4;
+    m_frame->setFlat(true);
+    m_frame->setContentsMargins(0, m_frame->fontMetrics().height() + gap, 0, 0);
+    m_frame->layout()->setContentsMargins({});
 }
 
 void ImportPreview::chooseFile() {

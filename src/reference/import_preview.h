@@ -3,6 +3,7 @@
 #include "reference/import_file.h"
 #include "reference/reference_panel.h"
 
+class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -35,6 +36,9 @@ protected:
     /// The records of a file are shown.
     virtual void loaded() {}
 
+    /// For an import inside another frame: a caption, but no frame of its own.
+    void leaveFrame();
+
     [[nodiscard]] Grid* grid() const { return m_grid; }
     [[nodiscard]] TextTable* table() const { return m_table; }
     [[nodiscard]] QPushButton* clearButton() const { return m_clear; }
@@ -49,6 +53,7 @@ private:
     void clear();
 
     const ImportLayout& m_layout;
+    QGroupBox* m_frame;
     QLineEdit* m_path;
     Grid* m_grid;
     TextTable* m_table;

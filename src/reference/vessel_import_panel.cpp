@@ -11,7 +11,9 @@ VesselImportPanel::VesselImportPanel(VesselTab& tab, Connection& connection, Dia
           vesselLayout(),
           {tr("Vessel import"), tr("Vessel file"), tr("Vessel import"), tr("Save"), tr("Delete"), tr("Clear")},
           connection, dialogs),
-      m_tab(tab) {}
+      m_tab(tab) {
+    leaveFrame();
+}
 
 ResultSet VesselImportPanel::gearsNamed(const QString& name) const {
     return connection().query(Sql("select * from Fishing_gear where guname = ") << name);

@@ -58,9 +58,9 @@ VesselTab::VesselTab(Connection& connection, Dialogs& dialogs)
 
     vessels->addSpacing(6);
     m_register->leaveFrame();
-    vessels->addWidget(m_register, 1);
+    vessels->addWidget(m_register, 3);
 
-    vessels->addWidget(new VesselImportPanel(*this, connection, dialogs), 1);
+    vessels->addWidget(new VesselImportPanel(*this, connection, dialogs), 4);
 
     onClick(addButton, [this] { add(); });
     m_register->onArrival(dialogs, [this](bool onRow) {
