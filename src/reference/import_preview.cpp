@@ -16,6 +16,8 @@
 #include <QStylePainter>
 #include <QStyledItemDelegate>
 
+#include <algorithm>
+
 namespace kelvora {
 namespace {
 
