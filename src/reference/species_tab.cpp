@@ -4,6 +4,7 @@
 #include "controls/fields.h"
 #include "data/keys.h"
 #include "reference/record_grid.h"
+#include "reference/species_import_panel.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -40,6 +41,8 @@ SpeciesTab::SpeciesTab(Connection& connection, Dialogs& dialogs)
     form->setColumnStretch(3, 1);
 
     catalogue->addWidget(m_catalogue, 1);
+
+    layout->addWidget(new SpeciesImportPanel(*this, connection, dialogs), 1);
 
     onClick(addButton, [this] { add(); });
     m_catalogue->onArrival(dialogs, [this](bool onRow) {
@@ -80,14 +83,15 @@ void SpeciesTab::add() {
     RefreshSpeciesGrid();
 }
 
-void SpeciesTab::AddSpecies(const QString& species, const QString& genus, const QString& family,
+bool SpeciesTab::AddSpecies(const QString& species, const QString& genus, const QString& family,
                             const QString& commonName) {
     if (isStored(family, genus, species)) {
-        return;
+        return false;
     }
     const int number = nextSpecies(connection());
     connection().execute(Sql("insert into fish(fishno,fishname,genus,family,common_name) values(")
                          << number << "," << species << "," << genus << "," << family << "," << commonName << ")");
+    return true;
 }
 
 void SpeciesTab::deleteSpecies() {

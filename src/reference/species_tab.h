@@ -18,7 +18,8 @@ public:
     void RefreshSpeciesGrid();
 
     /// Stores a species under the next number, unless the same one (family, genus and species) is stored already.
-    void AddSpecies(const QString& species, const QString& genus, const QString& family, const QString& commonName);
+    /// Returns whether it was stored.
+    bool AddSpecies(const QString& species, const QString& genus, const QString& family, const QString& commonName);
 
 private:
     void add();

@@ -6,6 +6,7 @@
 #include "data/keys.h"
 #include "data/numbers.h"
 #include "reference/record_grid.h"
+#include "reference/vessel_import_panel.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -57,7 +58,9 @@ VesselTab::VesselTab(Connection& connection, Dialogs& dialogs)
 
     vessels->addSpacing(6);
     m_register->leaveFrame();
-    vessels->addWidget(m_register, 1);
+    vessels->addWidget(m_register, 3);
+
+    vessels->addWidget(new VesselImportPanel(*this, connection, dialogs), 4);
 
     onClick(addButton, [this] { add(); });
     m_register->onArrival(dialogs, [this](bool onRow) {
@@ -165,7 +168,10 @@ void VesselTab::addvessel2(const Sql& statement) {
 }
 
 void VesselTab::AddGearCounted(const QString& name) {
-    const int id = nextGearByCount(connection());
+    int id = nextGearByCount(connection());
+    if (finds(Sql("select * from Fishing_gear where gearid = ") << id)) {
+        id = nextGear(connection());
+    }
     connection().execute(Sql("insert into Fishing_gear values(") << id << "," << name << ")");
     dialogs().message(tr("Insert Complete!"));
     RefreshVesselGearList();

@@ -25,7 +25,8 @@ public:
     void addvessel(const Sql& statement);
     /// Executes the insert of a vessel and keeps it without a question.
     void addvessel2(const Sql& statement);
-    /// Stores a gear that a vessel file names, under the number of gears + 1.
+    /// Stores a gear that a vessel file names, under the number of gears + 1, or behind the largest number if that one
+    /// is taken.
     void AddGearCounted(const QString& name);
 
 Q_SIGNALS:

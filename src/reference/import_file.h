@@ -1,0 +1,56 @@
+#pragma once
+
+#include "data/csv_reader.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace kelvora {
+
+/// A field of an import file: its name in the header, its caption in the preview, its width there in twips.
+struct ImportColumn {
+    QString header;
+    QString caption;
+    int twips = 1000;
+};
+
+/// What a file has to look like. The header is compared group by group, each group so many columns further to the
+/// right; a group fails only when all of its names differ.
+struct ImportLayout {
+    std::vector<ImportColumn> columns;
+    std::vector<int> headerGroups;
+
+    [[nodiscard]] int width() const { return static_cast<int>(columns.size()); }
+};
+
+/// Whether a record is the header of such a file. Names are compared with regard to letter case.
+bool headerFits(const ImportLayout& layout, const QStringList& fields);
+
+/// Names the line of the first record with too few or too many fields; empty if all records have as many as columns.
+QString unevenRecord(const ImportLayout& layout, const std::vector<CsvRecord>& records);
+
+/// A record that cannot be stored, and the captions of the columns that are the reason.
+struct RefusedRecord {
+    CsvRecord record;
+    QStringList columns;
+};
+
+/// What became of the records of one save.
+struct ImportOutcome {
+    int stored = 0;
+    int known = 0;  ///< left out, since the same name is stored already
+    std::vector<RefusedRecord> refused;
+};
+
+/// The outcome in one line: "stored 1,065, already known 214, refused 0".
+QString outcomeLine(const ImportOutcome& outcome);
+
+/// Names the first ten refused records by their line, first field and columns.
+QString refusalText(const std::vector<RefusedRecord>& refused);
+
+/// A whole number with its thousands set off by commas.
+QString counted(qsizetype number);
+
+}  // namespace kelvora

@@ -1,0 +1,244 @@
+#include "reference/import_preview.h"
+
+#include "controls/captioned_grid.h"
+#include "controls/dialogs.h"
+#include "controls/fields.h"
+#include "controls/progress.h"
+#include "controls/text_table.h"
+#include "data/transaction.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScopeGuard>
+#include <QStyleOptionGroupBox>
+#include <QStylePainter>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+
+namespace kelvora {
+namespace {
+
+constexpr QColor kHighlight(192, 192, 192);
+
+/// Paints the row that the preview stands on in bold on grey, in the dark mode too, where the text would be light.
+class RowHighlight : public QStyledItemDelegate {
+public:
+    explicit RowHighlight(Grid* grid) : QStyledItemDelegate(grid), m_grid(grid) {}
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (index.row() != m_grid->currentRow()) {
+            return;
+        }
+        const bool coloured = index.data(Qt::ForegroundRole).isValid();
+        option->font.setBold(true);
+        option->state &= ~(QStyle::State_Selected | QStyle::State_HasFocus);
+        option->backgroundBrush = kHighlight;
+        option->palette.setColor(QPalette::Text, coloured ? QColor(Qt::blue) : QColor(Qt::black));
+    }
+
+private:
+    Grid* m_grid;
+};
+
+/// A frame that is not drawn when it is flat.
+class Section : public QGroupBox {
+public:
+    using QGroupBox::QGroupBox;
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        if (!isFlat()) {
+            QGroupBox::paintEvent(event);
+            return;
+        }
+        QStyleOptionGroupBox option;
+        initStyleOption(&option);
+        option.subControls = QStyle::SC_GroupBoxLabel;
+        QStylePainter(this).drawComplexControl(QStyle::CC_GroupBox, option);
+    }
+};
+
+GridColumns columnsOf(const ImportLayout& layout) {
+    GridColumns columns;
+    for (const ImportColumn& column : layout.columns) {
+        columns.push_back({column.caption, column.twips});
+    }
+    return columns;
+}
+
+}  // namespace
+
+ImportPreview::ImportPreview(const ImportLayout& layout, const Captions& captions, Connection& connection,
+                             Dialogs& dialogs)
+    : ReferencePanel(connection, dialogs),
+      m_layout(layout),
+      m_frame(new Section(captions.frame)),
+      m_path(new QLineEdit),
+      m_grid(new Grid(captions.preview)),
+      m_table(new TextTable(layout.width(), m_grid)),
+      m_line(new ValueLabel),
+      m_save(new QPushButton(captions.save)),
+      m_remove(new QPushButton(captions.remove)),
+      m_clear(new QPushButton(captions.clear)) {
+    auto* outer = new QVBoxLayout(this);
+    outer->setContentsMargins({});
+    outer->addWidget(m_frame);
+    auto* rows = new QVBoxLayout(m_frame);
+
+    auto* file = new QHBoxLayout;
+    rows->addLayout(file);
+    m_path->setAccessibleName(captions.file);
+    m_path->setPlaceholderText(tr("No file chosen"));
+    m_path->setReadOnly(true);
+    file->addWidget(m_path, 1);
+    auto* import = new QPushButton(tr("Import"));
+    file->addWidget(import);
+
+    m_grid->setItemDelegate(new RowHighlight(m_grid));
+    m_grid->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_grid->show(m_table, columnsOf(layout));
+    rows->addWidget(m_grid, 1);
+
+    auto* footer = new QHBoxLayout;
+    rows->addLayout(footer);
+    footer->addWidget(m_line, 1);
+    for (QPushButton* button : {m_save, m_remove, m_clear}) {
+        footer->addWidget(button);
+    }
+
+    onClick(import, [this] { chooseFile(); });
+    onClick(m_save, [this] { save(); });
+    onClick(m_remove, [this] { removeRow(); });
+    onClick(m_clear, [this] { clear(); });
+    clear();
+}
+
+void ImportPreview::complete(std::vector<CsvRecord>& /*records*/) {}
+
+bool ImportPreview::mayRemove(const CsvRecord& /*record*/) const {
+    return true;
+}
+
+void ImportPreview::leaveFrame() {
+    constexpr int gap = 4;
+    m_frame->setFlat(true);
+    m_frame->setContentsMargins(0, m_frame->fontMetrics().height() + gap, 0, 0);
+    m_frame->layout()->setContentsMargins({});
+}
+
+void ImportPreview::chooseFile() {
+    const auto path = dialogs().openFile(Dialogs::FileKind::Csv);
+    if (!path) {
+        return;
+    }
+    // The box names a file only as long as the file is what the preview shows.
+    m_path->setText(*path);
+    auto notRead = qScopeGuard([this] { m_path->clear(); });
+    if (read(*path)) {
+        notRead.dismiss();
+    }
+}
+
+bool ImportPreview::read(const QString& path) {
+    if (!path.endsWith(u".csv"_qs, Qt::CaseSensitive)) {
+        dialogs().message(tr("Error file type .csv only try again"));
+        return false;
+    }
+    std::vector<CsvRecord> records = parseCsv(decodedText(readImportFile(path)));
+    if (records.empty()) {
+        dialogs().message(tr("No data in this file"));
+        return true;
+    }
+    if (!headerFits(m_layout, records.front().fields)) {
+        dialogs().message(tr("ERROR"), tr("Error File Format"));
+        return false;
+    }
+    const QString uneven = unevenRecord(m_layout, records);
+    if (!uneven.isEmpty()) {
+        dialogs().message(tr("ERROR"), uneven);
+        return false;
+    }
+    records.erase(records.begin());
+    complete(records);
+    show(std::move(records));
+    loaded();
+    return true;
+}
+
+void ImportPreview::show(std::vector<CsvRecord> records) {
+    std::vector<QStringList> rows;
+    rows.reserve(records.size());
+    for (const CsvRecord& record : records) {
+        rows.push_back(record.fields);
+    }
+    const bool blank = rows.empty();
+    if (blank) {
+        rows.emplace_back();
+    }
+    m_records = std::move(records);
+    m_table->setRows(std::move(rows));
+    m_save->setEnabled(!blank);
+    m_remove->setEnabled(!blank);
+    m_line->setText(tr("rows: %1").arg(counted(static_cast<qsizetype>(m_records.size()))));
+    if (!blank) {
+        m_grid->setCurrentRow(0);
+    }
+}
+
+void ImportPreview::save() {
+    const QString count = QString::number(m_records.size());
+    if (!dialogs().confirm(tr("CONFIRM"), tr("Are you sure to insert '%1' data").arg(count))) {
+        return;
+    }
+    const ImportOutcome outcome = storeAll();
+    if (outcome.refused.empty()) {
+        clear();
+    } else {
+        std::vector<CsvRecord> left;
+        for (const RefusedRecord& refused : outcome.refused) {
+            left.push_back(refused.record);
+        }
+        show(std::move(left));
+    }
+    m_line->setText(outcomeLine(outcome));
+    refreshStored();
+    if (!outcome.refused.empty()) {
+        dialogs().message(tr("ERROR"), refusalText(outcome.refused));
+    }
+}
+
+ImportOutcome ImportPreview::storeAll() {
+    ImportOutcome outcome;
+    Transaction transaction(connection());
+    Progress progress(tr("Storing the rows…"), static_cast<int>(m_records.size()));
+    for (const CsvRecord& record : m_records) {
+        store(record, outcome);
+        progress.step();
+    }
+    transaction.commit();
+    return outcome;
+}
+
+void ImportPreview::removeRow() {
+    const int row = m_grid->currentRow();
+    if (row < 0 || m_records.size() < 2 || !mayRemove(m_records.at(static_cast<std::size_t>(row)))) {
+        return;
+    }
+    m_records.erase(m_records.begin() + row);
+    m_table->removeRow(row);
+    m_grid->setCurrentRow(std::min(row, m_table->rowCount() - 1));
+    m_line->setText(tr("rows: %1").arg(counted(static_cast<qsizetype>(m_records.size()))));
+}
+
+void ImportPreview::clear() {
+    m_path->clear();
+    show({});
+    m_line->clear();
+}
+
+}  // namespace kelvora

@@ -1,0 +1,87 @@
+#include "reference/vessel_import.h"
+
+#include "data/numbers.h"
+#include "data/result_set.h"
+
+#include <map>
+
+namespace kelvora {
+namespace {
+
+enum Column { Name, RegisterId, EngineType, Power, Length, State, Size, Gear, NetLength, NetWidth, MeshSize };
+static_assert(Gear == kGearColumn);
+
+/// The gear for a name that is not stored yet.
+QString newGear(const QString& name, const GearQuestions& questions) {
+    const QString answer = questions.ask(name);
+    if (answer.trimmed().isEmpty()) {
+        return {};
+    }
+    if (const auto stored = questions.stored(answer)) {
+        return *stored;
+    }
+    if (!questions.confirm(answer)) {
+        return {};
+    }
+    questions.add(answer);
+    return answer;
+}
+
+}  // namespace
+
+const ImportLayout& vesselLayout() {
+    static const ImportLayout layout = {{{u"vessel name"_qs, u"Vessel name"_qs, 2000},
+                                         {u"vessel register id"_qs, u"Vessel id"_qs, 1500},
+                                         {u"engine type"_qs, u"Engine type"_qs, 1100},
+                                         {u"engine power"_qs, u"Engine power"_qs, 1300},
+                                         {u"length(m)"_qs, u"Vessel length"_qs, 1300},
+                                         {u"state/province"_qs, u"State/Province"_qs, 1300},
+                                         {u"size(GRT)"_qs, u"Size(GRT)"_qs, 1000},
+                                         {u"type of gear"_qs, u"Type of gear"_qs, 1300},
+                                         {u"net length(m)"_qs, u"Net length"_qs, 1000},
+                                         {u"net width(m)"_qs, u"Net width"_qs, 1000},
+                                         {u"mesh size(cm)"_qs, u"Mesh size"_qs, 1000}},
+                                        {4, 3, 1, 1, 1, 1}};
+    return layout;
+}
+
+QStringList unusableNumbers(const QStringList& fields) {
+    QStringList captions;
+    for (const int column : {Power, Length, Size}) {
+        if (!isNumeric(fields[column])) {
+            captions.append(vesselLayout().columns[static_cast<std::size_t>(column)].caption);
+        }
+    }
+    return captions;
+}
+
+Sql vesselInsert(const QStringList& fields, int gear) {
+    const auto number = [&fields](Column column) { return toNumber(fields[column]).value_or(0); };
+    return Sql("insert into vessel values(")
+           << fields[Name] << "," << fields[RegisterId] << "," << fields[State] << "," << fields[EngineType] << ","
+           << number(Power) << "," << number(Size) << "," << number(Length) << "," << gear << "," << fields[MeshSize]
+           << "," << fields[NetLength] << "," << fields[NetWidth] << ")";
+}
+
+void settleGears(std::vector<CsvRecord>& vessels, const GearQuestions& questions) {
+    const auto before = [](const QString& left, const QString& right) { return compareText(left, right) < 0; };
+    // Thousands of vessels share a few gears: what was found or answered for a name holds for the whole file.
+    struct Settled {
+        bool stored;
+        QString answer;
+    };
+    std::map<QString, Settled, decltype(before)> settled(before);
+    for (CsvRecord& vessel : vessels) {
+        QString& gear = vessel.fields[kGearColumn];
+        auto known = settled.find(gear);
+        if (known == settled.end()) {
+            const bool stored = questions.stored(gear).has_value();
+            known = settled.emplace(gear, Settled{stored, stored ? QString() : newGear(gear, questions)}).first;
+        }
+        if (!known->second.stored) {
+            gear = known->second.answer;
+        }
+    }
+}
+
+}  // namespace kelvora

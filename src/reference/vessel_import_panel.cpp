@@ -1,0 +1,60 @@
+#include "reference/vessel_import_panel.h"
+
+#include "controls/dialogs.h"
+#include "reference/vessel_import.h"
+#include "reference/vessel_tab.h"
+
+namespace kelvora {
+
+VesselImportPanel::VesselImportPanel(VesselTab& tab, Connection& connection, Dialogs& dialogs)
+    : ImportPreview(
+          vesselLayout(),
+          {tr("Vessel import"), tr("Vessel file"), tr("Vessel import"), tr("Save"), tr("Delete"), tr("Clear")},
+          connection, dialogs),
+      m_tab(tab) {
+    leaveFrame();
+}
+
+ResultSet VesselImportPanel::gearsNamed(const QString& name) const {
+    return connection().query(Sql("select * from Fishing_gear where guname = ") << name);
+}
+
+void VesselImportPanel::complete(std::vector<CsvRecord>& records) {
+    GearQuestions questions;
+    questions.stored = [this](const QString& name) {
+        const ResultSet found = gearsNamed(name);
+        return found.isEmpty() ? std::nullopt : std::optional(found.text(0, u"guname"));
+    };
+    questions.ask = [this](const QString& proposed) {
+        return dialogs()
+            .input(tr("New Fishing Gear"), tr("You have to insert new fishing gear"), proposed)
+            .value_or(QString());
+    };
+    questions.confirm = [this](const QString& name) {
+        return dialogs().confirm(tr("Are you sure to insert '%1'? ").arg(name));
+    };
+    questions.add = [this](const QString& name) { m_tab.AddGearCounted(name); };
+    settleGears(records, questions);
+}
+
+void VesselImportPanel::store(const CsvRecord& record, ImportOutcome& outcome) {
+    const QStringList& fields = record.fields;
+    if (finds(Sql("select * from vessel where vesselname = ") << fields.first())) {
+        ++outcome.known;
+        return;
+    }
+    const QStringList unusable = unusableNumbers(fields);
+    if (!unusable.isEmpty()) {
+        outcome.refused.push_back({record, unusable});
+        return;
+    }
+    const ResultSet gears = gearsNamed(fields[kGearColumn]);
+    m_tab.addvessel2(vesselInsert(fields, gears.isEmpty() ? 0 : gears.integer(0, u"gearid").value_or(0)));
+    ++outcome.stored;
+}
+
+void VesselImportPanel::refreshStored() {
+    m_tab.RefreshVesselGrid();
+}
+
+}  // namespace kelvora
