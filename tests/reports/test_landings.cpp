@@ -2,10 +2,10 @@
 #include "data/transaction.h"
 #include "reports/catch_summary.h"
 #include "reports/species_composition_report.h"
+#include "species_report.h"
 #include "support/temporary_store.h"
 #include "support/test_main.h"
 
-#include <QFile>
 #include <QTest>
 
 #include <algorithm>
@@ -14,19 +14,7 @@
 namespace kelvora {
 namespace {
 
-/// The lines of a file behind its header, each as its fields.
-std::vector<QStringList> linesOf(const char* name) {
-    QFile file(QStringLiteral(KELVORA_TEST_FILES "/") + QString::fromLatin1(name));
-    if (!file.open(QIODevice::ReadOnly)) {
-        qFatal("no file %s", name);
-    }
-    file.readLine();
-    std::vector<QStringList> lines;
-    while (!file.atEnd()) {
-        lines.push_back(QString::fromUtf8(file.readLine()).trimmed().split(u','));
-    }
-    return lines;
-}
+using test::linesOf;
 
 /// The number of a name, given in the order in which names come.
 int numbered(std::map<QString, int>& names, const QString& name) {

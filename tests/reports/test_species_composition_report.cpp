@@ -1,10 +1,8 @@
 #include "controls/bound_list.h"
 #include "controls/captioned_grid.h"
-#include "data/dates.h"
 #include "reports/species_composition_report_screen.h"
-#include "support/screen_driver.h"
+#include "species_report.h"
 #include "support/test_main.h"
-#include "worked_year.h"
 
 #include <QAbstractButton>
 #include <QLabel>
@@ -16,6 +14,7 @@ namespace kelvora {
 namespace {
 
 using test::ScreenDriver;
+using test::texts;
 
 const QString kYear = QStringLiteral("Year");
 const QString kTotal = QStringLiteral("Total catch of this year(kg.)");
@@ -67,14 +66,6 @@ struct Opened {
     std::unique_ptr<SpeciesCompositionReportScreen> screen;
 };
 
-QStringList texts(const char* joined) {
-    return QString::fromLatin1(joined).split(u';');
-}
-
-QByteArray dateLine() {
-    return "EXPORT Date : " + shortDate(QDate::currentDate()).toLocal8Bit() + "\r\n";
-}
-
 }  // namespace
 
 /// The species of a part of a year, as a sampler asks for them.
@@ -125,7 +116,7 @@ private Q_SLOTS:
         open.ui().choose(option, chosen);
         QCOMPARE(open.ui().rows(kGrid), rows.split(u';'));
 
-        QByteArray file = "Species composition data In 2004\r\n" + dateLine() +
+        QByteArray file = "Species composition data In 2004\r\n" + test::exportDay() +
                           QStringLiteral("%1:%2\r\n").arg(option, chosen).toLocal8Bit() +
                           "Species,Composition(Kg.),%Composition,\r\n";
         for (QString& line : rows.split(u';')) {
