@@ -3,6 +3,7 @@
 #include "data/crosstab.h"
 #include "data/dialect.h"
 
+#include <QRegularExpression>
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
@@ -25,6 +26,12 @@ QVariant valueOf(const SQLite::Column& column) {
     }
     const char* text = column.getText();
     return QString::fromUtf8(text, column.getBytes());
+}
+
+/// The name of a column. The engine numbers one that two tables of a nested join have ("stateid:1").
+QString columnName(const SQLite::Statement& query, int column) {
+    static const QRegularExpression number(QStringLiteral(":\\d+$"));
+    return QString::fromUtf8(query.getColumnName(column)).remove(number);
 }
 
 }  // namespace
@@ -69,7 +76,7 @@ ResultSet Connection::rowsOf(const std::string& statement) {
         ResultSet result;
         const int columns = query.getColumnCount();
         for (int i = 0; i < columns; ++i) {
-            result.columns.push_back(QString::fromUtf8(query.getColumnName(i)));
+            result.columns.push_back(columnName(query, i));
         }
         while (query.executeStep()) {
             std::vector<QVariant>& row = result.rows.emplace_back();

@@ -2,6 +2,7 @@
 
 #include "data/dates.h"
 
+#include <QAbstractItemModel>
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -19,6 +20,20 @@ void CsvText::addValues(const QStringList& values) {
         m_text += value + u',';
     }
     addLine();
+}
+
+void CsvText::addGrid(const QAbstractItemModel& grid) {
+    const auto addRow = [&](const auto& textOf) {
+        QStringList values;
+        for (int column = 0; column < grid.columnCount(); ++column) {
+            values.append(textOf(column).toString());
+        }
+        addValues(values);
+    };
+    addRow([&](int column) { return grid.headerData(column, Qt::Horizontal); });
+    for (int row = 0; row < grid.rowCount(); ++row) {
+        addRow([&](int column) { return grid.index(row, column).data(); });
+    }
 }
 
 QString exportDateLine(const QDate& day) {

@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+class QAbstractItemModel;
+
 namespace kelvora {
 
 /// The lines of an export, each ended by carriage return and line feed. Texts are written bare: without quotes around
@@ -14,6 +16,8 @@ public:
     void addLine(const QString& text = {});
     /// A data line: every value is followed by a comma, the last one too.
     void addValues(const QStringList& values);
+    /// A grid as it is shown: a data line of its captions and one of each row.
+    void addGrid(const QAbstractItemModel& grid);
 
     [[nodiscard]] const QString& text() const { return m_text; }
 

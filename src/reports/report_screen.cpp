@@ -20,8 +20,7 @@ ReportScreen::ReportScreen(const QString& caption, const Context& context, const
     if (auto found = m_db.model(years); found->rowCount() > 0) {
         m_years->setSource(std::move(found), QStringLiteral("gyear"), QStringLiteral("gyear"));
     }
-    // While years are offered below the list, Enter in it does not reach the screen.
-    connect(m_years->lineEdit(), &QLineEdit::returnPressed, this, guarded(dialogs(), [this] { search(); }));
+    searchOnEnterIn(m_years);
 
     m_export->setAutoDefault(false);
     m_export->setEnabled(false);
@@ -46,11 +45,17 @@ void ReportScreen::searchOn(QAbstractButton* button) {
     onClick(button, [this] { search(); });
 }
 
+void ReportScreen::searchOnEnterIn(BoundList* list) {
+    // While rows are offered below the list, Enter in it does not reach the screen.
+    connect(list->lineEdit(), &QLineEdit::returnPressed, this, guarded(dialogs(), [this] { search(); }));
+    m_searching.append(list);
+}
+
 void ReportScreen::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!enter) {
         Screen::keyPressEvent(event);
-    } else if (focusWidget() != m_years) {
+    } else if (!m_searching.contains(focusWidget())) {
         guard([this] { search(); });
     }
 }

@@ -4,6 +4,8 @@
 #include "data/connection.h"
 #include "reports/csv_export.h"
 
+#include <QList>
+
 #include <optional>
 
 class QPushButton;
@@ -34,6 +36,8 @@ protected:
 
     /// Runs the search whenever a button is pressed.
     void searchOn(QAbstractButton* button);
+    /// Enter in a list runs the search, also while its rows are offered below it.
+    void searchOnEnterIn(BoundList* list);
     /// Disabled until a report enables it.
     [[nodiscard]] QPushButton* exportButton() const { return m_export; }
 
@@ -44,6 +48,7 @@ private:
 
     Connection m_db;
     BoundList* m_years;
+    QList<QWidget*> m_searching;  ///< the lists that run the search themselves
     QPushButton* m_export;
 };
 

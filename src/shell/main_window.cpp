@@ -6,6 +6,9 @@
 #include "operations/operation_entry_screen.h"
 #include "reference/general_information_screen.h"
 #include "reports/catch_summary_screen.h"
+#include "reports/gonad_maturity_report_screen.h"
+#include "reports/length_frequency_report_screen.h"
+#include "reports/species_composition_report_screen.h"
 #include "sampling/gonad_maturity_screen.h"
 #include "sampling/length_frequency_screen.h"
 #include "sampling/species_composition_screen.h"
@@ -75,9 +78,9 @@ void MainWindow::addMenus() {
     main->addAction(addEntry({QStringLiteral("Change password"), make<ChangePasswordScreen>}));
     QMenu* report = menuBar()->addMenu(QStringLiteral("&Report"));
     report->addAction(addEntry({QStringLiteral("Fishing Information"), make<CatchSummaryScreen>}));
-    report->addAction(addEntry({QStringLiteral("Species composition"), nullptr}));
-    report->addAction(addEntry({QStringLiteral("Length Frequency"), nullptr}));
-    report->addAction(addEntry({QStringLiteral("Gonad Maturity"), nullptr}));
+    report->addAction(addEntry({QStringLiteral("Species composition"), make<SpeciesCompositionReportScreen>}));
+    report->addAction(addEntry({QStringLiteral("Length Frequency"), make<LengthFrequencyReportScreen>}));
+    report->addAction(addEntry({QStringLiteral("Gonad Maturity"), make<GonadMaturityReportScreen>}));
     m_windows = menuBar()->addMenu(QStringLiteral("&Windows"));
 }
 

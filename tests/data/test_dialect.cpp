@@ -43,6 +43,13 @@ private Q_SLOTS:
     }
     void cleanupTestCase() { m_store.reset(); }
 
+    void columnsOfNestedJoinsKeepTheirNames() {
+        const ResultSet ports = m_store->db().query(Sql(
+            "SELECT DISTINCT (state.stateid) ,state.statename FROM fishoperation INNER JOIN (samplingport INNER JOIN"
+            " state ON samplingport.stateid=state.stateid) ON fishoperation.portid=samplingport.samplingid"));
+        QCOMPARE(ports.columns, (std::vector<QString>{QStringLiteral("stateid"), QStringLiteral("statename")}));
+    }
+
     void joinedTexts_data() {
         addColumns();
         newRow("nulls", Sql("select null & 'a' & null"), {QStringLiteral("a")});

@@ -1,9 +1,11 @@
+#include "data/numbers.h"
 #include "data/transaction.h"
 #include "reports/catch_summary.h"
+#include "reports/species_composition_report.h"
+#include "species_report.h"
 #include "support/temporary_store.h"
 #include "support/test_main.h"
 
-#include <QFile>
 #include <QTest>
 
 #include <algorithm>
@@ -12,19 +14,7 @@
 namespace kelvora {
 namespace {
 
-/// The lines of a file behind its header, each as its fields.
-std::vector<QStringList> linesOf(const char* name) {
-    QFile file(QStringLiteral(KELVORA_TEST_FILES "/") + QString::fromLatin1(name));
-    if (!file.open(QIODevice::ReadOnly)) {
-        qFatal("no file %s", name);
-    }
-    file.readLine();
-    std::vector<QStringList> lines;
-    while (!file.atEnd()) {
-        lines.push_back(QString::fromUtf8(file.readLine()).trimmed().split(u','));
-    }
-    return lines;
-}
+using test::linesOf;
 
 /// The number of a name, given in the order in which names come.
 int numbered(std::map<QString, int>& names, const QString& name) {
@@ -123,18 +113,28 @@ private Q_SLOTS:
     }
 
     void speciesOfAPort() {
-        const ResultSet found = m_store.db().query(
-            Sql("select samplingname, genus, sum(group_composition.estotal) as kg from group_composition"
-                " inner join fishoperation on group_composition.optid = fishoperation.optid"
-                " inner join samplingport on portid = samplingid inner join fish on spid = fishno"
-                " group by samplingname, genus"));
         const std::vector<QStringList> sums = linesOf("landings_by_port_species.csv");
-        QCOMPARE(found.rows.size(), sums.size());
-        for (int row = 0; row < found.rowCount(); ++row) {
-            const QStringList& line = sums[static_cast<std::size_t>(row)];
-            QCOMPARE(found.text(row, u"samplingname") + found.text(row, u"genus"), line[0] + line[1]);
-            QCOMPARE(fourDecimals(*found.number(row, u"kg")), line[2]);
+        double year = 0;
+        for (const QStringList& line : sums) {
+            year += line[2].toDouble();
         }
+        const QString total = compositionTotal(m_store.db(), 2017);
+        QCOMPARE(total, twoDecimals(year));
+        const CompositionSubset& byPort = compositionSubsets()[1];
+        const ResultSet ports = m_store.db().query(compositionChoices(byPort, 2017));
+        auto line = sums.begin();
+        for (int port = 0; port < ports.rowCount(); ++port) {
+            const QVariant key = ports.value(port, byPort.key);
+            for (const auto& row : compositionOf(m_store.db(), byPort, 2017, key, total.toDouble()).rows) {
+                const double kg = (*line)[2].toDouble();
+                QCOMPARE(ports.text(port, byPort.shown), (*line)[0]);
+                QCOMPARE(row[0].toString(), (*line)[1] + QStringLiteral(" sp."));
+                QCOMPARE(row[1].toString(), twoDecimals(kg));
+                QCOMPARE(row[2].toString(), QString::number(kg * 100 / year, 'f', 2));
+                ++line;
+            }
+        }
+        QCOMPARE(line, sums.end());
     }
 
 private:

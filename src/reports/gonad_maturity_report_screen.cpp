@@ -1,0 +1,86 @@
+#include "reports/gonad_maturity_report_screen.h"
+
+#include "controls/captioned_grid.h"
+#include "controls/dialogs.h"
+#include "reports/gonad_maturity_report.h"
+
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace kelvora {
+namespace {
+
+GridColumns columns(const QString& first, const std::vector<QString>& found, int twips) {
+    GridColumns columns{{first, 2000, Qt::AlignHCenter}};
+    for (std::size_t i = 1; i < found.size(); ++i) {
+        columns.push_back({found[i], i == 1 ? 1350 : twips, Qt::AlignHCenter});
+    }
+    return columns;
+}
+
+/// A table of so many columns without a caption and with one blank row; without any result its rows follow.
+void show(Grid* grid, ResultSet found, GridColumns columns, std::size_t blankColumns) {
+    if (found.isEmpty()) {
+        grid->showBlank(GridColumns(blankColumns));
+    } else {
+        grid->show(std::make_unique<ResultModel>(std::move(found)), std::move(columns));
+    }
+}
+
+void showSexes(Grid* grid, ResultSet found) {
+    GridColumns shown = columns(QStringLiteral("Month/SEX"), found.columns, 1000);
+    show(grid, std::move(found), std::move(shown), 4);
+}
+
+void showStages(Grid* grid, ResultSet found) {
+    GridColumns shown = columns(QStringLiteral("Month/Stage"), found.columns, 1200);
+    show(grid, std::move(found), std::move(shown), 2);
+}
+
+}  // namespace
+
+GonadMaturityReportScreen::GonadMaturityReportScreen(const Context& context)
+    : SpeciesReportScreen(tr("Gonad Matuarity Report"), context, gonadYears(), gonadSpecies()),
+      m_tables(new QTabWidget(this)),
+      m_sexes(addTable(tr("Month by sex"))),
+      m_stages{addTable(QStringLiteral("FEMALE")), addTable(QStringLiteral("MALE")),
+               addTable(QStringLiteral("NONE IDENTIFY"))} {
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(12);
+    layout->addLayout(choiceRow());
+    layout->addWidget(m_tables, 1);
+    setReadingOrder({m_tables, m_sexes, m_stages[0], m_stages[1], m_stages[2]});
+    showSexes(m_sexes, {});
+    for (Grid* stages : m_stages) {
+        showStages(stages, {});
+    }
+}
+
+Grid* GonadMaturityReportScreen::addTable(const QString& caption) {
+    auto* grid = new Grid(caption, this);
+    m_tables->addTab(grid, caption);
+    return grid;
+}
+
+void GonadMaturityReportScreen::showReport(int year, int fishno) {
+    ResultSet sexes = sexesByMonth(db(), year, fishno);
+    std::array<ResultSet, 3> stages;
+    for (const Sex sex : {Sex::Female, Sex::Male, Sex::None}) {
+        stages.at(static_cast<std::size_t>(sex)) = stagesByMonth(db(), year, fishno, sex);
+    }
+    const bool none = sexes.isEmpty();
+    exportButton()->setEnabled(!none);
+    showSexes(m_sexes, std::move(sexes));
+    for (std::size_t i = 0; i < m_stages.size(); ++i) {
+        showStages(m_stages[i], std::move(stages[i]));
+    }
+    if (none) {
+        dialogs().message(QStringLiteral("RESULT"), QStringLiteral("No data in this year"));
+    }
+}
+
+CsvText GonadMaturityReportScreen::exported(int year) {
+    return gonadMaturityCsv(year, speciesText(), *m_sexes->model(), QDate::currentDate());
+}
+
+}  // namespace kelvora

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "reports/species_report_screen.h"
+
+namespace kelvora {
+
+class Grid;
+
+/// How many fish of each length class were measured in each month of a year.
+class LengthFrequencyReportScreen : public SpeciesReportScreen {
+    Q_OBJECT
+
+public:
+    explicit LengthFrequencyReportScreen(const Context& context);
+
+protected:
+    void showReport(int year, int fishno) override;
+    CsvText exported(int year) override;
+
+private:
+    Grid* m_grid;
+};
+
+}  // namespace kelvora

@@ -1,0 +1,209 @@
+#include "reports/species_composition_report_screen.h"
+
+#include "controls/bound_list.h"
+#include "controls/captioned_grid.h"
+#include "controls/dialogs.h"
+#include "controls/fields.h"
+#include "controls/guard.h"
+#include "data/numbers.h"
+#include "reports/species_composition_report.h"
+
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace kelvora {
+namespace {
+
+GridColumns columns() {
+    return {{QStringLiteral("Species"), 3000, Qt::AlignLeft},
+            {QStringLiteral("Composition(Kg.)"), 2000, Qt::AlignRight},
+            {QStringLiteral("%Composition"), 2000, Qt::AlignRight}};
+}
+
+const CompositionSubset& subsetAt(int option) {
+    return compositionSubsets().at(static_cast<std::size_t>(option));
+}
+
+}  // namespace
+
+SpeciesCompositionReportScreen::SpeciesCompositionReportScreen(const Context& context)
+    : ReportScreen(tr("Species Composition Report"), context, compositionYears()),
+      m_search(new QPushButton(tr("Search"), this)),
+      m_total(new ValueLabel(this)),
+      m_optionFrame(new QGroupBox(tr("Species composition of"), this)),
+      m_options(new QButtonGroup(this)),
+      m_message(new QLabel(this)),
+      m_grid(new Grid(tr("Result"), this)) {
+    addOptions();
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(12);
+    layout->addLayout(yearRow());
+    layout->addWidget(m_optionFrame);
+    layout->addLayout(messageRow());
+    layout->addWidget(m_grid, 1);
+    setReadingOrder();
+    m_grid->showBlank(columns());
+}
+
+QLayout* SpeciesCompositionReportScreen::yearRow() {
+    auto* row = new QGridLayout;
+    row->setHorizontalSpacing(8);
+    addField(row, 0, 0, tr("Year"), yearList());
+    searchOn(m_search);
+    m_search->setAutoDefault(false);
+    row->addWidget(m_search, 0, 2);
+    row->setColumnMinimumWidth(3, 24);
+    QFont bold = m_total->font();
+    bold.setBold(true);
+    m_total->setFont(bold);
+    addField(row, 0, 4, tr("Total catch of this year(kg.)"), m_total);
+    row->setColumnStretch(5, 1);
+    return row;
+}
+
+void SpeciesCompositionReportScreen::addOptions() {
+    constexpr int perRow = 4;
+    auto* form = new QGridLayout(m_optionFrame);
+    form->setHorizontalSpacing(8);
+    for (const CompositionSubset& subset : compositionSubsets()) {
+        const int option = static_cast<int>(m_choices.size());
+        auto* button = new QRadioButton(subset.option, m_optionFrame);
+        button->setEnabled(false);
+        m_options->addButton(button, option);
+        auto* choices = new BoundList(m_optionFrame);
+        choices->setAccessibleName(subset.option);
+        choices->setEnabled(false);
+        m_choices.push_back(choices);
+        const int column = option % perRow * 3;
+        form->addWidget(button, option / perRow, column);
+        form->addWidget(choices, option / perRow, column + 1);
+        form->setColumnStretch(column + 1, 1);
+        if (column > 0) {
+            form->setColumnMinimumWidth(column - 1, 16);
+        }
+        connect(choices, &BoundList::chosen, this, guarded(dialogs(), [this, option] { showComposition(option); }));
+    }
+    connect(m_options, &QButtonGroup::idClicked, this, &SpeciesCompositionReportScreen::chooseOption);
+}
+
+QLayout* SpeciesCompositionReportScreen::messageRow() {
+    auto* row = new QHBoxLayout;
+    m_message->setTextFormat(Qt::PlainText);
+    row->addWidget(m_message, 1);
+    row->addWidget(exportButton());
+    return row;
+}
+
+void SpeciesCompositionReportScreen::setReadingOrder() {
+    QWidgetList fields{yearList(), m_search};
+    for (int option = 0; option < static_cast<int>(m_choices.size()); ++option) {
+        fields << m_options->button(option) << m_choices[static_cast<std::size_t>(option)];
+    }
+    fields << exportButton() << m_grid;
+    for (qsizetype i = 1; i < fields.size(); ++i) {
+        setTabOrder(fields[i - 1], fields[i]);
+    }
+}
+
+/// The rows of an earlier choice stay until another one is made.
+void SpeciesCompositionReportScreen::search() {
+    const std::optional<int> chosen = year();
+    if (!chosen) {
+        return;
+    }
+    if (!hasComposition(db(), *chosen)) {
+        showNoData(*chosen);
+        return;
+    }
+    m_total->setText(compositionTotal(db(), *chosen));
+    m_message->setText(QStringLiteral("click option button to see data"));
+    for (QAbstractButton* option : m_options->buttons()) {
+        option->setEnabled(true);
+    }
+}
+
+void SpeciesCompositionReportScreen::showNoData(int year) {
+    m_total->clear();
+    m_message->setText(QStringLiteral("No data in %1").arg(year));
+    m_selected = -1;
+    selectOption(m_selected);
+    for (QAbstractButton* option : m_options->buttons()) {
+        option->setEnabled(false);
+    }
+    clearChoices();
+    for (BoundList* choices : m_choices) {
+        choices->setEnabled(false);
+    }
+}
+
+/// Offers what an option can be in the year of the list. Without a year, or when the choices cannot be read, the option
+/// before it stays selected.
+void SpeciesCompositionReportScreen::chooseOption(int option) {
+    guard([this, option] {
+        const std::optional<int> chosen = year();
+        if (!chosen) {
+            return;
+        }
+        const CompositionSubset& subset = subsetAt(option);
+        auto found = db().model(compositionChoices(subset, *chosen));
+        clearChoices();
+        BoundList* choices = m_choices[static_cast<std::size_t>(option)];
+        choices->setEnabled(found->rowCount() > 0);
+        if (found->rowCount() > 0) {
+            choices->setSource(std::move(found), subset.shown, subset.key);
+        } else {
+            choices->setText(QStringLiteral("No data"));
+        }
+        m_selected = option;
+    });
+    selectOption(m_selected);
+}
+
+void SpeciesCompositionReportScreen::selectOption(int option) {
+    m_options->setExclusive(false);
+    for (QAbstractButton* button : m_options->buttons()) {
+        button->setChecked(m_options->id(button) == option);
+    }
+    m_options->setExclusive(true);
+}
+
+/// Empties the choice lists, and the grid with them: its rows belong to a choice.
+void SpeciesCompositionReportScreen::clearChoices() {
+    for (BoundList* choices : m_choices) {
+        choices->clearSource();
+    }
+    m_grid->showBlank(columns());
+    exportButton()->setEnabled(false);
+}
+
+/// Shows the species of what was chosen for an option. The shares refer to the total that is shown, also when that is
+/// still the total of another year.
+void SpeciesCompositionReportScreen::showComposition(int option) {
+    const QVariant choice = m_choices[static_cast<std::size_t>(option)]->key();
+    const std::optional<int> chosen = year();
+    if (!choice.isValid() || !chosen) {
+        return;
+    }
+    ResultSet found = compositionOf(db(), subsetAt(option), *chosen, choice, leadingNumber(m_total->text()));
+    exportButton()->setEnabled(!found.isEmpty());
+    if (found.isEmpty()) {
+        m_grid->showBlank(columns());
+        dialogs().message(QStringLiteral("No data"));
+        return;
+    }
+    m_grid->show(std::make_unique<ResultModel>(std::move(found)), columns());
+}
+
+CsvText SpeciesCompositionReportScreen::exported(int year) {
+    QString selection;
+    if (m_selected >= 0) {
+        selection = subsetAt(m_selected).option + u':' + m_choices[static_cast<std::size_t>(m_selected)]->text();
+    }
+    return compositionCsv(year, selection, *m_grid->model(), QDate::currentDate());
+}
+
+}  // namespace kelvora

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "reports/report_screen.h"
+
+#include <vector>
+
+class QButtonGroup;
+class QGroupBox;
+class QLabel;
+class QLayout;
+
+namespace kelvora {
+
+class Grid;
+class ValueLabel;
+
+/// The estimated catch of every species in a part of a year's operations, and its share of the year's catch.
+class SpeciesCompositionReportScreen : public ReportScreen {
+    Q_OBJECT
+
+public:
+    explicit SpeciesCompositionReportScreen(const Context& context);
+
+protected:
+    void search() override;
+    CsvText exported(int year) override;
+
+private:
+    QLayout* yearRow();
+    QLayout* messageRow();
+    void addOptions();
+    void setReadingOrder();
+
+    void showNoData(int year);
+    void chooseOption(int option);
+    void selectOption(int option);
+    void clearChoices();
+    void showComposition(int option);
+
+    QPushButton* m_search;
+    ValueLabel* m_total;
+    QGroupBox* m_optionFrame;
+    QButtonGroup* m_options;
+    std::vector<BoundList*> m_choices;  ///< the choice list of each option
+    QLabel* m_message;
+    Grid* m_grid;
+    int m_selected = -1;  ///< the selected option; -1 if there is none
+};
+
+}  // namespace kelvora

@@ -1,0 +1,56 @@
+#include "reports/species_report_screen.h"
+
+#include "controls/bound_list.h"
+#include "controls/fields.h"
+
+#include <QGridLayout>
+#include <QPushButton>
+
+namespace kelvora {
+
+SpeciesReportScreen::SpeciesReportScreen(const QString& caption, const Context& context, const Sql& years,
+                                         const Sql& species)
+    : ReportScreen(caption, context, years),
+      m_species(new BoundList(this)),
+      m_search(new QPushButton(tr("Search"), this)) {
+    m_species->setMinimumContentsLength(32);
+    m_species->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    m_species->setSource(db().model(species), QStringLiteral("sp"), QStringLiteral("fishno"));
+    searchOnEnterIn(m_species);
+    searchOn(m_search);
+    m_search->setAutoDefault(false);
+}
+
+QString SpeciesReportScreen::speciesText() const {
+    return m_species->text();
+}
+
+QLayout* SpeciesReportScreen::choiceRow() {
+    auto* row = new QGridLayout;
+    row->setHorizontalSpacing(8);
+    addField(row, 0, 0, tr("Year"), yearList());
+    row->setColumnMinimumWidth(2, 16);
+    addField(row, 0, 3, tr("Species"), m_species);
+    row->addWidget(m_search, 0, 5);
+    row->setColumnStretch(6, 1);
+    row->addWidget(exportButton(), 0, 7);
+    return row;
+}
+
+void SpeciesReportScreen::setReadingOrder(const QWidgetList& following) {
+    const QWidgetList fields = QWidgetList{yearList(), m_species, m_search, exportButton()} + following;
+    for (qsizetype i = 1; i < fields.size(); ++i) {
+        setTabOrder(fields[i - 1], fields[i]);
+    }
+}
+
+/// A year or a species that the lists do not offer is none.
+void SpeciesReportScreen::search() {
+    const std::optional<int> chosen = year();
+    const QVariant fishno = m_species->key();
+    if (chosen && fishno.isValid()) {
+        showReport(*chosen, fishno.toInt());
+    }
+}
+
+}  // namespace kelvora

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "reports/report_screen.h"
+
+class QLayout;
+
+namespace kelvora {
+
+/// The frame of a report about one species in one year: the list of the species, and a search that needs both.
+class SpeciesReportScreen : public ReportScreen {
+    Q_OBJECT
+
+protected:
+    /// The species come in the columns fishno and sp.
+    SpeciesReportScreen(const QString& caption, const Context& context, const Sql& years, const Sql& species);
+
+    /// Shows the report of a species, given by its number, in a year.
+    virtual void showReport(int year, int fishno) = 0;
+    /// The species as the list shows it.
+    [[nodiscard]] QString speciesText() const;
+
+    /// The first row of a report: year, species, search and export.
+    QLayout* choiceRow();
+    /// The fields of that row in the order in which they are read, with what follows them.
+    void setReadingOrder(const QWidgetList& following);
+
+    void search() override;
+
+private:
+    BoundList* m_species;
+    QPushButton* m_search;
+};
+
+}  // namespace kelvora
