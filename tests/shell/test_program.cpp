@@ -22,8 +22,8 @@ class TestProgram : public QObject {
 private:
     /// A button or menu item that opens a screen; the entries of the "Windows" menu are not among them.
     static QAction* action(const MainWindow& window, const QString& caption) {
-        for (QAction* found : window.findChildren<QAction*>(Qt::FindDirectChildrenOnly)) {
-            if (found->text() == caption) {
+        for (QAction* found : window.findChildren<QAction*>()) {
+            if (found->text() == caption && qobject_cast<QMenu*>(found->parent()) == nullptr) {
                 return found;
             }
         }
