@@ -59,4 +59,16 @@ std::optional<QString> ModalDialogs::saveCsvFile() {
                                                         nullptr, QFileDialog::DontConfirmOverwrite));
 }
 
+std::optional<QString> ModalDialogs::savePictureFile() {
+    const QStringList filters{QStringLiteral("PNG picture (*.png)"), QStringLiteral("SVG drawing (*.svg)")};
+    QFileDialog dialog(QApplication::activeWindow());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters(filters);
+    dialog.setDefaultSuffix(QStringLiteral("png"));
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& filter) {
+        dialog.setDefaultSuffix(filter == filters[1] ? QStringLiteral("svg") : QStringLiteral("png"));
+    });
+    return dialog.exec() == QDialog::Accepted ? unlessCancelled(dialog.selectedFiles().value(0)) : std::nullopt;
+}
+
 }  // namespace kelvora

@@ -27,6 +27,9 @@ public:
     virtual std::optional<QString> openFile(FileKind kind) = 0;
     /// The path to write a CSV file to, as typed; nothing if it was cancelled. Does not ask before overwriting.
     virtual std::optional<QString> saveCsvFile() = 0;
+    /// The path to write a picture to, ending in ".png" or ".svg" unless another ending was typed; nothing if it was
+    /// cancelled. Asks before overwriting.
+    virtual std::optional<QString> savePictureFile() = 0;
 
     /// A text with an OK button under the application's title.
     void message(const QString& text) { message(kApplicationTitle.toString(), text); }
@@ -46,6 +49,7 @@ public:
     std::optional<QString> input(const QString& title, const QString& prompt, const QString& proposed) override;
     std::optional<QString> openFile(FileKind kind) override;
     std::optional<QString> saveCsvFile() override;
+    std::optional<QString> savePictureFile() override;
 };
 
 }  // namespace kelvora

@@ -6,12 +6,14 @@
 #include "controls/fields.h"
 #include "controls/search_button.h"
 #include "data/numbers.h"
+#include "reports/report_chart.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSplitter>
 
 namespace kelvora {
 namespace {
@@ -55,14 +57,15 @@ CatchSummaryScreen::CatchSummaryScreen(const Context& context)
       m_optionFrame(new QGroupBox(tr("Number of Record and estimate Total catch"), this)),
       m_options(new QButtonGroup(this)),
       m_word(figure(this)),
-      m_grid(new Grid(tr("Result"), this)) {
+      m_grid(new Grid(tr("Result"), this)),
+      m_chart(new ReportChart(dialogs(), this)) {
     addOptions();
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(12);
     layout->addLayout(yearRow());
     layout->addWidget(m_optionFrame);
     layout->addLayout(headingRow());
-    layout->addWidget(m_grid, 1);
+    layout->addWidget(besideTable(m_grid, m_chart), 1);
     setReadingOrder();
     showGroups(groupingAt(0), withoutData(0));
     m_word->clear();
@@ -109,7 +112,7 @@ void CatchSummaryScreen::setReadingOrder() {
     for (QAbstractButton* option : m_options->buttons()) {
         fields.append(option);
     }
-    fields << exportButton() << m_grid;
+    fields << exportButton() << m_grid << m_chart;
     for (qsizetype i = 1; i < fields.size(); ++i) {
         setTabOrder(fields[i - 1], fields[i]);
     }
@@ -139,6 +142,7 @@ void CatchSummaryScreen::search() {
     m_chosen = 0;
     m_options->button(m_chosen)->setChecked(true);
     showGroups(groupingAt(m_chosen), std::move(byState));
+    draw(*chosen);
 }
 
 /// Shows a grouping of the year in the list; its shares refer to the total that is shown, also when that is still the
@@ -148,6 +152,7 @@ void CatchSummaryScreen::chooseGrouping(int option) {
         if (const std::optional<int> chosen = neededYear()) {
             showGroups(groupingAt(option), catchByGroup(db(), groupingAt(option), *chosen, shownTotal()));
             m_chosen = option;
+            draw(*chosen);
         }
     });
     m_options->button(m_chosen)->setChecked(true);
@@ -171,6 +176,19 @@ void CatchSummaryScreen::showNoData() {
     exportButton()->setEnabled(false);
     showGroups(groupingAt(0), withoutData(1));
     m_word->clear();
+    m_chart->draw({});
+}
+
+void CatchSummaryScreen::draw(int year) {
+    constexpr int catchColumn = 2;
+    ReportPicture picture = barsOf(*m_grid->model(), catchColumn);
+    if (picture.groups.size() > kMostBars) {
+        picture = largestFirst(std::move(picture));
+    }
+    picture.title = tr("Estimated catch %1 by %2").arg(year).arg(m_word->text());
+    picture.groupTitle = groupingAt(m_chosen).header;
+    picture.valueTitle = tr("Estimated catch (kg)");
+    m_chart->draw(std::move(picture));
 }
 
 CsvText CatchSummaryScreen::exported(int year) {

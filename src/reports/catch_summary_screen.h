@@ -13,6 +13,7 @@ class QLayout;
 namespace kelvora {
 
 class Grid;
+class ReportChart;
 class SearchButton;
 class ValueLabel;
 
@@ -39,6 +40,7 @@ private:
     void chooseGrouping(int option);
     void showGroups(const CatchGrouping& grouping, ResultSet groups);
     void showNoData();
+    void draw(int year);
 
     SearchButton* m_search;
     ValueLabel* m_records;
@@ -47,6 +49,7 @@ private:
     QButtonGroup* m_options;
     ValueLabel* m_word;
     Grid* m_grid;
+    ReportChart* m_chart;
     std::unique_ptr<ResultModel> m_groups;  ///< what the grid shows
     int m_chosen = 0;                       ///< the grouping whose option is selected
 };

@@ -3,7 +3,9 @@
 #include "controls/captioned_grid.h"
 #include "controls/dialogs.h"
 #include "reports/gonad_maturity_report.h"
+#include "reports/report_chart.h"
 
+#include <QSplitter>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -44,16 +46,18 @@ GonadMaturityReportScreen::GonadMaturityReportScreen(const Context& context)
       m_tables(new QTabWidget(this)),
       m_sexes(addTable(tr("Month by sex"))),
       m_stages{addTable(QStringLiteral("FEMALE")), addTable(QStringLiteral("MALE")),
-               addTable(QStringLiteral("NONE IDENTIFY"))} {
+               addTable(QStringLiteral("NONE IDENTIFY"))},
+      m_chart(new ReportChart(dialogs(), this)) {
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(12);
     layout->addLayout(choiceRow());
-    layout->addWidget(m_tables, 1);
-    setReadingOrder({m_tables, m_sexes, m_stages[0], m_stages[1], m_stages[2]});
+    layout->addWidget(besideTable(m_tables, m_chart), 1);
+    setReadingOrder({m_tables, m_sexes, m_stages[0], m_stages[1], m_stages[2], m_chart});
     showSexes(m_sexes, {});
     for (Grid* stages : m_stages) {
         showStages(stages, {});
     }
+    connect(m_tables, &QTabWidget::currentChanged, this, &GonadMaturityReportScreen::drawFront);
 }
 
 Grid* GonadMaturityReportScreen::addTable(const QString& caption) {
@@ -74,9 +78,22 @@ void GonadMaturityReportScreen::showReport(int year, int fishno) {
     for (std::size_t i = 0; i < m_stages.size(); ++i) {
         showStages(m_stages[i], std::move(stages[i]));
     }
+    m_shown = tr("%1, %2").arg(year).arg(speciesText());
+    drawFront();
     if (none) {
         dialogs().message(QStringLiteral("RESULT"), QStringLiteral("No data in this year"));
     }
+}
+
+/// Draws the table in front.
+void GonadMaturityReportScreen::drawFront() {
+    const QStringList titles{tr("Sexes %1"), tr("Maturity stages of females %1"), tr("Maturity stages of males %1"),
+                             tr("Maturity stages of fish of unidentified sex %1")};
+    ReportPicture picture = monthsOf(*qobject_cast<Grid*>(m_tables->currentWidget())->model());
+    picture.title = titles[m_tables->currentIndex()].arg(m_shown);
+    picture.groupTitle = tr("Month");
+    picture.valueTitle = tr("Number of fish");
+    m_chart->draw(std::move(picture));
 }
 
 CsvText GonadMaturityReportScreen::exported(int year) {

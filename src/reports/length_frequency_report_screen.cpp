@@ -3,7 +3,9 @@
 #include "controls/captioned_grid.h"
 #include "controls/dialogs.h"
 #include "reports/length_frequency_report.h"
+#include "reports/report_chart.h"
 
+#include <QSplitter>
 #include <QVBoxLayout>
 
 namespace kelvora {
@@ -27,12 +29,13 @@ GridColumns columns(const std::vector<QString>& found) {
 
 LengthFrequencyReportScreen::LengthFrequencyReportScreen(const Context& context)
     : SpeciesReportScreen(tr("Length Frequency Report"), context, lengthYears(), lengthSpecies()),
-      m_grid(new Grid(tr("Result"), this)) {
+      m_grid(new Grid(tr("Result"), this)),
+      m_chart(new ReportChart(dialogs(), this)) {
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(12);
     layout->addLayout(choiceRow());
-    layout->addWidget(m_grid, 1);
-    setReadingOrder({m_grid});
+    layout->addWidget(besideTable(m_grid, m_chart), 1);
+    setReadingOrder({m_grid, m_chart});
     m_grid->showBlank(columns({}));
 }
 
@@ -41,11 +44,17 @@ void LengthFrequencyReportScreen::showReport(int year, int fishno) {
     exportButton()->setEnabled(!found.isEmpty());
     if (found.isEmpty()) {
         m_grid->showBlank(columns({}));
+        m_chart->draw({});
         dialogs().message(QStringLiteral("RESULT"), QStringLiteral("No data in this year"));
         return;
     }
     GridColumns shown = columns(found.columns);
     m_grid->show(std::make_unique<ResultModel>(std::move(found)), std::move(shown));
+    ReportPicture picture = histogramOf(*m_grid->model());
+    picture.title = tr("Length frequency %1, %2").arg(year).arg(speciesText());
+    picture.groupTitle = tr("Lower limit of the length class (cm)");
+    picture.valueTitle = tr("Number of fish");
+    m_chart->draw(std::move(picture));
 }
 
 CsvText LengthFrequencyReportScreen::exported(int year) {

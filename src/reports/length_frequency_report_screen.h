@@ -5,6 +5,7 @@
 namespace kelvora {
 
 class Grid;
+class ReportChart;
 
 /// How many fish of each length class were measured in each month of a year.
 class LengthFrequencyReportScreen : public SpeciesReportScreen {
@@ -19,6 +20,7 @@ protected:
 
 private:
     Grid* m_grid;
+    ReportChart* m_chart;
 };
 
 }  // namespace kelvora

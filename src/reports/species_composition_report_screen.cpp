@@ -6,6 +6,7 @@
 #include "controls/fields.h"
 #include "controls/guard.h"
 #include "data/numbers.h"
+#include "reports/report_chart.h"
 #include "reports/species_composition_report.h"
 
 #include <QButtonGroup>
@@ -14,6 +15,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSplitter>
 
 namespace kelvora {
 namespace {
@@ -37,16 +39,17 @@ SpeciesCompositionReportScreen::SpeciesCompositionReportScreen(const Context& co
       m_optionFrame(new QGroupBox(tr("Species composition of"), this)),
       m_options(new QButtonGroup(this)),
       m_message(new QLabel(this)),
-      m_grid(new Grid(tr("Result"), this)) {
+      m_grid(new Grid(tr("Result"), this)),
+      m_chart(new ReportChart(dialogs(), this)) {
     addOptions();
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(12);
     layout->addLayout(yearRow());
     layout->addWidget(m_optionFrame);
     layout->addLayout(messageRow());
-    layout->addWidget(m_grid, 1);
+    layout->addWidget(besideTable(m_grid, m_chart), 1);
     setReadingOrder();
-    m_grid->showBlank(columns());
+    showNoSpecies();
 }
 
 QLayout* SpeciesCompositionReportScreen::yearRow() {
@@ -103,7 +106,7 @@ void SpeciesCompositionReportScreen::setReadingOrder() {
     for (int option = 0; option < static_cast<int>(m_choices.size()); ++option) {
         fields << m_options->button(option) << m_choices[static_cast<std::size_t>(option)];
     }
-    fields << exportButton() << m_grid;
+    fields << exportButton() << m_grid << m_chart;
     for (qsizetype i = 1; i < fields.size(); ++i) {
         setTabOrder(fields[i - 1], fields[i]);
     }
@@ -176,7 +179,7 @@ void SpeciesCompositionReportScreen::clearChoices() {
     for (BoundList* choices : m_choices) {
         choices->clearSource();
     }
-    m_grid->showBlank(columns());
+    showNoSpecies();
     exportButton()->setEnabled(false);
 }
 
@@ -191,19 +194,37 @@ void SpeciesCompositionReportScreen::showComposition(int option) {
     ResultSet found = compositionOf(db(), subsetAt(option), *chosen, choice, leadingNumber(m_total->text()));
     exportButton()->setEnabled(!found.isEmpty());
     if (found.isEmpty()) {
-        m_grid->showBlank(columns());
+        showNoSpecies();
         dialogs().message(QStringLiteral("No data"));
         return;
     }
     m_grid->show(std::make_unique<ResultModel>(std::move(found)), columns());
+    draw(*chosen, selection());
+}
+
+void SpeciesCompositionReportScreen::showNoSpecies() {
+    m_grid->showBlank(columns());
+    m_chart->draw({});
+}
+
+void SpeciesCompositionReportScreen::draw(int year, const QString& selection) {
+    ReportPicture picture = largestFirst(barsOf(*m_grid->model(), 1));
+    picture.title = tr("Species composition %1, %2").arg(year).arg(selection);
+    picture.groupTitle = tr("Species");
+    picture.valueTitle = tr("Estimated catch (kg)");
+    m_chart->draw(std::move(picture));
+}
+
+/// The selected option and what was chosen for it; empty when none is selected.
+QString SpeciesCompositionReportScreen::selection() const {
+    if (m_selected < 0) {
+        return {};
+    }
+    return subsetAt(m_selected).option + u':' + m_choices[static_cast<std::size_t>(m_selected)]->text();
 }
 
 CsvText SpeciesCompositionReportScreen::exported(int year) {
-    QString selection;
-    if (m_selected >= 0) {
-        selection = subsetAt(m_selected).option + u':' + m_choices[static_cast<std::size_t>(m_selected)]->text();
-    }
-    return compositionCsv(year, selection, *m_grid->model(), QDate::currentDate());
+    return compositionCsv(year, selection(), *m_grid->model(), QDate::currentDate());
 }
 
 }  // namespace kelvora

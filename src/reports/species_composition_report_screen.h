@@ -12,6 +12,7 @@ class QLayout;
 namespace kelvora {
 
 class Grid;
+class ReportChart;
 class ValueLabel;
 
 /// The estimated catch of every species in a part of a year's operations, and its share of the year's catch.
@@ -36,6 +37,9 @@ private:
     void selectOption(int option);
     void clearChoices();
     void showComposition(int option);
+    void showNoSpecies();
+    void draw(int year, const QString& selection);
+    [[nodiscard]] QString selection() const;
 
     QPushButton* m_search;
     ValueLabel* m_total;
@@ -44,6 +48,7 @@ private:
     std::vector<BoundList*> m_choices;  ///< the choice list of each option
     QLabel* m_message;
     Grid* m_grid;
+    ReportChart* m_chart;
     int m_selected = -1;  ///< the selected option; -1 if there is none
 };
 

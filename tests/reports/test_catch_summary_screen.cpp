@@ -94,7 +94,8 @@ private Q_SLOTS:
         open.screen->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(open.screen.get()));
         open.ui().list(kYear)->setFocus();
-        for (const QString& next : {kSearch, QStringLiteral("By State"), kExport, kGrid, kYear}) {
+        for (const QString& next :
+             {kSearch, QStringLiteral("By State"), kExport, kGrid, QStringLiteral("Picture"), kYear}) {
             QTest::keyClick(open.screen->focusWidget(), Qt::Key_Tab);
             const bool isButton = next == kExport || next.startsWith(u"By");
             QCOMPARE(open.screen->focusWidget(), isButton ? open.ui().button(next) : open.ui().field(next));

@@ -34,6 +34,10 @@ void ScriptedDialogs::expectSaveFile(const std::optional<QString>& path) {
     m_planned.append({QStringLiteral("save file"), {}, {}, false, path});
 }
 
+void ScriptedDialogs::expectSavePicture(const std::optional<QString>& path) {
+    m_planned.append({QStringLiteral("save picture"), {}, {}, false, path});
+}
+
 void ScriptedDialogs::message(const QString& title, const QString& text) {
     next(QStringLiteral("message"), title, text);
 }
@@ -53,6 +57,10 @@ std::optional<QString> ScriptedDialogs::openFile(FileKind /*kind*/) {
 
 std::optional<QString> ScriptedDialogs::saveCsvFile() {
     return next(QStringLiteral("save file"), {}, {}).answer;
+}
+
+std::optional<QString> ScriptedDialogs::savePictureFile() {
+    return next(QStringLiteral("save picture"), {}, {}).answer;
 }
 
 ScriptedDialogs::Box ScriptedDialogs::next(const QString& kind, const QString& title, const QString& text) {

@@ -30,6 +30,7 @@ public:
     }
     void expectOpenFile(const std::optional<QString>& path);
     void expectSaveFile(const std::optional<QString>& path);
+    void expectSavePicture(const std::optional<QString>& path);
 
     /// Whether every planned box has come.
     [[nodiscard]] bool done() const { return m_planned.isEmpty(); }
@@ -39,6 +40,7 @@ public:
     std::optional<QString> input(const QString& title, const QString& prompt, const QString& proposed) override;
     std::optional<QString> openFile(FileKind kind) override;
     std::optional<QString> saveCsvFile() override;
+    std::optional<QString> savePictureFile() override;
 
 private:
     struct Box {
