@@ -15,6 +15,7 @@
 #include "search/search_screen.h"
 #include "shell/change_password_screen.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QMdiArea>
@@ -98,6 +99,10 @@ QAction* MainWindow::addEntry(Entry entry) {
 }
 
 void MainWindow::open(std::size_t index) {
+    // A screen reader triggers a menu item and leaves its menu open, which would keep the keyboard from the screen.
+    if (QWidget* menu = QApplication::activePopupWidget(); menu != nullptr) {
+        menu->close();
+    }
     Entry& entry = m_entries[index];
     if (entry.window != nullptr) {
         m_area->setActiveSubWindow(entry.window);
