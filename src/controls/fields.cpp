@@ -1,5 +1,6 @@
 #include "controls/fields.h"
 
+#include <QComboBox>
 #include <QGridLayout>
 #include <QLineEdit>
 #include <QPainter>
@@ -44,6 +45,13 @@ QPushButton* keyButton(const QString& caption) {
     constexpr int margins = 32;
     button->setMinimumWidth(button->fontMetrics().horizontalAdvance(caption) + margins);
     return button;
+}
+
+void nameList(QComboBox* list, const QString& name) {
+    list->setAccessibleName(name);
+    auto* label = new QLabel(name, list->parentWidget());
+    label->setBuddy(list);
+    label->hide();
 }
 
 void showStars(QLineEdit* field) {

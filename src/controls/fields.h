@@ -3,6 +3,7 @@
 #include <QLabel>
 
 class QGridLayout;
+class QComboBox;
 class QLineEdit;
 class QPushButton;
 
@@ -24,6 +25,10 @@ protected:
 /// Puts a field with its caption in front of it into a form: the caption (blanks trimmed) goes into the given cell, the
 /// field beside it, and the caption's label has the field as its buddy. Returns the label.
 QLabel* addField(QGridLayout* form, int row, int column, const QString& caption, QWidget* field);
+
+/// Names a list that has no caption on the screen. A screen reader calls a list by its current text, so the name is
+/// given by a hidden label too. The list must have its parent already.
+void nameList(QComboBox* list, const QString& name);
 
 /// Makes a text box show "*" for each typed character.
 void showStars(QLineEdit* field);

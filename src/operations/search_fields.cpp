@@ -1,6 +1,7 @@
 #include "operations/search_fields.h"
 
 #include "controls/bound_list.h"
+#include "controls/fields.h"
 #include "controls/guard.h"
 #include "data/connection.h"
 #include "operations/operation_query.h"
@@ -25,11 +26,11 @@ SearchFields::SearchFields(Connection& connection, Dialogs& dialogs, QWidget* pa
     : QWidget(parent),
       m_connection(connection),
       m_dialogs(dialogs),
-      m_criterion(new FixedList(criterionCaptions())),
-      m_value(new BoundList) {
-    m_criterion->setAccessibleName(tr("Criterion"));
+      m_criterion(new FixedList(criterionCaptions(), this)),
+      m_value(new BoundList(this)) {
+    nameList(m_criterion, tr("Criterion"));
     m_criterion->setMinimumWidth(200);
-    m_value->setAccessibleName(tr("Value"));
+    nameList(m_value, tr("Value"));
 
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -78,7 +78,7 @@ void SpeciesCompositionReportScreen::addOptions() {
         button->setEnabled(false);
         m_options->addButton(button, option);
         auto* choices = new BoundList(m_optionFrame);
-        choices->setAccessibleName(subset.option);
+        nameList(choices, subset.option);
         choices->setEnabled(false);
         m_choices.push_back(choices);
         const int column = option % perRow * 3;
