@@ -5,7 +5,7 @@
 #include <QCompleter>
 #include <QLineEdit>
 #include <QSignalBlocker>
-#include <QStandardItemModel>
+#include <QStringListModel>
 #include <QWheelEvent>
 
 namespace kelvora {
@@ -61,13 +61,17 @@ void BoundList::setSource(std::unique_ptr<QAbstractItemModel> source, const QStr
     const QSignalBlocker quiet(this);
     m_keyColumn = columnCalled(*source, key);
     setCompleter(nullptr);
-    setModel(source.get());
-    setModelColumn(columnCalled(*source, shown));
+    m_shownColumn = columnCalled(*source, shown);
     m_source = std::move(source);
+    // The box itself has the shown texts only: a screen reader would read the keys out as further rows.
+    QStringList texts;
+    for (int i = 0; i < m_source->rowCount(); ++i) {
+        texts.append(m_source->index(i, m_shownColumn).data().toString());
+    }
+    setModel(new QStringListModel(texts, this));
 
     // The line deletes its completer when it gets another one.
-    auto* offered = new QCompleter(m_source.get(), lineEdit());
-    offered->setCompletionColumn(modelColumn());
+    auto* offered = new QCompleter(model(), lineEdit());
     offered->setCaseSensitivity(Qt::CaseInsensitive);
     offered->setFilterMode(Qt::MatchContains);
     offered->setCompletionMode(QCompleter::PopupCompletion);
@@ -86,7 +90,7 @@ void BoundList::setSource(std::unique_ptr<QAbstractItemModel> source, const QStr
 void BoundList::clearSource() {
     const QSignalBlocker quiet(this);
     setCompleter(nullptr);
-    setModel(new QStandardItemModel(this));
+    setModel(new QStringListModel(this));
     m_source.reset();
     m_keyColumn = -1;
     setText({});
@@ -104,7 +108,7 @@ int BoundList::row() const {
     if (chosenRow >= 0 && itemText(chosenRow) == text()) {
         return chosenRow;
     }
-    return text().isEmpty() ? -1 : rowWith(modelColumn(), Qt::DisplayRole, text());
+    return text().isEmpty() ? -1 : rowWith(m_shownColumn, Qt::DisplayRole, text());
 }
 
 QVariant BoundList::key() const {

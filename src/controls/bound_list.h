@@ -55,6 +55,7 @@ private:
     void settle();
 
     std::unique_ptr<QAbstractItemModel> m_source;
+    int m_shownColumn = -1;
     int m_keyColumn = -1;
     QString m_settled;  ///< the text that was last chosen or set, so that a row is announced once
     std::function<bool()> m_mayOpen;
