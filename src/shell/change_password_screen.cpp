@@ -28,8 +28,10 @@ ChangePasswordScreen::ChangePasswordScreen(const Context& context)
     // The login name is the key of the account: with another one the change would go to somebody else, or nowhere.
     m_login->setReadOnly(true);
     m_login->setEnabled(false);
-    constexpr int fieldWidth = 280;
-    m_userName->setFixedWidth(fieldWidth);
+    constexpr int fieldWidth = 280;  // pixels
+    for (QLineEdit* field : {m_userName, m_login, m_password, m_repeated}) {
+        field->setFixedWidth(fieldWidth);
+    }
 
     auto* form = new QGridLayout;
     form->setHorizontalSpacing(14);

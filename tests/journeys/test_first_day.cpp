@@ -1,8 +1,3 @@
-#include <QAction>
-#include <QFile>
-#include <QMdiSubWindow>
-#include <QTest>
-
 #include "data/dates.h"
 #include "data/store.h"
 #include "shell/login_dialog.h"
@@ -10,6 +5,11 @@
 #include "support/screen_driver.h"
 #include "support/temporary_store.h"
 #include "support/test_main.h"
+
+#include <QAction>
+#include <QFile>
+#include <QMdiSubWindow>
+#include <QTest>
 
 namespace kelvora {
 
@@ -72,10 +72,9 @@ private Q_SLOTS:
 
         hand.openTab(u"Target Species"_qs);
         const auto species = hand.within(u"New species"_qs);
-        for (const QStringList& one :
-             {QStringList{u"Scombridae"_qs, u"Rastrelliger"_qs, u"kanagurta"_qs},
-              QStringList{u"Mullidae"_qs, u"Upeneus"_qs, u"vittatus"_qs},
-              QStringList{u"Nemipteridae"_qs, u"Nemipterus"_qs, u"virgatus"_qs}}) {
+        for (const QStringList& one : {QStringList{u"Scombridae"_qs, u"Rastrelliger"_qs, u"kanagurta"_qs},
+                                       QStringList{u"Mullidae"_qs, u"Upeneus"_qs, u"vittatus"_qs},
+                                       QStringList{u"Nemipteridae"_qs, u"Nemipterus"_qs, u"virgatus"_qs}}) {
             species.type(u"Family"_qs, one[0]);
             species.type(u"Genus"_qs, one[1]);
             species.type(u"Species"_qs, one[2]);
@@ -128,8 +127,8 @@ private Q_SLOTS:
         const auto group = hand.within(u"Sampling group"_qs);
         group.type(u"Group"_qs, u"Trash"_qs);
         group.type(u"Total weight"_qs, u"200"_qs);
-        for (const auto& [species, weight] : {std::pair{u"Upeneus vittatus"_qs, u"4"_qs},
-                                              std::pair{u"Nemipterus virgatus"_qs, u"6"_qs}}) {
+        for (const auto& [species, weight] :
+             {std::pair{u"Upeneus vittatus"_qs, u"4"_qs}, std::pair{u"Nemipterus virgatus"_qs, u"6"_qs}}) {
             group.choose(u"Species"_qs, species);
             group.type(u"Weight"_qs, weight);
             group.press(u"ADD"_qs);
@@ -155,12 +154,13 @@ private Q_SLOTS:
 
         QFile file(path + u".csv"_qs);
         QVERIFY(file.open(QIODevice::ReadOnly));
-        const QString expected = u"Fishing Operation data In %1 By Fishing Method\r\n"
-                                 "Total catch of this year is 212.5kg.\r\n"
-                                 "EXPORT Date : %2\r\n"
-                                 "\r\n"
-                                 "Fishing Method,Number(Record),Total Catch(kg.),%total catch\r\n"
-                                 "Trawl[Otter board],1,212.5,100.00,\r\n"_qs;
+        const QString expected =
+            u"Fishing Operation data In %1 By Fishing Method\r\n"
+            "Total catch of this year is 212.5kg.\r\n"
+            "EXPORT Date : %2\r\n"
+            "\r\n"
+            "Fishing Method,Number(Record),Total Catch(kg.),%total catch\r\n"
+            "Trawl[Otter board],1,212.5,100.00,\r\n"_qs;
         QCOMPARE(QString::fromUtf8(file.readAll()), expected.arg(year, shortDate(QDate::currentDate())));
     }
 
