@@ -21,6 +21,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -40,6 +41,10 @@ MainWindow::MainWindow(const Context& context) : m_context(context), m_area(new 
     addMenus();
     m_area->setBackground(palette().brush(QPalette::Window));
     setCentralWidget(m_area);
+    // Office hands know Ctrl+F4; where the desktop has it already, a second one would make both do nothing.
+    const QKeySequence closing(Qt::CTRL | Qt::Key_F4);
+    if (!QKeySequence::keyBindings(QKeySequence::Close).contains(closing))
+        new QShortcut(closing, this, m_area, &QMdiArea::closeActiveSubWindow);
     auto* organisation = new QLabel(QStringLiteral(KELVORA_ORGANISATION), this);
     organisation->setTextFormat(Qt::PlainText);
     organisation->setContentsMargins(8, 0, 8, 2);
