@@ -12,14 +12,13 @@ namespace kelvora {
 namespace {
 
 constexpr int kWidth = 1200;
-constexpr std::size_t kClassColumns = 3;
 
 /// The columns of the length classes, and one of each month behind them.
 GridColumns columns(const std::vector<QString>& found) {
     GridColumns columns{{QStringLiteral("Lower"), kWidth, Qt::AlignRight},
                         {QStringLiteral("Upper"), kWidth, Qt::AlignRight},
                         {QStringLiteral("Mid Length"), kWidth, Qt::AlignRight}};
-    for (std::size_t month = kClassColumns; month < found.size(); ++month) {
+    for (auto month = static_cast<std::size_t>(kClassColumns); month < found.size(); ++month) {
         columns.push_back({found[month], kWidth, Qt::AlignRight});
     }
     return columns;

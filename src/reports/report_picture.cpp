@@ -2,6 +2,7 @@
 
 #include "data/dates.h"
 #include "data/numbers.h"
+#include "reports/length_frequency_report.h"
 
 #include <QAbstractItemModel>
 #include <QLocale>
@@ -13,7 +14,6 @@
 namespace kelvora {
 namespace {
 
-constexpr int kClassColumns = 3;
 constexpr int kMonths = 12;
 
 QString textAt(const QAbstractItemModel& table, int row, int column) {

@@ -13,7 +13,7 @@
 #include <QTest>
 #include <QWheelEvent>
 
-namespace kelvora {
+namespace kelvora::test_bound_list {
 
 /// Ports as a query gives them; two of them have the same name.
 std::unique_ptr<ResultModel> ports() {
@@ -223,7 +223,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestBoundList, "bound_list");
 
-KELVORA_TEST(kelvora::TestBoundList, "bound_list");
+}  // namespace kelvora::test_bound_list
+
 #include "test_bound_list.moc"

@@ -12,7 +12,7 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-namespace kelvora {
+namespace kelvora::test_captioned_grid {
 
 using namespace Qt::StringLiterals;
 
@@ -189,7 +189,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestCaptionedGrid, "captioned_grid");
 
-KELVORA_TEST(kelvora::TestCaptionedGrid, "captioned_grid");
+}  // namespace kelvora::test_captioned_grid
+
 #include "test_captioned_grid.moc"

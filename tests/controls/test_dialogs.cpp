@@ -7,7 +7,7 @@
 #include <QTest>
 #include <QTimer>
 
-namespace kelvora {
+namespace kelvora::test_dialogs {
 
 /// The boxes themselves, as keys find them.
 class TestDialogs : public QObject {
@@ -48,8 +48,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
-
-using kelvora::TestDialogs;
 KELVORA_TEST(TestDialogs, "dialogs");
+
+}  // namespace kelvora::test_dialogs
+
 #include "test_dialogs.moc"

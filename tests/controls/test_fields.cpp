@@ -6,7 +6,7 @@
 #include <QLineEdit>
 #include <QTest>
 
-namespace kelvora {
+namespace kelvora::test_fields {
 
 /// Values to read, and captions in front of fields.
 class TestFields : public QObject {
@@ -44,7 +44,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestFields, "fields");
 
-KELVORA_TEST(kelvora::TestFields, "fields");
+}  // namespace kelvora::test_fields
+
 #include "test_fields.moc"

@@ -7,7 +7,7 @@
 #include <QPushButton>
 #include <QTest>
 
-namespace kelvora {
+namespace kelvora::test_guard {
 
 /// A screen whose button runs a handler.
 class OneButton : public Screen {
@@ -68,7 +68,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestGuard, "guard");
 
-KELVORA_TEST(kelvora::TestGuard, "guard");
+}  // namespace kelvora::test_guard
+
 #include "test_guard.moc"

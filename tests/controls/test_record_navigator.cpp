@@ -6,7 +6,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-namespace kelvora {
+namespace kelvora::test_record_navigator {
 
 /// First, previous, next and last.
 class TestRecordNavigator : public QObject {
@@ -79,7 +79,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestRecordNavigator, "record_navigator");
 
-KELVORA_TEST(kelvora::TestRecordNavigator, "record_navigator");
+}  // namespace kelvora::test_record_navigator
+
 #include "test_record_navigator.moc"

@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-namespace kelvora {
+namespace kelvora::test_crosstab {
 
 /// Crosstabs: the two of the yearly reports on stored samples, and odd values by hand.
 class TestCrosstab : public QObject {
@@ -136,7 +136,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestCrosstab, "crosstab");
 
-KELVORA_TEST(kelvora::TestCrosstab, "crosstab");
+}  // namespace kelvora::test_crosstab
+
 #include "test_crosstab.moc"

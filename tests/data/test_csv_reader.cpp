@@ -5,7 +5,7 @@
 
 #include <QTest>
 
-namespace kelvora {
+namespace kelvora::test_csv_reader {
 
 /// Import files as registers and measuring boards write them.
 class TestCsvReader : public QObject {
@@ -58,7 +58,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestCsvReader, "csv_reader");
 
-KELVORA_TEST(kelvora::TestCsvReader, "csv_reader");
+}  // namespace kelvora::test_csv_reader
+
 #include "test_csv_reader.moc"

@@ -5,7 +5,7 @@
 #include <QLocale>
 #include <QTest>
 
-namespace kelvora {
+namespace kelvora::test_dialect {
 
 using Statement = std::optional<Sql>;
 
@@ -205,7 +205,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestDialect, "dialect");
 
-KELVORA_TEST(kelvora::TestDialect, "dialect");
+}  // namespace kelvora::test_dialect
+
 #include "test_dialect.moc"

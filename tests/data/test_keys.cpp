@@ -5,7 +5,7 @@
 
 #include <QTest>
 
-namespace kelvora {
+namespace kelvora::test_keys {
 
 using Next = std::function<int(Connection&)>;
 using Insert = std::function<void(Connection&, int)>;
@@ -78,7 +78,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestKeys, "keys");
 
-KELVORA_TEST(kelvora::TestKeys, "keys");
+}  // namespace kelvora::test_keys
+
 #include "test_keys.moc"

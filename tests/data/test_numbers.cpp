@@ -6,7 +6,7 @@
 #include <cmath>
 #include <limits>
 
-namespace kelvora {
+namespace kelvora::test_numbers {
 
 /// Numbers from and to texts.
 class TestNumbers : public QObject {
@@ -108,7 +108,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestNumbers, "numbers");
 
-KELVORA_TEST(kelvora::TestNumbers, "numbers");
+}  // namespace kelvora::test_numbers
+
 #include "test_numbers.moc"

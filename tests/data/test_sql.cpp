@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-namespace kelvora {
+namespace kelvora::test_sql {
 
 /// Typed values in statements: whatever was typed is stored and found as it is.
 class TestSql : public QObject {
@@ -46,7 +46,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestSql, "sql");
 
-KELVORA_TEST(kelvora::TestSql, "sql");
+}  // namespace kelvora::test_sql
+
 #include "test_sql.moc"

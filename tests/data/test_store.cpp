@@ -7,7 +7,7 @@
 #include <QFile>
 #include <QTest>
 
-namespace kelvora {
+namespace kelvora::test_store {
 
 /// The data file at the start of the program.
 class TestStore : public QObject {
@@ -184,7 +184,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestStore, "store");
 
-KELVORA_TEST(kelvora::TestStore, "store");
+}  // namespace kelvora::test_store
+
 #include "test_store.moc"

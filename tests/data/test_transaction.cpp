@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-namespace kelvora {
+namespace kelvora::test_transaction {
 
 /// Saving: all or nothing, and nothing left open.
 class TestTransaction : public QObject {
@@ -131,7 +131,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestTransaction, "transaction");
 
-KELVORA_TEST(kelvora::TestTransaction, "transaction");
+}  // namespace kelvora::test_transaction
+
 #include "test_transaction.moc"

@@ -8,8 +8,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_finder {
 
 /// The panel over three operations: 1 and 2 in state Alpha, 3 in state Beta.
 struct Finder {
@@ -54,8 +53,6 @@ struct Finder {
     std::unique_ptr<FinderPanel> panel;
     std::unique_ptr<test::ScreenDriver> driver;
 };
-
-}  // namespace
 
 class TestFinder : public QObject {
     Q_OBJECT
@@ -253,7 +250,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestFinder, "finder");
 
-KELVORA_TEST(kelvora::TestFinder, "finder");
+}  // namespace kelvora::test_finder
+
 #include "test_finder.moc"

@@ -3,7 +3,7 @@
 
 #include <QTest>
 
-namespace kelvora {
+namespace kelvora::test_operation_checks {
 
 /// The limits of what an operation may hold, without a window.
 class TestOperationChecks : public QObject {
@@ -62,7 +62,7 @@ private Q_SLOTS:
 
 KELVORA_TEST(TestOperationChecks, "operation_checks");
 
-}  // namespace kelvora
+}  // namespace kelvora::test_operation_checks
 
 Q_DECLARE_METATYPE(QString kelvora::OperationEntry::*)
 

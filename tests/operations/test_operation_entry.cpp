@@ -5,11 +5,9 @@
 #include <QAbstractButton>
 #include <QDateEdit>
 
-namespace kelvora {
+namespace kelvora::test_operation_entry {
 
 using namespace test;
-
-namespace {
 
 /// A wrong text, and what comes of it when everything before it is right.
 struct Wrong {
@@ -46,8 +44,6 @@ const std::vector<Wrong>& wrongs() {
     };
     return all;
 }
-
-}  // namespace
 
 /// The entry screen as a sampler uses it.
 class TestOperationEntry : public QObject {
@@ -234,6 +230,6 @@ private Q_SLOTS:
 
 KELVORA_TEST(TestOperationEntry, "operation_entry");
 
-}  // namespace kelvora
+}  // namespace kelvora::test_operation_entry
 
 #include "test_operation_entry.moc"

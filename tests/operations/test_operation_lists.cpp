@@ -1,7 +1,7 @@
 #include "operations/entry_desk.h"
 #include "support/test_main.h"
 
-namespace kelvora {
+namespace kelvora::test_operation_lists {
 
 using namespace test;
 
@@ -124,6 +124,6 @@ private Q_SLOTS:
 
 KELVORA_TEST(TestOperationLists, "operation_lists");
 
-}  // namespace kelvora
+}  // namespace kelvora::test_operation_lists
 
 #include "test_operation_lists.moc"

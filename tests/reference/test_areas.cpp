@@ -4,8 +4,7 @@
 #include <QLineEdit>
 #include <QTest>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_areas {
 
 const QString kGrid = u"Fishing Area"_qs;
 const QString kName = u"Area Name"_qs;
@@ -16,8 +15,6 @@ void add(const test::ReferenceScreen& screen, const QString& name, const QString
     screen.driver().type(kDescription, description);
     screen.in(u"New fishing area"_qs).press(u"Add"_qs);
 }
-
-}  // namespace
 
 class TestAreas : public QObject {
     Q_OBJECT
@@ -105,7 +102,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestAreas, "areas");
 
-KELVORA_TEST(kelvora::TestAreas, "areas");
+}  // namespace kelvora::test_areas
+
 #include "test_areas.moc"

@@ -5,8 +5,7 @@
 
 #include <QTest>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_gears_methods {
 
 const QString kGrid = u"Fishing Gear and Method"_qs;
 const QString kGear = u"Fishing gear"_qs;
@@ -17,8 +16,6 @@ void add(const test::ReferenceScreen& screen, const QString& gear, const QString
     screen.driver().type(kMethod, method);
     screen.in(u"New fishing method"_qs).press(u"Add"_qs);
 }
-
-}  // namespace
 
 class TestGearsMethods : public QObject {
     Q_OBJECT
@@ -130,7 +127,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestGearsMethods, "gears_methods");
 
-KELVORA_TEST(kelvora::TestGearsMethods, "gears_methods");
+}  // namespace kelvora::test_gears_methods
+
 #include "test_gears_methods.moc"

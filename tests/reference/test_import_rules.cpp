@@ -4,8 +4,7 @@
 
 #include <QTest>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_import_rules {
 
 /// Answers in the sampler's place, and writes down what was asked and stored.
 struct Answers {
@@ -35,8 +34,6 @@ struct Answers {
         return {lookUp, ask, confirm, add};
     }
 };
-
-}  // namespace
 
 class TestImportRules : public QObject {
     Q_OBJECT
@@ -132,7 +129,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestImportRules, "import_rules");
 
-KELVORA_TEST(kelvora::TestImportRules, "import_rules");
+}  // namespace kelvora::test_import_rules
+
 #include "test_import_rules.moc"

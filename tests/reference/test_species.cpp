@@ -3,8 +3,7 @@
 
 #include <QTest>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_species {
 
 const QString kTab = u"Target Species"_qs;
 
@@ -20,8 +19,6 @@ QString typed(const test::ReferenceScreen& screen) {
     return screen.driver().text(u"Family"_qs) + screen.driver().text(u"Genus"_qs) +
            screen.driver().text(u"Species"_qs) + screen.driver().text(u"Common name"_qs);
 }
-
-}  // namespace
 
 class TestSpecies : public QObject {
     Q_OBJECT
@@ -119,7 +116,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestSpecies, "species");
 
-KELVORA_TEST(kelvora::TestSpecies, "species");
+}  // namespace kelvora::test_species
+
 #include "test_species.moc"

@@ -3,8 +3,7 @@
 
 #include <QTest>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_species_import {
 
 const QByteArray kHeader = "Family,Genus,Species,Common name\n";
 
@@ -13,8 +12,6 @@ struct Desk : test::ImportDesk {
         driver().openTab(u"Target Species"_qs);
     }
 };
-
-}  // namespace
 
 class TestSpeciesImport : public QObject {
     Q_OBJECT
@@ -108,7 +105,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestSpeciesImport, "species_import");
 
-KELVORA_TEST(kelvora::TestSpeciesImport, "species_import");
+}  // namespace kelvora::test_species_import
+
 #include "test_species_import.moc"

@@ -4,8 +4,7 @@
 
 #include <QTest>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_states_ports {
 
 const QString kGrid = u"State/Province and Sampling Port"_qs;
 const QString kState = u"State/Province"_qs;
@@ -16,8 +15,6 @@ void add(const test::ReferenceScreen& screen, const QString& state, const QStrin
     screen.driver().type(kPort, port);
     screen.driver().press(u"ADD"_qs);
 }
-
-}  // namespace
 
 class TestStatesPorts : public QObject {
     Q_OBJECT
@@ -150,7 +147,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestStatesPorts, "states_ports");
 
-KELVORA_TEST(kelvora::TestStatesPorts, "states_ports");
+}  // namespace kelvora::test_states_ports
+
 #include "test_states_ports.moc"

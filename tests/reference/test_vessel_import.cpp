@@ -3,8 +3,7 @@
 
 #include <QTest>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_vessel_import {
 
 const QByteArray kHeader =
     "vessel name,vessel register id,engine type,engine power,length(m),state/province,size(GRT),type of gear,"
@@ -30,8 +29,6 @@ struct Desk : test::ImportDesk {
         return store.rows("select vesselname, enginepower, vessellength, vesselsize, gear from vessel");
     }
 };
-
-}  // namespace
 
 class TestVesselImport : public QObject {
     Q_OBJECT
@@ -223,7 +220,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestVesselImport, "vessel_import");
 
-KELVORA_TEST(kelvora::TestVesselImport, "vessel_import");
+}  // namespace kelvora::test_vessel_import
+
 #include "test_vessel_import.moc"

@@ -4,8 +4,7 @@
 
 #include <QTest>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_vessels {
 
 const QString kFrame = u"FISHING VESSEL"_qs;
 
@@ -28,8 +27,6 @@ void fill(const test::ReferenceScreen& screen, const Entry& entry) {
     }
     screen.in(kFrame).press(u"Add"_qs);
 }
-
-}  // namespace
 
 class TestVessels : public QObject {
     Q_OBJECT
@@ -134,7 +131,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestVessels, "vessels");
 
-KELVORA_TEST(kelvora::TestVessels, "vessels");
+}  // namespace kelvora::test_vessels
+
 #include "test_vessels.moc"

@@ -7,8 +7,7 @@
 
 #include <algorithm>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_catch_summary {
 
 const CatchGrouping& grouping(const QString& option) {
     return *std::ranges::find(catchGroupings(), option, &CatchGrouping::option);
@@ -25,8 +24,6 @@ QStringList lines(const ResultSet& result) {
 }
 
 const QDate kToday(2026, 11, 16);
-
-}  // namespace
 
 /// The figures of a year by each grouping, and their export.
 class TestCatchSummary : public QObject {
@@ -118,7 +115,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestCatchSummary, "catch_summary");
 
-KELVORA_TEST(kelvora::TestCatchSummary, "catch_summary");
+}  // namespace kelvora::test_catch_summary
+
 #include "test_catch_summary.moc"

@@ -12,8 +12,7 @@
 #include <QDir>
 #include <QTest>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_catch_summary_screen {
 
 using test::ScreenDriver;
 
@@ -47,8 +46,6 @@ struct Opened {
 QStringList texts(const char* joined) {
     return QString::fromLatin1(joined).split(u';');
 }
-
-}  // namespace
 
 /// The yearly catch report as a sampler uses it.
 class TestCatchSummaryScreen : public QObject {
@@ -209,7 +206,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestCatchSummaryScreen, "catch_summary_screen");
 
-KELVORA_TEST(kelvora::TestCatchSummaryScreen, "catch_summary_screen");
+}  // namespace kelvora::test_catch_summary_screen
+
 #include "test_catch_summary_screen.moc"

@@ -9,8 +9,7 @@
 #include <csignal>
 #include <sys/resource.h>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_csv_export {
 
 /// As long as it lives, no file grows beyond a number of bytes: a disk that is full.
 class FullDisk {
@@ -28,8 +27,6 @@ public:
 private:
     rlimit m_before{};
 };
-
-}  // namespace
 
 /// The file that an export becomes: its bytes, its name, and what happens when it cannot be written.
 class TestCsvExport : public QObject {
@@ -88,7 +85,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestCsvExport, "csv_export");
 
-KELVORA_TEST(kelvora::TestCsvExport, "csv_export");
+}  // namespace kelvora::test_csv_export
+
 #include "test_csv_export.moc"

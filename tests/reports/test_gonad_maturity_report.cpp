@@ -9,8 +9,7 @@
 
 #include <map>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_gonad_maturity_report {
 
 using test::texts;
 using Report = test::SpeciesReport<GonadMaturityReportScreen>;
@@ -76,8 +75,6 @@ QStringList cells(const ResultSet& table, int year, const QString& prefix = {}) 
     }
     return shown;
 }
-
-}  // namespace
 
 /// Sexes and maturity stages by month.
 class TestGonadMaturityReport : public QObject {
@@ -199,7 +196,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestGonadMaturityReport, "gonad_maturity_report");
 
-KELVORA_TEST(kelvora::TestGonadMaturityReport, "gonad_maturity_report");
+}  // namespace kelvora::test_gonad_maturity_report
+
 #include "test_gonad_maturity_report.moc"

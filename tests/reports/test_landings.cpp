@@ -11,8 +11,7 @@
 #include <algorithm>
 #include <map>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_landings {
 
 using test::linesOf;
 
@@ -67,8 +66,6 @@ std::map<QString, double> expected(const char* name, int field) {
 QString fourDecimals(double value) {
     return QString::number(value, 'f', 4);
 }
-
-}  // namespace
 
 /// A year of real landings through the report, against sums made elsewhere.
 class TestLandings : public QObject {
@@ -141,7 +138,8 @@ private:
     test::TemporaryStore m_store;
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestLandings, "landings");
 
-KELVORA_TEST(kelvora::TestLandings, "landings");
+}  // namespace kelvora::test_landings
+
 #include "test_landings.moc"

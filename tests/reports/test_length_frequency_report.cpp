@@ -10,8 +10,7 @@
 
 #include <map>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_length_frequency_report {
 
 using test::texts;
 using Report = test::SpeciesReport<LengthFrequencyReportScreen>;
@@ -49,8 +48,6 @@ void addTally(test::TemporaryStore& store, const char* name) {
     }
     transaction.commit();
 }
-
-}  // namespace
 
 /// Lengths by class and month.
 class TestLengthFrequencyReport : public QObject {
@@ -185,7 +182,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestLengthFrequencyReport, "length_frequency_report");
 
-KELVORA_TEST(kelvora::TestLengthFrequencyReport, "length_frequency_report");
+}  // namespace kelvora::test_length_frequency_report
+
 #include "test_length_frequency_report.moc"

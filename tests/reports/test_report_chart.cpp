@@ -16,8 +16,7 @@
 #include <QTabWidget>
 #include <QTest>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_report_chart {
 
 using test::ScreenDriver;
 using test::texts;
@@ -55,8 +54,6 @@ QStringList drawn(const QWidget& screen) {
 QStringList groups(const QWidget& screen) {
     return screen.findChild<ReportChart*>()->picture().groups;
 }
-
-}  // namespace
 
 /// The pictures beside the tables: they show the shown rows, and can be taken along.
 class TestReportChart : public QObject {
@@ -200,7 +197,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestReportChart, "report_chart");
 
-KELVORA_TEST(kelvora::TestReportChart, "report_chart");
+}  // namespace kelvora::test_report_chart
+
 #include "test_report_chart.moc"

@@ -10,8 +10,7 @@
 
 #include <algorithm>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_species_composition_report {
 
 using test::ScreenDriver;
 using test::texts;
@@ -65,8 +64,6 @@ struct Opened {
     test::TemporaryStore store;
     std::unique_ptr<SpeciesCompositionReportScreen> screen;
 };
-
-}  // namespace
 
 /// The species of a part of a year, as a sampler asks for them.
 class TestSpeciesCompositionReport : public QObject {
@@ -192,7 +189,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestSpeciesCompositionReport, "species_composition_report");
 
-KELVORA_TEST(kelvora::TestSpeciesCompositionReport, "species_composition_report");
+}  // namespace kelvora::test_species_composition_report
+
 #include "test_species_composition_report.moc"

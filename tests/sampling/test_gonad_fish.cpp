@@ -3,7 +3,7 @@
 
 #include <QTest>
 
-namespace kelvora {
+namespace kelvora::test_gonad_fish {
 
 class TestGonadFish : public QObject {
     Q_OBJECT
@@ -81,8 +81,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
-
-using kelvora::TestGonadFish;
 KELVORA_TEST(TestGonadFish, "gonad_fish");
+
+}  // namespace kelvora::test_gonad_fish
+
 #include "test_gonad_fish.moc"

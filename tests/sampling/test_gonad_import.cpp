@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-namespace kelvora {
+namespace kelvora::test_gonad_import {
 
 class TestGonadImport : public QObject {
     Q_OBJECT
@@ -82,8 +82,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
-
-using kelvora::TestGonadImport;
 KELVORA_TEST(TestGonadImport, "gonad_import");
+
+}  // namespace kelvora::test_gonad_import
+
 #include "test_gonad_import.moc"

@@ -13,8 +13,7 @@
 #include <QLineEdit>
 #include <QTest>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_gonad_maturity {
 
 const QString kMackerel = u"Rastrelliger kanagurta"_qs;
 const QString kGoatfish = u"Upeneus vittatus"_qs;
@@ -117,8 +116,6 @@ std::vector<QStringList> expectedOf(const QString& table, const QString& file) {
     }
     return found;
 }
-
-}  // namespace
 
 class TestGonadMaturity : public QObject {
     Q_OBJECT
@@ -510,8 +507,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
-
-using kelvora::TestGonadMaturity;
 KELVORA_TEST(TestGonadMaturity, "gonad_maturity");
+
+}  // namespace kelvora::test_gonad_maturity
+
 #include "test_gonad_maturity.moc"

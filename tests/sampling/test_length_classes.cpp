@@ -7,14 +7,11 @@
 
 #include <functional>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_length_classes {
 
 QString textOf(const LengthClass& c) {
     return plainText(c.lower) + u' ' + plainText(c.upper) + u' ' + plainText(c.middle());
 }
-
-}  // namespace
 
 /// Length classes and what an entry of them can start with.
 class TestLengthClasses : public QObject {
@@ -123,7 +120,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestLengthClasses, "length_classes");
 
-KELVORA_TEST(kelvora::TestLengthClasses, "length_classes");
+}  // namespace kelvora::test_length_classes
+
 #include "test_length_classes.moc"

@@ -13,8 +13,7 @@
 #include <QLineEdit>
 #include <QTest>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_length_frequency {
 
 const QString kGoatfish = QStringLiteral("Upeneus vittatus");
 const QString kMackerel = QStringLiteral("Rastrelliger kanagurta");
@@ -85,8 +84,6 @@ struct Entry {
     std::unique_ptr<LengthFrequencyScreen> screen;
     std::unique_ptr<test::ScreenDriver> driver;
 };
-
-}  // namespace
 
 /// The length-frequency screen as a sampler uses it.
 class TestLengthFrequency : public QObject {
@@ -356,7 +353,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestLengthFrequency, "length_frequency");
 
-KELVORA_TEST(kelvora::TestLengthFrequency, "length_frequency");
+}  // namespace kelvora::test_length_frequency
+
 #include "test_length_frequency.moc"

@@ -3,7 +3,7 @@
 
 #include <QTest>
 
-namespace kelvora {
+namespace kelvora::test_raising {
 
 class TestRaising : public QObject {
     Q_OBJECT
@@ -57,7 +57,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestRaising, "raising");
 
-KELVORA_TEST(kelvora::TestRaising, "raising");
+}  // namespace kelvora::test_raising
+
 #include "test_raising.moc"

@@ -9,8 +9,7 @@
 #include <QLineEdit>
 #include <QTest>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_species_composition {
 
 const QString kMackerel = QStringLiteral("Rastrelliger kanagurta");
 const QString kGoatfish = QStringLiteral("Upeneus vittatus");
@@ -92,8 +91,6 @@ private:
 };
 
 const QStringList kBlank{QStringLiteral("||")};
-
-}  // namespace
 
 class TestSpeciesComposition : public QObject {
     Q_OBJECT
@@ -460,7 +457,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestSpeciesComposition, "species_composition");
 
-KELVORA_TEST(kelvora::TestSpeciesComposition, "species_composition");
+}  // namespace kelvora::test_species_composition
+
 #include "test_species_composition.moc"

@@ -6,8 +6,7 @@
 
 #include <algorithm>
 
-namespace kelvora {
-namespace {
+namespace kelvora::test_corrections {
 
 /// Operation 1 with two single species and a raised group; species 1 with two length classes and species 2 with a
 /// sample without any; four measured fish of species 1. Operation 2 has no samples.
@@ -70,8 +69,6 @@ QStringList lines(std::initializer_list<const char*> texts) {
     }
     return all;
 }
-
-}  // namespace
 
 class TestCorrections : public QObject {
     Q_OBJECT
@@ -463,7 +460,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestCorrections, "corrections");
 
-KELVORA_TEST(kelvora::TestCorrections, "corrections");
+}  // namespace kelvora::test_corrections
+
 #include "test_corrections.moc"

@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-namespace kelvora {
+namespace kelvora::test_operation_search {
 class TestOperationSearch : public QObject {
     Q_OBJECT
 
@@ -204,7 +204,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestOperationSearch, "operation_search");
 
-KELVORA_TEST(kelvora::TestOperationSearch, "operation_search");
+}  // namespace kelvora::test_operation_search
+
 #include "test_operation_search.moc"

@@ -5,7 +5,7 @@
 
 #include <QTest>
 
-namespace kelvora {
+namespace kelvora::test_change_password {
 
 class TestChangePassword : public QObject {
     Q_OBJECT
@@ -69,7 +69,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestChangePassword, "change_password");
 
-KELVORA_TEST(kelvora::TestChangePassword, "change_password");
+}  // namespace kelvora::test_change_password
+
 #include "test_change_password.moc"

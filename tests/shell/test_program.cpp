@@ -13,7 +13,7 @@
 #include <QTest>
 #include <QToolBar>
 
-namespace kelvora {
+namespace kelvora::test_program {
 
 /// From the start to the end of the program: signing in, opening screens once, leaving.
 class TestProgram : public QObject {
@@ -154,7 +154,8 @@ private Q_SLOTS:
     }
 };
 
-}  // namespace kelvora
+KELVORA_TEST(TestProgram, "program");
 
-KELVORA_TEST(kelvora::TestProgram, "program");
+}  // namespace kelvora::test_program
+
 #include "test_program.moc"
