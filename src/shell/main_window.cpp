@@ -43,8 +43,9 @@ MainWindow::MainWindow(const Context& context) : m_context(context), m_area(new 
     setCentralWidget(m_area);
     // Office hands know Ctrl+F4; where the desktop has it already, a second one would make both do nothing.
     const QKeySequence closing(Qt::CTRL | Qt::Key_F4);
-    if (!QKeySequence::keyBindings(QKeySequence::Close).contains(closing))
+    if (!QKeySequence::keyBindings(QKeySequence::Close).contains(closing)) {
         new QShortcut(closing, this, m_area, &QMdiArea::closeActiveSubWindow);
+    }
     auto* organisation = new QLabel(QStringLiteral(KELVORA_ORGANISATION), this);
     organisation->setTextFormat(Qt::PlainText);
     organisation->setContentsMargins(8, 0, 8, 2);
@@ -90,14 +91,12 @@ void MainWindow::addMenus() {
     m_windows = menuBar()->addMenu(QStringLiteral("&Windows"));
 }
 
-/// A screen that is not part of this version yet has no maker: its button or menu item stays disabled.
 QAction* MainWindow::addEntry(Entry entry) {
     const std::size_t index = m_entries.size();
     entry.action = new QAction(entry.caption, this);
     if (!entry.icon.isEmpty()) {
         entry.action->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(entry.icon)));
     }
-    entry.action->setEnabled(entry.make != nullptr);
     connect(entry.action, &QAction::triggered, this, [this, index] { open(index); });
     m_entries.push_back(std::move(entry));
     return m_entries.back().action;

@@ -1,7 +1,7 @@
 #include "data/dates.h"
 #include "data/store.h"
+#include "opened_screen.h"
 #include "shell/login_dialog.h"
-#include "shell/main_window.h"
 #include "support/screen_driver.h"
 #include "support/temporary_store.h"
 #include "support/test_main.h"
@@ -18,21 +18,8 @@ class TestFirstDay : public QObject {
     Q_OBJECT
 
 private:
-    /// Opens a screen with its button or menu item and gives the hand that works on it.
-    test::ScreenDriver open(const QString& action, const QString& title) {
-        for (QAction* found : m_window->findChildren<QAction*>()) {
-            if (found->text() == action && found->isEnabled()) {
-                // The "Windows" menu is written anew by this: what was found before is no longer looked at.
-                found->trigger();
-                break;
-            }
-        }
-        for (QMdiSubWindow* found : m_window->findChildren<QMdiSubWindow*>()) {
-            if (found->windowTitle() == title) {
-                return test::ScreenDriver(found->widget());
-            }
-        }
-        qFatal("no screen %s", qPrintable(title));
+    test::ScreenDriver open(const QString& action, const QString& title) const {
+        return test::openedScreen(*m_window, action, title);
     }
 
     test::TemporaryStore m_store;
