@@ -17,7 +17,7 @@ DateField::DateField(QWidget* parent) : QDateEdit(QDate::currentDate(), parent) 
 
 /// One Tab a field: day, month and year are reached with the arrow keys.
 bool DateField::focusNextPrevChild(bool next) {
-    return QWidget::focusNextPrevChild(next);
+    return QWidget::focusNextPrevChild(next);  // NOLINT(bugprone-parent-virtual-call)
 }
 
 /// The wheel over a date without the focus belongs to the window.

@@ -129,6 +129,7 @@ void OperationEntryScreen::showNextNumber() {
 int OperationEntryScreen::stateKeyOf(const QString& state) {
     const ResultSet rows = m_connection.query(Sql("select * from state where statename  = ") << state);
     std::vector<int> found;
+    found.reserve(static_cast<std::size_t>(rows.rowCount()));
     for (int row = 0; row < rows.rowCount(); ++row) {
         found.push_back(rows.integer(row, u"stateid").value_or(0));
     }
@@ -142,6 +143,7 @@ int OperationEntryScreen::stateKeyOf(const QString& state) {
 int OperationEntryScreen::portKeyOf(const QString& state, const QString& port) {
     const ResultSet rows = m_connection.query(Sql("select * from samplingport where samplingname = ") << port);
     std::vector<int> found;
+    found.reserve(static_cast<std::size_t>(rows.rowCount()));
     for (int row = 0; row < rows.rowCount(); ++row) {
         // A port of the same name in another state is another port.
         if (m_stateKey != 0 && rows.integer(row, u"stateid") == m_stateKey) {

@@ -11,6 +11,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <array>
+
 namespace kelvora {
 
 SpeciesTab::SpeciesTab(Connection& connection, Dialogs& dialogs)
@@ -98,8 +100,8 @@ void SpeciesTab::deleteSpecies() {
     if (m_catalogue->caption().isEmpty()) {
         return;
     }
-    const Sql uses[] = {Sql("select * from group_composition where spid = "), Sql("select * from length where spid = "),
-                        Sql("select * from gonad where spid = ")};
+    const std::array uses = {Sql("select * from group_composition where spid = "),
+                             Sql("select * from length where spid = "), Sql("select * from gonad where spid = ")};
     for (const Sql& use : uses) {
         if (finds(use << m_selectedSpecies)) {
             dialogs().message(tr("can't delete this species because this species used another table!"));

@@ -13,7 +13,7 @@ static_assert(Gear == kGearColumn);
 
 /// The gear for a name that is not stored yet.
 QString newGear(const QString& name, const GearQuestions& questions) {
-    const QString answer = questions.ask(name);
+    QString answer = questions.ask(name);
     if (answer.trimmed().isEmpty()) {
         return {};
     }

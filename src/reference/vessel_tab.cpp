@@ -13,6 +13,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <array>
+
 namespace kelvora {
 namespace {
 
@@ -125,7 +127,7 @@ bool VesselTab::isRefused() {
         QLineEdit* emptied = nullptr;
     };
     const QString notNumeric = tr("Please input numeric character only");
-    const Check checks[] = {
+    const auto checks = std::to_array<Check>({
         {m_name->text().isEmpty() && m_registerId->text().isEmpty(),
          tr("Please input vessel register id and vessel name")},
         {m_engineType->currentText().isEmpty(), tr("Please select engine type"), m_engineType},
@@ -134,7 +136,7 @@ bool VesselTab::isRefused() {
         {!isNumeric(m_enginePower->text()), notNumeric, m_enginePower, m_enginePower},
         {!isNumeric(m_size->text()), notNumeric, m_size, m_size},
         {!isNumeric(m_length->text()), notNumeric, m_length, m_length},
-    };
+    });
     for (const Check& check : checks) {
         if (!check.failed) {
             continue;

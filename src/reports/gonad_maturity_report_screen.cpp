@@ -5,6 +5,7 @@
 #include "reports/gonad_maturity_report.h"
 #include "reports/report_chart.h"
 
+#include <QPushButton>
 #include <QSplitter>
 #include <QTabWidget>
 #include <QVBoxLayout>

@@ -5,6 +5,7 @@
 #include "reports/length_frequency_report.h"
 #include "reports/report_chart.h"
 
+#include <QPushButton>
 #include <QSplitter>
 #include <QVBoxLayout>
 

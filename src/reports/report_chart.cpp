@@ -135,8 +135,7 @@ void ReportChart::addBars() {
     constexpr qsizetype longestName = 20;
     constexpr double wide = 0.92;
     constexpr double narrow = 0.72;
-    for (std::size_t i = 0; i < m_picture.series.size(); ++i) {
-        const PictureSeries& series = m_picture.series[i];
+    for (const PictureSeries& series : m_picture.series) {
         auto* set = new QBarSet(label(series.name, longestName), bars);
         for (std::size_t k = 0; k < series.values.size(); ++k) {
             set->append(series.values[m_picture.standing ? k : series.values.size() - 1 - k]);
@@ -177,7 +176,7 @@ void ReportChart::addValueAxis() {
     axis->setTickInterval(scale.step);
     const int decimals = std::max(0, -static_cast<int>(std::floor(std::log10(scale.step))));
     axis->setLabelFormat(QStringLiteral("%.%1f").arg(decimals));
-    axis->setTitleText(label(m_picture.valueTitle, kMostBars * 4));
+    axis->setTitleText(label(m_picture.valueTitle, qsizetype{kMostBars} * 4));
     chart()->addAxis(axis, m_picture.standing ? Qt::AlignLeft : Qt::AlignBottom);
     chart()->series().first()->attachAxis(axis);
 }
