@@ -40,21 +40,6 @@ struct SearchWindow {
     std::unique_ptr<ScreenDriver> driver;
 };
 
-/// The rows of all tables, so that what a change left alone can be compared.
-inline QStringList wholeFile(TemporaryStore& store) {
-    QStringList all;
-    all += store.rows("select 'state', * from state") + store.rows("select 'port', * from samplingport");
-    all += store.rows("select 'vessel', * from vessel") + store.rows("select 'fish', * from fish");
-    all += store.rows("select 'operation', * from fishoperation order by optid");
-    all += store.rows("select 'gonad', * from gonad order by optid, spid");
-    all += store.rows("select 'gonad_detail', * from gonad_detail order by optid, spid, samplingno");
-    all += store.rows("select 'group_composition', * from group_composition order by optid, groupid, spid");
-    all += store.rows("select 'group_main', * from group_main order by optid, groupid");
-    all += store.rows("select 'length', * from length order by optid, spid");
-    all += store.rows("select 'length_detail', * from length_detail order by optid, spid, lower1");
-    return all;
-}
-
 /// One sample of every kind.
 inline void addSamples(TemporaryStore& store, int operation) {
     Connection& db = store.db();

@@ -124,10 +124,10 @@ private Q_SLOTS:
         QFETCH(QString, caption);
         Samples samples;
         samples.openTab(tab);
-        const QStringList all = test::wholeFile(samples.store);
+        const QStringList all = samples.store.wholeFile();
         samples.store.dialogs.expectConfirm(title, question, false);
         samples.driver->press(button);
-        QCOMPARE(test::wholeFile(samples.store), all);
+        QCOMPARE(samples.store.wholeFile(), all);
 
         // Either all rows go or none, and no transaction is left open: another connection can write.
         samples.store.execute("create trigger g before delete on group_composition begin select raise(abort, ''); end");
@@ -136,7 +136,7 @@ private Q_SLOTS:
         samples.store.dialogs.expectConfirm(title, question, true);
         samples.store.dialogs.expectMessageContaining(QStringLiteral("delete from"));
         samples.driver->press(button);
-        QCOMPARE(test::wholeFile(samples.store), all);
+        QCOMPARE(samples.store.wholeFile(), all);
         samples.store.execute("drop trigger g");
         samples.store.execute("drop trigger l");
         samples.store.execute("drop trigger f");
@@ -148,7 +148,7 @@ private Q_SLOTS:
             return std::ranges::any_of(rows, [&](const QString& row) { return line.startsWith(row); });
         });
         QCOMPARE(expected.size(), all.size() - rows.size());
-        QCOMPARE(test::wholeFile(samples.store), expected);
+        QCOMPARE(samples.store.wholeFile(), expected);
         QCOMPARE(samples.driver->navigator(navigator)->caption(), caption);
     }
 
@@ -279,15 +279,15 @@ private Q_SLOTS:
     void newFish() {
         Samples samples;
         samples.openGonad();
-        const QStringList all = test::wholeFile(samples.store);
+        const QStringList all = samples.store.wholeFile();
         samples.typeFish("215", "200", "10");
         samples.driver->choose(QStringLiteral("SEX"), QStringLiteral("Juvenile"));
         samples.driver->choose(QStringLiteral("Stage"), QStringLiteral("3-Ripe"));
         samples.add(false);
-        QCOMPARE(test::wholeFile(samples.store), all);
+        QCOMPARE(samples.store.wholeFile(), all);
         samples.add(true);
         const QString fifth = QStringLiteral("gonad_detail|1|1|5|215|190|190|190|200|Juvenile|3|10|5");
-        QStringList added = test::wholeFile(samples.store);
+        QStringList added = samples.store.wholeFile();
         QCOMPARE(added.removeAll(fifth), 1);
         QCOMPARE(added, all);
         QCOMPARE(samples.rows("Measured fish").last(), QStringLiteral("5|215|190|190|190|200.00|Juvenile|3|10|5.00"));
@@ -324,7 +324,7 @@ private Q_SLOTS:
         QFETCH(QString, message);
         Samples samples;
         samples.openGonad();
-        const QStringList all = test::wholeFile(samples.store);
+        const QStringList all = samples.store.wholeFile();
         samples.typeFish("210", "200", "10");
         samples.driver->type(field, typed);
         samples.store.dialogs.expectConfirm(QStringLiteral("GONAD"),
@@ -334,7 +334,7 @@ private Q_SLOTS:
         QVERIFY(samples.store.dialogs.done());
         QCOMPARE(samples.driver->text(field), QString());
         QVERIFY(samples.driver->focused(field));
-        QCOMPARE(test::wholeFile(samples.store), all);
+        QCOMPARE(samples.store.wholeFile(), all);
     }
 
     /// An operation without samples, and none at all: nothing of the one before stays, and nothing can be pressed.

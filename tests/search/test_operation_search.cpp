@@ -140,16 +140,16 @@ private Q_SLOTS:
         test::SearchWindow search;
         search.findAlpha();
         test::addSamples(search.store, 3);
-        const QStringList kept = test::wholeFile(search.store);
+        const QStringList kept = search.store.wholeFile();
         test::addSamples(search.store, 1);
-        const QStringList all = test::wholeFile(search.store);
+        const QStringList all = search.store.wholeFile();
         const auto answer = [&](bool yes) {
             search.store.dialogs.expectConfirm(
                 QStringLiteral("CONFIRM"), QStringLiteral("Are you sure to delete all data in this operation?"), yes);
             search.driver->press(QStringLiteral("DELETE"));
         };
         answer(false);
-        QCOMPARE(test::wholeFile(search.store), all);
+        QCOMPARE(search.store.wholeFile(), all);
 
         // The search is the one that found the operation, whatever has been chosen since.
         search.driver->choose(QStringLiteral("Criterion"), QStringLiteral("Vessel"));
@@ -157,7 +157,7 @@ private Q_SLOTS:
         QStringList expected = kept;
         expected.removeIf([](const QString& row) { return row.startsWith(u"operation|1|"); });
         QCOMPARE(expected.size(), kept.size() - 1);
-        QCOMPARE(test::wholeFile(search.store), expected);
+        QCOMPARE(search.store.wholeFile(), expected);
         QCOMPARE(search.caption(), QStringLiteral("RESULT: [1 / 1]"));
         QCOMPARE(search.number(), QStringLiteral("2"));
 
@@ -174,12 +174,12 @@ private Q_SLOTS:
         search.store.execute(
             "create trigger refuse before delete on length_detail begin"
             " select raise(abort, 'refused'); end");
-        const QStringList all = test::wholeFile(search.store);
+        const QStringList all = search.store.wholeFile();
         search.store.dialogs.expectConfirm(QStringLiteral("CONFIRM"),
                                            QStringLiteral("Are you sure to delete all data in this operation?"), true);
         search.store.dialogs.expectMessageContaining(QStringLiteral("length_detail"));
         search.driver->press(QStringLiteral("DELETE"));
-        QCOMPARE(test::wholeFile(search.store), all);
+        QCOMPARE(search.store.wholeFile(), all);
         QCOMPARE(search.number(), QStringLiteral("1"));
         // No transaction was left open: the file can be written to by another connection.
         search.store.execute("drop trigger refuse");

@@ -38,6 +38,22 @@ QStringList TemporaryStore::rows(const Sql& sql) {
     return lines;
 }
 
+QStringList TemporaryStore::wholeFile() {
+    QStringList all;
+    all += rows("select 'state', * from state") + rows("select 'port', * from samplingport");
+    all += rows("select 'gear', * from Fishing_gear") + rows("select 'method', * from Fishing_method");
+    all += rows("select 'area', * from fishing_area") + rows("select 'stage', * from gonad_stage");
+    all += rows("select 'vessel', * from vessel") + rows("select 'fish', * from fish");
+    all += rows("select 'operation', * from fishoperation order by optid");
+    all += rows("select 'gonad', * from gonad order by optid, spid");
+    all += rows("select 'gonad_detail', * from gonad_detail order by optid, spid, samplingno");
+    all += rows("select 'group_composition', * from group_composition order by optid, groupid, spid");
+    all += rows("select 'group_main', * from group_main order by optid, groupid");
+    all += rows("select 'length', * from length order by optid, spid");
+    all += rows("select 'length_detail', * from length_detail order by optid, spid, lower1");
+    return all;
+}
+
 void TemporaryStore::addReferenceRows() {
     execute("insert into state values (1, 'Alpha'), (2, 'Beta')");
     execute("insert into samplingport values (1, 'Abo', 1), (2, 'Bex', 1), (3, 'Cay', 2)");

@@ -24,6 +24,8 @@ public:
     /// The rows of a query, each as its values joined by "|"; a null reads "null".
     QStringList rows(const Sql& sql);
     QStringList rows(Literal sql) { return rows(Sql(sql)); }
+    /// The rows of all tables but the accounts, each beginning with what it is: what a change left alone is compared.
+    QStringList wholeFile();
     void execute(Literal sql) { m_db->execute(Sql(sql)); }
 
     /// A few reference rows: state 1 Alpha with ports 1 Abo and 2 Bex, state 2 Beta with port 3 Cay; gears 1 Trawl
