@@ -266,7 +266,7 @@ OperationEntry OperationForm::entry() const {
             .chosenArea = m_areas->key().toString(),
             .state = m_states->text(),
             .port = m_ports->text(),
-            .date = m_date->date(),
+            .date = m_date->completed(),
             .latitudeDec = m_latitudeDec->text(),
             .latitudeMin = m_latitudeMin->text(),
             .longitudeDec = m_longitudeDec->text(),
