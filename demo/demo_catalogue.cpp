@@ -25,12 +25,13 @@ const std::vector<Area>& areas() {
     return all;
 }
 
-/// Vessels of the surveys, which are in no register of fishing vessels.
+/// Vessels of the surveys, which are in no register of fishing vessels: the fields of an import file.
 const std::vector<QStringList>& surveyVessels() {
+    const auto vessel = [](const QString& row) { return row.split(u','); };
     static const std::vector<QStringList> all = {
-        {u"SURVEY TRAWLER"_qs, u"S-10"_qs, u"In Board"_qs, u"450"_qs, u"24"_qs, u"Campania"_qs, u"105"_qs},
-        {u"BAY SURVEY"_qs, u"S-20"_qs, u"In Board"_qs, u"120"_qs, u"14"_qs, u"Luzon"_qs, u"22"_qs},
-        {u"RIVER SURVEY"_qs, u"S-30"_qs, u"Out Board"_qs, u"60"_qs, u"6"_qs, u"British Columbia"_qs, u"1.5"_qs},
+        vessel(u"SURVEY TRAWLER,S-10,In Board,450,24,Campania,105,Trawl,35,20,4"_qs),
+        vessel(u"BAY SURVEY,S-20,In Board,120,14,Luzon,22,Trawl,25,15,3"_qs),
+        vessel(u"RIVER SURVEY,S-30,Out Board,60,6,British Columbia,1.5,Electrofisher,0,0,0"_qs),
     };
     return all;
 }
@@ -117,14 +118,12 @@ void Catalogue::storePlaces() {
 }
 
 void Catalogue::storeVessels(const QString& folder) {
-    for (const QStringList& fields : recordsOf(folder + u"/vessels.csv"_qs)) {
+    std::vector<QStringList> vessels = recordsOf(folder + u"/vessels.csv"_qs);
+    vessels.insert(vessels.end(), surveyVessels().begin(), surveyVessels().end());
+    for (const QStringList& fields : vessels) {
         const int gear =
             number(Sql("select gearid from Fishing_gear where guname = ") << fields[kGearColumn], u"gearid");
         m_connection.execute(vesselInsert(fields, gear));
-    }
-    for (const QStringList& fields : surveyVessels()) {
-        constexpr int noGear = 0;
-        m_connection.execute(vesselInsert(fields + QStringList{u""_qs, u"0"_qs, u"0"_qs, u"0"_qs}, noGear));
     }
 }
 

@@ -6,7 +6,6 @@
 #include "demo/demo_trip.h"
 #include "operations/operation_checks.h"
 
-
 namespace kelvora {
 
 int demo::recordTrip(Connection& connection, const Catalogue& catalogue, const Trip& trip) {

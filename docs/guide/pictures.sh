@@ -1,0 +1,16 @@
+#!/bin/sh
+# Takes the pictures of the guide anew from the real screens, without a display. With ImageMagick they become smaller.
+set -eu
+cd "$(dirname "$0")/../.."
+
+. packaging/packages.sh
+install_missing_packages
+cmake --preset dev >/dev/null
+cmake --build --preset dev --target guide_pictures
+QT_QPA_PLATFORM=offscreen QTEST_DISABLE_STACK_DUMP=1 LC_ALL=C.UTF-8 build/dev/demo/guide_pictures
+
+if command -v convert >/dev/null 2>&1; then
+    for picture in docs/guide/pictures/*.png; do
+        convert "$picture" -strip -dither None -colors 256 -define png:exclude-chunks=date,time "PNG8:$picture"
+    done
+fi
