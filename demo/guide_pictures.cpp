@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QIcon>
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -87,6 +88,7 @@ private Q_SLOTS:
         makeDemoYear(m_path, QStringLiteral(KELVORA_SOURCE_FOLDER));
         QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
         QApplication::setCursorFlashTime(0);
+        QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/kelvora.svg")));
         applyStyle(*qApp);
     }
 
@@ -186,7 +188,9 @@ private Q_SLOTS:
         const auto hand = open(u"Search"_qs, u"Main Menu"_qs);
         find(hand, port);
         hand.press(u"SEARCH"_qs);
-        hand.move(u"Result"_qs, u"Next"_qs);
+        if (port == u"Looe"_qs) {
+            hand.move(u"Result"_qs, u"Next"_qs);  // its first operation is of one species only
+        }
         hand.openTab(tab);
         savePage(QString::fromLatin1(QTest::currentDataTag()));
     }
@@ -240,7 +244,9 @@ private Q_SLOTS:
     }
 
     void largeText() {
-        QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 14));
+        QFont large = QApplication::font();
+        large.setPointSizeF(large.pointSizeF() * 1.5);
+        QApplication::setFont(large);
         fillOperation(open(u"Fishing Operation"_qs));
         savePage(u"large_text"_qs);
         QVERIFY(m_dialogs.done());
