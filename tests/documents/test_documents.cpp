@@ -76,7 +76,8 @@ private Q_SLOTS:
             guide += contentOf(page) + u'\n';
         }
         guide = compared(guide);
-        static const QRegularExpression sentence(u"^[A-Za-z'…]\\S*( \\S+){4,}$"_qs);
+        static const QRegularExpression sentence(
+            u"^[A-Za-z'…]\\S*( \\S+){4,}$|^([Pp]lease|Are you|Do you|Can not|can't|No data|Numeric)\\b"_qs);
         static const QRegularExpression code(
             u"[=_]|::|'#|^(select|insert|update|delete|from|where|and|or|order|inner|group by|transform|create|pragma|"
             "format)\\b"_qs,
