@@ -18,4 +18,5 @@ if [ ! -e "$file" ] || [ "${1:-}" = new ]; then
     mkdir -p build/demo/Kelvora
     build/release/demo/make_demo "$file"
 fi
-XDG_DATA_HOME="$PWD/build/demo" exec build/release/kelvora
+export XDG_DATA_HOME="$PWD/build/demo"
+exec build/release/kelvora
