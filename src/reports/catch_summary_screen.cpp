@@ -66,7 +66,11 @@ CatchSummaryScreen::CatchSummaryScreen(const Context& context)
     layout->addWidget(m_optionFrame);
     layout->addLayout(headingRow());
     layout->addWidget(besideTable(m_grid, m_chart), 1);
-    setReadingOrder();
+    QWidgetList fields{yearList(), m_search};
+    for (QAbstractButton* option : m_options->buttons()) {
+        fields.append(option);
+    }
+    setReadingOrder(fields << exportButton() << m_grid << m_chart);
     showGroups(groupingAt(0), withoutData(0));
     m_word->clear();
 }
@@ -105,17 +109,6 @@ QLayout* CatchSummaryScreen::headingRow() {
     row->setColumnStretch(2, 1);
     row->addWidget(exportButton(), 0, 3);
     return row;
-}
-
-void CatchSummaryScreen::setReadingOrder() {
-    QWidgetList fields{yearList(), m_search};
-    for (QAbstractButton* option : m_options->buttons()) {
-        fields.append(option);
-    }
-    fields << exportButton() << m_grid << m_chart;
-    for (qsizetype i = 1; i < fields.size(); ++i) {
-        setTabOrder(fields[i - 1], fields[i]);
-    }
 }
 
 double CatchSummaryScreen::shownTotal() const {

@@ -32,7 +32,6 @@ private:
     QLayout* yearRow();
     QLayout* headingRow();
     void addOptions();
-    void setReadingOrder();
 
     /// The number of the year's total as the screen shows it, in kg; 0 when none is shown.
     [[nodiscard]] double shownTotal() const;

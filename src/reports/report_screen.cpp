@@ -51,6 +51,12 @@ void ReportScreen::searchOnEnterIn(BoundList* list) {
     m_searching.append(list);
 }
 
+void ReportScreen::setReadingOrder(const QWidgetList& fields) {
+    for (qsizetype i = 1; i < fields.size(); ++i) {
+        setTabOrder(fields[i - 1], fields[i]);
+    }
+}
+
 void ReportScreen::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!enter) {

@@ -19,6 +19,8 @@ SpeciesReportScreen::SpeciesReportScreen(const QString& caption, const Context& 
     searchOnEnterIn(m_species);
     searchOn(m_search);
     m_search->setAutoDefault(false);
+    // What a report puts below comes behind.
+    setReadingOrder({yearList(), m_species, m_search, exportButton()});
 }
 
 QString SpeciesReportScreen::speciesText() const {
@@ -35,13 +37,6 @@ QLayout* SpeciesReportScreen::choiceRow() {
     row->setColumnStretch(6, 1);
     row->addWidget(exportButton(), 0, 7);
     return row;
-}
-
-void SpeciesReportScreen::setReadingOrder(const QWidgetList& following) {
-    const QWidgetList fields = QWidgetList{yearList(), m_species, m_search, exportButton()} + following;
-    for (qsizetype i = 1; i < fields.size(); ++i) {
-        setTabOrder(fields[i - 1], fields[i]);
-    }
 }
 
 /// A year or a species that the lists do not offer is none.

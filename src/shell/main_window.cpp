@@ -23,6 +23,7 @@
 #include <QMenuBar>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QToolBar>
 
 namespace kelvora {
@@ -31,6 +32,17 @@ namespace {
 template <typename ScreenClass>
 Screen* make(const Context& context) {
     return new ScreenClass(context);
+}
+
+/// The first field of a screen that takes the keyboard, and can: a sampler types as soon as a screen is open.
+QWidget* firstField(QWidget* screen) {
+    for (QWidget* next = screen->nextInFocusChain(); next != screen; next = next->nextInFocusChain()) {
+        const bool takes = (next->focusPolicy() & Qt::TabFocus) != 0 && qobject_cast<QTabBar*>(next) == nullptr;
+        if (takes && next->isVisibleTo(screen) && next->isEnabled() && screen->isAncestorOf(next)) {
+            return next;
+        }
+    }
+    return screen;
 }
 
 }  // namespace
@@ -64,16 +76,15 @@ void MainWindow::addToolBar() {
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     bar->setIconSize({32, 32});
-    bar->addAction(addEntry({QStringLiteral("General Information"), make<GeneralInformationScreen>,
-                             QStringLiteral("general_information")}));
-    bar->addAction(addEntry(
-        {QStringLiteral("Fishing Operation"), make<OperationEntryScreen>, QStringLiteral("fishing_operation")}));
-    bar->addAction(addEntry({QStringLiteral("Species Composition"), make<SpeciesCompositionScreen>,
-                             QStringLiteral("species_composition")}));
-    bar->addAction(addEntry(
-        {QStringLiteral("Length Frequency"), make<LengthFrequencyScreen>, QStringLiteral("length_frequency")}));
-    bar->addAction(
-        addEntry({QStringLiteral("Gonad Maturity"), make<GonadMaturityScreen>, QStringLiteral("gonad_maturity")}));
+    for (const Entry& screen : {
+             Entry{u"General Information"_qs, make<GeneralInformationScreen>, u"Ctrl+1"_qs, u"general_information"_qs},
+             Entry{u"Fishing Operation"_qs, make<OperationEntryScreen>, u"Ctrl+2"_qs, u"fishing_operation"_qs},
+             Entry{u"Species Composition"_qs, make<SpeciesCompositionScreen>, u"Ctrl+3"_qs, u"species_composition"_qs},
+             Entry{u"Length Frequency"_qs, make<LengthFrequencyScreen>, u"Ctrl+4"_qs, u"length_frequency"_qs},
+             Entry{u"Gonad Maturity"_qs, make<GonadMaturityScreen>, u"Ctrl+5"_qs, u"gonad_maturity"_qs},
+         }) {
+        bar->addAction(addEntry(screen));
+    }
     bar->addSeparator();
     QAction* leave = bar->addAction(QIcon(QStringLiteral(":/icons/exit.svg")), QStringLiteral("Exit"));
     connect(leave, &QAction::triggered, this, &MainWindow::exit);
@@ -81,7 +92,7 @@ void MainWindow::addToolBar() {
 
 void MainWindow::addMenus() {
     QMenu* main = menuBar()->addMenu(QStringLiteral("&Main Menu"));
-    main->addAction(addEntry({QStringLiteral("Search"), make<SearchScreen>}));
+    main->addAction(addEntry({QStringLiteral("Search"), make<SearchScreen>, QKeySequence::Find}));
     main->addAction(addEntry({QStringLiteral("Change password"), make<ChangePasswordScreen>}));
     QMenu* report = menuBar()->addMenu(QStringLiteral("&Report"));
     report->addAction(addEntry({QStringLiteral("Fishing Information"), make<CatchSummaryScreen>}));
@@ -94,8 +105,13 @@ void MainWindow::addMenus() {
 QAction* MainWindow::addEntry(Entry entry) {
     const std::size_t index = m_entries.size();
     entry.action = new QAction(entry.caption, this);
-    if (!entry.icon.isEmpty()) {
+    if (entry.icon.isEmpty()) {
+        entry.action->setShortcut(entry.key);
+    } else {
         entry.action->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(entry.icon)));
+        entry.action->setToolTip(u"%1 (%2)"_qs.arg(entry.caption, entry.key.toString(QKeySequence::NativeText)));
+        // The button's own key would do nothing while its screen is open behind another.
+        new QShortcut(entry.key, this, [this, index] { open(index); });
     }
     connect(entry.action, &QAction::triggered, this, [this, index] { open(index); });
     m_entries.push_back(std::move(entry));
@@ -122,6 +138,7 @@ void MainWindow::open(std::size_t index) {
         entry.action->setEnabled(entry.icon.isEmpty());
         connect(window, &QObject::destroyed, this, [this, index] { onScreenClosed(index); });
         window->showMaximized();
+        firstField(screen)->setFocus(Qt::TabFocusReason);
         listWindows();
     });
 }

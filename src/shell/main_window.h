@@ -37,7 +37,8 @@ private:
     struct Entry {
         QString caption;
         MakeScreen make;
-        QString icon = {};  ///< of a toolbar button; menu items have none
+        QKeySequence key = {};  ///< opens it, or brings it to the front
+        QString icon = {};      ///< of a toolbar button; menu items have none
         QAction* action = nullptr;
         QMdiSubWindow* window = nullptr;
     };
