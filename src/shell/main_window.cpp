@@ -24,6 +24,7 @@
 #include <QShortcut>
 #include <QStatusBar>
 #include <QTabBar>
+#include <QTabWidget>
 #include <QToolBar>
 
 namespace kelvora {
@@ -34,15 +35,20 @@ Screen* make(const Context& context) {
     return new ScreenClass(context);
 }
 
-/// The first field of a screen that takes the keyboard, and can: a sampler types as soon as a screen is open.
+/// The first field of a screen that takes the keyboard, and can: a sampler types as soon as a screen is open. The tabs,
+/// where no field before them or on the first one can be used.
 QWidget* firstField(QWidget* screen) {
+    QWidget* tabs = screen;
     for (QWidget* next = screen->nextInFocusChain(); next != screen; next = next->nextInFocusChain()) {
-        const bool takes = (next->focusPolicy() & Qt::TabFocus) != 0 && qobject_cast<QTabBar*>(next) == nullptr;
-        if (takes && next->isVisibleTo(screen) && next->isEnabled() && screen->isAncestorOf(next)) {
-            return next;
+        if ((next->focusPolicy() & Qt::TabFocus) == 0 || !next->isVisibleTo(screen) || !next->isEnabled()) {
+            continue;
         }
+        if (qobject_cast<QTabWidget*>(next) == nullptr && qobject_cast<QTabBar*>(next) == nullptr) {
+            return screen->isAncestorOf(next) ? next : tabs;
+        }
+        tabs = next;
     }
-    return screen;
+    return tabs;
 }
 
 }  // namespace
