@@ -35,16 +35,16 @@ Screen* make(const Context& context) {
     return new ScreenClass(context);
 }
 
-/// The first field of a screen that takes the keyboard, and can: a sampler types as soon as a screen is open. The tabs,
-/// where no field before them or on the first one can be used.
-QWidget* firstField(QWidget* screen) {
-    QWidget* tabs = screen;
-    for (QWidget* next = screen->nextInFocusChain(); next != screen; next = next->nextInFocusChain()) {
-        if ((next->focusPolicy() & Qt::TabFocus) == 0 || !next->isVisibleTo(screen) || !next->isEnabled()) {
+/// The first field of a screen or tab that takes the keyboard, and can: a sampler types as soon as it is open. The tabs
+/// of a screen, where no field before them or on the first one can be used.
+QWidget* firstField(QWidget* page) {
+    QWidget* tabs = page;
+    for (QWidget* next = page->nextInFocusChain(); next != page; next = next->nextInFocusChain()) {
+        if ((next->focusPolicy() & Qt::TabFocus) == 0 || !next->isVisibleTo(page) || !next->isEnabled()) {
             continue;
         }
         if (qobject_cast<QTabWidget*>(next) == nullptr && qobject_cast<QTabBar*>(next) == nullptr) {
-            return screen->isAncestorOf(next) ? next : tabs;
+            return page->isAncestorOf(next) ? next : tabs;
         }
         tabs = next;
     }
@@ -64,6 +64,8 @@ MainWindow::MainWindow(const Context& context) : m_context(context), m_area(new 
     if (!QKeySequence::keyBindings(QKeySequence::Close).contains(closing)) {
         new QShortcut(closing, this, m_area, &QMdiArea::closeActiveSubWindow);
     }
+    new QShortcut(u"Ctrl+PgDown"_qs, this, [this] { turnTab(1); });
+    new QShortcut(u"Ctrl+PgUp"_qs, this, [this] { turnTab(-1); });
     auto* organisation = new QLabel(QStringLiteral(KELVORA_ORGANISATION), this);
     organisation->setTextFormat(Qt::PlainText);
     organisation->setContentsMargins(8, 0, 8, 2);
@@ -164,6 +166,15 @@ void MainWindow::listWindows() {
         }
     }
     m_windows->menuAction()->setEnabled(!m_windows->isEmpty());
+}
+
+void MainWindow::turnTab(int by) {
+    const QMdiSubWindow* front = m_area->activeSubWindow();
+    auto* tabs = front == nullptr ? nullptr : front->findChild<QTabWidget*>();
+    if (tabs != nullptr && tabs->currentIndex() + by >= 0 && tabs->currentIndex() + by < tabs->count()) {
+        tabs->setCurrentIndex(tabs->currentIndex() + by);
+        firstField(tabs->currentWidget())->setFocus(Qt::TabFocusReason);
+    }
 }
 
 void MainWindow::exit() {

@@ -209,6 +209,7 @@ private Q_SLOTS:
         }
     }
     void keys() {
+        m_store.session.lastSavedOperation = 0;
         const auto front = [this] { return m_window->findChild<QMdiArea*>()->activeSubWindow()->windowTitle(); };
         for (const QStringList& screen : {QStringList{u"1"_qs, u"General Information"_qs},
                                           {u"2"_qs, u"Fishing Information"_qs},
@@ -219,6 +220,13 @@ private Q_SLOTS:
                                           {u"2"_qs, u"Fishing Information"_qs}}) {
             QTest::keySequence(m_window.get(), QKeySequence(u"Ctrl+"_qs + screen[0]));
             QCOMPARE(front(), screen[1]);
+        }
+        QTest::keySequence(m_window.get(), QKeySequence(u"Ctrl+4"_qs));
+        for (const QStringList& turn : {QStringList{u"Ctrl+PgDown"_qs, u"Species"_qs},
+                                        {u"Ctrl+PgDown"_qs, u"Species"_qs},
+                                        {u"Ctrl+PgUp"_qs, u"Criterion"_qs}}) {
+            QTest::keySequence(m_window.get(), QKeySequence(turn[0]));
+            QCOMPARE(name(QApplication::focusWidget()), turn[1]);
         }
         QTest::keySequence(m_window.get(), QKeySequence(u"Ctrl+F4"_qs));
         QCOMPARE(m_window->findChildren<QMdiSubWindow*>().size(), 6);
