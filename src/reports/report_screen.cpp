@@ -14,7 +14,7 @@ ReportScreen::ReportScreen(const QString& caption, const Context& context, const
     : Screen(caption, context),
       m_db(context.databasePath),
       m_years(new BoundList(this)),
-      m_export(new QPushButton(tr("EXPORT"), this)) {
+      m_export(new QPushButton(tr("&EXPORT"), this)) {
     m_years->setMinimumContentsLength(8);
     m_years->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     if (auto found = m_db.model(years); found->rowCount() > 0) {

@@ -34,7 +34,7 @@ const CompositionSubset& subsetAt(int option) {
 
 SpeciesCompositionReportScreen::SpeciesCompositionReportScreen(const Context& context)
     : ReportScreen(tr("Species Composition Report"), context, compositionYears()),
-      m_search(new QPushButton(tr("Search"), this)),
+      m_search(new QPushButton(tr("&Search"), this)),
       m_total(new ValueLabel(this)),
       m_optionFrame(new QGroupBox(tr("Species composition of"), this)),
       m_options(new QButtonGroup(this)),

@@ -12,7 +12,7 @@ SpeciesReportScreen::SpeciesReportScreen(const QString& caption, const Context& 
                                          const Sql& species)
     : ReportScreen(caption, context, years),
       m_species(new BoundList(this)),
-      m_search(new QPushButton(tr("Search"), this)) {
+      m_search(new QPushButton(tr("&Search"), this)) {
     m_species->setMinimumContentsLength(32);
     m_species->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     m_species->setSource(db().model(species), QStringLiteral("sp"), QStringLiteral("fishno"));
