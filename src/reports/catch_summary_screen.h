@@ -8,6 +8,7 @@
 
 class QButtonGroup;
 class QGroupBox;
+class QLabel;
 class QLayout;
 
 namespace kelvora {
@@ -47,6 +48,7 @@ private:
     QGroupBox* m_optionFrame;
     QButtonGroup* m_options;
     ValueLabel* m_word;
+    QLabel* m_kept;  ///< says so when a grouping without a row has left rows and picture as they were
     Grid* m_grid;
     ReportChart* m_chart;
     std::unique_ptr<ResultModel> m_groups;  ///< what the grid shows
