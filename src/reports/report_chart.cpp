@@ -142,7 +142,10 @@ void ReportChart::addBars() {
         }
         bars->append(set);
     }
-    bars->setBarWidth(m_picture.groups.size() > kMostBars ? wide : narrow);
+    const qsizetype groups = m_picture.groups.size();
+    // One or two bars stay bars, and do not fill the picture.
+    constexpr double fullWidthFrom = 5;
+    bars->setBarWidth(groups > kMostBars ? wide : narrow * std::min(1.0, static_cast<double>(groups) / fullWidthFrom));
     chart()->addSeries(bars);
 }
 
