@@ -2,6 +2,7 @@
 
 #include "data/csv_reader.h"
 #include "data/keys.h"
+#include "data/transaction.h"
 #include "reference/vessel_import.h"
 
 namespace kelvora::demo {
@@ -70,9 +71,11 @@ std::vector<QStringList> recordsOf(const QString& path) {
 }
 
 Catalogue::Catalogue(Connection& connection, const QString& sourceFolder) : m_connection(connection) {
+    Transaction transaction(connection);
     storePlaces();
     storeVessels(sourceFolder + u"/demo/data"_qs);
     storeSpecies(sourceFolder);
+    transaction.commit();
 }
 
 int Catalogue::number(const Sql& query, QStringView column) const {

@@ -6,6 +6,7 @@
 #include "shell/main_window.h"
 #include "support/screen_driver.h"
 #include "support/scripted_dialogs.h"
+#include "support/temporary_store.h"
 #include "support/test_main.h"
 
 #include <QAction>
@@ -15,7 +16,6 @@
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QMenu>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
 
@@ -76,7 +76,7 @@ private:
         hand.choose(QStringLiteral("Value"), port);
     }
 
-    QTemporaryDir m_folder;
+    test::TemporaryStore m_store;
     QString m_path;
     Session m_session;
     test::ScriptedDialogs m_dialogs;
@@ -84,7 +84,7 @@ private:
 
 private Q_SLOTS:
     void initTestCase() {
-        m_path = m_folder.filePath(QStringLiteral("kelvora_db.sqlite"));
+        m_path = m_store.file(QStringLiteral("demo.sqlite"));
         makeDemoYear(m_path, QStringLiteral(KELVORA_SOURCE_FOLDER));
         QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
         QApplication::setCursorFlashTime(0);

@@ -6,10 +6,10 @@
 #include "reports/gonad_maturity_report.h"
 #include "reports/length_frequency_report.h"
 #include "reports/species_composition_report.h"
+#include "support/temporary_store.h"
 #include "support/test_main.h"
 
 #include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <cmath>
@@ -40,7 +40,7 @@ private Q_SLOTS:
     }
 
     void comesOutTheSameEveryTime() {
-        const QString again = m_folder.filePath(QStringLiteral("again.sqlite"));
+        const QString again = m_store.file(QStringLiteral("again.sqlite"));
         makeDemoYear(again, QStringLiteral(KELVORA_SOURCE_FOLDER));
         QFile first(path());
         QFile second(again);
@@ -111,9 +111,9 @@ private Q_SLOTS:
     }
 
 private:
-    [[nodiscard]] QString path() const { return m_folder.filePath(QStringLiteral("demo.sqlite")); }
+    [[nodiscard]] QString path() const { return m_store.file(QStringLiteral("demo.sqlite")); }
 
-    QTemporaryDir m_folder;
+    test::TemporaryStore m_store;
     std::unique_ptr<Connection> m_db;
 };
 
