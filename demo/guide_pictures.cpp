@@ -22,6 +22,14 @@
 namespace kelvora::guide_pictures {
 
 constexpr QSize kSmallScreen(1366, 768);
+/// The ground of a desktop in its dark mode.
+constexpr QColor kDarkWindow(0x20, 0x20, 0x20);
+
+void enlargeText() {
+    QFont large = QApplication::font();
+    large.setPointSizeF(large.pointSizeF() * 1.5);
+    QApplication::setFont(large);
+}
 
 /// Takes the pictures of the guide from the real screens on the demonstration year: one slot a picture or a few that
 /// belong together. A screen that no longer takes what is typed here ends the run.
@@ -33,7 +41,7 @@ private:
 
     static void save(QWidget& shown, const QString& name) {
         QTest::qWait(50);  // what is to be drawn after a layout
-        const QDir folder(QStringLiteral(KELVORA_PICTURES));
+        const QDir folder(qEnvironmentVariable("KELVORA_PICTURES", QStringLiteral(KELVORA_PICTURES)));
         QVERIFY(folder.mkpath(QStringLiteral(".")));
         QVERIFY(shown.grab().save(folder.filePath(name + QStringLiteral(".png"))));
     }
@@ -89,6 +97,13 @@ private Q_SLOTS:
         QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
         QApplication::setCursorFlashTime(0);
         QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/kelvora.svg")));
+        // The same screens as other desktops show them, to be looked at by the developers.
+        const QString look = qEnvironmentVariable("KELVORA_LOOK");
+        if (look == u"dark") {
+            QApplication::setPalette(QPalette(kDarkWindow));
+        } else if (look == u"large") {
+            enlargeText();
+        }
         applyStyle(*qApp);
     }
 
@@ -231,9 +246,8 @@ private Q_SLOTS:
         savePage(u"gonad_report"_qs);
     }
 
-    /// The palette of a desktop in its dark mode.
     void darkMode() {
-        QApplication::setPalette(QPalette(QColor(0x20, 0x20, 0x20)));
+        QApplication::setPalette(QPalette(kDarkWindow));
         applyStyle(*qApp);
         const auto hand = open(u"Species composition"_qs, u"Report"_qs);
         chooseSpeciesOfLooe(hand);
@@ -244,9 +258,7 @@ private Q_SLOTS:
     }
 
     void largeText() {
-        QFont large = QApplication::font();
-        large.setPointSizeF(large.pointSizeF() * 1.5);
-        QApplication::setFont(large);
+        enlargeText();
         fillOperation(open(u"Fishing Operation"_qs));
         savePage(u"large_text"_qs);
         QVERIFY(m_dialogs.done());

@@ -82,6 +82,7 @@ void SpeciesCompositionReportScreen::addOptions() {
         button->setEnabled(false);
         m_options->addButton(button, option);
         auto* choices = new BoundList(m_optionFrame);
+        choices->setMinimumContentsLength(6);
         nameList(choices, subset.option);
         choices->setEnabled(false);
         m_choices.push_back(choices);

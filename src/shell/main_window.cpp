@@ -21,6 +21,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QTabBar>
@@ -49,6 +50,16 @@ QWidget* firstField(QWidget* page) {
         tabs = next;
     }
     return tabs;
+}
+
+/// On a screen too small for a form, or with large letters, nothing is out of reach.
+QScrollArea* scrolled(Screen* screen) {
+    auto* area = new QScrollArea;
+    area->setWidget(screen);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    return area;
 }
 
 }  // namespace
@@ -140,7 +151,8 @@ void MainWindow::open(std::size_t index) {
         Screen* screen = entry.make(m_context);
         auto* window = new QMdiSubWindow;
         window->setAttribute(Qt::WA_DeleteOnClose);
-        window->setWidget(screen);
+        window->setWidget(scrolled(screen));
+        window->setWindowTitle(screen->windowTitle());
         m_area->addSubWindow(window);
         entry.window = window;
         entry.action->setEnabled(entry.icon.isEmpty());

@@ -190,7 +190,11 @@ private Q_SLOTS:
         const test::ScreenDriver hand = test::openedScreen(*m_window, action, title);
         QWidget* screen = hand.root();
         // Two screens have one caption: the report may be in front.
-        m_window->findChild<QMdiArea*>()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(screen->parentWidget()));
+        for (QMdiSubWindow* open : m_window->findChildren<QMdiSubWindow*>()) {
+            if (open->isAncestorOf(screen)) {
+                m_window->findChild<QMdiArea*>()->setActiveSubWindow(open);
+            }
+        }
         // With an operation to sample from, there is nothing to find on the first tab.
         const bool onTabs = operation != 0 && qobject_cast<QTabBar*>(QApplication::focusWidget()) != nullptr;
         QVERIFY2(onTabs || controls(*screen).contains(QApplication::focusWidget()), "the keyboard is not in a field");
