@@ -3,9 +3,11 @@
 #include "data/dates.h"
 #include "journeys/opened_screen.h"
 #include "support/scripted_dialogs.h"
+#include "system_calls.h"
 
 #include <QDate>
 
+#include <csignal>
 #include <unistd.h>
 
 namespace kelvora::test::cut {
@@ -29,6 +31,25 @@ void confirmed() {
     if (write(STDOUT_FILENO, line, sizeof line - 1) < 0) {
         _exit(1);
     }
+}
+
+/// Cuts the power at a write to the disk, of which half arrives, or, where that falls on the removal of a journal, just
+/// before it.
+void cutAtWrite(int which) {
+    static int left = 0;
+    left = which;
+    interceptWrites([](int file, const void* bytes, std::size_t size, off_t at) {
+        if (--left == 0) {
+            static_cast<void>(pwrite(file, bytes, size / 2, at));
+            kill(getpid(), SIGKILL);
+        }
+        return size;
+    });
+    interceptRemovals([] {
+        if (--left == 0) {
+            kill(getpid(), SIGKILL);
+        }
+    });
 }
 
 /// At work in the main window.
@@ -144,6 +165,9 @@ std::vector<Save> savesOf(int operation) {
 }
 
 void sampleUntilKilled(const QString& path) {
+    if (qEnvironmentVariableIsSet(kCutAtWrite)) {
+        cutAtWrite(qEnvironmentVariableIntValue(kCutAtWrite));
+    }
     Session session;
     session.userName = u"Port Sampler"_qs;
     Sampler sampler;

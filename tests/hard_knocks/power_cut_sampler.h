@@ -13,6 +13,8 @@ namespace cut {
 
 /// The environment variable that names the data file to work on.
 inline const char* const kWorkplace = "KELVORA_WORKPLACE";
+/// The one that says at which write to the disk, counted from the start, the power is cut in the middle of it.
+inline const char* const kCutAtWrite = "KELVORA_CUT_AT_WRITE";
 
 /// What one save stores: rows as the check reads them from the file, in the order in which they are stored.
 struct Save {

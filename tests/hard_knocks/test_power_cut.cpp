@@ -87,20 +87,37 @@ class TestPowerCut : public QObject {
         return contents;
     }
 
-    /// Lets the sampler work up to some confirmed save and a moment longer, then cuts the power. Returns the number of
-    /// saves that were confirmed.
-    int workUntilCut(int saves, int microseconds) const {
+    /// A moment at which the power is cut: in the middle of some write to the disk, or some time behind some save.
+    struct Moment {
+        int write = 0;  ///< 0 if it is a matter of time
+        int saves = 0;
+        int microseconds = 0;
+    };
+
+    static Moment chosen(QRandomGenerator& random, bool byWrite) {
+        constexpr int writesOfTwoOperations = 250;
+        return byWrite ? Moment{.write = 1 + random.bounded(writesOfTwoOperations)}
+                       : Moment{.saves = random.bounded(6), .microseconds = random.bounded(60'000)};
+    }
+
+    /// Lets the sampler work until the power is cut. Returns the number of saves that were confirmed.
+    int workUntil(const Moment& moment) const {
         QProcess sampler;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QString::fromLatin1(test::cut::kWorkplace), m_path);
+        if (moment.write > 0) {
+            environment.insert(QString::fromLatin1(test::cut::kCutAtWrite), QString::number(moment.write));
+        }
         sampler.setProcessEnvironment(environment);
         sampler.start(QCoreApplication::applicationFilePath(), {u"sampler_of_the_power_cut"_qs});
         QByteArray out;
-        while (out.count("saved\n") < saves && sampler.waitForReadyRead(30'000)) {
+        while ((moment.write > 0 || out.count("saved\n") < moment.saves) && sampler.waitForReadyRead(30'000)) {
             out += sampler.readAllStandardOutput();
         }
-        QThread::usleep(static_cast<unsigned long>(microseconds));
-        sampler.kill();
+        if (moment.write == 0) {
+            QThread::usleep(static_cast<unsigned long>(moment.microseconds));
+            sampler.kill();
+        }
         sampler.waitForFinished();
         out += sampler.readAllStandardOutput();
         if (sampler.exitStatus() != QProcess::CrashExit || out.contains("FAIL")) {
@@ -132,7 +149,7 @@ private Q_SLOTS:
                                  .query(Sql("select coalesce(max(optid), 0) + 1 as n from fishoperation"))
                                  .integer(0, u"n")
                                  .value();
-            const int saved = workUntilCut(random.bounded(6), random.bounded(60'000));
+            const int saved = workUntil(chosen(random, cut % 2 == 0));
             confirmed += saved;
             journals += QFile::exists(m_path + u"-journal"_qs) ? 1 : 0;
 
