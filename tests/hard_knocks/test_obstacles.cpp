@@ -132,6 +132,7 @@ class TestObstacles : public QObject {
         }
         const QString said = desk.dialogs.said.join(u'\n');
         QVERIFY2(said.contains(QLatin1String(obstacle.reason)), qPrintable(said));
+        QVERIFY2(!said.contains(u"passwd"), qPrintable(said));
         if (!action.inSteps) {
             QCOMPARE(desk.stored(), stored);
             QCOMPARE(desk.shown(), shown);
