@@ -139,17 +139,11 @@ Prepare onTab(const QString& tab, const std::function<void(Hand)>& fill) {
     };
 }
 
-void appendEntry(std::vector<Action>& all) {
+void appendComposition(std::vector<Action>& all) {
     const QString bream = u"Nemipterus virgatus"_qs;
     const QString composition = u"Species Composition"_qs;
     const QString single = u"Single species"_qs;
     const QString group = u"Sampling group"_qs;
-    all.push_back({"an operation", make<OperationEntryScreen>,
-                   [](Hand hand, RecordingDialogs&) { prepareOperation(hand, u"Alpha"_qs, u"Bex"_qs); },
-                   press(u"SAVE"_qs)});
-    all.push_back({"an operation at a new port", make<OperationEntryScreen>,
-                   [](Hand hand, RecordingDialogs&) { prepareOperation(hand, u"Gamma"_qs, u"New"_qs); },
-                   press(u"SAVE"_qs), true});
     all.push_back({"a single species", make<SpeciesCompositionScreen>,
                    onTab(composition,
                          [=](Hand hand) {
@@ -171,6 +165,16 @@ void appendEntry(std::vector<Action>& all) {
                    pressIn(group, u"SAVE"_qs)});
     all.push_back(
         {"delete a group", make<SpeciesCompositionScreen>, onTab(composition, [](Hand) {}), pressIn(group, u"X"_qs)});
+}
+
+void appendEntry(std::vector<Action>& all) {
+    const QString bream = u"Nemipterus virgatus"_qs;
+    all.push_back({"an operation", make<OperationEntryScreen>,
+                   [](Hand hand, RecordingDialogs&) { prepareOperation(hand, u"Alpha"_qs, u"Bex"_qs); },
+                   press(u"SAVE"_qs)});
+    all.push_back({"an operation at a new port", make<OperationEntryScreen>,
+                   [](Hand hand, RecordingDialogs&) { prepareOperation(hand, u"Gamma"_qs, u"New"_qs); },
+                   press(u"SAVE"_qs), true});
     all.push_back({"lengths", make<LengthFrequencyScreen>,
                    onTab(u"Length Frequency"_qs,
                          [=](Hand hand) {
@@ -239,6 +243,7 @@ const std::vector<Action>& actions() {
         std::vector<Action> made;
         appendReference(made);
         appendEntry(made);
+        appendComposition(made);
         appendCorrections(made);
         return made;
     }();

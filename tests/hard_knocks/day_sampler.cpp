@@ -33,36 +33,35 @@ Sampler::Sampler(TemporaryStore& store, quint32 seed) : m_random(seed) {
     m_window->show();
 }
 
+const std::vector<Sampler::Work>& Sampler::works() {
+    static const std::vector<Work> all = {{"add a port", &Sampler::addPort, 2},
+                                          {"delete a port", &Sampler::deletePort, 2},
+                                          {"add an area", &Sampler::addArea, 1},
+                                          {"add a species", &Sampler::addSpecies, 1},
+                                          {"record an operation", &Sampler::recordOperation, 6},
+                                          {"weigh a single species", &Sampler::weighSingleSpecies, 6},
+                                          {"delete a single species", &Sampler::deleteSingleSpecies, 1},
+                                          {"weigh a group", &Sampler::weighGroup, 6},
+                                          {"measure lengths", &Sampler::measureLengths, 6},
+                                          {"measure fish", &Sampler::measureFish, 6},
+                                          {"delete an operation", &Sampler::deleteOperation, 1},
+                                          {"delete a group", &Sampler::deleteGroup, 1},
+                                          {"delete lengths", &Sampler::deleteLengths, 1},
+                                          {"delete fish", &Sampler::deleteFish, 1},
+                                          {"correct a weight", &Sampler::correctWeight, 2},
+                                          {"add a class", &Sampler::addClass, 2},
+                                          {"add a fish", &Sampler::addFish, 2}};
+    return all;
+}
+
 QString Sampler::doSomething() {
-    struct Work {
-        const char* name;
-        bool (Sampler::*work)();
-        int share;
-    };
-    static const std::vector<Work> works = {{"add a port", &Sampler::addPort, 2},
-                                            {"delete a port", &Sampler::deletePort, 2},
-                                            {"add an area", &Sampler::addArea, 1},
-                                            {"add a species", &Sampler::addSpecies, 1},
-                                            {"record an operation", &Sampler::recordOperation, 6},
-                                            {"weigh a single species", &Sampler::weighSingleSpecies, 6},
-                                            {"delete a single species", &Sampler::deleteSingleSpecies, 1},
-                                            {"weigh a group", &Sampler::weighGroup, 6},
-                                            {"measure lengths", &Sampler::measureLengths, 6},
-                                            {"measure fish", &Sampler::measureFish, 6},
-                                            {"delete an operation", &Sampler::deleteOperation, 1},
-                                            {"delete a group", &Sampler::deleteGroup, 1},
-                                            {"delete lengths", &Sampler::deleteLengths, 1},
-                                            {"delete fish", &Sampler::deleteFish, 1},
-                                            {"correct a weight", &Sampler::correctWeight, 2},
-                                            {"add a class", &Sampler::addClass, 2},
-                                            {"add a fish", &Sampler::addFish, 2}};
     int shares = 0;
-    for (const Work& work : works) {
+    for (const Work& work : works()) {
         shares += work.share;
     }
     while (true) {
         int chosen = below(shares);
-        const auto* work = works.data();
+        const Work* work = works().data();
         for (; chosen >= work->share; ++work) {
             chosen -= work->share;
         }

@@ -25,6 +25,14 @@ public:
     void closeScreens();
 
 private:
+    /// Something to do, and how often it comes. It gives false where it cannot be done yet.
+    struct Work {
+        const char* name;
+        bool (Sampler::*work)();
+        int share;
+    };
+    static const std::vector<Work>& works();
+
     bool addPort();
     bool deletePort();
     bool addArea();
