@@ -2,6 +2,7 @@
 #include "controls/style.h"
 #include "data/store.h"
 #include "shell/program.h"
+#include "shell/single_instance.h"
 #include "version.h"
 
 #include <QApplication>
@@ -47,8 +48,13 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     kelvora::applyStyle(application);
 
+    kelvora::SingleInstance instance(kelvora::defaultStorePath());
+    if (!instance.claim()) {
+        return 0;
+    }
     kelvora::ModalDialogs dialogs;
     kelvora::Program program(kelvora::defaultStorePath(), dialogs);
+    QObject::connect(&instance, &kelvora::SingleInstance::startedAgain, &program, &kelvora::Program::raiseWindow);
     QObject::connect(&program, &kelvora::Program::ended, &application, &QApplication::quit);
     return program.start() ? QApplication::exec() : 1;
 }

@@ -38,7 +38,8 @@ void Sql::appendText(const QString& value) {
 }
 
 void Sql::appendNumber(double value) {
-    if (!std::isfinite(value)) {
+    // The largest numbers of all are no numbers any more when they are written with fifteen digits.
+    if (!std::isfinite(asRead(value))) {
         throw std::invalid_argument("a number in a statement must be finite");
     }
     m_text += plainText(value).toStdString();
