@@ -29,8 +29,8 @@ public:
     /// Opens a screen by its button or menu item, or brings it to the front.
     test::ScreenDriver open(const QString& caption, const QString& title, bool button = false);
     void close(const QString& title);
-    /// Runs what the program has been asked to do until nothing is left, painting included. Throws if nothing painted.
-    void paint();
+    /// Runs what the program has been asked to do until nothing is left, painting included; returns what was painted.
+    int settle();
     /// Asks the engine directly and reads every value.
     void ask(const std::vector<std::string>& statements);
     [[nodiscard]] QString file(const QString& name) const { return m_folder.filePath(name); }

@@ -89,81 +89,88 @@ void addData(std::vector<Action>& actions) {
         gonads(kCommonSpecies)));
 }
 
-using Screen = std::function<test::ScreenDriver(Office&)>;
+struct Report {
+    QString caption, title;
 
-Screen report(const QString& caption, const QString& title) {
-    return [=](Office& at) {
-        const test::ScreenDriver hand = at.open(caption, title);
+    [[nodiscard]] test::ScreenDriver open(Office& at) const { return at.open(caption, title); }
+    [[nodiscard]] test::ScreenDriver ofTheYear(Office& at) const {
+        const test::ScreenDriver hand = open(at);
         hand.choose(u"Year"_qs, kYear);
         return hand;
-    };
-}
-
-Action pressing(const QString& name, const Screen& screen, const QString& button, const Statements& direct) {
-    return {.name = name,
-            .before = [=](Office& at) { screen(at); },
-            .run = [=](Office& at) { screen(at).press(button); },
-            .direct = direct};
-}
-
-void addExport(std::vector<Action>& actions, const QString& name, const Screen& screen, const QString& search,
-               const Statements& direct) {
-    actions.push_back({.name = u"export: "_qs + name,
-                       .before =
-                           [=](Office& at) {
-                               screen(at).press(search);
-                               at.dialogs.expectSaveFile(at.file(u"report.csv"_qs));
-                           },
-                       .run = [=](Office& at) { screen(at).press(u"EXPORT"_qs); },
-                       .direct = direct,
-                       .paints = false});
-}
+    }
+    /// From the press of a button to the painted table and picture.
+    [[nodiscard]] Action pressing(const QString& name, const QString& button, const Statements& direct,
+                                  const std::function<void(Office&)>& before) const {
+        return {.name = u"report: "_qs + name,
+                .before = before,
+                .run = [=, *this](Office& at) { open(at).press(button); },
+                .direct = direct};
+    }
+    [[nodiscard]] Action exporting(const QString& name, const Statements& direct,
+                                   const std::function<void(Office&)>& before) const {
+        return {.name = u"export: "_qs + name,
+                .before =
+                    [=](Office& at) {
+                        before(at);
+                        at.dialogs.expectSaveFile(at.file(u"report.csv"_qs));
+                    },
+                .run = [*this](Office& at) { open(at).press(u"EXPORT"_qs); },
+                .direct = direct,
+                .paints = false};
+    }
+};
 
 void addCatch(std::vector<Action>& actions) {
-    const Screen screen = report(u"Fishing Information"_qs, u"Number of record and estimate total catch"_qs);
+    const Report report{u"Fishing Information"_qs, u"Number of record and estimate total catch"_qs};
     const auto direct = [](std::size_t i) { return catches(groupings()[i].name, groupings()[i].joined); };
-    actions.push_back(pressing(u"report: catch, Search"_qs, screen, u"Search"_qs, {kTotals, direct(0)}));
+    const auto chosen = [=](Office& at) { (void)report.ofTheYear(at); };
+    const auto searched = [=](Office& at) { report.ofTheYear(at).press(u"Search"_qs); };
+    actions.push_back(report.pressing(u"catch, Search"_qs, u"Search"_qs, {kTotals, direct(0)}, chosen));
     for (std::size_t i = 0; i < groupings().size(); ++i) {
         const QString option = catchGroupings()[i].option;
-        actions.push_back(pressing(u"report: catch "_qs + option, screen, option, {direct(i)}));
+        actions.push_back(report.pressing(u"catch "_qs + option, option, {direct(i)}, searched));
     }
-    addExport(actions, u"catch by vessel"_qs, screen, u"By Vessel"_qs, {direct(2)});
+    actions.push_back(report.exporting(u"catch by vessel"_qs, {direct(2)}, [=](Office& at) {
+        searched(at);
+        report.open(at).press(catchGroupings()[2].option);
+    }));
 }
 
 void addComposition(std::vector<Action>& actions) {
-    const Screen screen = report(u"Species composition"_qs, u"Species Composition Report"_qs);
-    actions.push_back(pressing(u"report: composition, Search"_qs, screen, u"Search"_qs, {kWeighed}));
+    const Report report{u"Species composition"_qs, u"Species Composition Report"_qs};
+    const auto searched = [=](Office& at) { report.ofTheYear(at).press(u"Search"_qs); };
+    const auto choose = [=](Office& at, std::size_t i) {
+        report.open(at).within(u"Species composition of"_qs).choose(compositionSubsets()[i].option, groupings()[i].row);
+    };
+    const auto offered = [=](Office& at, std::size_t i) {
+        searched(at);
+        report.open(at).press(compositionSubsets()[i].option);
+    };
+    actions.push_back(report.pressing(u"composition, Search"_qs, u"Search"_qs, {kWeighed},
+                                      [=](Office& at) { (void)report.ofTheYear(at); }));
     for (std::size_t i = 0; i < groupings().size(); ++i) {
         const Grouping& one = groupings()[i];
         const QString option = compositionSubsets()[i].option;
-        actions.push_back(pressing(u"report: composition, choices "_qs + option, screen, option,
-                                   {compositionChoices(one.choiceName, one.joined)}));
+        actions.push_back(report.pressing(u"composition, choices "_qs + option, option,
+                                          {compositionChoices(one.choiceName, one.joined)}, searched));
         actions.push_back({.name = u"report: composition "_qs + option,
-                           .before = [=](Office& at) { screen(at).press(option); },
-                           .run =
-                               [=, row = one.row](Office& at) {
-                                   static_cast<void>(screen);
-                                   at.open(u"Species composition"_qs, u"Species Composition Report"_qs)
-                                       .within(u"Species composition of"_qs)
-                                       .choose(option, row);
-                               },
+                           .before = [=](Office& at) { offered(at, i); },
+                           .run = [=](Office& at) { choose(at, i); },
                            .direct = {composition(one.joined, one.condition)}});
     }
+    actions.push_back(report.exporting(u"composition of a state"_qs, {}, [=](Office& at) {
+        offered(at, 0);
+        choose(at, 0);
+    }));
 }
 
-void addSpeciesReports(std::vector<Action>& actions) {
-    for (const auto& [name, caption, title, direct] :
-         {std::tuple{u"lengths"_qs, u"Length Frequency"_qs, u"Length Frequency Report"_qs,
-                     Statements{lengths(kCommonSpecies)}},
-          {u"gonads"_qs, u"Gonad Maturity"_qs, u"Gonad Matuarity Report"_qs, gonads(kCommonSpecies)}}) {
-        const Screen screen = [year = report(caption, title)](Office& at) {
-            const test::ScreenDriver hand = year(at);
-            hand.choose(u"Species"_qs, speciesName(kCommonSpecies));
-            return hand;
-        };
-        actions.push_back(pressing(u"report: "_qs + name, screen, u"Search"_qs, direct));
-        addExport(actions, name, screen, u"Search"_qs, {});
-    }
+void addOfSpecies(std::vector<Action>& actions, const QString& name, const Report& report, const Statements& direct) {
+    const auto chosen = [=](Office& at) { report.ofTheYear(at).choose(u"Species"_qs, speciesName(kCommonSpecies)); };
+    actions.push_back(report.pressing(name, u"Search"_qs, direct, chosen));
+    actions.push_back(report.exporting(name, {}, [=](Office& at) {
+        chosen(at);
+        report.open(at).press(u"Search"_qs);
+    }));
 }
 
 }  // namespace
@@ -173,11 +180,9 @@ std::vector<Action> reportActions() {
     addData(actions);
     addCatch(actions);
     addComposition(actions);
-    // The choice of the last option stays on the screen for the export.
-    addExport(actions, u"composition"_qs,
-              [](Office& at) { return at.open(u"Species composition"_qs, u"Species Composition Report"_qs); },
-              u"By Fishing Area"_qs, {});
-    addSpeciesReports(actions);
+    addOfSpecies(actions, u"lengths"_qs, {u"Length Frequency"_qs, u"Length Frequency Report"_qs},
+                 {lengths(kCommonSpecies)});
+    addOfSpecies(actions, u"gonads"_qs, {u"Gonad Maturity"_qs, u"Gonad Matuarity Report"_qs}, gonads(kCommonSpecies));
     return actions;
 }
 

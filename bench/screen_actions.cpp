@@ -49,6 +49,8 @@ const std::vector<Criterion>& criteria() {
     return all;
 }
 
+const Criterion kDesk = {u"Vessel"_qs, u"Desk vessel"_qs, {}, ""};
+
 void choose(const test::ScreenDriver& hand, const Criterion& criterion) {
     hand.choose(u"Criterion"_qs, criterion.caption);
     hand.choose(u"Value"_qs, criterion.value);
@@ -64,7 +66,13 @@ void addSearches(std::vector<Action>& actions, const QString& where, const QStri
                            .run = [=](Office& office) { at(office).choose(u"Criterion"_qs, criterion.caption); },
                            .direct = choices({criterion.table.toStdString()})});
         actions.push_back({.name = where + u": search by "_qs + criterion.caption,
-                           .before = [=](Office& office) { choose(at(office), criterion); },
+                           // Another operation is on the screen before.
+                           .before =
+                               [=](Office& office) {
+                                   choose(at(office), kDesk);
+                                   at(office).press(search);
+                                   choose(at(office), criterion);
+                               },
                            .run = [=](Office& office) { at(office).press(search); },
                            .direct = foundBy(criterion.condition) + arrival});
     }
@@ -85,7 +93,7 @@ void addSearches(std::vector<Action>& actions, const QString& where, const QStri
 void openAll(Office& office) {
     for (const Window& window : windows()) {
         office.open(window.caption, window.title, window.button);
-        office.paint();
+        office.settle();
     }
 }
 
