@@ -151,6 +151,39 @@ private Q_SLOTS:
     }
     void order() { compareRows(); }
 
+    /// Lists of what was sampled: looked up, whatever the statement says about tables whose rows are not shown.
+    void distinct_data() {
+        addColumns();
+        m_store->execute("insert into group_composition values (1, 1, 1, 5, 5), (1, 2, 2, 5, 5), (4, 3, 3, 5, 5)");
+        const Sql join(
+            " FROM group_composition INNER JOIN fishoperation ON group_composition.optid = fishoperation.optid");
+        const Sql nested =
+            Sql(" FROM (group_composition INNER JOIN fishoperation ON group_composition.optid="
+                "fishoperation.optid) INNER JOIN samplingport ON "
+                "fishoperation.portid=samplingport.samplingid");
+        newRow("operations", Sql("SELECT DISTINCT fishoperation.optid") << join, {u"1"_qs, u"4"_qs});
+        newRow("years", Sql("SELECT DISTINCT year(optdate) as y") << join << " order by year( optdate);", {u"2004"_qs});
+        newRow("years in parentheses", Sql("SELECT distinct( year(fishoperation.optdate)) as y") << join, {u"2004"_qs});
+        newRow("years downwards",
+               Sql("SELECT distinct year(optdate) as y from fishoperation order by year(optdate) desc"),
+               {u"9999"_qs, u"2005"_qs, u"2004"_qs, u"2003"_qs});
+        newRow("one year", Sql("SELECT DISTINCT year(optdate)") << join << " where year(optdate) = " << 2003, {});
+        newRow("choices", Sql("SELECT DISTINCT samplingname") << nested << " WHERE (((year(optdate))=" << 2004 << "));",
+               {u"Bex"_qs});
+        newRow("one condition or another",
+               Sql("SELECT DISTINCT fishoperation.optid") << join << " where lat_dec = 12 or lat_dec = 13",
+               {u"1"_qs, u"4"_qs});
+        newRow("a column of the joined table", Sql("SELECT DISTINCT spid") << join, {u"1"_qs, u"2"_qs, u"3"_qs});
+        newRow("a condition on the joined table",
+               Sql("SELECT DISTINCT portid") << join << " where group_composition.spid = 3", {u"2"_qs});
+        newRow("two conditions to the join", Sql("SELECT DISTINCT portid") << join << " and spid = 3", {u"2"_qs});
+        newRow("dates that are none",
+               Sql("select distinct year(d) as y from (select null as d union select 'x' union select '' union select "
+                   "'2004-02-03' union select '2004-12-31' union select '2005-01-01')"),
+               {u"null"_qs, u"2004"_qs, u"2005"_qs});
+    }
+    void distinct() { compareRows(); }
+
     void quotedTextsStay_data() {
         QTest::addColumn<QString>("text");
         for (const char* text :
