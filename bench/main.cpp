@@ -17,25 +17,25 @@ namespace {
 
 const QString kFolder = QStringLiteral(KELVORA_BENCH_FILES);
 
-/// Milliseconds of each of so many rounds, sorted, behind two that warm up.
-template <typename Round>
-std::vector<double> measured(int rounds, const Round& round) {
-    std::vector<double> all;
-    for (int i = 0; i < rounds + 2; ++i) {
-        const double milliseconds = round();
-        if (i >= 2) {
-            all.push_back(milliseconds);
-        }
-    }
-    std::ranges::sort(all);
-    return all;
-}
-
 double milliseconds(const std::function<void()>& work) {
     QElapsedTimer timer;
     timer.start();
     work();
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+/// Milliseconds of each of so many rounds, sorted, behind two that warm up.
+template <typename Round>
+std::vector<double> measured(int rounds, const Round& round) {
+    std::vector<double> all;
+    for (int i = 0; i < rounds + 2; ++i) {
+        const double waited = round();
+        if (i >= 2) {
+            all.push_back(waited);
+        }
+    }
+    std::ranges::sort(all);
+    return all;
 }
 
 void count(benchmark::State& state, const std::vector<double>& screen, const std::vector<double>& direct) {
@@ -55,6 +55,8 @@ void measure(benchmark::State& state, Office& office, const Action& action) {
     };
     int painted = 0;
     for (auto round : state) {
+        // In turn, so that what else the machine does meets both alike.
+        std::vector<double> direct;
         const auto screen = measured(action.times, [&] {
             call(action.before);
             office.settle();
@@ -64,13 +66,13 @@ void measure(benchmark::State& state, Office& office, const Action& action) {
             });
             office.ask(action.undo);
             call(action.after);
+            if (!action.direct.empty()) {
+                direct.push_back(milliseconds([&] { office.ask(action.direct); }));
+                office.ask(action.undo);
+            }
             return waited;
         });
-        const auto direct = action.direct.empty() ? std::vector<double>() : measured(action.times, [&] {
-            const double waited = milliseconds([&] { office.ask(action.direct); });
-            office.ask(action.undo);
-            return waited;
-        });
+        std::ranges::sort(direct);
         state.SetIterationTime(screen[screen.size() / 2] / 1e3);
         count(state, screen, direct);
     }

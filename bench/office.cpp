@@ -54,7 +54,7 @@ Office::Office(const Size& size, const QString& folder, const QString& preparati
     if (!QFile::copy(databaseOf(size, folder), path)) {
         throw std::runtime_error("the data file cannot be copied");
     }
-    m_direct = std::make_unique<SQLite::Database>(path.toStdString(), SQLite::OPEN_READWRITE);
+    m_direct = std::make_unique<SQLite::Database>(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
     m_direct->exec("PRAGMA synchronous=EXTRA; PRAGMA cache_size=-65536");
     if (!preparation.isEmpty()) {
         m_direct->exec(preparation.toStdString());

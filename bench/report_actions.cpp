@@ -40,7 +40,9 @@ const std::vector<Grouping>& groupings() {
 
 const std::string kTotals = "SELECT count(*), sum(estotal) FROM fishoperation" + kOfTheYear;
 const std::string kWeighed =
-    "SELECT sum(c.estotal) FROM fishoperation o JOIN group_composition c ON c.optid = o.optid" + kOfTheYear;
+    "SELECT sum(c.estotal) FROM fishoperation o JOIN group_composition c ON c.optid = o.optid JOIN fish ON fishno = "
+    "spid" +
+    kOfTheYear;
 
 Action data(const QString& name, const std::function<void(Office&)>& run, const Statements& direct) {
     return {.name = u"data: "_qs + name, .run = run, .direct = direct, .paints = false};

@@ -38,8 +38,10 @@ QString columnName(const SQLite::Statement& query, int column) {
 
 Connection::Connection(const QString& path, Patience patience) {
     try {
-        m_database = std::make_unique<SQLite::Database>(path.toStdString(), SQLite::OPEN_READWRITE,
-                                                        patience == Patience::Long ? kLongWait : kShortWait);
+        // A connection belongs to its screen and is used by no other thread: the engine need not guard every value.
+        m_database =
+            std::make_unique<SQLite::Database>(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
+                                               patience == Patience::Long ? kLongWait : kShortWait);
         // EXTRA: a commit survives a power cut, the deletion of its journal included.
         m_database->exec("PRAGMA synchronous=EXTRA; PRAGMA cache_size=-65536");
         registerFunctions(*m_database);

@@ -5,6 +5,7 @@
 #include "data/numbers.h"
 #include "data/tokens.h"
 
+#include <QLocale>
 #include <SQLiteCpp/Database.h>
 #include <sqlite3.h>
 
@@ -149,17 +150,36 @@ int takeDirection(std::string& term) {
 
 // The functions of the connection ------------------------------------------------------------------------------------
 
-QString textOf(sqlite3_value* value) {
-    return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_value_text(value)), sqlite3_value_bytes(value));
+std::string_view textOf(sqlite3_value* value) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+    return text == nullptr ? std::string_view()
+                           : std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value)));
 }
 
-void resultText(sqlite3_context* context, const QString& text) {
-    const QByteArray utf8 = text.toUtf8();
+void resultText(sqlite3_context* context, const QByteArray& utf8) {
     sqlite3_result_text(context, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT);
 }
 
+/// The day of an ISO text. A report asks for the months of tens of thousands of rows: the form in which this program
+/// stores a day is read without a text object.
 QDate dateOf(sqlite3_value* value) {
-    return sqlite3_value_type(value) == SQLITE_TEXT ? fromIsoText(textOf(value)) : QDate();
+    if (sqlite3_value_type(value) != SQLITE_TEXT) {
+        return {};
+    }
+    const std::string_view text = textOf(value);
+    std::array<int, 8> digits{};
+    constexpr std::string_view form = "dddd-dd-dd";
+    std::size_t count = 0;
+    bool plain = text.size() == form.size();
+    for (std::size_t i = 0; plain && i < form.size(); ++i) {
+        plain = form[i] == '-' ? text[i] == '-' : text[i] >= '0' && text[i] <= '9';
+        if (plain && form[i] == 'd') {
+            digits.at(count++) = text[i] - '0';
+        }
+    }
+    const auto& [y1, y2, y3, y4, m1, m2, d1, d2] = digits;
+    return plain ? QDate(y1 * 1000 + y2 * 100 + y3 * 10 + y4, m1 * 10 + m2, d1 * 10 + d2)
+                 : fromIsoText(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
 }
 
 void yearFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
@@ -174,21 +194,35 @@ void monthFunction(sqlite3_context* context, int /*count*/, sqlite3_value** valu
     }
 }
 
+/// The name of a month, looked up once for each language.
+const QByteArray& monthText(int month) {
+    thread_local QLocale language = QLocale::c();
+    thread_local std::array<QByteArray, 13> names;
+    if (const QLocale now; now != language || names[1].isEmpty()) {
+        language = now;
+        for (int i = 1; i <= 12; ++i) {
+            names.at(static_cast<std::size_t>(i)) = monthName(i).toUtf8();
+        }
+    }
+    return names.at(static_cast<std::size_t>(month));
+}
+
 void formatFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
     if (sqlite3_value_type(values[0]) == SQLITE_NULL) {
         return;
     }
-    const QString pattern = textOf(values[1]).toLower();
-    if (pattern == u"mmmm" || pattern == u"m") {
+    const char* pattern = textOf(values[1]).data();
+    const auto is = [pattern](const char* known) { return pattern != nullptr && sqlite3_stricmp(pattern, known) == 0; };
+    const bool number = is("m");
+    if (number || is("mmmm")) {
         if (const QDate date = dateOf(values[0]); date.isValid()) {
-            resultText(context, pattern == u"m" ? QString::number(date.month()) : monthName(date.month()));
+            resultText(context, number ? QByteArray::number(date.month()) : monthText(date.month()));
         }
         return;
     }
     const int type = sqlite3_value_numeric_type(values[0]);
-    const bool number = type == SQLITE_INTEGER || type == SQLITE_FLOAT;
-    if (number && (pattern == u"0.00" || pattern == u"#0.00" || pattern == u"fixed")) {
-        resultText(context, twoDecimals(sqlite3_value_double(values[0])));
+    if ((type == SQLITE_INTEGER || type == SQLITE_FLOAT) && (is("#0.00") || is("0.00") || is("fixed"))) {
+        resultText(context, twoDecimals(sqlite3_value_double(values[0])).toUtf8());
         return;
     }
     sqlite3_result_value(context, values[0]);
