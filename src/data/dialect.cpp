@@ -2,6 +2,7 @@
 
 #include "data/dates.h"
 #include "data/distinct.h"
+#include "data/grouping.h"
 #include "data/numbers.h"
 #include "data/tokens.h"
 
@@ -233,6 +234,7 @@ void formatFunction(sqlite3_context* context, int /*count*/, sqlite3_value** val
 std::string translate(const std::string& statement) {
     Tokens tokens = tokenize(statement);
     semiJoin(tokens);
+    sumByKey(tokens);
     tokens = joinTexts(std::move(tokens));
     yearAsRange(tokens);
     const Clauses found = clauses(tokens);

@@ -184,6 +184,33 @@ private Q_SLOTS:
     }
     void distinct() { compareRows(); }
 
+    /// Weights by the name of the species, also when two species have one name, or a species is not stored any more.
+    void sumsByName_data() {
+        addColumns();
+        m_store->execute(
+            "insert into group_composition values (6, 4, 1, 1, 0.25), (6, 5, 1, 1, 2), (6, 1, 2, 1, 7), (6, 99, 1, 1, "
+            "8),"
+            " (6, 6, 3, 1, null), (6, 2, 1, 1, 0.005), (6, 2, 2, 1, 1)");
+        const Sql from(
+            " FROM (group_composition INNER JOIN fishoperation ON group_composition.optid = fishoperation.optid) INNER"
+            " JOIN fish ON group_composition.spid = fish.fishno where year(optdate) = 9999 GROUP BY fish.genus & ' ' &"
+            " fish.fishname");
+        const QStringList sums{u"2.25|1125.00"_qs, u"7.00|3500.00"_qs, u"1.01|505.00"_qs, u"null|null"_qs};
+        const Sql select(
+            "SELECT format(Sum(group_composition.estotal),'#0.00') as s, format((format(Sum("
+            "group_composition.estotal),'#0.00')*100)/0.2,'#0.00')");
+        newRow("in the order of the names", Sql(select) << from, sums);
+        newRow("in an order asked for", Sql(select) << from << " ORDER BY  fish.genus & ' ' & fish.fishname desc;",
+               {sums[3], sums[2], sums[1], sums[0]});
+        newRow("with the name", Sql("SELECT fish.fishname & '!' as n, Sum(group_composition.estotal) ") << from,
+               {u"b!|2.25"_qs, u"kanagurta!|7"_qs, u"vittatus!|1.005"_qs, u"!|null"_qs});
+        newRow("two sums", Sql("SELECT Sum(group_composition.estotal), sum(totalweight)") << from,
+               {u"2.25|2"_qs, u"7|1"_qs, u"1.005|2"_qs, u"null|1"_qs});
+        newRow("counted too", Sql("SELECT Sum(group_composition.estotal), count(*)") << from,
+               {u"2.25|2"_qs, u"7|1"_qs, u"1.005|2"_qs, u"null|1"_qs});
+    }
+    void sumsByName() { compareRows(); }
+
     void quotedTextsStay_data() {
         QTest::addColumn<QString>("text");
         for (const char* text :
