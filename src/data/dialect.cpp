@@ -257,6 +257,10 @@ void registerFunctions(SQLite::Database& database) {
 }
 
 std::optional<Crosstab> parseCrosstab(const std::string& statement) {
+    constexpr std::string_view keyword = "transform";
+    if (lower(trimmed(statement).substr(0, keyword.size())) != keyword) {
+        return std::nullopt;
+    }
     const Tokens tokens = tokenize(statement);
     const std::size_t transform = skipSpace(tokens, 0);
     if (!isWord(tokens, transform, "transform")) {
