@@ -66,6 +66,9 @@ std::vector<std::string> schemaStatements() {
          "CREATE INDEX operation_by_area ON fishoperation(areaid)",
          "CREATE INDEX operation_by_vessel ON fishoperation(vesselid)",
          "CREATE INDEX vessel_by_name ON vessel(vesselname, vesselid)",
+         // An import looks for every species of its file. By one column: the lists of species keep the order of their
+         // numbers, which an index with all that they show would change.
+         "CREATE INDEX species_by_epithet ON fish(fishname)",
          "CREATE INDEX composition_by_species ON group_composition(optid, spid, estotal)",
          "CREATE INDEX length_class_by_sample ON length_detail(optid, spid)",
          "INSERT INTO gonad_stage VALUES (1, 'Immature'), (2, 'Maturing'), (3, 'Ripe'), (4, 'Spawning'), (5, 'Spent')",
