@@ -80,11 +80,13 @@ void Office::setDesk() {
                       std::to_string(deskOperation() - (operation ? 0 : 1)) + ";";
     }
     const std::string desk = std::to_string(deskOperation());
-    statements +=
-        "INSERT INTO vessel(vesselname, vesselid) VALUES ('Desk vessel', 'D-1');"
-        "UPDATE fishoperation SET vesselid = 'Desk vessel', portid = 1, fishing_method = 1, areaid = 'Area 01'"
-        " WHERE optid = " +
-        desk + "; INSERT INTO group_main VALUES (1, " + desk + ", 'Single species', 10);";
+    const std::string common = "portid = 1, fishing_method = 1, areaid = 'Area 01' WHERE optid = ";
+    // What the searches and reports choose has an operation in the smallest file too.
+    statements += "UPDATE fishoperation SET vesselid = 'Vessel 0001', " + common + std::to_string(deskOperation() - 1) +
+                  "; UPDATE fishoperation SET vesselid = 'Desk vessel', " + common + desk +
+                  "; INSERT INTO vessel(vesselname, vesselid) VALUES ('Desk vessel', 'D-1');"
+                  "INSERT INTO group_main VALUES (1, " +
+                  desk + ", 'Single species', 10);";
     for (int species = 1; species <= 10; ++species) {
         statements += "INSERT INTO group_composition VALUES (" + desk + "," + std::to_string(species) + ",1,1,1);";
     }
