@@ -65,6 +65,11 @@ std::vector<std::string> schemaStatements() {
          "CREATE INDEX operation_by_method ON fishoperation(fishing_method)",
          "CREATE INDEX operation_by_area ON fishoperation(areaid)",
          "CREATE INDEX operation_by_vessel ON fishoperation(vesselid)",
+         // A report of one port, method or area in a year. Those above stay: by them a finder's operations come in the
+         // order of their numbers.
+         "CREATE INDEX operation_by_port_and_date ON fishoperation(portid, optdate)",
+         "CREATE INDEX operation_by_method_and_date ON fishoperation(fishing_method, optdate)",
+         "CREATE INDEX operation_by_area_and_date ON fishoperation(areaid, optdate)",
          "CREATE INDEX vessel_by_name ON vessel(vesselname, vesselid)",
          // An import looks for every species of its file. By one column: the lists of species keep the order of their
          // numbers, which an index with all that they show would change.
