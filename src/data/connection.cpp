@@ -4,6 +4,7 @@
 #include "data/dialect.h"
 
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
@@ -34,14 +35,39 @@ QString columnName(const SQLite::Statement& query, int column) {
     return QString::fromUtf8(query.getColumnName(column)).remove(number);
 }
 
+ResultSet rowsOf(SQLite::Statement& query) {
+    ResultSet result;
+    const int columns = query.getColumnCount();
+    for (int i = 0; i < columns; ++i) {
+        result.columns.push_back(columnName(query, i));
+    }
+    while (query.executeStep()) {
+        std::vector<QVariant>& row = result.rows.emplace_back();
+        row.reserve(static_cast<std::size_t>(columns));
+        for (int i = 0; i < columns; ++i) {
+            row.push_back(valueOf(query.getColumn(i)));
+        }
+    }
+    return result;
+}
+
+/// Whether only the values differ when a statement comes again. A year becomes a part of the statement itself, and a
+/// statement without values is seldom repeated.
+bool canComeAgain(const std::string& form, const Sql& sql) {
+    return !sql.values().empty() && !QByteArray::fromStdString(form).toLower().contains("year");
+}
+
 }  // namespace
 
 Connection::Connection(const QString& path, Patience patience) {
     try {
-        m_database = std::make_unique<SQLite::Database>(path.toStdString(), SQLite::OPEN_READWRITE,
-                                                        patience == Patience::Long ? kLongWait : kShortWait);
-        // EXTRA: a commit survives a power cut, the deletion of its journal included.
-        m_database->exec("PRAGMA synchronous=EXTRA; PRAGMA cache_size=-65536");
+        // A connection belongs to its screen and is used by no other thread: the engine need not guard every value.
+        m_database =
+            std::make_unique<SQLite::Database>(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
+                                               patience == Patience::Long ? kLongWait : kShortWait);
+        // EXTRA: a commit survives a power cut, the deletion of its journal included. 8 MB of pages: every open screen
+        // has its own, and the system keeps the rest of the file at hand for all of them.
+        m_database->exec("PRAGMA synchronous=EXTRA; PRAGMA cache_size=-8192");
         registerFunctions(*m_database);
     } catch (const SQLite::Exception& e) {
         const QString reason = plainReason(e.getErrorCode(), QString::fromUtf8(e.what()));
@@ -51,11 +77,36 @@ Connection::Connection(const QString& path, Patience patience) {
 
 Connection::~Connection() = default;
 
+template <typename Work>
+auto Connection::run(const Sql& sql, const Work& work) {
+    try {
+        const std::string form = sql.form();
+        if (!canComeAgain(form, sql)) {
+            SQLite::Statement statement(*m_database, translate(sql.text()));
+            return work(statement);
+        }
+        SQLite::Statement& statement = prepared(form, sql);
+        // A statement that is not reset would keep the file locked for other windows.
+        const auto atEnd = qScopeGuard([&statement] {
+            (void)statement.tryReset();
+            statement.clearBindings();
+        });
+        return work(statement);
+    } catch (const SQLite::Exception& e) {
+        throw statementError(sql.text(), e.getErrorCode(), QString::fromUtf8(e.what()));
+    }
+}
+
 ResultSet Connection::query(const Sql& sql) {
     if (const auto crosstab = parseCrosstab(sql.text())) {
-        return pivoted(*crosstab, rowsOf(crosstab->statement));
+        try {
+            SQLite::Statement statement(*m_database, translate(crosstab->statement));
+            return pivoted(*crosstab, rowsOf(statement));
+        } catch (const SQLite::Exception& e) {
+            throw statementError(crosstab->statement, e.getErrorCode(), QString::fromUtf8(e.what()));
+        }
     }
-    return rowsOf(sql.text());
+    return run(sql, rowsOf);
 }
 
 std::unique_ptr<ResultModel> Connection::model(const Sql& sql) {
@@ -63,32 +114,23 @@ std::unique_ptr<ResultModel> Connection::model(const Sql& sql) {
 }
 
 int Connection::execute(const Sql& sql) {
-    try {
-        return SQLite::Statement(*m_database, translate(sql.text())).exec();
-    } catch (const SQLite::Exception& e) {
-        throw statementError(sql.text(), e.getErrorCode(), QString::fromUtf8(e.what()));
-    }
+    return run(sql, [](SQLite::Statement& statement) { return statement.exec(); });
 }
 
-ResultSet Connection::rowsOf(const std::string& statement) {
-    try {
-        SQLite::Statement query(*m_database, translate(statement));
-        ResultSet result;
-        const int columns = query.getColumnCount();
-        for (int i = 0; i < columns; ++i) {
-            result.columns.push_back(columnName(query, i));
+SQLite::Statement& Connection::prepared(const std::string& form, const Sql& sql) {
+    constexpr std::size_t most = 64;
+    auto known = m_prepared.find(form);
+    if (known == m_prepared.end()) {
+        if (m_prepared.size() >= most) {
+            m_prepared.clear();
         }
-        while (query.executeStep()) {
-            std::vector<QVariant>& row = result.rows.emplace_back();
-            row.reserve(static_cast<std::size_t>(columns));
-            for (int i = 0; i < columns; ++i) {
-                row.push_back(valueOf(query.getColumn(i)));
-            }
-        }
-        return result;
-    } catch (const SQLite::Exception& e) {
-        throw statementError(statement, e.getErrorCode(), QString::fromUtf8(e.what()));
+        known = m_prepared.emplace(form, std::make_unique<SQLite::Statement>(*m_database, translate(form))).first;
     }
+    for (int i = 0; const Sql::Value& value : sql.values()) {
+        std::visit([&](const auto& bound) { known->second->bind(i + 1, bound); }, value);
+        ++i;
+    }
+    return *known->second;
 }
 
 }  // namespace kelvora

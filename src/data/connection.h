@@ -7,10 +7,13 @@
 #include <QString>
 
 #include <memory>
+#include <string>
+#include <unordered_map>
 
 namespace SQLite {
 class Database;
-}
+class Statement;
+}  // namespace SQLite
 
 namespace kelvora {
 
@@ -37,9 +40,13 @@ public:
     int execute(const Sql& sql);
 
 private:
-    ResultSet rowsOf(const std::string& statement);
+    /// Calls a piece of work with the statement ready to run, and makes a failure a DataError.
+    template <typename Work>
+    auto run(const Sql& sql, const Work& work);
+    SQLite::Statement& prepared(const std::string& form, const Sql& sql);
 
     std::unique_ptr<SQLite::Database> m_database;
+    std::unordered_map<std::string, std::unique_ptr<SQLite::Statement>> m_prepared;  ///< by their form
 };
 
 }  // namespace kelvora

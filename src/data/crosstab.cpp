@@ -9,15 +9,18 @@ namespace {
 /// Null before numbers before texts; texts as the database compares them.
 int compare(const QVariant& left, const QVariant& right) {
     const auto rank = [](const QVariant& v) { return !v.isValid() ? 0 : v.typeId() == QMetaType::QString ? 2 : 1; };
-    if (rank(left) != rank(right)) {
-        return rank(left) < rank(right) ? -1 : 1;
+    const int kind = rank(left);
+    if (kind != rank(right)) {
+        return kind < rank(right) ? -1 : 1;
     }
-    if (rank(left) == 1) {
+    if (kind == 1) {
         const double a = left.toDouble();
         const double b = right.toDouble();
         return a < b ? -1 : a > b ? 1 : 0;
     }
-    return rank(left) == 0 ? 0 : compareText(left.toString(), right.toString());
+    return kind == 0 ? 0
+                     : compareText(*static_cast<const QString*>(left.constData()),
+                                   *static_cast<const QString*>(right.constData()));
 }
 
 /// Sets of values in the order of their columns.
@@ -62,12 +65,14 @@ ResultSet pivoted(const Crosstab& crosstab, const ResultSet& rows) {
     const std::vector<int> columnOrder{crosstab.columnOrder};
     Keys rowKeys(InOrder{&crosstab.rowOrder});
     Keys columnKeys(InOrder{&columnOrder});
-    const auto rowKey = [&](const std::vector<QVariant>& row) {
-        return std::vector<QVariant>(row.begin(), row.begin() + static_cast<std::ptrdiff_t>(headings));
-    };
+    // Where each row belongs; its position is known when all keys are.
+    std::vector<std::pair<const std::size_t*, const std::size_t*>> cells;
+    cells.reserve(rows.rows.size());
+    std::vector<QVariant> rowKey;
     for (const auto& row : rows.rows) {
-        rowKeys.try_emplace(rowKey(row));
-        columnKeys.try_emplace({row[headings]});
+        rowKey.assign(row.begin(), row.begin() + static_cast<std::ptrdiff_t>(headings));
+        cells.emplace_back(&rowKeys.try_emplace(rowKey).first->second,
+                           &columnKeys.try_emplace({row[headings]}).first->second);
     }
     number(rowKeys);
     number(columnKeys);
@@ -83,9 +88,8 @@ ResultSet pivoted(const Crosstab& crosstab, const ResultSet& rows) {
         result.rows.push_back(key);
         result.rows.back().resize(headings + columnKeys.size());
     }
-    for (const auto& row : rows.rows) {
-        add(result.rows[rowKeys.at(rowKey(row))][headings + columnKeys.at({row[headings]})], row[headings + 1],
-            crosstab.aggregate);
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        add(result.rows[*cells[i].first][headings + *cells[i].second], rows.rows[i][headings + 1], crosstab.aggregate);
     }
     return result;
 }

@@ -1,8 +1,12 @@
 #include "data/dialect.h"
 
 #include "data/dates.h"
+#include "data/distinct.h"
+#include "data/grouping.h"
 #include "data/numbers.h"
+#include "data/tokens.h"
 
+#include <QLocale>
 #include <SQLiteCpp/Database.h>
 #include <sqlite3.h>
 
@@ -12,130 +16,10 @@
 #include <stdexcept>
 
 namespace kelvora {
+
+using namespace dialect;
+
 namespace {
-
-enum class Kind { Space, Word, Text, Mark };
-
-struct Token {
-    Kind kind = Kind::Space;
-    std::string text;
-};
-
-using Tokens = std::vector<Token>;
-
-bool isWordCharacter(char c) {
-    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_' || static_cast<unsigned char>(c) >= 0x80;
-}
-
-std::string lower(std::string text) {
-    std::ranges::transform(text, text.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return text;
-}
-
-/// Where the quoted text that begins at a position ends (behind its closing quote, doubled quotes belonging to it).
-std::size_t endOfText(const std::string& statement, std::size_t start) {
-    const char quote = statement[start];
-    for (std::size_t at = start + 1; at < statement.size(); ++at) {
-        if (statement[at] != quote) {
-            continue;
-        }
-        if (at + 1 < statement.size() && statement[at + 1] == quote) {
-            ++at;
-            continue;
-        }
-        return at + 1;
-    }
-    return statement.size();
-}
-
-Tokens tokenize(const std::string& statement) {
-    Tokens tokens;
-    std::size_t at = 0;
-    while (at < statement.size()) {
-        const char c = statement[at];
-        std::size_t end = at + 1;
-        Kind kind = Kind::Mark;
-        const auto take = [&](auto belongs) {
-            while (end < statement.size() && belongs(statement[end])) {
-                ++end;
-            }
-        };
-        if (std::isspace(static_cast<unsigned char>(c)) != 0) {
-            kind = Kind::Space;
-            take([](char x) { return std::isspace(static_cast<unsigned char>(x)) != 0; });
-        } else if (c == '\'' || c == '"') {
-            kind = Kind::Text;
-            end = endOfText(statement, at);
-        } else if (c == '[') {
-            kind = Kind::Word;
-            const std::size_t close = statement.find(']', at);
-            end = close == std::string::npos ? statement.size() : close + 1;
-        } else if (isWordCharacter(c)) {
-            kind = Kind::Word;
-            take(isWordCharacter);
-        }
-        tokens.push_back({kind, statement.substr(at, end - at)});
-        at = end;
-    }
-    return tokens;
-}
-
-std::string joined(const Tokens& tokens, std::size_t first, std::size_t last) {
-    std::string text;
-    for (std::size_t i = first; i < last; ++i) {
-        text += tokens[i].text;
-    }
-    return text;
-}
-
-bool isMark(const Tokens& tokens, std::size_t at, char mark) {
-    return at < tokens.size() && tokens[at].kind == Kind::Mark && tokens[at].text[0] == mark;
-}
-
-bool isWord(const Tokens& tokens, std::size_t at, const char* word) {
-    return at < tokens.size() && tokens[at].kind == Kind::Word && lower(tokens[at].text) == word;
-}
-
-std::size_t skipSpace(const Tokens& tokens, std::size_t at) {
-    while (at < tokens.size() && tokens[at].kind == Kind::Space) {
-        ++at;
-    }
-    return at;
-}
-
-/// The token in front of a position that is no blank; tokens.size() if there is none.
-std::size_t before(const Tokens& tokens, std::size_t at) {
-    while (at > 0) {
-        --at;
-        if (tokens[at].kind != Kind::Space) {
-            return at;
-        }
-    }
-    return tokens.size();
-}
-
-/// The closing parenthesis of the one opened at a position; tokens.size() if it is missing.
-std::size_t closing(const Tokens& tokens, std::size_t open) {
-    int depth = 0;
-    for (std::size_t i = open; i < tokens.size(); ++i) {
-        depth += isMark(tokens, i, '(') ? 1 : isMark(tokens, i, ')') ? -1 : 0;
-        if (depth == 0) {
-            return i;
-        }
-    }
-    return tokens.size();
-}
-
-std::size_t opening(const Tokens& tokens, std::size_t close) {
-    int depth = 0;
-    for (std::size_t i = close + 1; i-- > 0;) {
-        depth += isMark(tokens, i, ')') ? 1 : isMark(tokens, i, '(') ? -1 : 0;
-        if (depth == 0) {
-            return i;
-        }
-    }
-    return tokens.size();
-}
 
 /// The first token of the column, text, call or parenthesis that ends at a position.
 std::size_t operandStart(const Tokens& tokens, std::size_t last) {
@@ -237,64 +121,6 @@ void yearAsRange(Tokens& tokens) {
     }
 }
 
-/// The places where the clauses of a statement begin, at its outermost level.
-struct Clauses {
-    std::size_t from, group, order, pivot, end;
-};
-
-Clauses clauses(const Tokens& tokens) {
-    std::size_t end = tokens.size();
-    while (end > 0 && (tokens[end - 1].kind == Kind::Space || isMark(tokens, end - 1, ';'))) {
-        --end;
-    }
-    Clauses found{end, end, end, end, end};
-    int depth = 0;
-    for (std::size_t i = 0; i < end; ++i) {
-        depth += isMark(tokens, i, '(') ? 1 : isMark(tokens, i, ')') ? -1 : 0;
-        if (depth != 0 || tokens[i].kind != Kind::Word) {
-            continue;
-        }
-        const bool by = isWord(tokens, skipSpace(tokens, i + 1), "by");
-        if (isWord(tokens, i, "from")) {
-            found.from = std::min(found.from, i);
-        } else if (by && isWord(tokens, i, "group")) {
-            found.group = i;
-        } else if (by && isWord(tokens, i, "order")) {
-            found.order = i;
-        } else if (isWord(tokens, i, "pivot")) {
-            found.pivot = i;
-        }
-    }
-    return found;
-}
-
-/// What stands behind "GROUP BY" or "ORDER BY" at a position, up to an end.
-std::string behindBy(const Tokens& tokens, std::size_t clause, std::size_t end) {
-    return joined(tokens, skipSpace(tokens, clause + 1) + 1, end);
-}
-
-std::string trimmed(const std::string& text) {
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
-}
-
-/// The parts of a list between its outermost commas.
-std::vector<std::string> listed(const std::string& list) {
-    std::vector<std::string> parts(1);
-    int depth = 0;
-    for (const Token& token : tokenize(list)) {
-        const char mark = token.kind == Kind::Mark ? token.text[0] : '\0';
-        depth += mark == '(' ? 1 : mark == ')' ? -1 : 0;
-        if (mark == ',' && depth == 0) {
-            parts.emplace_back();
-        } else {
-            parts.back() += token.text;
-        }
-    }
-    std::ranges::transform(parts, parts.begin(), trimmed);
-    return parts;
-}
-
 /// The columns of a "SELECT DISTINCT" by their numbers, to order by; empty for another statement.
 std::string orderOfDistinct(const Tokens& tokens, const Clauses& found) {
     const std::size_t select = skipSpace(tokens, 0);
@@ -308,28 +134,6 @@ std::string orderOfDistinct(const Tokens& tokens, const Clauses& found) {
         order += ", " + std::to_string(i);
     }
     return order;
-}
-
-/// An expression and the alias behind it (without the alias' quotes); the alias is empty if there is none.
-std::pair<std::string, std::string> withAlias(const std::string& text) {
-    const Tokens tokens = tokenize(text);
-    for (std::size_t i = 0; i < tokens.size(); ++i) {
-        if (isWord(tokens, i, "as")) {
-            std::string alias = joined(tokens, skipSpace(tokens, i + 1), tokens.size());
-            if (alias.size() >= 2 && (alias[0] == '\'' || alias[0] == '[')) {
-                alias = alias.substr(1, alias.size() - 2);
-            }
-            return {trimmed(joined(tokens, 0, i)), alias};
-        }
-    }
-    return {text, ""};
-}
-
-/// An expression without blanks and letter case, to find it again elsewhere in the statement.
-std::string bare(const std::string& expression) {
-    std::string text = lower(expression);
-    std::erase_if(text, [](unsigned char c) { return std::isspace(c) != 0; });
-    return text;
 }
 
 /// Takes " DESC" or " ASC" from the end of an order term; returns its direction.
@@ -347,17 +151,36 @@ int takeDirection(std::string& term) {
 
 // The functions of the connection ------------------------------------------------------------------------------------
 
-QString textOf(sqlite3_value* value) {
-    return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_value_text(value)), sqlite3_value_bytes(value));
+std::string_view textOf(sqlite3_value* value) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+    return text == nullptr ? std::string_view()
+                           : std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value)));
 }
 
-void resultText(sqlite3_context* context, const QString& text) {
-    const QByteArray utf8 = text.toUtf8();
+void resultText(sqlite3_context* context, const QByteArray& utf8) {
     sqlite3_result_text(context, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT);
 }
 
+/// The day of an ISO text. A report asks for the months of tens of thousands of rows: the form in which this program
+/// stores a day is read without a text object.
 QDate dateOf(sqlite3_value* value) {
-    return sqlite3_value_type(value) == SQLITE_TEXT ? fromIsoText(textOf(value)) : QDate();
+    if (sqlite3_value_type(value) != SQLITE_TEXT) {
+        return {};
+    }
+    const std::string_view text = textOf(value);
+    std::array<int, 8> digits{};
+    constexpr std::string_view form = "dddd-dd-dd";
+    std::size_t count = 0;
+    bool plain = text.size() == form.size();
+    for (std::size_t i = 0; plain && i < form.size(); ++i) {
+        plain = form[i] == '-' ? text[i] == '-' : text[i] >= '0' && text[i] <= '9';
+        if (plain && form[i] == 'd') {
+            digits.at(count++) = text[i] - '0';
+        }
+    }
+    const auto& [y1, y2, y3, y4, m1, m2, d1, d2] = digits;
+    return plain ? QDate(y1 * 1000 + y2 * 100 + y3 * 10 + y4, m1 * 10 + m2, d1 * 10 + d2)
+                 : fromIsoText(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
 }
 
 void yearFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
@@ -372,21 +195,35 @@ void monthFunction(sqlite3_context* context, int /*count*/, sqlite3_value** valu
     }
 }
 
+/// The name of a month, looked up once for each language.
+const QByteArray& monthText(int month) {
+    thread_local QLocale language = QLocale::c();
+    thread_local std::array<QByteArray, 13> names;
+    if (const QLocale now; now != language || names[1].isEmpty()) {
+        language = now;
+        for (int i = 1; i <= 12; ++i) {
+            names.at(static_cast<std::size_t>(i)) = monthName(i).toUtf8();
+        }
+    }
+    return names.at(static_cast<std::size_t>(month));
+}
+
 void formatFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
     if (sqlite3_value_type(values[0]) == SQLITE_NULL) {
         return;
     }
-    const QString pattern = textOf(values[1]).toLower();
-    if (pattern == u"mmmm" || pattern == u"m") {
+    const char* pattern = textOf(values[1]).data();
+    const auto is = [pattern](const char* known) { return pattern != nullptr && sqlite3_stricmp(pattern, known) == 0; };
+    const bool number = is("m");
+    if (number || is("mmmm")) {
         if (const QDate date = dateOf(values[0]); date.isValid()) {
-            resultText(context, pattern == u"m" ? QString::number(date.month()) : monthName(date.month()));
+            resultText(context, number ? QByteArray::number(date.month()) : monthText(date.month()));
         }
         return;
     }
     const int type = sqlite3_value_numeric_type(values[0]);
-    const bool number = type == SQLITE_INTEGER || type == SQLITE_FLOAT;
-    if (number && (pattern == u"0.00" || pattern == u"#0.00" || pattern == u"fixed")) {
-        resultText(context, twoDecimals(sqlite3_value_double(values[0])));
+    if ((type == SQLITE_INTEGER || type == SQLITE_FLOAT) && (is("#0.00") || is("0.00") || is("fixed"))) {
+        resultText(context, twoDecimals(sqlite3_value_double(values[0])).toUtf8());
         return;
     }
     sqlite3_result_value(context, values[0]);
@@ -395,9 +232,15 @@ void formatFunction(sqlite3_context* context, int /*count*/, sqlite3_value** val
 }  // namespace
 
 std::string translate(const std::string& statement) {
-    Tokens tokens = joinTexts(tokenize(statement));
+    Tokens tokens = tokenize(statement);
+    semiJoin(tokens);
+    sumByKey(tokens);
+    tokens = joinTexts(std::move(tokens));
     yearAsRange(tokens);
     const Clauses found = clauses(tokens);
+    if (const std::string sought = yearsSought(tokens, found); !sought.empty()) {
+        return sought;
+    }
     if (found.order != found.end) {
         return joined(tokens, 0, tokens.size());
     }
@@ -414,6 +257,10 @@ void registerFunctions(SQLite::Database& database) {
 }
 
 std::optional<Crosstab> parseCrosstab(const std::string& statement) {
+    constexpr std::string_view keyword = "transform";
+    if (lower(trimmed(statement).substr(0, keyword.size())) != keyword) {
+        return std::nullopt;
+    }
     const Tokens tokens = tokenize(statement);
     const std::size_t transform = skipSpace(tokens, 0);
     if (!isWord(tokens, transform, "transform")) {

@@ -65,7 +65,15 @@ std::vector<std::string> schemaStatements() {
          "CREATE INDEX operation_by_method ON fishoperation(fishing_method)",
          "CREATE INDEX operation_by_area ON fishoperation(areaid)",
          "CREATE INDEX operation_by_vessel ON fishoperation(vesselid)",
+         // A report of one port, method or area in a year. Those above stay: by them a finder's operations come in the
+         // order of their numbers.
+         "CREATE INDEX operation_by_port_and_date ON fishoperation(portid, optdate)",
+         "CREATE INDEX operation_by_method_and_date ON fishoperation(fishing_method, optdate)",
+         "CREATE INDEX operation_by_area_and_date ON fishoperation(areaid, optdate)",
          "CREATE INDEX vessel_by_name ON vessel(vesselname, vesselid)",
+         // An import looks for every species of its file. By one column: the lists of species keep the order of their
+         // numbers, which an index with all that they show would change.
+         "CREATE INDEX species_by_epithet ON fish(fishname)",
          "CREATE INDEX composition_by_species ON group_composition(optid, spid, estotal)",
          "CREATE INDEX length_class_by_sample ON length_detail(optid, spid)",
          "INSERT INTO gonad_stage VALUES (1, 'Immature'), (2, 'Maturing'), (3, 'Ripe'), (4, 'Spawning'), (5, 'Spent')",

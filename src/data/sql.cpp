@@ -14,6 +14,10 @@ Sql operator<<(Sql left, Literal piece) {
 }
 
 Sql operator<<(Sql left, const Sql& right) {
+    for (const auto& [begin, length] : right.m_places) {
+        left.m_places.emplace_back(left.m_text.size() + begin, length);
+    }
+    left.m_values.insert(left.m_values.end(), right.m_values.begin(), right.m_values.end());
     left.m_text += right.m_text;
     return left;
 }
@@ -23,18 +27,36 @@ Sql operator<<(Sql left, const QDate& date) {
     return left;
 }
 
+std::string Sql::form() const {
+    std::string form;
+    std::size_t from = 0;
+    for (const auto& [begin, length] : m_places) {
+        form.append(m_text, from, begin - from).append("?");
+        from = begin + length;
+    }
+    return form.append(m_text, from);
+}
+
+void Sql::append(const std::string& written, Value value) {
+    m_places.emplace_back(m_text.size(), written.size());
+    m_values.push_back(std::move(value));
+    m_text += written;
+}
+
 void Sql::appendText(const QString& value) {
-    m_text += '\'';
+    std::string plain;
+    std::string quoted = "'";
     for (const char c : value.toUtf8()) {
         if (c == '\0') {
             continue;
         }
-        m_text += c;
+        plain += c;
+        quoted += c;
         if (c == '\'') {
-            m_text += c;
+            quoted += c;
         }
     }
-    m_text += '\'';
+    append(quoted + '\'', std::move(plain));
 }
 
 void Sql::appendNumber(double value) {
@@ -42,7 +64,15 @@ void Sql::appendNumber(double value) {
     if (!std::isfinite(asRead(value))) {
         throw std::invalid_argument("a number in a statement must be finite");
     }
-    m_text += plainText(value).toStdString();
+    // As it is written: a whole number without a decimal point is one for the engine too.
+    constexpr double exactlyWritten = 1e15;
+    const QString written = plainText(value);
+    const double read = written.toDouble();
+    if (read == std::floor(read) && std::fabs(read) < exactlyWritten) {
+        append(written.toStdString(), static_cast<std::int64_t>(read));
+    } else {
+        append(written.toStdString(), read);
+    }
 }
 
 }  // namespace kelvora

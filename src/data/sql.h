@@ -5,8 +5,12 @@
 
 #include <concepts>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
 
 namespace kelvora {
 
@@ -56,7 +60,7 @@ public:
     template <std::integral Integer>
     requires(!std::same_as<Integer, bool> && !std::same_as<Integer, char>) friend Sql operator<<(Sql left,
                                                                                                  Integer value) {
-        left.m_text += std::to_string(value);
+        left.append(std::to_string(value), static_cast<std::int64_t>(value));
         return left;
     }
     template <std::floating_point Number>
@@ -68,11 +72,20 @@ public:
     /// The statement, UTF-8.
     [[nodiscard]] const std::string& text() const { return m_text; }
 
+    using Value = std::variant<std::int64_t, double, std::string>;
+
+    /// The statement with "?" in the place of each value, and these values: statements of one form are prepared once.
+    [[nodiscard]] std::string form() const;
+    [[nodiscard]] const std::vector<Value>& values() const { return m_values; }
+
 private:
+    void append(const std::string& written, Value value);
     void appendText(const QString& value);
     void appendNumber(double value);
 
     std::string m_text;
+    std::vector<Value> m_values;
+    std::vector<std::pair<std::size_t, std::size_t>> m_places;  ///< of each value in the text: begin and length
 };
 
 }  // namespace kelvora

@@ -54,4 +54,8 @@ std::optional<Sql> operationSearch(const SearchCriterion& criterion, const QStri
     return operationFields() << operationJoin() << criterion.filter(value) << "  order by optid";
 }
 
+Sql numbersOnly(const Sql& search) {
+    return Sql("select optid from (") << search << ")";
+}
+
 }  // namespace kelvora

@@ -38,4 +38,8 @@ std::span<const SearchCriterion> searchCriteria();
 /// of the list (its key is invalid): it matches no operation.
 std::optional<Sql> operationSearch(const SearchCriterion& criterion, const QString& text, const QVariant& key);
 
+/// The numbers of the operations of a search, in its order: thousands are found, and the details of one are read when
+/// it is arrived at.
+Sql numbersOnly(const Sql& search);
+
 }  // namespace kelvora

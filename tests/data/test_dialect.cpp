@@ -151,6 +151,66 @@ private Q_SLOTS:
     }
     void order() { compareRows(); }
 
+    /// Lists of what was sampled: looked up, whatever the statement says about tables whose rows are not shown.
+    void distinct_data() {
+        addColumns();
+        m_store->execute("insert into group_composition values (1, 1, 1, 5, 5), (1, 2, 2, 5, 5), (4, 3, 3, 5, 5)");
+        const Sql join(
+            " FROM group_composition INNER JOIN fishoperation ON group_composition.optid = fishoperation.optid");
+        const Sql nested =
+            Sql(" FROM (group_composition INNER JOIN fishoperation ON group_composition.optid="
+                "fishoperation.optid) INNER JOIN samplingport ON "
+                "fishoperation.portid=samplingport.samplingid");
+        newRow("operations", Sql("SELECT DISTINCT fishoperation.optid") << join, {u"1"_qs, u"4"_qs});
+        newRow("years", Sql("SELECT DISTINCT year(optdate) as y") << join << " order by year( optdate);", {u"2004"_qs});
+        newRow("years in parentheses", Sql("SELECT distinct( year(fishoperation.optdate)) as y") << join, {u"2004"_qs});
+        newRow("years downwards",
+               Sql("SELECT distinct year(optdate) as y from fishoperation order by year(optdate) desc"),
+               {u"9999"_qs, u"2005"_qs, u"2004"_qs, u"2003"_qs});
+        newRow("one year", Sql("SELECT DISTINCT year(optdate)") << join << " where year(optdate) = " << 2003, {});
+        newRow("choices", Sql("SELECT DISTINCT samplingname") << nested << " WHERE (((year(optdate))=" << 2004 << "));",
+               {u"Bex"_qs});
+        newRow("one condition or another",
+               Sql("SELECT DISTINCT fishoperation.optid") << join << " where lat_dec = 12 or lat_dec = 13",
+               {u"1"_qs, u"4"_qs});
+        newRow("a column of the joined table", Sql("SELECT DISTINCT spid") << join, {u"1"_qs, u"2"_qs, u"3"_qs});
+        newRow("a condition on the joined table",
+               Sql("SELECT DISTINCT portid") << join << " where group_composition.spid = 3", {u"2"_qs});
+        newRow("two conditions to the join", Sql("SELECT DISTINCT portid") << join << " and spid = 3", {u"2"_qs});
+        newRow("dates that are none",
+               Sql("select distinct year(d) as y from (select null as d union select 'x' union select '' union select "
+                   "'2004-02-03' union select '2004-12-31' union select '2005-01-01')"),
+               {u"null"_qs, u"2004"_qs, u"2005"_qs});
+    }
+    void distinct() { compareRows(); }
+
+    /// Weights by the name of the species, also when two species have one name, or a species is not stored any more.
+    void sumsByName_data() {
+        addColumns();
+        m_store->execute(
+            "insert into group_composition values (6, 4, 1, 1, 0.25), (6, 5, 1, 1, 2), (6, 1, 2, 1, 7), (6, 99, 1, 1, "
+            "8),"
+            " (6, 6, 3, 1, null), (6, 2, 1, 1, 0.005), (6, 2, 2, 1, 1)");
+        const Sql from(
+            " FROM (group_composition INNER JOIN fishoperation ON group_composition.optid = fishoperation.optid) INNER"
+            " JOIN fish ON group_composition.spid = fish.fishno where year(optdate) = 9999 GROUP BY fish.genus & ' ' &"
+            " fish.fishname");
+        const QStringList sums{u"2.25|1125.00"_qs, u"7.00|3500.00"_qs, u"1.01|505.00"_qs, u"null|null"_qs};
+        const Sql select(
+            "SELECT format(Sum(group_composition.estotal),'#0.00') as s, format((format(Sum("
+            "group_composition.estotal),'#0.00')*100)/0.2,'#0.00')");
+        newRow("in the order of the names", Sql(select) << from, sums);
+        newRow("in an order asked for", Sql(select) << from << " ORDER BY  fish.genus & ' ' & fish.fishname desc;",
+               {sums[3], sums[2], sums[1], sums[0]});
+        newRow("with the name", Sql("SELECT fish.fishname & '!' as n, Sum(group_composition.estotal) ") << from,
+               {u"b!|2.25"_qs, u"kanagurta!|7"_qs, u"vittatus!|1.005"_qs, u"!|null"_qs});
+        newRow("two sums", Sql("SELECT Sum(group_composition.estotal), sum(totalweight)") << from,
+               {u"2.25|2"_qs, u"7|1"_qs, u"1.005|2"_qs, u"null|1"_qs});
+        newRow("counted too", Sql("SELECT Sum(group_composition.estotal), count(*)") << from,
+               {u"2.25|2"_qs, u"7|1"_qs, u"1.005|2"_qs, u"null|1"_qs});
+    }
+    void sumsByName() { compareRows(); }
+
     void quotedTextsStay_data() {
         QTest::addColumn<QString>("text");
         for (const char* text :

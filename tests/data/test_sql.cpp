@@ -41,6 +41,34 @@ private Q_SLOTS:
         QCOMPARE(store.rows(Sql("select stateid from state where statename = ") << cut), QStringList{u"1"_qs});
     }
 
+    /// A statement that comes again with other values is not prepared again: nothing of the former ones may stay.
+    void theSameStatementAgain() {
+        test::TemporaryStore store;
+        const auto insert = [&](int number, const QString& name, double interval) {
+            store.db().execute(Sql("insert into fish(fishno, genus, fishname, classinterval) values (")
+                               << number << ", 'G', " << name << "," << interval << ")");
+        };
+        const auto found = [&](const Sql& condition) {
+            return store.rows(Sql("select fishno, classinterval / 2, genus & ' ' & fishname as n from fish where ")
+                              << condition);
+        };
+        insert(1, u"year"_qs, 3);
+        QVERIFY_EXCEPTION_THROWN(insert(1, u"again"_qs, 4), DataError);
+        insert(2, u"?"_qs, 0.1);
+        insert(3, QString(), -1e15);
+        QCOMPARE(found(Sql("fishname = ") << u"YEAR"_qs), QStringList{u"1|1.5|G year"_qs});
+        QCOMPARE(found(Sql("fishname = ") << u"?"_qs), QStringList{u"2|0.05|G ?"_qs});
+        QCOMPARE(found(Sql("fishname = ") << u"again"_qs), QStringList());
+        QCOMPARE(found(Sql("classinterval = ") << -1e15 << " and " << (Sql("fishno = ") << 3)),
+                 QStringList{u"3|-500000000000000|G "_qs});
+        QCOMPARE(store.rows(Sql("select fishno from fish where classinterval = ") << 0.1), QStringList{u"2"_qs});
+        QCOMPARE(store.rows(Sql("select ") << 7.0 << " / 2, " << 7.5 << " / 2, " << 7 << " / 2"),
+                 QStringList{u"3|3.75|3"_qs});
+        // A statement left half-way by its failure does not keep the file locked.
+        Connection other(store.path());
+        other.execute(Sql("insert into state values (") << 9 << ",'Nine')");
+    }
+
     void notANumber() {
         QVERIFY_EXCEPTION_THROWN(Sql("select ") << std::numeric_limits<double>::infinity(), std::invalid_argument);
     }
