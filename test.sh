@@ -11,3 +11,7 @@ for preset in dev sanitize; do
     cmake --build --preset "$preset"
     ctest --preset "$preset"
 done
+# A short run of the fuzzer too, where its compiler is at hand; its corpus has been tried above either way.
+if command -v clang++ >/dev/null 2>&1; then
+    tests/fuzz/run.sh
+fi

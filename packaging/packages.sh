@@ -1,7 +1,7 @@
 # Sourced by run.sh and test.sh: installs, on Debian, those of the packages the project is built with that are missing.
 
 kelvora_packages="cmake ninja-build g++ ccache qt6-base-dev qt6-svg-dev libqt6svg6 qt6-charts-dev libqt6opengl6-dev
-libsqlitecpp-dev libsqlite3-dev fonts-dejavu-core"
+libsqlitecpp-dev libsqlite3-dev fonts-dejavu-core dpkg-dev desktop-file-utils appstream groff-base codespell"
 
 install_missing_packages() {
     command -v dpkg-query >/dev/null 2>&1 || return 0

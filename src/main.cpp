@@ -2,19 +2,59 @@
 #include "controls/style.h"
 #include "data/store.h"
 #include "shell/program.h"
+#include "shell/single_instance.h"
+#include "version.h"
 
 #include <QApplication>
 #include <QIcon>
 
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+/// Answers "--version" and "--help", for which no display is needed. Returns whether there was anything to answer.
+bool answered(int argc, char** argv) {
+    if (argc != 2) {
+        return false;
+    }
+    if (std::strcmp(argv[1], "--version") == 0) {
+        std::printf("Kelvora %s\n", qPrintable(kelvora::kVersion));
+        return true;
+    }
+    if (std::strcmp(argv[1], "--help") == 0) {
+        std::puts(
+            "Usage: kelvora\n\n"
+            "Biological sampling of fisheries at landing sites.\n\n"
+            "  --help     shows this text\n"
+            "  --version  shows the version of the program");
+        return true;
+    }
+    return false;
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
+    if (answered(argc, argv)) {
+        return 0;
+    }
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Kelvora"));
+    QApplication::setApplicationVersion(kelvora::kVersion);
+    // The name of the desktop entry, by which a desktop finds the icon of a running window.
+    QApplication::setDesktopFileName(QStringLiteral("kelvora"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/kelvora.svg")));
     QApplication::setQuitOnLastWindowClosed(false);
     kelvora::applyStyle(application);
 
+    kelvora::SingleInstance instance(kelvora::defaultStorePath());
+    if (!instance.claim()) {
+        return 0;
+    }
     kelvora::ModalDialogs dialogs;
     kelvora::Program program(kelvora::defaultStorePath(), dialogs);
+    QObject::connect(&instance, &kelvora::SingleInstance::startedAgain, &program, &kelvora::Program::raiseWindow);
     QObject::connect(&program, &kelvora::Program::ended, &application, &QApplication::quit);
     return program.start() ? QApplication::exec() : 1;
 }

@@ -1,6 +1,7 @@
 #include "controls/style.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
 #include <QStyleOption>
@@ -39,8 +40,9 @@ QPalette paletteOf(const Colours& c) {
     return palette;
 }
 
-/// Boxes say what their buttons do in words: no pictures on "Yes" and "No". Text boxes are as high as lists and dates,
-/// so that the rows of forms side by side line up.
+/// Boxes say what their buttons do in words: no pictures on "Yes" and "No". Text boxes, lists and dates are of one
+/// height, so that the rows of forms side by side line up. Options are drawn in the colour of the text, since the
+/// style's own rings vanish on a dark ground.
 class CalmStyle : public QProxyStyle {
 public:
     CalmStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -55,9 +57,33 @@ public:
         QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
         if (option != nullptr && (type == CT_LineEdit || type == CT_ComboBox || type == CT_SpinBox)) {
             constexpr int edges = 10;
-            size.setHeight(std::max(size.height(), option->fontMetrics.height() + edges));
+            const int height = option->fontMetrics.height() + edges;
+            size.setHeight(type == CT_SpinBox ? height : std::max(size.height(), height));
         }
         return size;
+    }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override {
+        if (element != PE_IndicatorRadioButton) {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+            return;
+        }
+        const QPalette::ColorGroup group = (option->state & State_Enabled) != 0 ? QPalette::Active : QPalette::Disabled;
+        const QColor text = option->palette.color(group, QPalette::WindowText);
+        const QRectF ring = QRectF(option->rect).adjusted(1.5, 1.5, -1.5, -1.5);
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen((option->state & State_HasFocus) != 0 ? QPen(option->palette.highlight(), 2) : QPen(text));
+        painter->setBrush(option->palette.brush(group, QPalette::Base));
+        painter->drawEllipse(ring);
+        if ((option->state & State_On) != 0) {
+            const double inset = ring.width() / 4;
+            painter->setPen(Qt::NoPen);
+            painter->setBrush(text);
+            painter->drawEllipse(ring.adjusted(inset, inset, -inset, -inset));
+        }
+        painter->restore();
     }
 };
 

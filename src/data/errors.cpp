@@ -41,6 +41,10 @@ DataError statementError(const std::string& statement, int resultCode, const QSt
     const QString what = reads ? QStringLiteral("The data could not be read: %1.")
                                : QStringLiteral("Nothing was stored or deleted: %1.");
     const QString plain = plainReason(resultCode, reason);
+    if (text.contains(u"passwd", Qt::CaseInsensitive)) {
+        // A password does not come into a box that others can read.
+        return DataError(what.arg(plain), plain);
+    }
     return DataError(what.arg(plain) + QStringLiteral("\n\n(") +
                          (text.size() > shown ? text.first(shown) + QStringLiteral("…") : text) + QStringLiteral(")"),
                      plain);

@@ -51,17 +51,22 @@ struct Decimal {
 
 constexpr int kSignificantDigits = 15;
 
-Decimal decimal(double value) {
+/// "1.25000000000000e+01" for 12.5. The one place that rounds to the significant digits.
+std::string scientific(double value) {
     std::array<char, 32> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), std::fabs(value),
-                                   std::chars_format::scientific, kSignificantDigits - 1)
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific,
+                                   kSignificantDigits - 1)
                          .ptr;
-    const std::string_view written(text.data(), static_cast<std::size_t>(end - text.data()));
+    return {text.data(), end};
+}
+
+Decimal decimal(double value) {
+    const std::string written = scientific(std::fabs(value));
     const std::size_t e = written.find('e');
     Decimal result;
     result.negative = std::signbit(value) && value != 0;
-    result.digits = std::string(1, written[0]) + std::string(written.substr(2, e - 2));
-    result.exponent = std::stoi(std::string(written.substr(e + 1)));
+    result.digits = written.substr(0, 1) + written.substr(2, e - 2);
+    result.exponent = std::stoi(written.substr(e + 1));
     while (result.digits.size() > 1 && result.digits.back() == '0') {
         result.digits.pop_back();
     }
@@ -80,6 +85,13 @@ std::string writtenOut(const Decimal& d) {
     }
     const auto split = static_cast<std::size_t>(integerDigits);
     return d.digits.substr(0, split) + "." + d.digits.substr(split);
+}
+
+/// Digits and exponent as "1.5e+21".
+std::string withExponent(const Decimal& d) {
+    const std::string exponent = std::to_string(std::abs(d.exponent));
+    return d.digits.substr(0, 1) + (d.digits.size() > 1 ? "." + d.digits.substr(1) : "") + "e" +
+           (d.exponent < 0 ? "-" : "+") + (exponent.size() < 2 ? "0" : "") + exponent;
 }
 
 /// Adds one to the last digit of a text of digits.
@@ -104,7 +116,7 @@ std::optional<double> toNumber(QStringView text) {
     }
     // Too large a number reads as an infinity, too small a one as 0.
     const double value = number.toDouble();
-    return std::isfinite(value) ? std::optional(value) : std::nullopt;
+    return std::isfinite(asRead(value)) ? std::optional(value) : std::nullopt;
 }
 
 bool isNumeric(QStringView text) {
@@ -114,7 +126,8 @@ bool isNumeric(QStringView text) {
 double leadingNumber(QStringView text) {
     const QStringView number = text.trimmed();
     const qsizetype length = numberLength(number);
-    return length == 0 ? 0 : number.first(length).toDouble();
+    const double value = length == 0 ? 0 : number.first(length).toDouble();
+    return std::isfinite(asRead(value)) ? value : asRead(value);
 }
 
 QString plainText(double value) {
@@ -125,10 +138,8 @@ QString plainText(double value) {
         return QStringLiteral("0");
     }
     const Decimal d = decimal(value);
-    if (d.exponent >= 21 || d.exponent < -9) {
-        return QString::number(value, 'g', kSignificantDigits);
-    }
-    return QString::fromStdString((d.negative ? "-" : "") + writtenOut(d));
+    const bool extreme = d.exponent >= 21 || d.exponent < -9;
+    return QString::fromStdString((d.negative ? "-" : "") + (extreme ? withExponent(d) : writtenOut(d)));
 }
 
 QString twoDecimals(double value) {
@@ -156,7 +167,7 @@ QString twoDecimals(double value) {
 }
 
 double asRead(double value) {
-    return std::isfinite(value) ? QString::number(value, 'e', kSignificantDigits - 1).toDouble() : value;
+    return std::isfinite(value) ? QString::fromStdString(scientific(value)).toDouble() : value;
 }
 
 }  // namespace kelvora

@@ -11,7 +11,7 @@ inline constexpr int kLargestKey = 32767;
 
 /// The value of a text that is a number as a whole: optional blanks around, optional sign, digits with "." as decimal
 /// point, optional exponent. Nothing for anything else ("", "abc", "1,000", "inf", "0x10") and for a number that is
-/// too large for a double.
+/// too large for a double at 15 significant digits.
 std::optional<double> toNumber(QStringView text);
 
 /// Whether toNumber has a value for the text.

@@ -60,7 +60,8 @@ void Sql::appendText(const QString& value) {
 }
 
 void Sql::appendNumber(double value) {
-    if (!std::isfinite(value)) {
+    // The largest numbers of all are no numbers any more when they are written with fifteen digits.
+    if (!std::isfinite(asRead(value))) {
         throw std::invalid_argument("a number in a statement must be finite");
     }
     // As it is written: a whole number without a decimal point is one for the engine too.

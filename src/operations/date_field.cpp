@@ -6,21 +6,30 @@
 #include <QRegularExpression>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 namespace kelvora {
 namespace {
 
-/// A date as a person writes it in a format: its parts short or long, or digits without separators, the year with two
-/// digits being the last one of that ending up to this one (samples are of the past). Invalid if it is none of these.
+/// A date as a person writes it, its parts in the order of a format (year first, if it begins with one of four digits):
+/// any separators or none, the month as a number or by its name, the year with two digits being the last one of that
+/// ending up to this one (samples are of the past). Invalid if it is none of these.
 QDate dateWritten(const QString& written, const QString& format) {
-    const QString shortParts = QString(format).replace(u"dd"_qs, u"d"_qs).replace(u"MM"_qs, u"M"_qs);
-    const QString digits = QString(format).remove(QRegularExpression(u"[^dMy]"_qs));
-    const QLocale locale;
-    for (const QString& form : {format, shortParts, digits}) {
-        if (const QDate read = locale.toDate(written, form); read.isValid()) {
+    static const QRegularExpression separators(u"[^\\p{L}\\p{N}]+"_qs);
+    static const QRegularExpression yearInFront(u"^\\d{4}\\b"_qs);
+    const QString parts = written.split(separators, Qt::SkipEmptyParts).join(u' ');
+    QStringList order{u"y"_qs, u"M"_qs, u"d"_qs};
+    if (!parts.contains(yearInFront)) {
+        std::ranges::sort(order, {}, [&](const QString& part) { return format.indexOf(part); });
+    }
+    const QString spaced = order.join(u' ');
+    const QString digits = order.join(QString()).replace(u'd', u"dd"_qs).replace(u'M', u"MM"_qs);
+    for (QString form :
+         {spaced, QString(spaced).replace(u'M', u"MMM"_qs), QString(spaced).replace(u'M', u"MMMM"_qs), digits}) {
+        if (const QDate read = QLocale().toDate(parts, form.replace(u'y', u"yyyy"_qs)); read.isValid()) {
             return read;
         }
-        const QDate read = locale.toDate(written, QString(form).replace(u"yyyy"_qs, u"yy"_qs));
-        if (read.isValid()) {
+        if (const QDate read = QLocale().toDate(parts, form.replace(u"yyyy"_qs, u"yy"_qs)); read.isValid()) {
             return read.addYears((QDate::currentDate().year() - read.year()) / 100 * 100);
         }
     }
@@ -55,6 +64,9 @@ bool DateField::event(QEvent* event) {
 void DateField::keyPressEvent(QKeyEvent* event) {
     const QString text = event->text();
     if (text.isEmpty() || !text.front().isPrint()) {
+        if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) {
+            completed();
+        }
         if (event->key() != Qt::Key_Shift) {
             m_typed.clear();
             m_partBegun = false;

@@ -15,10 +15,12 @@
 #include <utility>
 
 namespace kelvora {
+
 FinderPanel::FinderPanel(const QString& numberCaption, Connection& connection, Context context, QWidget* parent)
     : QWidget(parent),
       m_connection(connection),
       m_context(std::move(context)),
+      m_numberCaption(numberCaption),
       m_search(new QGroupBox(tr("Search"), this)),
       m_fields(new SearchFields(connection, m_context.dialogs)),
       m_navigator(new RecordNavigator(tr("Result"))),

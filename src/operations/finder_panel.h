@@ -30,6 +30,7 @@ public:
     /// the screen's whole life.
     void open(bool selectFirstCriterion);
 
+    [[nodiscard]] const QString& numberCaption() const { return m_numberCaption; }
     /// The number of the current operation in decimal text; empty if there is none.
     [[nodiscard]] QString currentOperation() const;
     /// The same as a number.
@@ -50,6 +51,7 @@ private:
 
     Connection& m_connection;
     Context m_context;
+    QString m_numberCaption;
     QGroupBox* m_search;
     SearchFields* m_fields;
     RecordNavigator* m_navigator;

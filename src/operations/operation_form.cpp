@@ -96,6 +96,11 @@ OperationForm::OperationForm(Connection& connection, Dialogs& dialogs, const QSt
     form->setContentsMargins(0, 0, 0, 0);
     form->setHorizontalSpacing(10);
     form->setVerticalSpacing(14);
+    // With large letters a name still fits on the right.
+    form->setColumnMinimumWidth(kThird + 1, fontMetrics().averageCharWidth() * 11);
+    for (BoundList* list : {m_vesselNames, m_registerIds, m_gears, m_methods, m_areas, m_states, m_ports}) {
+        list->setMinimumContentsLength(12);
+    }
     for (const int captions : {kFirst, kSecond, kThird}) {
         form->setColumnStretch(captions + 1, 1);
     }

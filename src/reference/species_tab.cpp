@@ -37,7 +37,7 @@ SpeciesTab::SpeciesTab(Connection& connection, Dialogs& dialogs)
     addField(form, 0, 2, tr(" Genus"), m_genus);
     addField(form, 1, 0, tr(" Species"), m_species);
     addField(form, 1, 2, tr(" Common name"), m_commonName);
-    auto* addButton = new QPushButton(tr("Add"));
+    auto* addButton = new QPushButton(tr("&Add"));
     form->addWidget(addButton, 1, 4);
     form->setColumnStretch(1, 1);
     form->setColumnStretch(3, 1);

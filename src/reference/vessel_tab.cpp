@@ -55,7 +55,7 @@ VesselTab::VesselTab(Connection& connection, Dialogs& dialogs)
     auto* form = new QGridLayout;
     vessels->addLayout(form);
     placeFields(form);
-    auto* addButton = new QPushButton(tr("Add"));
+    auto* addButton = new QPushButton(tr("&Add"));
     form->addWidget(addButton, 3, 5, Qt::AlignRight);
 
     vessels->addSpacing(6);

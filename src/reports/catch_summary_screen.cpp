@@ -57,6 +57,7 @@ CatchSummaryScreen::CatchSummaryScreen(const Context& context)
       m_optionFrame(new QGroupBox(tr("Number of Record and estimate Total catch"), this)),
       m_options(new QButtonGroup(this)),
       m_word(figure(this)),
+      m_kept(new QLabel(this)),
       m_grid(new Grid(tr("Result"), this)),
       m_chart(new ReportChart(dialogs(), this)) {
     addOptions();
@@ -66,7 +67,11 @@ CatchSummaryScreen::CatchSummaryScreen(const Context& context)
     layout->addWidget(m_optionFrame);
     layout->addLayout(headingRow());
     layout->addWidget(besideTable(m_grid, m_chart), 1);
-    setReadingOrder();
+    QWidgetList fields{yearList(), m_search};
+    for (QAbstractButton* option : m_options->buttons()) {
+        fields.append(option);
+    }
+    setReadingOrder(fields << exportButton() << m_grid << m_chart);
     showGroups(groupingAt(0), withoutData(0));
     m_word->clear();
 }
@@ -102,20 +107,10 @@ QLayout* CatchSummaryScreen::headingRow() {
     auto* row = new QGridLayout;
     row->setHorizontalSpacing(8);
     addField(row, 0, 0, tr("Number of Record and estimate Total catch by"), m_word);
-    row->setColumnStretch(2, 1);
-    row->addWidget(exportButton(), 0, 3);
+    row->addWidget(m_kept, 0, 2);
+    row->setColumnStretch(3, 1);
+    row->addWidget(exportButton(), 0, 4);
     return row;
-}
-
-void CatchSummaryScreen::setReadingOrder() {
-    QWidgetList fields{yearList(), m_search};
-    for (QAbstractButton* option : m_options->buttons()) {
-        fields.append(option);
-    }
-    fields << exportButton() << m_grid << m_chart;
-    for (qsizetype i = 1; i < fields.size(); ++i) {
-        setTabOrder(fields[i - 1], fields[i]);
-    }
 }
 
 double CatchSummaryScreen::shownTotal() const {
@@ -150,9 +145,15 @@ void CatchSummaryScreen::search() {
 void CatchSummaryScreen::chooseGrouping(int option) {
     guard([this, option] {
         if (const std::optional<int> chosen = neededYear()) {
-            showGroups(groupingAt(option), catchByGroup(db(), groupingAt(option), *chosen, shownTotal()));
+            ResultSet groups = catchByGroup(db(), groupingAt(option), *chosen, shownTotal());
+            const bool none = groups.isEmpty();
+            showGroups(groupingAt(option), std::move(groups));
             m_chosen = option;
-            draw(*chosen);
+            if (none) {
+                m_kept->setText(tr("no group in %1, the rows of the grouping before are still shown").arg(*chosen));
+            } else {
+                draw(*chosen);
+            }
         }
     });
     m_options->button(m_chosen)->setChecked(true);
@@ -168,6 +169,7 @@ void CatchSummaryScreen::showGroups(const CatchGrouping& grouping, ResultSet gro
         m_grid->show(m_groups.get(), columnsOf(grouping));
     }
     m_word->setText(grouping.word);
+    m_kept->clear();
 }
 
 void CatchSummaryScreen::showNoData() {

@@ -8,6 +8,7 @@
 
 class QButtonGroup;
 class QGroupBox;
+class QLabel;
 class QLayout;
 
 namespace kelvora {
@@ -32,7 +33,6 @@ private:
     QLayout* yearRow();
     QLayout* headingRow();
     void addOptions();
-    void setReadingOrder();
 
     /// The number of the year's total as the screen shows it, in kg; 0 when none is shown.
     [[nodiscard]] double shownTotal() const;
@@ -48,6 +48,7 @@ private:
     QGroupBox* m_optionFrame;
     QButtonGroup* m_options;
     ValueLabel* m_word;
+    QLabel* m_kept;  ///< says so when a grouping without a row has left rows and picture as they were
     Grid* m_grid;
     ReportChart* m_chart;
     std::unique_ptr<ResultModel> m_groups;  ///< what the grid shows

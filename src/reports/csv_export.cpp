@@ -1,13 +1,10 @@
 #include "reports/csv_export.h"
 
 #include "data/dates.h"
+#include "reports/whole_file.h"
 
 #include <QAbstractItemModel>
-#include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
-
-#include <stdexcept>
 
 namespace kelvora {
 
@@ -48,13 +45,7 @@ QString withCsvEnding(const QString& path) {
 }
 
 void saveCsv(const QString& path, const CsvText& csv) {
-    QSaveFile file(path);
-    const QByteArray bytes = csv.text().toLocal8Bit();
-    const bool saved = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
-    if (!saved) {
-        const QString message = QStringLiteral("The export could not be written: %1.\n\n%2");
-        throw std::runtime_error(message.arg(file.errorString(), QDir::toNativeSeparators(path)).toStdString());
-    }
+    writeWholeFile(path, csv.text().toLocal8Bit(), QStringLiteral("The export could not be written"));
 }
 
 }  // namespace kelvora

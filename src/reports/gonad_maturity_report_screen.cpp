@@ -53,7 +53,6 @@ GonadMaturityReportScreen::GonadMaturityReportScreen(const Context& context)
     layout->setSpacing(12);
     layout->addLayout(choiceRow());
     layout->addWidget(besideTable(m_tables, m_chart), 1);
-    setReadingOrder({m_tables, m_sexes, m_stages[0], m_stages[1], m_stages[2], m_chart});
     showSexes(m_sexes, {});
     for (Grid* stages : m_stages) {
         showStages(stages, {});

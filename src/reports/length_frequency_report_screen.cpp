@@ -35,7 +35,6 @@ LengthFrequencyReportScreen::LengthFrequencyReportScreen(const Context& context)
     layout->setSpacing(12);
     layout->addLayout(choiceRow());
     layout->addWidget(besideTable(m_grid, m_chart), 1);
-    setReadingOrder({m_grid, m_chart});
     m_grid->showBlank(columns({}));
 }
 

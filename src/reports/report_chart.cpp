@@ -2,20 +2,20 @@
 
 #include "controls/dialogs.h"
 #include "controls/guard.h"
+#include "reports/whole_file.h"
 
 #include <QAction>
 #include <QBarSet>
+#include <QBuffer>
 #include <QCategoryAxis>
 #include <QChart>
 #include <QClipboard>
-#include <QDir>
 #include <QEvent>
 #include <QFileInfo>
 #include <QGraphicsLayout>
 #include <QGuiApplication>
 #include <QHorizontalStackedBarSeries>
 #include <QLegend>
-#include <QSaveFile>
 #include <QSplitter>
 #include <QStackedBarSeries>
 #include <QSvgGenerator>
@@ -24,7 +24,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <stdexcept>
 
 namespace kelvora {
 namespace {
@@ -142,7 +141,10 @@ void ReportChart::addBars() {
         }
         bars->append(set);
     }
-    bars->setBarWidth(m_picture.groups.size() > kMostBars ? wide : narrow);
+    const qsizetype groups = m_picture.groups.size();
+    // One or two bars stay bars, and do not fill the picture.
+    constexpr double fullWidthFrom = 5;
+    bars->setBarWidth(groups > kMostBars ? wide : narrow * std::min(1.0, static_cast<double>(groups) / fullWidthFrom));
     chart()->addSeries(bars);
 }
 
@@ -278,22 +280,19 @@ QImage ReportChart::printed() {
 }
 
 void ReportChart::save(const QString& path) {
-    QSaveFile file(path);
-    bool written = file.open(QIODevice::WriteOnly);
-    if (written && QFileInfo(path).suffix().compare(u"svg", Qt::CaseInsensitive) == 0) {
+    QBuffer bytes;
+    bytes.open(QIODevice::WriteOnly);
+    if (QFileInfo(path).suffix().compare(u"svg", Qt::CaseInsensitive) == 0) {
         QSvgGenerator drawing;
-        drawing.setOutputDevice(&file);
+        drawing.setOutputDevice(&bytes);
         drawing.setSize(viewport()->size());
         drawing.setViewBox(viewport()->rect());
         drawing.setTitle(m_picture.title);
         print(drawing);
-    } else if (written) {
-        written = printed().save(&file, "PNG");
+    } else {
+        printed().save(&bytes, "PNG");
     }
-    if (!written || !file.commit()) {
-        const QString message = QStringLiteral("The picture could not be written: %1.\n\n%2");
-        throw std::runtime_error(message.arg(file.errorString(), QDir::toNativeSeparators(path)).toStdString());
-    }
+    writeWholeFile(path, bytes.data(), QStringLiteral("The picture could not be written"));
 }
 
 QSplitter* besideTable(QWidget* table, ReportChart* chart) {

@@ -14,7 +14,7 @@ ReportScreen::ReportScreen(const QString& caption, const Context& context, const
     : Screen(caption, context),
       m_db(context.databasePath),
       m_years(new BoundList(this)),
-      m_export(new QPushButton(tr("EXPORT"), this)) {
+      m_export(new QPushButton(tr("&EXPORT"), this)) {
     m_years->setMinimumContentsLength(8);
     m_years->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     if (auto found = m_db.model(years); found->rowCount() > 0) {
@@ -49,6 +49,12 @@ void ReportScreen::searchOnEnterIn(BoundList* list) {
     // While rows are offered below the list, Enter in it does not reach the screen.
     connect(list->lineEdit(), &QLineEdit::returnPressed, this, guarded(dialogs(), [this] { search(); }));
     m_searching.append(list);
+}
+
+void ReportScreen::setReadingOrder(const QWidgetList& fields) {
+    for (qsizetype i = 1; i < fields.size(); ++i) {
+        setTabOrder(fields[i - 1], fields[i]);
+    }
 }
 
 void ReportScreen::keyPressEvent(QKeyEvent* event) {

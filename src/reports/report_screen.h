@@ -41,6 +41,9 @@ protected:
     /// Disabled until a report enables it.
     [[nodiscard]] QPushButton* exportButton() const { return m_export; }
 
+    /// Lets Tab go through fields in the order in which they are read.
+    static void setReadingOrder(const QWidgetList& fields);
+
     void keyPressEvent(QKeyEvent* event) override;
 
 private:

@@ -34,7 +34,7 @@ const CompositionSubset& subsetAt(int option) {
 
 SpeciesCompositionReportScreen::SpeciesCompositionReportScreen(const Context& context)
     : ReportScreen(tr("Species Composition Report"), context, compositionYears()),
-      m_search(new QPushButton(tr("Search"), this)),
+      m_search(new QPushButton(tr("&Search"), this)),
       m_total(new ValueLabel(this)),
       m_optionFrame(new QGroupBox(tr("Species composition of"), this)),
       m_options(new QButtonGroup(this)),
@@ -48,7 +48,11 @@ SpeciesCompositionReportScreen::SpeciesCompositionReportScreen(const Context& co
     layout->addWidget(m_optionFrame);
     layout->addLayout(messageRow());
     layout->addWidget(besideTable(m_grid, m_chart), 1);
-    setReadingOrder();
+    QWidgetList fields{yearList(), m_search};
+    for (int option = 0; option < static_cast<int>(m_choices.size()); ++option) {
+        fields << m_options->button(option) << m_choices[static_cast<std::size_t>(option)];
+    }
+    setReadingOrder(fields << exportButton() << m_grid << m_chart);
     showNoSpecies();
 }
 
@@ -78,6 +82,7 @@ void SpeciesCompositionReportScreen::addOptions() {
         button->setEnabled(false);
         m_options->addButton(button, option);
         auto* choices = new BoundList(m_optionFrame);
+        choices->setMinimumContentsLength(6);
         nameList(choices, subset.option);
         choices->setEnabled(false);
         m_choices.push_back(choices);
@@ -99,17 +104,6 @@ QLayout* SpeciesCompositionReportScreen::messageRow() {
     row->addWidget(m_message, 1);
     row->addWidget(exportButton());
     return row;
-}
-
-void SpeciesCompositionReportScreen::setReadingOrder() {
-    QWidgetList fields{yearList(), m_search};
-    for (int option = 0; option < static_cast<int>(m_choices.size()); ++option) {
-        fields << m_options->button(option) << m_choices[static_cast<std::size_t>(option)];
-    }
-    fields << exportButton() << m_grid << m_chart;
-    for (qsizetype i = 1; i < fields.size(); ++i) {
-        setTabOrder(fields[i - 1], fields[i]);
-    }
 }
 
 /// The rows of an earlier choice stay until another one is made.

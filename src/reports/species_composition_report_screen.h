@@ -30,7 +30,6 @@ private:
     QLayout* yearRow();
     QLayout* messageRow();
     void addOptions();
-    void setReadingOrder();
 
     void showNoData(int year);
     void chooseOption(int option);

@@ -12,13 +12,15 @@ SpeciesReportScreen::SpeciesReportScreen(const QString& caption, const Context& 
                                          const Sql& species)
     : ReportScreen(caption, context, years),
       m_species(new BoundList(this)),
-      m_search(new QPushButton(tr("Search"), this)) {
+      m_search(new QPushButton(tr("&Search"), this)) {
     m_species->setMinimumContentsLength(32);
     m_species->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     m_species->setSource(db().model(species), QStringLiteral("sp"), QStringLiteral("fishno"));
     searchOnEnterIn(m_species);
     searchOn(m_search);
     m_search->setAutoDefault(false);
+    // What a report puts below comes behind.
+    setReadingOrder({yearList(), m_species, m_search, exportButton()});
 }
 
 QString SpeciesReportScreen::speciesText() const {
@@ -35,13 +37,6 @@ QLayout* SpeciesReportScreen::choiceRow() {
     row->setColumnStretch(6, 1);
     row->addWidget(exportButton(), 0, 7);
     return row;
-}
-
-void SpeciesReportScreen::setReadingOrder(const QWidgetList& following) {
-    const QWidgetList fields = QWidgetList{yearList(), m_species, m_search, exportButton()} + following;
-    for (qsizetype i = 1; i < fields.size(); ++i) {
-        setTabOrder(fields[i - 1], fields[i]);
-    }
 }
 
 /// A year or a species that the lists do not offer is none.

@@ -21,8 +21,6 @@ protected:
 
     /// The first row of a report: year, species, search and export.
     QLayout* choiceRow();
-    /// The fields of that row in the order in which they are read, with what follows them.
-    void setReadingOrder(const QWidgetList& following);
 
     void search() override;
 

@@ -8,6 +8,7 @@
 #include "data/csv_reader.h"
 #include "data/numbers.h"
 #include "operations/finder_panel.h"
+#include "operations/operation_line.h"
 #include "sampling/fish_fields.h"
 #include "sampling/gonad_import.h"
 #include "sampling/measured_fish_grid.h"
@@ -33,23 +34,19 @@ GonadEntryPanel::GonadEntryPanel(const FinderPanel& finder, Connection& connecti
     : m_finder(finder),
       m_connection(connection),
       m_dialogs(context.dialogs),
-      m_operationName(new QLabel),
       m_species(new BoundList),
       m_weight(numberField()),
-      m_start(keyButton(tr("ADD SAMPLING >>"))),
-      m_import(keyButton(tr("IMPORT"))),
+      m_start(keyButton(tr("&ADD SAMPLING >>"))),
+      m_import(keyButton(tr("&IMPORT"))),
       m_fields(new FishFields(connection)),
-      m_next(keyButton(tr("NEXT>>"))),
+      m_next(keyButton(tr("&NEXT>>"))),
       m_grid(new MeasuredFishGrid(context.dialogs)),
-      m_save(keyButton(tr("SAVE"))),
-      m_clear(keyButton(tr("CLEAR"))) {
-    QFont strong = m_operationName->font();
-    strong.setBold(true);
-    m_operationName->setFont(strong);
+      m_save(keyButton(tr("&SAVE"))),
+      m_clear(keyButton(tr("&CLEAR"))) {
     auto* layout = new QGridLayout(this);
     layout->setHorizontalSpacing(24);
     layout->setVerticalSpacing(12);
-    layout->addWidget(m_operationName, 0, 0, 1, 2);
+    layout->addWidget(new OperationLine(m_finder), 0, 0, 1, 2);
     layout->addWidget(createSampleLine(), 1, 0, 1, 2);
     layout->addWidget(createFishForm(), 2, 0);
     layout->addWidget(createGridSide(), 2, 1);
@@ -118,17 +115,10 @@ void GonadEntryPanel::connectHandlers() {
     connect(m_species, &BoundList::chosen, this, [this] { m_start->setEnabled(true); });
 }
 
-void GonadEntryPanel::nameOperation() {
-    m_operationName->setText(m_operation
-                                 ? tr("Fishing Information No. %1").arg(*m_operation)
-                                 : tr("No fishing operation is chosen: find one on the tab \"Fishing Operation\"."));
-}
-
 void GonadEntryPanel::reset() {
     m_operation.reset();
     m_species->clearSource();
     clear();
-    nameOperation();
 }
 
 void GonadEntryPanel::refresh() {
@@ -141,7 +131,6 @@ void GonadEntryPanel::refresh() {
         fillCaughtSpecies(*m_species, m_connection, operation.value());
         m_operation = operation;
     });
-    nameOperation();
 }
 
 void GonadEntryPanel::onStart() {

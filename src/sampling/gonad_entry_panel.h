@@ -37,7 +37,6 @@ private:
     QWidget* createFishForm();
     QWidget* createGridSide();
     void connectHandlers();
-    void nameOperation();
 
     void onStart();
     void onNext();
@@ -56,7 +55,6 @@ private:
     Connection& m_connection;
     Dialogs& m_dialogs;
 
-    QLabel* m_operationName;
     BoundList* m_species;
     QLineEdit* m_weight;
     QPushButton* m_start;

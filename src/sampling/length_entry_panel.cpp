@@ -6,6 +6,7 @@
 #include "controls/guard.h"
 #include "data/numbers.h"
 #include "operations/finder_panel.h"
+#include "operations/operation_line.h"
 #include "sampling/length_class_grid.h"
 #include "sampling/species_list.h"
 
@@ -25,7 +26,6 @@ LengthEntryPanel::LengthEntryPanel(const FinderPanel& finder, Connection& connec
     : m_finder(finder),
       m_connection(connection),
       m_context(context),
-      m_operation(new QLabel),
       m_species(new BoundList),
       m_interval(numberField()),
       m_weight(numberField()),
@@ -39,7 +39,7 @@ LengthEntryPanel::LengthEntryPanel(const FinderPanel& finder, Connection& connec
       m_clear(keyButton(tr("&CLEAR"))),
       m_grid(new LengthClassGrid(tr("Length classes"))) {
     auto* layout = new QGridLayout(this);
-    layout->addWidget(m_operation, 0, 0, 1, 2);
+    layout->addWidget(new OperationLine(m_finder), 0, 0, 1, 2);
     layout->addWidget(createForm(), 1, 0);
     layout->addWidget(createFrequencyFrame(), 2, 0);
     layout->addWidget(createButtons(), 3, 0);
@@ -51,7 +51,6 @@ LengthEntryPanel::LengthEntryPanel(const FinderPanel& finder, Connection& connec
 
     connectFields();
     clear();
-    nameOperation();
 }
 
 QWidget* LengthEntryPanel::createForm() {
@@ -113,21 +112,12 @@ void LengthEntryPanel::connectFields() {
     });
 }
 
-void LengthEntryPanel::nameOperation() {
-    const QString number = m_finder.currentOperation();
-    m_operation->setText(number.isEmpty()
-                             ? tr("No fishing operation is chosen: find one on the tab \"Fishing Operation\".")
-                             : tr("Fishing operation no. %1").arg(number));
-}
-
 void LengthEntryPanel::reset() {
     m_currentClass->clear();
     m_grid->showNothing();
-    nameOperation();
 }
 
 void LengthEntryPanel::refresh() {
-    nameOperation();
     const bool filled = runGuarded(
         m_context.dialogs, [this] { fillCaughtSpecies(*m_species, m_connection, m_finder.operation().value()); });
     if (!filled) {

@@ -39,7 +39,6 @@ private:
     QFrame* createFrequencyFrame();
     QWidget* createButtons();
     void connectFields();
-    void nameOperation();
 
     void onSpeciesChosen();
     void onIntervalChanged();
@@ -61,7 +60,6 @@ private:
     Connection& m_connection;
     Context m_context;
 
-    QLabel* m_operation;
     BoundList* m_species;
     QLineEdit* m_interval;
     QLineEdit* m_weight;

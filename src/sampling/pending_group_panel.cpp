@@ -40,11 +40,11 @@ PendingGroupPanel::PendingGroupPanel(const FinderPanel& finder, Connection& conn
       m_weight(numberField()),
       m_list(new Grid(tr("Pending group"))),
       m_rows(PendingColumnCount),
-      m_save(new QPushButton(tr("SAVE"))),
-      m_clear(new QPushButton(tr("CLEAR"))) {
+      m_save(new QPushButton(tr("&SAVE"))),
+      m_clear(new QPushButton(tr("&CLEAR"))) {
     fillSpecies(*m_species, connection);
     m_list->show(&m_rows, pendingColumns());
-    auto* add = new QPushButton(tr("ADD"));
+    auto* add = new QPushButton(tr("A&DD"));
 
     auto* form = new QGridLayout;
     form->setColumnStretch(1, 1);

@@ -37,7 +37,7 @@ SingleSpeciesPanel::SingleSpeciesPanel(const FinderPanel& finder, Connection& co
       m_navigator(m_stored->addNavigator(tr("Single species record"))),
       m_delete(m_stored->addButton(tr("X"))) {
     fillSpecies(*m_species, connection);
-    auto* add = new QPushButton(tr("Add"));
+    auto* add = new QPushButton(tr("&Add"));
     m_delete->setToolTip(tr("Delete this species"));
     m_delete->setMaximumWidth(40);
 

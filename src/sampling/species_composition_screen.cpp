@@ -1,6 +1,7 @@
 #include "sampling/species_composition_screen.h"
 
 #include "operations/finder_panel.h"
+#include "operations/operation_line.h"
 #include "sampling/composition_summary.h"
 #include "sampling/pending_group_panel.h"
 #include "sampling/single_species_panel.h"
@@ -16,7 +17,6 @@ SpeciesCompositionScreen::SpeciesCompositionScreen(const Context& context)
     : Screen(tr("Species Composition"), context),
       m_connection(context.databasePath, Connection::Patience::Long),
       m_finder(new FinderPanel(tr("Fishing operation no."), m_connection, context)),
-      m_operation(new QLabel),
       m_singleSpecies(new SingleSpeciesPanel(*m_finder, m_connection, context)),
       m_pendingGroup(new PendingGroupPanel(*m_finder, m_connection, context)),
       m_storedGroups(new StoredGroupsPanel(*m_finder, m_connection, context)),
@@ -33,7 +33,6 @@ SpeciesCompositionScreen::SpeciesCompositionScreen(const Context& context)
     connect(m_pendingGroup, &PendingGroupPanel::saved, this, &SpeciesCompositionScreen::refreshGroups);
     connect(m_storedGroups, &StoredGroupsPanel::changed, this, &SpeciesCompositionScreen::refreshSummary);
     m_finder->open(true);
-    nameOperation();
 }
 
 QWidget* SpeciesCompositionScreen::createCompositionTab() {
@@ -48,31 +47,19 @@ QWidget* SpeciesCompositionScreen::createCompositionTab() {
     areas->addWidget(m_singleSpecies, 10);
     areas->addWidget(group, 15);
     areas->addWidget(m_summary, 13);
-    QFont strong = m_operation->font();
-    strong.setBold(true);
-    m_operation->setFont(strong);
     auto* layout = new QVBoxLayout(tab);
-    layout->addWidget(m_operation);
+    layout->addWidget(new OperationLine(*m_finder));
     layout->addLayout(areas, 1);
     return tab;
-}
-
-void SpeciesCompositionScreen::nameOperation() {
-    const QString number = m_finder->currentOperation();
-    m_operation->setText(number.isEmpty()
-                             ? tr("No fishing operation is chosen: find one on the tab \"Fishing Operation\".")
-                             : tr("Fishing operation no. %1").arg(number));
 }
 
 void SpeciesCompositionScreen::clearResults() {
     m_singleSpecies->reset();
     m_storedGroups->reset();
     m_summary->reset();
-    nameOperation();
 }
 
 void SpeciesCompositionScreen::refreshResults() {
-    nameOperation();
     const bool shown = guard([this] {
         const int operation = m_finder->operation().value();
         m_singleSpecies->refresh(operation);

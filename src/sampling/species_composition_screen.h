@@ -26,11 +26,9 @@ private:
     void refreshResults();
     void refreshGroups();
     void refreshSummary();
-    void nameOperation();
 
     Connection m_connection;
     FinderPanel* m_finder;
-    QLabel* m_operation;
     SingleSpeciesPanel* m_singleSpecies;
     PendingGroupPanel* m_pendingGroup;
     StoredGroupsPanel* m_storedGroups;

@@ -36,7 +36,7 @@ GonadTab::GonadTab(Connection& connection, Dialogs& dialogs)
       m_weight(new ValueLabel),
       m_fish(new Grid(QStringLiteral("Measured fish"))),
       m_fields(new FishFields(connection)),
-      m_add(new QPushButton(QStringLiteral("ADD"))) {
+      m_add(new QPushButton(QStringLiteral("&ADD"))) {
     auto* sampleForm = new QGridLayout;
     sampleForm->setHorizontalSpacing(12);
     sampleForm->setVerticalSpacing(8);

@@ -37,12 +37,12 @@ LengthTab::LengthTab(Connection& connection, Dialogs& dialogs)
       m_delete(deleteButton(QStringLiteral("Delete length sample"))),
       m_classes(new Grid(QStringLiteral("Length classes"))),
       m_weight(numberField()),
-      m_update(new QPushButton(QStringLiteral("Update"))),
+      m_update(new QPushButton(QStringLiteral("&Update"))),
       m_interval(new ValueLabel),
       m_addFrame(new QGroupBox(QStringLiteral("Lower-Upper Length"))),
       m_nextLabel(new ValueLabel),
       m_frequency(numberField()),
-      m_add(new QPushButton(QStringLiteral("ADD"))) {
+      m_add(new QPushButton(QStringLiteral("&ADD"))) {
     auto* record = new QHBoxLayout;
     record->addWidget(m_navigator, 1);
     record->addWidget(m_delete);

@@ -44,7 +44,10 @@ ChangePasswordScreen::ChangePasswordScreen(const Context& context)
     form->addWidget(change, 4, 1, Qt::AlignRight);
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(24, 24, 24, 24);
-    layout->addLayout(form, 0, 0, Qt::AlignLeft | Qt::AlignTop);
+    // The fields stand beside their captions, at the top left of a screen however large.
+    layout->addLayout(form, 0, 0);
+    layout->setColumnStretch(1, 1);
+    layout->setRowStretch(1, 1);
 
     onClick(change, [this] { changePassword(); });
     for (QLineEdit* field : {m_userName, m_password, m_repeated}) {

@@ -21,8 +21,11 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QToolBar>
 
 namespace kelvora {
@@ -31,6 +34,32 @@ namespace {
 template <typename ScreenClass>
 Screen* make(const Context& context) {
     return new ScreenClass(context);
+}
+
+/// The first field of a screen or tab that takes the keyboard, and can: a sampler types as soon as it is open. The tabs
+/// of a screen, where no field before them or on the first one can be used.
+QWidget* firstField(QWidget* page) {
+    QWidget* tabs = page;
+    for (QWidget* next = page->nextInFocusChain(); next != page; next = next->nextInFocusChain()) {
+        if ((next->focusPolicy() & Qt::TabFocus) == 0 || !next->isVisibleTo(page) || !next->isEnabled()) {
+            continue;
+        }
+        if (qobject_cast<QTabWidget*>(next) == nullptr && qobject_cast<QTabBar*>(next) == nullptr) {
+            return page->isAncestorOf(next) ? next : tabs;
+        }
+        tabs = next;
+    }
+    return tabs;
+}
+
+/// On a screen too small for a form, or with large letters, nothing is out of reach.
+QScrollArea* scrolled(Screen* screen) {
+    auto* area = new QScrollArea;
+    area->setWidget(screen);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    return area;
 }
 
 }  // namespace
@@ -46,6 +75,8 @@ MainWindow::MainWindow(const Context& context) : m_context(context), m_area(new 
     if (!QKeySequence::keyBindings(QKeySequence::Close).contains(closing)) {
         new QShortcut(closing, this, m_area, &QMdiArea::closeActiveSubWindow);
     }
+    new QShortcut(u"Ctrl+PgDown"_qs, this, [this] { turnTab(1); });
+    new QShortcut(u"Ctrl+PgUp"_qs, this, [this] { turnTab(-1); });
     auto* organisation = new QLabel(QStringLiteral(KELVORA_ORGANISATION), this);
     organisation->setTextFormat(Qt::PlainText);
     organisation->setContentsMargins(8, 0, 8, 2);
@@ -64,16 +95,15 @@ void MainWindow::addToolBar() {
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     bar->setIconSize({32, 32});
-    bar->addAction(addEntry({QStringLiteral("General Information"), make<GeneralInformationScreen>,
-                             QStringLiteral("general_information")}));
-    bar->addAction(addEntry(
-        {QStringLiteral("Fishing Operation"), make<OperationEntryScreen>, QStringLiteral("fishing_operation")}));
-    bar->addAction(addEntry({QStringLiteral("Species Composition"), make<SpeciesCompositionScreen>,
-                             QStringLiteral("species_composition")}));
-    bar->addAction(addEntry(
-        {QStringLiteral("Length Frequency"), make<LengthFrequencyScreen>, QStringLiteral("length_frequency")}));
-    bar->addAction(
-        addEntry({QStringLiteral("Gonad Maturity"), make<GonadMaturityScreen>, QStringLiteral("gonad_maturity")}));
+    for (const Entry& screen : {
+             Entry{u"General Information"_qs, make<GeneralInformationScreen>, u"Ctrl+1"_qs, u"general_information"_qs},
+             Entry{u"Fishing Operation"_qs, make<OperationEntryScreen>, u"Ctrl+2"_qs, u"fishing_operation"_qs},
+             Entry{u"Species Composition"_qs, make<SpeciesCompositionScreen>, u"Ctrl+3"_qs, u"species_composition"_qs},
+             Entry{u"Length Frequency"_qs, make<LengthFrequencyScreen>, u"Ctrl+4"_qs, u"length_frequency"_qs},
+             Entry{u"Gonad Maturity"_qs, make<GonadMaturityScreen>, u"Ctrl+5"_qs, u"gonad_maturity"_qs},
+         }) {
+        bar->addAction(addEntry(screen));
+    }
     bar->addSeparator();
     QAction* leave = bar->addAction(QIcon(QStringLiteral(":/icons/exit.svg")), QStringLiteral("Exit"));
     connect(leave, &QAction::triggered, this, &MainWindow::exit);
@@ -81,7 +111,7 @@ void MainWindow::addToolBar() {
 
 void MainWindow::addMenus() {
     QMenu* main = menuBar()->addMenu(QStringLiteral("&Main Menu"));
-    main->addAction(addEntry({QStringLiteral("Search"), make<SearchScreen>}));
+    main->addAction(addEntry({QStringLiteral("Search"), make<SearchScreen>, QKeySequence::Find}));
     main->addAction(addEntry({QStringLiteral("Change password"), make<ChangePasswordScreen>}));
     QMenu* report = menuBar()->addMenu(QStringLiteral("&Report"));
     report->addAction(addEntry({QStringLiteral("Fishing Information"), make<CatchSummaryScreen>}));
@@ -94,8 +124,13 @@ void MainWindow::addMenus() {
 QAction* MainWindow::addEntry(Entry entry) {
     const std::size_t index = m_entries.size();
     entry.action = new QAction(entry.caption, this);
-    if (!entry.icon.isEmpty()) {
+    if (entry.icon.isEmpty()) {
+        entry.action->setShortcut(entry.key);
+    } else {
         entry.action->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(entry.icon)));
+        entry.action->setToolTip(u"%1 (%2)"_qs.arg(entry.caption, entry.key.toString(QKeySequence::NativeText)));
+        // The button's own key would do nothing while its screen is open behind another.
+        new QShortcut(entry.key, this, [this, index] { open(index); });
     }
     connect(entry.action, &QAction::triggered, this, [this, index] { open(index); });
     m_entries.push_back(std::move(entry));
@@ -116,12 +151,14 @@ void MainWindow::open(std::size_t index) {
         Screen* screen = entry.make(m_context);
         auto* window = new QMdiSubWindow;
         window->setAttribute(Qt::WA_DeleteOnClose);
-        window->setWidget(screen);
+        window->setWidget(scrolled(screen));
+        window->setWindowTitle(screen->windowTitle());
         m_area->addSubWindow(window);
         entry.window = window;
         entry.action->setEnabled(entry.icon.isEmpty());
         connect(window, &QObject::destroyed, this, [this, index] { onScreenClosed(index); });
         window->showMaximized();
+        firstField(screen)->setFocus(Qt::TabFocusReason);
         listWindows();
     });
 }
@@ -141,6 +178,15 @@ void MainWindow::listWindows() {
         }
     }
     m_windows->menuAction()->setEnabled(!m_windows->isEmpty());
+}
+
+void MainWindow::turnTab(int by) {
+    const QMdiSubWindow* front = m_area->activeSubWindow();
+    auto* tabs = front == nullptr ? nullptr : front->findChild<QTabWidget*>();
+    if (tabs != nullptr && tabs->currentIndex() + by >= 0 && tabs->currentIndex() + by < tabs->count()) {
+        tabs->setCurrentIndex(tabs->currentIndex() + by);
+        firstField(tabs->currentWidget())->setFocus(Qt::TabFocusReason);
+    }
 }
 
 void MainWindow::exit() {

@@ -37,7 +37,8 @@ private:
     struct Entry {
         QString caption;
         MakeScreen make;
-        QString icon = {};  ///< of a toolbar button; menu items have none
+        QKeySequence key = {};  ///< opens it, or brings it to the front
+        QString icon = {};      ///< of a toolbar button; menu items have none
         QAction* action = nullptr;
         QMdiSubWindow* window = nullptr;
     };
@@ -48,6 +49,8 @@ private:
     void open(std::size_t index);
     void onScreenClosed(std::size_t index);
     void listWindows();
+    /// Goes to the next tab of the screen in front (1) or the one before (-1), and into its first field.
+    void turnTab(int by);
     void exit();
 
     Context m_context;

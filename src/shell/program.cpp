@@ -5,6 +5,8 @@
 #include "shell/login_dialog.h"
 #include "shell/main_window.h"
 
+#include <QApplication>
+
 namespace kelvora {
 
 Program::Program(const QString& databasePath, Dialogs& dialogs) : m_context{databasePath, m_session, dialogs} {}
@@ -20,6 +22,19 @@ bool Program::start() {
         m_login->show();
         m_login->activateWindow();
     });
+}
+
+void Program::raiseWindow() {
+    QWidget* window = m_window ? static_cast<QWidget*>(m_window.get()) : m_login.get();
+    if (window == nullptr) {
+        return;
+    }
+    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+    window->show();
+    window->raise();
+    // A box that waits for its answer has the keyboard.
+    QWidget* box = QApplication::activeModalWidget();
+    (box != nullptr ? box : window)->activateWindow();
 }
 
 void Program::openMainWindow() {

@@ -22,6 +22,9 @@ public:
     /// Prepares the data file and shows the login dialog. Returns false, after a message, if the file cannot be used.
     bool start();
 
+    /// Brings the window of the program to the front, also when it is minimized.
+    void raiseWindow();
+
 Q_SIGNALS:
     void ended();
 

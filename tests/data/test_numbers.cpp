@@ -32,6 +32,8 @@ private Q_SLOTS:
         row(u"0.1"_qs, 0.1, 0.1);
         row(u"1e400"_qs, {}, huge);
         row(u"-1e400"_qs, {}, -huge);
+        row(u"1.7976931348623157e308"_qs, {}, huge);  // too large with fifteen digits
+        row(u"1.79769313486231e308"_qs, 1.79769313486231e308, 1.79769313486231e308);
         row(u"1e-400"_qs, 0, 0);
         row(QString(400, u'9'), {}, huge);
         row(u"."_qs + QString(400, u'0') + u"1"_qs, 0, 0);
@@ -87,6 +89,7 @@ private Q_SLOTS:
         row(9.995, u"9.995"_qs, u"10.00"_qs);
         row(1.0 / 3, u"0.333333333333333"_qs, u"0.33"_qs);
         row(1234567890123456.0, u"1234567890123460"_qs, u"1234567890123460.00"_qs);
+        row(8725728572997425.0, u"8725728572997420"_qs, u"8725728572997420.00"_qs);
         row(1e20, u"100000000000000000000"_qs, u"100000000000000000000.00"_qs);
         row(1e21, u"1e+21"_qs, u"1000000000000000000000.00"_qs);
         row(1e-9, u"0.000000001"_qs, u"0.00"_qs);
@@ -98,6 +101,7 @@ private Q_SLOTS:
         QTEST(twoDecimals(value), "rounded");
         // What is written into a statement reads back as what was shown.
         QCOMPARE(plainText(toNumber(plainText(value)).value()), plainText(value));
+        QVERIFY(toNumber(plainText(value)) == asRead(value));
     }
 
     void weightsAreComparedAsRead() {

@@ -2,6 +2,7 @@
 #include "controls/captioned_grid.h"
 #include "data/dates.h"
 #include "reports/catch_summary_screen.h"
+#include "reports/report_chart.h"
 #include "support/screen_driver.h"
 #include "support/test_main.h"
 #include "worked_year.h"
@@ -173,6 +174,8 @@ private Q_SLOTS:
         open.ui().press(kByVessel);
         QCOMPARE(open.ui().rows(kGrid), texts("Alpha|2|102|25.50;Beta|1|297.5|74.38"));
         QCOMPARE(open.ui().grid(kGrid)->headers().first(), QStringLiteral("Vessel name"));
+        QCOMPARE(open.screen->findChild<ReportChart*>()->picture().title,
+                 QStringLiteral("Estimated catch 2004 by State"));
         const QString path = open.store.file(QStringLiteral("empty.csv"));
         open.store.dialogs.expectSaveFile(path);
         open.ui().press(kExport);

@@ -1,4 +1,5 @@
 #include "reports/csv_export.h"
+#include "support/full_disk.h"
 #include "support/test_main.h"
 #include "worked_year.h"
 
@@ -6,27 +7,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <csignal>
-#include <sys/resource.h>
-
 namespace kelvora::test_csv_export {
-
-/// As long as it lives, no file grows beyond a number of bytes: a disk that is full.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit full{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &full);
-    }
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    rlimit m_before{};
-};
 
 /// The file that an export becomes: its bytes, its name, and what happens when it cannot be written.
 class TestCsvExport : public QObject {
@@ -73,7 +54,7 @@ private Q_SLOTS:
         CsvText longer;
         longer.addLine(QString(50'000, u'n'));
         {
-            const FullDisk full(6'000);
+            const test::FullDisk full(6'000);
             QVERIFY_EXCEPTION_THROWN(saveCsv(path, longer), std::runtime_error);
         }
         QCOMPARE(test::contents(path), QByteArray(5'000, 'o') + "\r\n");

@@ -19,6 +19,7 @@ class ScreenDriver {
 public:
     explicit ScreenDriver(QWidget* root) : m_root(root) {}
 
+    [[nodiscard]] QWidget* root() const { return m_root; }
     /// The same, inside a frame with a title (or the tab or widget with that accessible name).
     [[nodiscard]] ScreenDriver within(const QString& frame) const;
 

@@ -1,0 +1,22 @@
+#!/bin/sh
+# Opens the program with a sampled year to look at and to try out, on a data folder of its own: build/demo. Your own
+# data are not touched. "./demo.sh new" gives the year back as it was. Log in as Administrator, password kelvora.
+set -eu
+cd "$(dirname "$0")"
+
+if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ] && [ -z "${QT_QPA_PLATFORM:-}" ]; then
+    echo "Kelvora needs a display: start it from a desktop, or set DISPLAY." >&2
+    exit 1
+fi
+
+. packaging/packages.sh
+install_missing_packages
+cmake --preset release >/dev/null
+cmake --build --preset release --target kelvora make_demo
+file=build/demo/Kelvora/kelvora_db.sqlite
+if [ ! -e "$file" ] || [ "${1:-}" = new ]; then
+    mkdir -p build/demo/Kelvora
+    build/release/demo/make_demo "$file"
+fi
+export XDG_DATA_HOME="$PWD/build/demo"
+exec build/release/kelvora

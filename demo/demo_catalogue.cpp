@@ -1,0 +1,150 @@
+#include "demo/demo_catalogue.h"
+
+#include "data/csv_reader.h"
+#include "data/keys.h"
+#include "data/transaction.h"
+#include "reference/vessel_import.h"
+
+namespace kelvora::demo {
+namespace {
+
+struct Area {
+    QString name, description;
+};
+
+const std::vector<Area>& areas() {
+    static const std::vector<Area> all = {
+        {u"VIIe"_qs, u"Western English Channel"_qs},
+        {u"VIIf"_qs, u"Bristol Channel"_qs},
+        {u"VIIg"_qs, u"Celtic Sea North"_qs},
+        {u"VIIa"_qs, u"Irish Sea"_qs},
+        {u"IVa"_qs, u"Northern North Sea"_qs},
+        {u"GSA 10"_qs, u"Southern and Central Tyrrhenian Sea"_qs},
+        {u"MNB"_qs, u"Manila Bay"_qs},
+        {u"LDR"_qs, u"Lower Duncan River"_qs},
+    };
+    return all;
+}
+
+/// Vessels of the surveys, which are in no register of fishing vessels: the fields of an import file.
+const std::vector<QStringList>& surveyVessels() {
+    const auto vessel = [](const QString& row) { return row.split(u','); };
+    static const std::vector<QStringList> all = {
+        vessel(u"SURVEY TRAWLER,S-10,In Board,450,24,Campania,105,Trawl,35,20,4"_qs),
+        vessel(u"BAY SURVEY,S-20,In Board,120,14,Luzon,22,Trawl,25,15,3"_qs),
+        vessel(u"RIVER SURVEY,S-30,Out Board,60,6,British Columbia,1.5,Electrofisher,0,0,0"_qs),
+    };
+    return all;
+}
+
+}  // namespace
+
+const std::vector<Port>& ports() {
+    static const std::vector<Port> all = {
+        {u"England"_qs, u"Looe"_qs, {u"VIIe"_qs}},
+        {u"Wales"_qs, u"Milford Haven"_qs, {u"VIIf"_qs, u"VIIg"_qs}},
+        {u"Northern Ireland"_qs, u"Kilkeel"_qs, {u"VIIa"_qs}},
+        {u"Scotland"_qs, u"Lerwick"_qs, {u"IVa"_qs}},
+        {u"Campania"_qs, u"Salerno"_qs, {u"GSA 10"_qs}},
+        {u"Luzon"_qs, u"Manila Bay"_qs, {u"MNB"_qs}},
+        {u"British Columbia"_qs, u"Lower Duncan River"_qs, {u"LDR"_qs}},
+    };
+    return all;
+}
+
+const std::vector<Fishery>& fisheries() {
+    static const std::vector<Fishery> all = {
+        {u"Pot"_qs, u"Parlour pots"_qs, 35, 35, 12, 1},     {u"Trawl"_qs, u"Bottom otter trawl"_qs, 70, 70, 4, 2},
+        {u"Net"_qs, u"Set gill net"_qs, 55, 50, 6, 1},      {u"Line"_qs, u"Handline"_qs, 40, 20, 8, 1},
+        {u"Dredge"_qs, u"Scallop dredge"_qs, 45, 45, 9, 2}, {u"Electrofisher"_qs, u"From a boat"_qs, 2, 1, 3, 1},
+    };
+    return all;
+}
+
+std::vector<QStringList> recordsOf(const QString& path) {
+    std::vector<QStringList> records;
+    for (const CsvRecord& record : parseCsv(decodedText(readImportFile(path)))) {
+        records.push_back(record.fields);
+    }
+    records.erase(records.begin());
+    return records;
+}
+
+Catalogue::Catalogue(Connection& connection, const QString& sourceFolder) : m_connection(connection) {
+    Transaction transaction(connection);
+    storePlaces();
+    storeVessels(sourceFolder + u"/demo/data"_qs);
+    storeSpecies(sourceFolder);
+    transaction.commit();
+}
+
+int Catalogue::number(const Sql& query, QStringView column) const {
+    const ResultSet found = m_connection.query(query);
+    if (found.isEmpty()) {
+        throw DataError(QStringLiteral("The demonstration names what it has not stored: %1")
+                            .arg(QString::fromStdString(query.text())));
+    }
+    return found.integer(0, column).value();
+}
+
+int Catalogue::port(const QString& name) const {
+    return number(Sql("select samplingid from samplingport where samplingname = ") << name, u"samplingid");
+}
+
+int Catalogue::method(const QString& gear) const {
+    return number(Sql("select methodid from Fishing_method inner join Fishing_gear on Fishing_method.gearid ="
+                      " Fishing_gear.gearid where guname = ")
+                      << gear,
+                  u"methodid");
+}
+
+int Catalogue::species(const QString& genus, const QString& name) const {
+    return number(Sql("select fishno from fish where genus = ") << genus << " and fishname = " << name, u"fishno");
+}
+
+void Catalogue::storePlaces() {
+    for (const Port& port : ports()) {
+        const int state = nextState(m_connection);
+        m_connection.execute(Sql("insert into state values(") << state << "," << port.state << ")");
+        m_connection.execute(Sql("insert into samplingport values(")
+                             << nextSamplingPort(m_connection) << "," << port.name << "," << state << ")");
+    }
+    for (const Area& area : areas()) {
+        m_connection.execute(Sql("insert into fishing_area values(") << area.name << "," << area.description << ")");
+    }
+    for (const Fishery& fishery : fisheries()) {
+        const int gear = nextGear(m_connection);
+        m_connection.execute(Sql("insert into Fishing_gear values(") << gear << "," << fishery.gear << ")");
+        m_connection.execute(Sql("insert into Fishing_method values(")
+                             << nextMethod(m_connection) << "," << fishery.method << "," << gear << ")");
+    }
+}
+
+void Catalogue::storeVessels(const QString& folder) {
+    std::vector<QStringList> vessels = recordsOf(folder + u"/vessels.csv"_qs);
+    vessels.insert(vessels.end(), surveyVessels().begin(), surveyVessels().end());
+    for (const QStringList& fields : vessels) {
+        const int gear =
+            number(Sql("select gearid from Fishing_gear where guname = ") << fields[kGearColumn], u"gearid");
+        m_connection.execute(vesselInsert(fields, gear));
+    }
+}
+
+void Catalogue::storeSpecies(const QString& sourceFolder) {
+    std::vector<QStringList> all = recordsOf(sourceFolder + u"/tests/files/species_import_world_fishes.csv"_qs);
+    for (const QStringList& landed : recordsOf(sourceFolder + u"/demo/data/landed_species.csv"_qs)) {
+        all.push_back(landed.mid(1, 4));
+    }
+    all.push_back({u"Mullidae"_qs, u"Upeneus"_qs, u"vittatus"_qs, u"yellowstriped goatfish"_qs});
+    for (const QStringList& fish : all) {
+        const ResultSet known = m_connection.query(Sql("select fishno from fish where genus = ")
+                                                   << fish[1] << " and fishname = " << fish[2]);
+        if (known.isEmpty()) {
+            m_connection.execute(Sql("insert into fish(fishno,family,genus,fishname,common_name) values(")
+                                 << nextSpecies(m_connection) << "," << fish[0] << "," << fish[1] << "," << fish[2]
+                                 << "," << fish[3] << ")");
+        }
+    }
+}
+
+}  // namespace kelvora::demo

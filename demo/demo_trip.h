@@ -1,0 +1,32 @@
+#pragma once
+
+#include "demo/demo_catalogue.h"
+
+#include <QDate>
+
+namespace kelvora::demo {
+
+/// A fishing trip that was sampled when it was landed.
+struct Trip {
+    Port port;
+    QString area;
+    QString vessel, registerId;
+    Fishery fishery;
+    QDate date;
+    double catchKg = 0;
+    QString recorder;
+    QString note;
+    QString latitude = QStringLiteral("0");  ///< whole degrees; 0 at both where no position was recorded
+    QString longitude = QStringLiteral("0");
+};
+
+/// Records a trip as the entry screen does, after the checks that the screen makes; returns its number.
+int recordTrip(Connection& connection, const Catalogue& catalogue, const Trip& trip);
+
+/// The trips of the four ports in every month, with the composition of their catches.
+void recordLandings(Connection& connection, const Catalogue& catalogue, const QString& dataFolder);
+
+/// The surveys that measured hake, goatfish and whitefish.
+void recordSurveys(Connection& connection, const Catalogue& catalogue, const QString& dataFolder);
+
+}  // namespace kelvora::demo

@@ -1,0 +1,51 @@
+#include "demo/demo_year.h"
+
+#include "data/keys.h"
+#include "data/numbers.h"
+#include "data/store.h"
+#include "demo/demo_trip.h"
+#include "operations/operation_checks.h"
+
+namespace kelvora {
+
+int demo::recordTrip(Connection& connection, const Catalogue& catalogue, const Trip& trip) {
+    const QString none = QStringLiteral("0");
+    const OperationEntry entry{.vesselName = trip.vessel,
+                               .registerId = trip.registerId,
+                               .method = catalogue.method(trip.fishery.gear),
+                               .area = trip.area,
+                               .chosenArea = trip.area,
+                               .state = trip.port.state,
+                               .port = trip.port.name,
+                               .date = trip.date,
+                               .latitudeDec = trip.latitude,
+                               .latitudeMin = none,
+                               .longitudeDec = trip.longitude,
+                               .longitudeMin = none,
+                               .fishingTime = QStringLiteral("Day"),
+                               .bottomDepth = QString::number(trip.fishery.bottomDepth),
+                               .fishingDepth = QString::number(trip.fishery.fishingDepth),
+                               .hauls = QString::number(trip.fishery.hauls),
+                               .duration = QString::number(trip.fishery.days),
+                               .totalCatch = plainText(trip.catchKg),
+                               .recorder = trip.recorder,
+                               .note = trip.note};
+    if (const OperationCheck* failed = firstFailed(entry)) {
+        throw DataError(QStringLiteral("%1 on %2: %3")
+                            .arg(trip.port.name, trip.date.toString(Qt::ISODate), failed->message.toString()));
+    }
+    const int operation = nextOperation(connection);
+    connection.execute(insertStatement(entry, operation, catalogue.port(trip.port.name)));
+    return operation;
+}
+
+void makeDemoYear(const QString& path, const QString& sourceFolder) {
+    prepareStore(path);
+    Connection connection(path);
+    const demo::Catalogue catalogue(connection, sourceFolder);
+    const QString data = sourceFolder + QStringLiteral("/demo/data");
+    demo::recordLandings(connection, catalogue, data);
+    demo::recordSurveys(connection, catalogue, data);
+}
+
+}  // namespace kelvora

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QLabel>
+
+namespace kelvora {
+
+class FinderPanel;
+
+/// The line above an entry that says which operation the samples are taken from, or where to find one.
+class OperationLine : public QLabel {
+    Q_OBJECT
+
+public:
+    /// Follows a finder panel, which outlives the line or goes with the same screen.
+    explicit OperationLine(const FinderPanel& finder);
+};
+
+}  // namespace kelvora

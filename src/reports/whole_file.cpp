@@ -1,0 +1,21 @@
+#include "reports/whole_file.h"
+
+#include <QDir>
+#include <QSaveFile>
+
+#include <stdexcept>
+
+namespace kelvora {
+
+void writeWholeFile(const QString& path, const QByteArray& bytes, const QString& refusal) {
+    QSaveFile file(path);
+    // A commit alone does not notice that the last bytes, written when the file is closed, found no room on the disk.
+    const bool written = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(bytes) == bytes.size();
+    if (!written || !file.commit()) {
+        const QString message = QStringLiteral("%1: %2.\n\n%3");
+        throw std::runtime_error(
+            message.arg(refusal, file.errorString(), QDir::toNativeSeparators(path)).toStdString());
+    }
+}
+
+}  // namespace kelvora

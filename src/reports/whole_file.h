@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace kelvora {
+
+/// Writes a file. A file that was there is replaced only when the new one is complete. When it cannot be written, throws
+/// std::runtime_error with the refusal, the reason and the path.
+void writeWholeFile(const QString& path, const QByteArray& bytes, const QString& refusal);
+
+}  // namespace kelvora

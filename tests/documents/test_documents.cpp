@@ -1,0 +1,148 @@
+#include "source_texts.h"
+#include "support/test_main.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTest>
+
+namespace kelvora::test_documents {
+
+using test::SourceText;
+
+const QString kSources = QStringLiteral(KELVORA_SOURCE_FOLDER);
+
+QString contentOf(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("cannot read %s", qPrintable(path));
+    }
+    return QString::fromUtf8(file.readAll());
+}
+
+/// The files below a folder of the project with one of these endings; those in folders of builds left out.
+QStringList filesIn(const QString& folder, const QStringList& patterns) {
+    QStringList paths;
+    for (QDirIterator it(kSources + folder, patterns, QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
+        const QString path = it.next();
+        if (!path.startsWith(kSources + u"/build/"_qs)) {
+            paths.append(path);
+        }
+    }
+    return paths;
+}
+
+/// A text as it is compared: what is filled in is "…", any blanks are one.
+QString compared(QString text) {
+    return text.replace(QRegularExpression(u"%[1-9]"_qs), u"…"_qs).simplified();
+}
+
+/// The anchor that a heading has in a page.
+QString anchorOf(const QString& heading) {
+    return heading.trimmed().toLower().remove(QRegularExpression(u"[^\\w\\- ]"_qs)).replace(u' ', u'-');
+}
+
+class TestDocuments : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    /// What a box says stands in the guide's list of messages, or on the page about a data file that is refused.
+    void everyMessageIsExplained() {
+        const QString folder = kSources + u"/docs/guide/"_qs;
+        const QString listed = compared(contentOf(folder + u"messages.md"_qs) + contentOf(folder + u"data-file.md"_qs));
+        QStringList missing;
+        int boxes = 0;
+        for (const QString& path : filesIn(u"/src"_qs, {u"*.cpp"_qs})) {
+            for (const SourceText& found : test::textsOf(contentOf(path))) {
+                for (const QString& line : found.inBox ? found.text.split(u'\n') : QStringList()) {
+                    const bool statement =
+                        line.contains(QRegularExpression(u"\\b(select|insert into|delete from)\\b"_qs));
+                    ++boxes;
+                    if (!statement && !listed.contains(compared(line))) {
+                        missing.append(path + u": "_qs + line);
+                    }
+                }
+            }
+        }
+        QVERIFY2(missing.isEmpty(), qPrintable(missing.join(u'\n')));
+        QVERIFY(boxes > 80);
+    }
+
+    /// Every sentence that the program can show stands on some page of the guide, so that it can be looked up.
+    void everySentenceIsInTheGuide() {
+        QString guide;
+        for (const QString& page : filesIn(u"/docs/guide"_qs, {u"*.md"_qs})) {
+            guide += contentOf(page) + u'\n';
+        }
+        guide = compared(guide);
+        static const QRegularExpression sentence(
+            u"^[A-Za-z'…]\\S*( \\S+){4,}$|^([Pp]lease|Are you|Do you|Can not|can't|No data|Numeric)\\b"_qs);
+        static const QRegularExpression code(
+            u"[=_]|::|'#|^(select|insert|update|delete|from|where|and|or|order|inner|group by|transform|create|pragma|"
+            "format)\\b"_qs,
+            QRegularExpression::CaseInsensitiveOption);
+        QStringList missing;
+        int sentences = 0;
+        for (const QString& path : filesIn(u"/src"_qs, {u"*.cpp"_qs})) {
+            for (const SourceText& found : test::textsOf(contentOf(path))) {
+                for (const QString& part : found.text.split(u'\n')) {
+                    const QString line = compared(part);
+                    if (sentence.match(line).hasMatch() && !code.match(line).hasMatch() && !found.ofAFault &&
+                        !path.endsWith(u"/main.cpp"_qs)) {
+                        ++sentences;
+                        if (!guide.contains(line)) {
+                            missing.append(path + u": "_qs + line);
+                        }
+                    }
+                }
+            }
+        }
+        QVERIFY2(missing.isEmpty(), qPrintable(missing.join(u'\n')));
+        QVERIFY(sentences > 60);
+    }
+
+    /// Links inside the project lead to a file, and to a heading where they name one.
+    void everyLinkLeadsSomewhere() {
+        static const QRegularExpression link(uR"re(\]\(([^)\s]+)\))re"_qs);
+        static const QRegularExpression heading(u"^#+ (.*)$"_qs, QRegularExpression::MultilineOption);
+        int links = 0;
+        for (const QString& page : filesIn({}, {u"*.md"_qs})) {
+            for (auto found = link.globalMatch(contentOf(page)); found.hasNext();) {
+                const QString target = found.next().captured(1);
+                if (target.contains(u"://"_qs)) {
+                    continue;
+                }
+                ++links;
+                const QString file = target.section(u'#', 0, 0);
+                const QString path = file.isEmpty() ? page : QFileInfo(page).dir().filePath(file);
+                QVERIFY2(QFileInfo::exists(path), qPrintable(page + u": "_qs + target));
+                if (target.contains(u'#')) {
+                    QStringList anchors;
+                    for (auto line = heading.globalMatch(contentOf(path)); line.hasNext();) {
+                        anchors.append(anchorOf(line.next().captured(1)));
+                    }
+                    QVERIFY2(anchors.contains(target.section(u'#', 1)), qPrintable(page + u": "_qs + target));
+                }
+            }
+        }
+        QVERIFY(links > 40);
+    }
+
+    /// A picture that no page shows was forgotten when the page was changed.
+    void everyPictureIsShown() {
+        QString pages;
+        for (const QString& page : filesIn({}, {u"*.md"_qs})) {
+            pages += contentOf(page);
+        }
+        for (const QString& picture : filesIn(u"/docs"_qs, {u"*.png"_qs})) {
+            QVERIFY2(pages.contains(QFileInfo(picture).fileName()), qPrintable(picture));
+        }
+    }
+};
+
+KELVORA_TEST(TestDocuments, "documents");
+
+}  // namespace kelvora::test_documents
+
+#include "test_documents.moc"

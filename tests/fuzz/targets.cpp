@@ -1,0 +1,134 @@
+#include "fuzz/targets.h"
+
+#include "data/connection.h"
+#include "data/csv_reader.h"
+#include "data/dialect.h"
+#include "data/numbers.h"
+#include "reference/species_import.h"
+#include "reference/vessel_import.h"
+#include "sampling/gonad_import.h"
+
+#include <cmath>
+#include <cstring>
+#include <stdexcept>
+
+namespace kelvora::fuzz {
+namespace {
+
+void require(bool holds, const char* what) {
+    if (!holds) {
+        qFatal("does not hold: %s", what);
+    }
+}
+
+/// The same fields, each in quotes: what a reader makes of them must be these again.
+QString written(const std::vector<CsvRecord>& records) {
+    QString text;
+    for (const CsvRecord& record : records) {
+        QStringList quoted;
+        for (QString field : record.fields) {
+            quoted.append(u'"' + field.replace(u'"', QStringLiteral("\"\"")) + u'"');
+        }
+        text += quoted.join(u',') + u'\n';
+    }
+    return text;
+}
+
+void tryRows(const ImportLayout& layout, const std::vector<CsvRecord>& records) {
+    if (records.empty() || !headerFits(layout, records.front().fields) || !unevenRecord(layout, records).isEmpty()) {
+        return;
+    }
+    for (const CsvRecord& record : records) {
+        require(record.fields.size() == layout.width(), "every record has its fields");
+        if (layout.width() == vesselLayout().width() && unusableNumbers(record.fields).isEmpty()) {
+            require(!vesselInsert(record.fields, 1).text().empty(), "a vessel can be stored");
+        }
+    }
+}
+
+void tryNumber(double value) {
+    const QString text = plainText(value);
+    if (!std::isfinite(asRead(value))) {
+        return;
+    }
+    require(toNumber(text) == asRead(value), "a number is read as it was written");
+    require(text == plainText(asRead(value)), "a number is written in one way");
+    const QString two = twoDecimals(value);
+    require(two.size() >= 4 && two[two.size() - 3] == u'.', "two decimals");
+    const std::optional<double> rounded = toNumber(two);
+    require(rounded && std::fabs(*rounded - value) <= 0.005 + std::fabs(value) * 1e-14, "two decimals are near");
+}
+
+double numberIn(const QByteArray& bytes) {
+    double value = 0;
+    std::memcpy(&value, bytes.constData(), std::min(sizeof value, static_cast<std::size_t>(bytes.size())));
+    return value;
+}
+
+}  // namespace
+
+void tryCsv(const QByteArray& bytes) {
+    const QString text = decodedText(bytes);
+    const std::vector<CsvRecord> records = parseCsv(text);
+    int line = 0;
+    for (const CsvRecord& record : records) {
+        require(!record.fields.isEmpty() && record.line > line, "records follow each other");
+        line = record.line;
+    }
+    const std::vector<CsvRecord> again = parseCsv(written(records));
+    require(again.size() == records.size(), "as many records again");
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        require(again[i].fields == records[i].fields, "the same fields again");
+    }
+    tryRows(vesselLayout(), records);
+    tryRows(speciesLayout(), records);
+    if (const auto fish = importedFish(text)) {
+        for (std::size_t i = 0; i < fish->size(); ++i) {
+            require(!insertFish(1, 1, static_cast<int>(i) + 1, (*fish)[i]).text().empty(), "a fish can be stored");
+        }
+    }
+}
+
+void trySql(const QByteArray& bytes) {
+    static Connection db(QStringLiteral(":memory:"));
+    const QString text = QString::fromUtf8(bytes);
+    const QString stored = QString(text).remove(QChar(u'\0'));
+    require(db.query(Sql("select ") << text << " as t, 7 as n").text(0, u"t") == stored, "a text is a value");
+    // Behind a join, where the dialect takes the statement apart.
+    require(db.query(Sql("select ") << text << " & '|' & " << text << " as t").text(0, u"t") == stored + u'|' + stored,
+            "a text is a value in a join");
+    const double value = numberIn(bytes);
+    if (const double read = asRead(value); std::isfinite(read)) {
+        const double found = db.query(Sql("select ") << value << " as n").number(0, u"n").value();
+        // Numbers as they come in sampling are exact; of those with an exponent the engine misses the last digits.
+        const bool everyday = value == 0 || (std::fabs(value) >= 1e-9 && std::fabs(value) < 1e21);
+        require(found == read || (!everyday && std::fabs(found - read) <= std::fabs(read) * 1e-9),
+                "a number is a value");
+    }
+}
+
+void tryDialect(const QByteArray& bytes) {
+    const std::string statement = bytes.toStdString();
+    static_cast<void>(translate(statement));
+    try {
+        static_cast<void>(parseCrosstab(statement));
+    } catch (const std::invalid_argument&) {
+        // A crosstab with a part missing.
+        return;
+    }
+}
+
+void tryNumbers(const QByteArray& bytes) {
+    const QString text = QString::fromUtf8(bytes);
+    const std::optional<double> number = toNumber(text);
+    if (number) {
+        require(std::isfinite(*number), "a number is finite");
+        require(leadingNumber(text) == *number, "a number leads itself");
+        require(toNumber(u' ' + text + u'\t') == *number, "blanks around");
+        tryNumber(*number);
+    }
+    require(!std::isnan(leadingNumber(text)), "a leading number is one");
+    tryNumber(numberIn(bytes));
+}
+
+}  // namespace kelvora::fuzz

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QByteArray>
+
+namespace kelvora::fuzz {
+
+/// Each takes any bytes and checks what holds for all of them; a failed check ends the process.
+
+/// An import file under the three rules of its header: vessels, species, fish.
+void tryCsv(const QByteArray& bytes);
+/// A typed text, and a number, as values of a statement that the engine runs.
+void trySql(const QByteArray& bytes);
+/// A statement of the program's dialect.
+void tryDialect(const QByteArray& bytes);
+/// A typed number.
+void tryNumbers(const QByteArray& bytes);
+
+}  // namespace kelvora::fuzz

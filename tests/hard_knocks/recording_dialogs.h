@@ -1,0 +1,35 @@
+#pragma once
+
+#include "controls/dialogs.h"
+
+#include <QStringList>
+
+namespace kelvora::test {
+
+/// Boxes that take everything and say nothing back but what was set before: what is tried here may ask or refuse in
+/// many ways, and only what was said is looked at.
+class RecordingDialogs : public Dialogs {
+public:
+    using Dialogs::confirm;
+    using Dialogs::input;
+    using Dialogs::message;
+
+    void message(const QString& title, const QString& text) override { said.append(title + u": "_qs + text); }
+    bool confirm(const QString& title, const QString& text, Icon /*icon*/) override {
+        asked.append(title + u": "_qs + text);
+        return yes;
+    }
+    std::optional<QString> input(const QString& title, const QString& prompt, const QString& /*proposed*/) override {
+        asked.append(title + u": "_qs + prompt);
+        return typed;
+    }
+    std::optional<QString> openFile(FileKind /*kind*/) override { return path; }
+    std::optional<QString> saveCsvFile() override { return path; }
+    std::optional<QString> savePictureFile() override { return path; }
+
+    QStringList said, asked;
+    bool yes = true;
+    std::optional<QString> typed, path;
+};
+
+}  // namespace kelvora::test

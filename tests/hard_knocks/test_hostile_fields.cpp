@@ -1,0 +1,213 @@
+#include "actions.h"
+#include "length_of_run.h"
+#include "reports/catch_summary_screen.h"
+#include "reports/gonad_maturity_report_screen.h"
+#include "reports/length_frequency_report_screen.h"
+#include "reports/species_composition_report_screen.h"
+#include "shell/login_dialog.h"
+#include "small_year.h"
+#include "support/test_main.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QRandomGenerator>
+#include <QTest>
+
+namespace kelvora::test_hostile_fields {
+
+/// Stands in every hostile text, so that what became of it is found in the file.
+const QString kMark = u"Ж"_qs;
+
+QStringList hostileTexts() {
+    QStringList texts;
+    for (const char16_t* text : {u"Ж', 1); drop table fish; --",
+                                 u"Ж'' or '1' = '1",
+                                 u"\"Ж\"; delete from fishoperation; /*",
+                                 u"Ж & 'x' & [y]",
+                                 u"Ж%_\\*?",
+                                 u"Ж year(optdate) = 2004",
+                                 u"TRANSFORM Ж PIVOT",
+                                 u"\u202eЖ\u05d0\u0627",
+                                 u"Ж\U0001f41f\u0301",
+                                 u"Ж<b>&amp;\n\t|",
+                                 u"Ж%1%2%s",
+                                 u"'",
+                                 u"1e308",
+                                 u"1.7976931348623157e308",
+                                 u"-1e400",
+                                 u"1e-400",
+                                 u"0.1e-320",
+                                 u"32767",
+                                 u"32768",
+                                 u"-32769",
+                                 u"65536",
+                                 u"2147483648",
+                                 u"99999999999999999999999999",
+                                 u"nan",
+                                 u"0x10",
+                                 u"1,5",
+                                 u"-0",
+                                 u"\u0661\u0662"}) {
+        texts.append(QString::fromUtf16(text));
+    }
+    texts.append(u"Ж"_qs + QChar(u'\0') + u"behind"_qs);
+    texts.append(kMark + QString(100'000, u'W'));
+    texts.append(QString(100'000, u'9'));
+    texts.append(QString(50'000, u'\''));
+    return texts;
+}
+
+template <typename ScreenClass>
+test::Action report(const char* name) {
+    return {name, [](const Context& context) { return std::make_unique<ScreenClass>(context); },
+            [](const test::ScreenDriver& hand, test::RecordingDialogs&) { hand.choose(u"Year"_qs, u"2004"_qs); },
+            [](const test::ScreenDriver& hand) { hand.press(u"Search"_qs); }};
+}
+
+std::vector<test::Action> allActions() {
+    std::vector<test::Action> all = test::actions();
+    all.push_back(report<CatchSummaryScreen>("catch summary"));
+    all.push_back(report<SpeciesCompositionReportScreen>("composition report"));
+    all.push_back(report<LengthFrequencyReportScreen>("length report"));
+    all.push_back(report<GonadMaturityReportScreen>("gonad report"));
+    return all;
+}
+
+/// Hostile texts come into every field that can be typed into, by the clipboard, as they would; then the screen's
+/// button is pressed. A text may be refused or stored, but never in part, and no statement fails over it.
+class TestHostileFields : public QObject {
+    Q_OBJECT
+
+    /// A sampler at a screen, everything filled in but the last press of a button.
+    struct Desk {
+        explicit Desk(const test::Action& chosen) : action(chosen) {
+            test::addSmallYear(store);
+            store.session.lastSavedOperation = 1;
+            screen = action.open({store.path(), store.session, dialogs});
+            screen->show();
+            action.prepare(test::ScreenDriver(screen.get()), dialogs);
+        }
+        /// The fields that can be typed into.
+        [[nodiscard]] QList<QWidget*> fields() const {
+            QList<QWidget*> found;
+            for (QWidget* widget : screen->findChildren<QWidget*>()) {
+                const auto* line = qobject_cast<QLineEdit*>(widget);
+                const auto* note = qobject_cast<QPlainTextEdit*>(widget);
+                const bool typed = (line != nullptr && !line->isReadOnly()) || (note != nullptr && !note->isReadOnly());
+                if (typed && widget->isEnabled() && widget->isVisibleTo(screen.get())) {
+                    found.append(widget);
+                }
+            }
+            return found;
+        }
+        const test::Action& action;
+        test::TemporaryStore store;
+        test::RecordingDialogs dialogs;
+        std::unique_ptr<Screen> screen;
+    };
+
+    /// Pastes a text over what a field holds and leaves it; returns what the field took.
+    static QString paste(QWidget* field, const QString& text) {
+        QGuiApplication::clipboard()->setText(text);
+        field->setFocus();
+        QString taken;
+        if (auto* line = qobject_cast<QLineEdit*>(field)) {
+            line->selectAll();
+            line->paste();
+            taken = line->text();
+        } else if (auto* note = qobject_cast<QPlainTextEdit*>(field)) {
+            note->selectAll();
+            note->paste();
+            taken = note->toPlainText();
+        }
+        QTest::keyClick(field, Qt::Key_Tab);
+        return taken;
+    }
+
+    static void checkSaid(const QStringList& said, const QString& where) {
+        for (const QString& text : said) {
+            const bool failed = text.contains(u"could not be read"_qs) || text.contains(u"stored or deleted"_qs) ||
+                                text.contains(u"Invalid"_qs) || text.contains(u"optional"_qs);
+            if (failed) {
+                qFatal("%s: %s", qPrintable(where), qPrintable(text.left(400)));
+            }
+        }
+    }
+
+    static void checkStored(test::TemporaryStore& store, const QString& taken, const QString& where) {
+        const QString whole = QString(taken).remove(QChar(u'\0'));
+        for (const QString& row : store.wholeFile() + store.rows("select * from kelvora_user")) {
+            if (row.contains(kMark) && !row.contains(whole)) {
+                qFatal("%s: stored in part: %s", qPrintable(where), qPrintable(row.left(400)));
+            }
+            if (const QStringList cells = row.split(u'|'); cells.contains(u"inf"_qs) || cells.contains(u"-inf"_qs)) {
+                qFatal("%s: no number: %s", qPrintable(where), qPrintable(row.left(400)));
+            }
+        }
+        if (store.rows("pragma integrity_check") != QStringList{u"ok"_qs}) {
+            qFatal("%s: the file is damaged", qPrintable(where));
+        }
+    }
+
+    static void tryField(const test::Action& action, int number, const QString& text) {
+        Desk desk(action);
+        const QList<QWidget*> fields = desk.fields();
+        QWidget* field = fields.at(number);
+        const QString where = u"%1, field %2 of %3, \"%4\""_qs.arg(QLatin1String(action.name))
+                                  .arg(number + 1)
+                                  .arg(fields.size())
+                                  .arg(text.left(30));
+        desk.dialogs.typed = text;
+        const QString taken = paste(field, text);
+        action.act(test::ScreenDriver(desk.screen.get()));
+        checkSaid(desk.dialogs.said, where);
+        checkStored(desk.store, taken, where);
+    }
+
+private Q_SLOTS:
+    void everyField_data() {
+        QTest::addColumn<int>("action");
+        const std::vector<test::Action> all = allActions();
+        for (std::size_t i = 0; i < all.size(); ++i) {
+            QTest::newRow(all[i].name) << static_cast<int>(i);
+        }
+    }
+    void everyField() {
+        QFETCH(int, action);
+        const std::vector<test::Action> all = allActions();
+        const test::Action& tried = all[static_cast<std::size_t>(action)];
+        const QStringList texts = hostileTexts();
+        const int fields = static_cast<int>(Desk(tried).fields().size());
+        QRandomGenerator random(test::seed() + static_cast<quint32>(action));
+        const int pairs = fields * static_cast<int>(texts.size());
+        const int tries = test::times(std::min(3, pairs), pairs);
+        qInfo("%d of %d fields and texts", tries, pairs);
+        for (int i = 0; i < tries; ++i) {
+            const int chosen = test::times(random.bounded(pairs), i);
+            tryField(tried, chosen % fields, texts.at(chosen / fields));
+        }
+    }
+
+    void login() {
+        for (const QString& text : hostileTexts()) {
+            test::TemporaryStore store;
+            test::RecordingDialogs dialogs;
+            store.session = {};
+            LoginDialog dialog({store.path(), store.session, dialogs});
+            for (QLineEdit* field : dialog.findChildren<QLineEdit*>()) {
+                paste(field, text);
+            }
+            test::ScreenDriver(&dialog).press(u"Log in"_qs);
+            QCOMPARE(dialogs.said, QStringList{u"Kelvora: Your Password not correct please Try again "_qs});
+            QVERIFY(store.session.login.isEmpty());
+        }
+    }
+};
+
+KELVORA_TEST(TestHostileFields, "hostile_fields");
+
+}  // namespace kelvora::test_hostile_fields
+
+#include "test_hostile_fields.moc"

@@ -1,0 +1,226 @@
+#include "actions.h"
+#include "length_of_run.h"
+#include "other_user.h"
+#include "reports/catch_summary_screen.h"
+#include "reports/report_chart.h"
+#include "small_year.h"
+#include "support/full_disk.h"
+#include "support/test_main.h"
+#include "system_calls.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QFile>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTableView>
+#include <QTest>
+
+namespace kelvora::test_obstacles {
+
+/// A sampler at a screen over a small year.
+struct Desk {
+    explicit Desk(const test::Action& chosen) : action(chosen) {
+        test::addSmallYear(store);
+        store.session.lastSavedOperation = 1;
+        screen = action.open({store.path(), store.session, dialogs});
+        action.prepare(hand(), dialogs);
+        dialogs.said.clear();
+    }
+    [[nodiscard]] test::ScreenDriver hand() const { return test::ScreenDriver(screen.get()); }
+    void act() {
+        dialogs.said.clear();
+        action.act(hand());
+    }
+    QStringList stored() { return store.wholeFile() + store.rows("select * from kelvora_user"); }
+
+    /// What stands on the screen: every text, choice and row.
+    [[nodiscard]] QStringList shown() const {
+        QStringList all;
+        for (const QWidget* widget : screen->findChildren<QWidget*>()) {
+            if (const auto* line = qobject_cast<const QLineEdit*>(widget)) {
+                all.append(line->text());
+            } else if (const auto* note = qobject_cast<const QPlainTextEdit*>(widget)) {
+                all.append(note->toPlainText());
+            } else if (const auto* box = qobject_cast<const QComboBox*>(widget)) {
+                all.append(box->currentText());
+            } else if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) {
+                all.append(button->text() + (button->isEnabled() ? u" on"_qs : u" off"_qs));
+            } else if (const auto* table = qobject_cast<const QTableView*>(widget); table && table->model()) {
+                for (int row = 0; row < table->model()->rowCount(); ++row) {
+                    all.append(table->model()->index(row, 0).data().toString());
+                }
+            }
+        }
+        return all;
+    }
+
+    const test::Action& action;
+    test::TemporaryStore store;
+    test::RecordingDialogs dialogs;
+    std::unique_ptr<Screen> screen;
+};
+
+/// Something that keeps an action from being stored, as long as what put() gives lives.
+struct Obstacle {
+    const char* reason;  ///< what the message says of it
+    std::function<std::shared_ptr<void>(Desk&)> put;
+    std::function<bool()> met = [] { return true; };  ///< whether the action came to it at all
+};
+
+/// Runs a function when it goes.
+std::shared_ptr<void> whenGone(const std::function<void()>& end) {
+    return {nullptr, [end](void*) { end(); }};
+}
+
+Obstacle lock(Literal begin) {
+    return {"another program is using the data file", [begin](Desk& desk) {
+                desk.store.db().execute(Sql(begin));
+                return whenGone([&desk] { desk.store.execute("rollback"); });
+            }};
+}
+
+/// The disk is full from the n-th write on. Says in reached whether it came to that.
+Obstacle fullDisk(int fromWrite, bool& reached) {
+    const auto put = [fromWrite, &reached](Desk&) {
+        reached = false;
+        test::interceptWrites([left = fromWrite, &reached](int, const void*, std::size_t size, off_t) mutable {
+            reached = reached || --left == 0;
+            return reached ? 0 : size;
+        });
+        return whenGone(&test::leaveSystemCallsAlone);
+    };
+    return {"the disk is full", put, [&reached] { return reached; }};
+}
+
+/// A journal cannot be made where the folder may not be written to.
+Obstacle readOnlyFolder() {
+    return {"the data file or its folder may not be written to",
+            [](Desk& desk) { return std::make_shared<test::ReadOnlyFolder>(desk.store.file({})); }};
+}
+
+/// Every save, delete and import meets every obstacle: it says what was not done and why, changes nothing in the file
+/// and on the screen, and works again once the obstacle is gone.
+class TestObstacles : public QObject {
+    Q_OBJECT
+
+    /// The file, and what was said, after an action that nothing hindered.
+    struct Unhindered {
+        explicit Unhindered(const test::Action& action) {
+            Desk desk(action);
+            const QStringList before = desk.stored();
+            desk.act();
+            stored = desk.stored();
+            said = desk.dialogs.said;
+            if (stored == before) {
+                qFatal("%s changes nothing: %s", action.name, qPrintable(said.join(u'\n')));
+            }
+        }
+        QStringList stored, said;
+    };
+
+    static void meet(const test::Action& action, const Obstacle& obstacle, const Unhindered& unhindered) {
+        Desk desk(action);
+        const QStringList stored = desk.stored();
+        const QStringList shown = desk.shown();
+        {
+            const auto put = obstacle.put(desk);
+            desk.act();
+        }
+        if (!obstacle.met()) {
+            return;
+        }
+        const QString said = desk.dialogs.said.join(u'\n');
+        QVERIFY2(said.contains(QLatin1String(obstacle.reason)), qPrintable(said));
+        QVERIFY2(!said.contains(u"passwd"), qPrintable(said));
+        if (!action.inSteps) {
+            QCOMPARE(desk.stored(), stored);
+            QCOMPARE(desk.shown(), shown);
+        }
+        desk.act();
+        QCOMPARE(desk.stored(), unhindered.stored);
+        if (!action.inSteps) {
+            QCOMPARE(desk.dialogs.said, unhindered.said);
+        }
+    }
+
+private Q_SLOTS:
+    void initTestCase() { test::waitedForLocks(); }
+
+    void meets_data() {
+        QTest::addColumn<int>("action");
+        for (std::size_t i = 0; i < test::actions().size(); ++i) {
+            QTest::newRow(test::actions()[i].name) << static_cast<int>(i);
+        }
+    }
+    void meets() {
+        QFETCH(int, action);
+        const test::Action& tried = test::actions()[static_cast<std::size_t>(action)];
+        const Unhindered unhindered(tried);
+        for (const Literal& begin : {Literal("begin immediate"), Literal("begin exclusive")}) {
+            test::waitedForLocks();
+            meet(tried, lock(begin), unhindered);
+            constexpr long long second = 1'000'000;
+            QVERIFY(test::waitedForLocks() >= second);
+        }
+        meet(tried, readOnlyFolder(), unhindered);
+
+        bool reached = true;
+        int writes = 0;
+        while (reached && writes < test::times(2, 1'000)) {
+            meet(tried, fullDisk(++writes, reached), unhindered);
+        }
+        qInfo("the disk was full at %d different writes", reached ? writes : writes - 1);
+    }
+
+    void exports_data() {
+        QTest::addColumn<QString>("file");
+        for (const char* file : {"catch.csv", "catch.png", "catch.svg"}) {
+            QTest::newRow(file) << QString::fromLatin1(file);
+        }
+    }
+    void exports() {
+        QFETCH(QString, file);
+        test::TemporaryStore store;
+        test::addSmallYear(store);
+        test::RecordingDialogs dialogs;
+        CatchSummaryScreen screen({store.path(), store.session, dialogs});
+        screen.show();
+        const test::ScreenDriver hand(&screen);
+        hand.choose(u"Year"_qs, u"2004"_qs);
+        hand.press(u"Search"_qs);
+        dialogs.path = store.file(file);
+        const auto write = [&] {
+            file.endsWith(u"csv") ? hand.press(u"EXPORT"_qs)
+                                  : screen.findChild<ReportChart*>()->actions().at(1)->trigger();
+            return std::exchange(dialogs.said, {}).join(u'\n');
+        };
+        const auto written = [&] {
+            QFile result(*dialogs.path);
+            return result.open(QIODevice::ReadOnly) ? result.readAll() : QByteArray();
+        };
+        QCOMPARE(write(), QString());
+        const QByteArray whole = written();
+        QVERIFY(!whole.isEmpty());
+        {
+            const test::FullDisk full(whole.size() / 2);
+            const QString said = write();
+            QCOMPARE(written(), whole);
+            QVERIFY(said.contains(*dialogs.path));
+        }
+        {
+            const test::ReadOnlyFolder folder(store.file({}));
+            QVERIFY(write().contains(*dialogs.path));
+        }
+        QCOMPARE(written(), whole);
+        QVERIFY(QFile::remove(*dialogs.path));
+        QCOMPARE(write(), QString());
+        QCOMPARE(written(), whole);
+    }
+};
+
+KELVORA_TEST(TestObstacles, "obstacles");
+
+}  // namespace kelvora::test_obstacles
+
+#include "test_obstacles.moc"

@@ -1,0 +1,136 @@
+#include "shell/login_dialog.h"
+#include "shell/main_window.h"
+#include "shell/program.h"
+#include "shell/single_instance.h"
+#include "support/screen_driver.h"
+#include "support/temporary_store.h"
+#include "support/test_main.h"
+
+#include <QApplication>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace kelvora::test_second_start {
+
+template <typename Window>
+Window* shownWindow() {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        auto* window = qobject_cast<Window*>(widget);
+        if (window != nullptr && window->isVisible()) {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+/// The program is started while it runs already: with the program itself, and with its parts in one process.
+class TestSecondStart : public QObject {
+    Q_OBJECT
+
+    /// The program, started by a user whose data folder is a folder of the test's.
+    struct Started {
+        Started(const test::TemporaryStore& store, const QString& folder)
+            : dataFile(store.file(folder + u"/Kelvora/kelvora_db.sqlite"_qs)) {
+            QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+            environment.insert(u"XDG_DATA_HOME"_qs, store.file(folder));
+            environment.insert(u"TMPDIR"_qs, store.file({}));
+            environment.insert(u"QT_QPA_PLATFORM"_qs, u"offscreen"_qs);
+            process.setProcessEnvironment(environment);
+            process.setProcessChannelMode(QProcess::ForwardedChannels);
+            process.start(QStringLiteral(KELVORA_PROGRAM), QStringList());
+        }
+        ~Started() {
+            process.kill();
+            process.waitForFinished();
+        }
+        /// Whether it left, satisfied, without having opened a window that waits for somebody.
+        bool left() { return process.waitForFinished() && process.exitStatus() == QProcess::NormalExit; }
+
+        QString dataFile;
+        QProcess process;
+    };
+
+private Q_SLOTS:
+    void theProgramItself() {
+        const test::TemporaryStore store;
+        Started first(store, u"sampler"_qs);
+        QTRY_VERIFY(QFile::exists(first.dataFile));
+        for (int i = 0; i < 2; ++i) {
+            Started second(store, u"sampler"_qs);
+            QVERIFY(second.left());
+            QCOMPARE(second.process.exitCode(), 0);
+        }
+        QCOMPARE(first.process.state(), QProcess::Running);
+
+        // Another sampler's data folder is another program.
+        Started other(store, u"colleague"_qs);
+        QTRY_VERIFY(QFile::exists(other.dataFile));
+        QCOMPARE(other.process.state(), QProcess::Running);
+    }
+
+    void afterAKill() {
+        const test::TemporaryStore store;
+        Started first(store, u"sampler"_qs);
+        QTRY_VERIFY(QFile::exists(first.dataFile));
+        first.process.kill();
+        QVERIFY(first.process.waitForFinished());
+        QVERIFY(QFile::exists(first.dataFile + u".lock"_qs));
+        QVERIFY(QFile::remove(first.dataFile));
+
+        Started next(store, u"sampler"_qs);
+        QTRY_VERIFY(QFile::exists(next.dataFile));
+        Started third(store, u"sampler"_qs);
+        QVERIFY(third.left());
+        QCOMPARE(third.process.exitCode(), 0);
+        QCOMPARE(next.process.state(), QProcess::Running);
+    }
+
+    void aLockThatNobodyAnswersFor() {
+        const test::TemporaryStore store;
+        QLockFile left(store.path() + u".lock"_qs);
+        left.setStaleLockTime(0);
+        QVERIFY(left.tryLock());
+        SingleInstance next(store.path());
+        QVERIFY(next.claim());
+        QVERIFY(!SingleInstance(store.path()).claim());
+    }
+
+    void theWindowComesToTheFront() {
+        test::TemporaryStore store;
+        SingleInstance first(store.path());
+        QVERIFY(first.claim());
+        Program program(store.path(), store.dialogs);
+        connect(&first, &SingleInstance::startedAgain, &program, &Program::raiseWindow);
+        const QSignalSpy again(&first, &SingleInstance::startedAgain);
+        QVERIFY(program.start());
+
+        const auto startAgain = [&](const QString& path) {
+            const int before = static_cast<int>(again.count());
+            QVERIFY(!SingleInstance(path).claim());
+            QTRY_COMPARE(again.count(), before + 1);
+        };
+        auto* login = shownWindow<LoginDialog>();
+        QVERIFY(login != nullptr);
+        login->setWindowState(Qt::WindowMinimized);
+        startAgain(store.path());
+        QVERIFY(login->isVisible() && !login->isMinimized());
+
+        const test::ScreenDriver hand(login);
+        hand.type(u"PASSWORD"_qs, u"kelvora"_qs);
+        hand.press(u"Log in"_qs);
+        auto* window = shownWindow<MainWindow>();
+        QVERIFY(window != nullptr);
+        window->setWindowState(window->windowState() | Qt::WindowMinimized);
+        // The same data file, written another way.
+        startAgain(store.file(u"./kelvora_db.sqlite"_qs));
+        QVERIFY(window->isVisible() && !window->isMinimized() && window->isMaximized());
+        QVERIFY(!login->isVisible());
+    }
+};
+
+KELVORA_TEST(TestSecondStart, "second_start");
+
+}  // namespace kelvora::test_second_start
+
+#include "test_second_start.moc"
