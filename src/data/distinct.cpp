@@ -131,11 +131,12 @@ std::string yearsSought(const Tokens& tokens, const Clauses& found) {
         return "(SELECT " + date + " " + from + condition + " ORDER BY " + date + " LIMIT 1)";
     };
     // Behind a year follows the first date after its last day; behind a text that is no date, the next text.
-    return "WITH RECURSIVE sought(day) AS (SELECT " + first(" >= ''") + " UNION ALL SELECT " +
-           first(" > iif(year(day) IS NULL, day, printf('%04d-12-31', year(day)))") +
+    const std::string next = first(" > CASE WHEN year(day) IS NULL THEN day ELSE printf('%04d-12-31', year(day)) END");
+    const std::string dates = "SELECT day FROM sought WHERE day IS NOT NULL";
+    const std::string noDate = "SELECT NULL WHERE EXISTS (SELECT 1 " + from + " IS NULL)";
+    return "WITH RECURSIVE sought(day) AS (SELECT " + first(" >= ''") + " UNION ALL SELECT " + next +
            " FROM sought WHERE day IS NOT NULL) SELECT DISTINCT year(day) AS \"" + (alias.empty() ? "year" : alias) +
-           "\" FROM (SELECT day FROM sought WHERE day IS NOT NULL UNION ALL SELECT NULL WHERE EXISTS (SELECT 1 " +
-           from + " IS NULL)) ORDER BY 1";
+           "\" FROM (" + dates + " UNION ALL " + noDate + ") ORDER BY 1";
 }
 
 }  // namespace kelvora::dialect

@@ -79,7 +79,8 @@ private Q_SLOTS:
         static const QRegularExpression sentence(
             u"^[A-Za-z'…]\\S*( \\S+){4,}$|^([Pp]lease|Are you|Do you|Can not|can't|No data|Numeric)\\b"_qs);
         static const QRegularExpression code(
-            u"[=_]|::|'#|^(select|insert|update|delete|from|where|and|or|order|inner|group by|transform|create|pragma|"
+            u"[=_]|::|'#|^(select|insert|update|delete|from|where|and|or|order|inner|group "
+            u"by|transform|create|pragma|with recursive|"
             "format)\\b"_qs,
             QRegularExpression::CaseInsensitiveOption);
         QStringList missing;
