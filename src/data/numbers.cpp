@@ -167,6 +167,10 @@ QString twoDecimals(double value) {
 }
 
 double asRead(double value) {
+    constexpr double fifteenDigits = 1e15;
+    if (value == std::trunc(value) && std::fabs(value) < fifteenDigits) {
+        return value;  // most of an import are whole numbers, which need no digits left out
+    }
     return std::isfinite(value) ? QString::fromStdString(scientific(value)).toDouble() : value;
 }
 
