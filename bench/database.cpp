@@ -211,7 +211,7 @@ Size sizeCalled(const QString& name) {
 }
 
 QString databaseOf(const Size& size, const QString& folder) {
-    const QString path = QDir(folder).filePath(QStringLiteral("%1-v%2.sqlite").arg(size.name).arg(kVersion));
+    QString path = QDir(folder).filePath(QStringLiteral("%1-v%2.sqlite").arg(size.name).arg(kVersion));
     if (QFile::exists(path)) {
         return path;
     }

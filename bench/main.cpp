@@ -54,7 +54,7 @@ void measure(benchmark::State& state, Office& office, const Action& action) {
         }
     };
     int painted = 0;
-    for (auto round : state) {
+    for ([[maybe_unused]] auto round : state) {
         // In turn, so that what else the machine does meets both alike.
         std::vector<double> direct;
         const auto screen = measured(action.times, [&] {
@@ -123,7 +123,7 @@ int startOnly(const QString& path) {
 
 /// From the start of a process to its painted login dialog.
 void measureStart(benchmark::State& state, const QString& path) {
-    for (auto round : state) {
+    for ([[maybe_unused]] auto round : state) {
         const auto waited = measured(15, [&] {
             QProcess program;
             const double shown = milliseconds([&] {
@@ -143,7 +143,7 @@ void measureStart(benchmark::State& state, const QString& path) {
 
 /// From "Log in" to the painted main window.
 void measureLogin(benchmark::State& state, const QString& path) {
-    for (auto round : state) {
+    for ([[maybe_unused]] auto round : state) {
         const auto waited = measured(15, [&] {
             test::ScriptedDialogs dialogs;
             Program program(path, dialogs);

@@ -108,7 +108,8 @@ QDate samplingDay(int month, int port, int gear) {
 QStringList vesselOf(const std::vector<QStringList>& register_, int port, int gear, int month) {
     constexpr int vesselsPerPort = 10;
     constexpr int gearsInTurn = 5;
-    return register_.at(static_cast<std::size_t>(port * vesselsPerPort + gear + month % 2 * gearsInTurn));
+    const int place = port * vesselsPerPort + gear + month % 2 * gearsInTurn;
+    return register_.at(static_cast<std::size_t>(place));
 }
 
 }  // namespace

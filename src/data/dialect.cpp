@@ -238,7 +238,7 @@ std::string translate(const std::string& statement) {
     tokens = joinTexts(std::move(tokens));
     yearAsRange(tokens);
     const Clauses found = clauses(tokens);
-    if (const std::string sought = yearsSought(tokens, found); !sought.empty()) {
+    if (std::string sought = yearsSought(tokens, found); !sought.empty()) {
         return sought;
     }
     if (found.order != found.end) {
