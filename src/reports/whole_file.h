@@ -5,8 +5,8 @@
 
 namespace kelvora {
 
-/// Writes a file. A file that was there is replaced only when the new one is complete. When it cannot be written, throws
-/// std::runtime_error with the refusal, the reason and the path.
+/// Writes a file. A file that was there is replaced only when the new one is complete. When it cannot be written,
+/// throws std::runtime_error with the refusal, the reason and the path.
 void writeWholeFile(const QString& path, const QByteArray& bytes, const QString& refusal);
 
 }  // namespace kelvora
