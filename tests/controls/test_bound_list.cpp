@@ -171,6 +171,13 @@ private Q_SLOTS:
             }
         }
     }
+
+    void longTextsDoNotWiden() {
+        const int width = m_list->sizeHint().width();
+        const ResultSet rows{{u"name"_qs}, {{QString(10'000, u'W')}}};
+        m_list->setSource(std::make_unique<ResultModel>(rows), u"name"_qs, u"name"_qs);
+        QCOMPARE(m_list->sizeHint().width(), width);
+    }
 };
 
 KELVORA_TEST(TestBoundList, "bound_list");

@@ -85,7 +85,6 @@ private Q_SLOTS:
 
     void savedAndCleared() {
         Desk desk;
-        QVERIFY(desk.at().focused(kVesselName));
         desk.fill();
         const std::vector<std::pair<QString, QString>> numbers = {
             {u"Latitude Dec"_qs, u"25"_qs},
@@ -188,6 +187,22 @@ private Q_SLOTS:
         QCOMPARE(desk.store.session.lastSavedOperation, 0);
         desk.saveWell();
         QCOMPARE(desk.storedPorts(), (QStringList{u"1"_qs, u"2"_qs}));
+    }
+
+    void tabOrder() {
+        const Desk desk;
+        QVERIFY(desk.at().focused(kVesselName));
+        for (const QString& next :
+             {kRegisterId, u"Fishing Gear"_qs, u"Fishing Method"_qs, u"Fishing Area"_qs, kState, kPort,
+              u"Sampling Date"_qs, u"Latitude Dec"_qs, u"Latitude Min"_qs, u"Longtitude Dec"_qs, u"Longtitude Min"_qs,
+              u"Fishing time"_qs, u"Bottom Depth(Meter)"_qs, u"Fishing Depth(Meter)"_qs,
+              u"No of haul per Trip(haul)"_qs, u"Duration of Trip(days)"_qs, u"Total Catch (kg/trip)"_qs,
+              u"Recorder"_qs, u"Note"_qs}) {
+            QTest::keyClick(desk.screen->focusWidget(), Qt::Key_Tab);
+            QVERIFY2(desk.at().focused(next), qPrintable(next));
+        }
+        QTest::keyClick(desk.screen->focusWidget(), Qt::Key_Tab);
+        QCOMPARE(desk.screen->focusWidget(), static_cast<QWidget*>(desk.at().button(u"SAVE"_qs)));
     }
 };
 

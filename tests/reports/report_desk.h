@@ -2,9 +2,13 @@
 
 #include "controls/captioned_grid.h"
 #include "data/dates.h"
+#include "reports/report_chart.h"
 #include "support/screen_driver.h"
 #include "support/temporary_store.h"
 
+#include <QAbstractBarSeries>
+#include <QBarSet>
+#include <QChart>
 #include <QFile>
 
 #include <algorithm>
@@ -51,6 +55,30 @@ inline QByteArray exportDay() {
     return "EXPORT Date : " + shortDate(QDate::currentDate()).toLocal8Bit() + "\r\n";
 }
 
+/// What a picture draws, read from the bars themselves: "name: value value …" for each series, from the first group on.
+inline QString barsOn(const ReportChart& chart) {
+    QStringList lines;
+    for (QAbstractSeries* series : chart.chart()->series()) {
+        for (const QBarSet* set : qobject_cast<QAbstractBarSeries*>(series)->barSets()) {
+            QStringList values;
+            for (int i = 0; i < set->count(); ++i) {
+                values << QString::number(set->at(chart.picture().standing ? i : set->count() - 1 - i));
+            }
+            lines << set->label() + u": "_qs + values.join(u' ');
+        }
+    }
+    return lines.join(u';');
+}
+
+/// A column of rows that are joined by ";", their cells by "|".
+inline QStringList column(const QString& rows, int number) {
+    QStringList cells;
+    for (const QString& row : rows.split(u';')) {
+        cells << row.section(u'|', number, number);
+    }
+    return cells;
+}
+
 /// A report, opened over the worked year and what a test added to it.
 template <typename ReportScreenClass>
 struct Report {
@@ -72,6 +100,9 @@ struct Report {
     }
     [[nodiscard]] QString headers(const QString& grid = kResult) const { return ui().grid(grid)->headers().join(u';'); }
     [[nodiscard]] QString rows(const QString& grid = kResult) const { return ui().rows(grid).join(u';'); }
+    [[nodiscard]] const ReportChart& chart() const { return *screen->template findChild<ReportChart*>(); }
+    [[nodiscard]] QString drawn() const { return barsOn(chart()); }
+    [[nodiscard]] QString drawnGroups() const { return chart().picture().groups.join(u';'); }
     [[nodiscard]] bool canExport() const { return ui().enabled(kExport); }
     [[nodiscard]] QByteArray exported() {
         const QString path = store.file(u"report"_qs);

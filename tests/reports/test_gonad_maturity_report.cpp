@@ -5,6 +5,7 @@
 #include "reports/gonad_maturity_report_screen.h"
 #include "support/test_main.h"
 
+#include <QTabWidget>
 #include <QTest>
 
 #include <map>
@@ -21,6 +22,7 @@ const QString kNone = u"NONE IDENTIFY"_qs;
 /// The report over two females and a male of March, a female of January.
 struct Gonads : Report<GonadMaturityReportScreen> {
     explicit Gonads(std::vector<Literal> further = {}) : Report(with(std::move(further))) {}
+    [[nodiscard]] QTabWidget* front() const { return screen->findChild<QTabWidget*>(); }
 
 private:
     static std::vector<Literal> with(std::vector<Literal> further) {
@@ -104,6 +106,8 @@ private Q_SLOTS:
         QCOMPARE(report.headers(kMale), u"Month/Stage;2-Maturing"_qs);
         QCOMPARE(report.rows(kMale), u"March|1"_qs);
         QCOMPARE(report.rows(kNone), u"|"_qs);
+        report.front()->setCurrentIndex(3);
+        QCOMPARE(report.drawn(), QString());
         QCOMPARE(report.exported(), "Gonad Maturity data In 2004\r\nSpecies Rastrelliger kanagurta\r\n" + exportDay() +
                                         "Month/SEX,Female,Male,\r\nJanuary,1,,\r\nMarch,2,1,\r\n");
         report.search(u"2005"_qs, kMackerel);
@@ -133,6 +137,13 @@ private Q_SLOTS:
         QCOMPARE(report.rows(kMale), u"April|1||;January||1|;March|||1"_qs);
         QCOMPARE(report.rows(kNone), u"April|1;January|1"_qs);
         QCOMPARE(report.rows(kFemale), u"March|1||1;January|1||;April||1|"_qs);
+
+        // The pictures go by the calendar and by the numbers of the stages.
+        QCOMPARE(report.drawnGroups(), u"Jan;Mar;Apr"_qs);
+        QCOMPARE(report.drawn(), u"Female: 1 2 1;Juvenile: 0 0 1;Male: 1 1 1;None: 1 0 1"_qs);
+        report.front()->setCurrentIndex(2);
+        QCOMPARE(report.drawn(), u"1-Immature: 0 0 1;2-Maturing: 0 1 0;10-Resting: 1 0 0"_qs);
+        QCOMPARE(report.chart().chart()->axes().size(), 2);
     }
 
     void stagesAndSexesThatAreMissing() {

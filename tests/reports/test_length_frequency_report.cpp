@@ -75,6 +75,8 @@ private Q_SLOTS:
         report.store.execute("update fishoperation set optdate = '2004-03-31' where optid = 3");
         report.search(u"2004"_qs, kMackerel);
         QCOMPARE(report.headers(), u"Lower;Upper;Mid Length;October;March;January"_qs);
+        QCOMPARE(report.drawnGroups(), u"9.5;10;10"_qs);
+        QCOMPARE(report.drawn(), u"January: 0 4 0;March: 0 2 1;October: 0 3 0"_qs);
         const QLocale before;
         QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
         report.search(u"2004"_qs, kMackerel);

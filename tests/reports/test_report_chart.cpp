@@ -1,18 +1,10 @@
 #include "report_desk.h"
-#include "reports/catch_summary_screen.h"
-#include "reports/gonad_maturity_report_screen.h"
-#include "reports/length_frequency_report_screen.h"
 #include "reports/report_chart.h"
-#include "reports/species_composition_report_screen.h"
 #include "support/test_main.h"
 
-#include <QAbstractBarSeries>
-#include <QBarSet>
-#include <QChart>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QStandardItemModel>
-#include <QTabWidget>
 #include <QTest>
 
 namespace kelvora::test_report_chart {
@@ -33,86 +25,11 @@ std::unique_ptr<QStandardItemModel> table(const QStringList& headers, const QStr
     return model;
 }
 
-/// What is drawn, read from the bars themselves: "name: value value …" for each series, from the first group on.
-QString drawn(const QWidget& screen) {
-    const auto* chart = screen.findChild<ReportChart*>();
-    QStringList lines;
-    for (QAbstractSeries* series : chart->chart()->series()) {
-        for (const QBarSet* set : qobject_cast<QAbstractBarSeries*>(series)->barSets()) {
-            QStringList values;
-            for (int i = 0; i < set->count(); ++i) {
-                values << QString::number(set->at(chart->picture().standing ? i : set->count() - 1 - i));
-            }
-            lines << set->label() + QStringLiteral(": ") + values.join(u' ');
-        }
-    }
-    return lines.join(u';');
-}
-
-QString groups(const QWidget& screen) {
-    return screen.findChild<ReportChart*>()->picture().groups.join(u';');
-}
-
-/// The pictures beside the tables: they show the shown rows, and can be taken along.
+/// The pictures beside the tables, as they are scaled and taken along.
 class TestReportChart : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void catchByGroup() {
-        Report<CatchSummaryScreen> report;
-        QCOMPARE(drawn(*report.screen), QString());
-        report.search(u"2004"_qs);
-        report.ui().press(u"By Month"_qs);
-        QCOMPARE(groups(*report.screen), u"January;March;December"_qs);
-        QCOMPARE(drawn(*report.screen), u"Total Catch(kg.): 100 299.5 0.5"_qs);
-        report.store.execute("delete from fishoperation where optid < 5");
-        report.store.dialogs.expectMessage(u"RESULT"_qs, u"No data in this year!"_qs);
-        report.ui().press(kSearch);
-        QCOMPARE(drawn(*report.screen), QString());
-    }
-
-    void largestSpecies() {
-        const Report<SpeciesCompositionReportScreen> report(
-            {"with recursive n(i) as (select 10 union all select i + 1 from n where i < 26)"
-             " insert into fish(fishno, genus, fishname) select i, 'S', i from n",
-             "insert into group_composition(optid, spid, groupid, estotal)"
-             " select 1, fishno, 1, fishno from fish where genus = 'S'"});
-        report.search(u"2004"_qs);
-        report.ui().press(u"By state"_qs);
-        report.ui().choose(u"By state"_qs, u"Alpha"_qs);
-        QCOMPARE(drawn(*report.screen), u"Composition(Kg.): 26 25 24 23 22 21 20 19 18 17 16 15 14 13 12 21"_qs);
-        QVERIFY(groups(*report.screen).startsWith(u"S 26;S 25;"));
-        QVERIFY(groups(*report.screen).endsWith(u";S 12;others"));
-        report.ui().press(u"By Month"_qs);
-        QCOMPARE(drawn(*report.screen), QString());
-    }
-
-    void lengthsInCalendarOrder() {
-        const Report<LengthFrequencyReportScreen> report(
-            {"insert into length values (1,1,5)",
-             "insert into length_detail values (1,1,10,11,10.5,3), (2,1,10,11,10.5,4), (4,1,9.5,10,9.75,2)"});
-        report.search(u"2004"_qs, kMackerel);
-        QVERIFY(report.headers().endsWith(u";March;January;December"));
-        QCOMPARE(groups(*report.screen), u"9.5;10"_qs);
-        QCOMPARE(drawn(*report.screen), u"January: 0 3;March: 0 4;December: 2 0"_qs);
-    }
-
-    void theTableInFront() {
-        const Report<GonadMaturityReportScreen> report(
-            {"insert into gonad_stage values (10, 'Resting')",
-             "insert into gonad_detail(optid, spid, samplingno, sex, stage) values (2,1,1,'Female',10),"
-             " (3,1,1,'Female',2), (2,1,2,'Male',2), (1,1,1,'Female',2), (4,1,1,'Female',2)"});
-        report.search(u"2004"_qs, kMackerel);
-        QCOMPARE(groups(*report.screen), u"Jan;Mar;Dec"_qs);
-        QCOMPARE(drawn(*report.screen), u"Female: 1 2 1;Male: 0 1 0"_qs);
-        auto* tables = report.screen->findChild<QTabWidget*>();
-        tables->setCurrentIndex(1);
-        QCOMPARE(drawn(*report.screen), u"2-Maturing: 1 1 1;10-Resting: 0 1 0"_qs);
-        QCOMPARE(report.screen->findChild<ReportChart*>()->chart()->axes().size(), 2);
-        tables->setCurrentIndex(3);
-        QCOMPARE(drawn(*report.screen), QString());
-    }
-
     void scales() {
         const std::vector<std::pair<QStringList, QString>> scales = {
             {{u"x|0"_qs, u"x|0"_qs}, u"0 1 1"_qs},      {{u"x|1"_qs, u"x|2"_qs}, u"0 2 1"_qs},

@@ -86,6 +86,9 @@ private Q_SLOTS:
         QTEST(report.choices(option), "choices");
         report.ui().choose(option, chosen);
         QCOMPARE(report.rows(), rows);
+        QCOMPARE(report.drawnGroups(), column(rows, 0).join(u';'));
+        const QString weights = column(rows, 1).join(u' ').remove(u".00"_qs);
+        QCOMPARE(report.drawn(), u"Composition(Kg.): "_qs + weights);
         const QString file = u"%1:%2\r\nSpecies,Composition(Kg.),%Composition,\r\n%3,\r\n"_qs;
         QCOMPARE(report.exported(),
                  "Species composition data In 2004\r\n" + exportDay() +
@@ -94,8 +97,25 @@ private Q_SLOTS:
         const QString other = option == kByState ? kByMonth : kByState;
         report.ui().press(other);
         QCOMPARE(report.ui().text(option) + report.choices(option), QString());
-        QCOMPARE(report.rows(), u"||"_qs);
+        QCOMPARE(report.rows() + report.drawn(), u"||"_qs);
         QVERIFY(!report.canExport());
+    }
+
+    void theLargestSpeciesAreDrawn() {
+        Composition report;
+        Connection& db = report.store.db();
+        db.execute(
+            Sql("with recursive n(i) as (select 10 union all select i + 1 from n where i < 26)"
+                " insert into fish(fishno, genus, fishname) select i, 'S', i from n"));
+        db.execute(Sql("delete from group_composition where optid <> 5"));
+        db.execute(
+            Sql("insert into group_composition(optid, spid, groupid, estotal)"
+                " select 1, fishno, 1, fishno from fish where genus = 'S'"));
+        report.search(u"2004"_qs);
+        report.show(kByState, u"Alpha"_qs);
+        QCOMPARE(report.drawn(), u"Composition(Kg.): 26 25 24 23 22 21 20 19 18 17 16 15 14 13 12 21"_qs);
+        QVERIFY(report.drawnGroups().startsWith(u"S 26;S 25;"));
+        QVERIFY(report.drawnGroups().endsWith(u";S 12;others"));
     }
 
     void anotherYearWithoutASearchKeepsTheTotal() {
