@@ -2,13 +2,11 @@
 #include "support/test_main.h"
 
 #include <QAccessible>
-#include <QGridLayout>
-#include <QLineEdit>
 #include <QTest>
 
 namespace kelvora::test_fields {
 
-/// Values to read, and captions in front of fields.
+/// Values to read, whatever their text is.
 class TestFields : public QObject {
     Q_OBJECT
 
@@ -26,15 +24,6 @@ private Q_SLOTS:
             QVERIFY(label.grab().toImage() != empty.grab().toImage());
             QCOMPARE(QAccessible::queryAccessibleInterface(&label)->text(QAccessible::Name), text);
         }
-    }
-
-    void captionNamesItsField() {
-        QWidget window;
-        auto* form = new QGridLayout(&window);
-        QLineEdit* field = numberField(QStringLiteral("0"));
-        const QLabel* label = addField(form, 0, 0, QStringLiteral(" Bottom Depth (m) "), field);
-        QCOMPARE(label->text(), QStringLiteral("Bottom Depth (m)"));
-        QCOMPARE(QAccessible::queryAccessibleInterface(field)->text(QAccessible::Name), label->text());
     }
 };
 

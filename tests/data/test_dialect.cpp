@@ -2,7 +2,6 @@
 #include "support/temporary_store.h"
 #include "support/test_main.h"
 
-#include <QLocale>
 #include <QTest>
 
 namespace kelvora::test_dialect {
@@ -148,13 +147,6 @@ private Q_SLOTS:
         QTEST(m_store->rows(*sql).join(u';'), "rows");
     }
 
-    void columnsOfNestedJoinsKeepTheirNames() {
-        const ResultSet ports = m_store->db().query(Sql(
-            "SELECT DISTINCT (state.stateid) ,state.statename FROM fishoperation INNER JOIN (samplingport INNER JOIN"
-            " state ON samplingport.stateid=state.stateid) ON fishoperation.portid=samplingport.samplingid"));
-        QCOMPARE(ports.columns, (std::vector<QString>{u"stateid"_qs, u"statename"_qs}));
-    }
-
     /// However a statement asks for the operations of a year: they are looked up by their dates.
     void operationsOfAYear() {
         struct Condition {
@@ -180,14 +172,6 @@ private Q_SLOTS:
             const QString plan = m_store->rows(Sql("explain query plan ") << sql).join(u'\n');
             QVERIFY2(plan.contains(u"operation_by_date (optdate>? AND optdate<?)"), qPrintable(plan));
         }
-    }
-
-    void monthNamesFollowTheLanguage() {
-        const QLocale british;
-        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-        const QStringList german = m_store->rows("select format('2004-03-05','mmmm')");
-        QLocale::setDefault(british);
-        QCOMPARE(german, QStringList{u"März"_qs});
     }
 };
 

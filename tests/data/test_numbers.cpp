@@ -90,7 +90,6 @@ private Q_SLOTS:
     }
 
     void weightsAreComparedAsRead() {
-        QVERIFY(0.1 + 0.2 != 0.3);
         QVERIFY(asRead(0.1 + 0.2) == 0.3);
         QVERIFY(asRead(1e300) == 1e300);
         QVERIFY(std::isinf(asRead(std::numeric_limits<double>::infinity())));

@@ -61,14 +61,6 @@ private Q_SLOTS:
         QCOMPARE(QDir(store.file(u"new folder/älv & co"_qs)).entryList(QDir::Files), QStringList{u"data.sqlite"_qs});
     }
 
-    void secondStartChangesNothing() {
-        test::TemporaryStore store;
-        store.addReferenceRows();
-        const QByteArray before = bytes(store.path());
-        prepareStore(store.path());
-        QCOMPARE(bytes(store.path()), before);
-    }
-
     void refused_data() {
         QTest::addColumn<Change>("change");
         QTest::addColumn<QString>("reason");
