@@ -85,26 +85,24 @@ private Q_SLOTS:
         const QSignalSpy loaded(finder.panel.get(), &FinderPanel::loaded);
         finder.search(u"Sampling Port"_qs, u"Abo"_qs);
         QCOMPARE(loaded.count(), 1);
-        const std::vector<std::pair<QString, QString>> expected = {
-            {u"Fishing operation no."_qs, u"1"_qs},
-            {u"Landing State/Province"_qs, u"Alpha"_qs},
-            {u"Sampling Port"_qs, u"Abo"_qs},
-            {u"Date"_qs, u"09/03/2004"_qs},
-            {kVessel, u"Sea Star"_qs},
-            {u"Fishing Gear"_qs, u"Trawl"_qs},
-            {u"Fishing Method"_qs, u"Otter board"_qs},
-            {u"Fishing area"_qs, u"A1"_qs},
-            {u"Latitude"_qs, u"Dec 12 Min 30"_qs},
-            {u"Longtitude"_qs, u"Dec 100 Min 15"_qs},
-            {u"Fishing time"_qs, u"Day"_qs},
-            {u"Bottom Depth(Meter)"_qs, u"40"_qs},
-            {u"Fishing Depth(Meter)"_qs, u"35"_qs},
-            {u"No of haul/Trip"_qs, u"3"_qs},
-            {u"Duration of Trip(days)"_qs, u"2"_qs},
-            {u"Estimate Total Catch(kg)"_qs, u"0.1"_qs},
-            {u"Recorder"_qs, u"Port Sampler"_qs},
-            {u"Note"_qs, QString()},
-        };
+        const std::vector<std::pair<QString, QString>> expected = {{u"Fishing operation no."_qs, u"1"_qs},
+                                                                   {u"Landing State/Province"_qs, u"Alpha"_qs},
+                                                                   {u"Sampling Port"_qs, u"Abo"_qs},
+                                                                   {u"Date"_qs, u"09/03/2004"_qs},
+                                                                   {kVessel, u"Sea Star"_qs},
+                                                                   {u"Fishing Gear"_qs, u"Trawl"_qs},
+                                                                   {u"Fishing Method"_qs, u"Otter board"_qs},
+                                                                   {u"Fishing area"_qs, u"A1"_qs},
+                                                                   {u"Latitude"_qs, u"Dec 12 Min 30"_qs},
+                                                                   {u"Longtitude"_qs, u"Dec 100 Min 15"_qs},
+                                                                   {u"Fishing time"_qs, u"Day"_qs},
+                                                                   {u"Bottom Depth(Meter)"_qs, u"40"_qs},
+                                                                   {u"Fishing Depth(Meter)"_qs, u"35"_qs},
+                                                                   {u"No of haul/Trip"_qs, u"3"_qs},
+                                                                   {u"Duration of Trip(days)"_qs, u"2"_qs},
+                                                                   {u"Estimate Total Catch(kg)"_qs, u"0.1"_qs},
+                                                                   {u"Recorder"_qs, u"Port Sampler"_qs},
+                                                                   {u"Note"_qs, QString()}};
         for (const auto& [caption, text] : expected) {
             QCOMPARE(finder.hand().text(caption), text);
         }
