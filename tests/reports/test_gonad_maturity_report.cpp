@@ -21,16 +21,11 @@ const QString kNone = u"NONE IDENTIFY"_qs;
 
 /// The report over two females and a male of March, a female of January.
 struct Gonads : Report<GonadMaturityReportScreen> {
-    explicit Gonads(std::vector<Literal> further = {}) : Report(with(std::move(further))) {}
-    [[nodiscard]] QTabWidget* front() const { return screen->findChild<QTabWidget*>(); }
+    Gonads()
+        : Report({"insert into gonad_detail(optid, spid, samplingno, sex, stage) values (2,1,1,'Female',1),"
+                  " (3,1,1,'Female',3), (2,1,2,'Male',2), (1,1,1,'Female',1), (5,1,1,'Juvenile',1)"}) {}
 
-private:
-    static std::vector<Literal> with(std::vector<Literal> further) {
-        further.insert(further.begin(),
-                       "insert into gonad_detail(optid, spid, samplingno, sex, stage) values (2,1,1,'Female',1),"
-                       " (3,1,1,'Female',3), (2,1,2,'Male',2), (1,1,1,'Female',1), (5,1,1,'Juvenile',1)");
-        return further;
-    }
+    [[nodiscard]] QTabWidget* front() const { return screen->findChild<QTabWidget*>(); }
 };
 
 /// The dated fish of a species as the port office would have counted them: an operation a day, species 7, stages 0 to
@@ -125,11 +120,12 @@ private Q_SLOTS:
     }
 
     void textsAreOrderedAsTexts() {
-        const Gonads report({"update fishoperation set optdate = '2004-04-30' where optid = 4",
-                             "insert into gonad_stage values (10, 'Resting')",
-                             "insert into gonad_detail(optid, spid, samplingno, sex, stage) values (1,1,2,'Male',10),"
-                             " (4,1,1,'male',1), (4,1,2,'None',2), (1,1,3,'None',2), (4,1,3,'Juvenile',1),"
-                             " (4,1,4,'Female',2)"});
+        Gonads report;
+        report.store.execute("update fishoperation set optdate = '2004-04-30' where optid = 4");
+        report.store.execute("insert into gonad_stage values (10, 'Resting')");
+        report.store.execute(
+            "insert into gonad_detail(optid, spid, samplingno, sex, stage) values (1,1,2,'Male',10), (4,1,1,'male',1),"
+            " (4,1,2,'None',2), (1,1,3,'None',2), (4,1,3,'Juvenile',1), (4,1,4,'Female',2)");
         report.search(u"2004"_qs, kMackerel);
         QCOMPARE(report.headers(kSexes), u"Month/SEX;Female;Juvenile;Male;None"_qs);
         QCOMPARE(report.rows(kSexes), u"April|1|1|1|1;January|1||1|1;March|2||1|"_qs);
@@ -147,9 +143,10 @@ private Q_SLOTS:
     }
 
     void stagesAndSexesThatAreMissing() {
-        const Gonads report({"update gonad_detail set stage = 0 where optid = 1",
-                             "update gonad_detail set sex = null, stage = null where optid = 3",
-                             "delete from gonad_stage where stageid = 2"});
+        Gonads report;
+        report.store.execute("update gonad_detail set stage = 0 where optid = 1");
+        report.store.execute("update gonad_detail set sex = null, stage = null where optid = 3");
+        report.store.execute("delete from gonad_stage where stageid = 2");
         report.search(u"2004"_qs, kMackerel);
         QCOMPARE(report.rows(kSexes), u"January||1|;March||1|1"_qs);
         QCOMPARE(report.rows(kFemale), u"March|1"_qs);

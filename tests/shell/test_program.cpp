@@ -85,7 +85,7 @@ private Q_SLOTS:
         }
     }
 
-    void screensOpenOnce() {
+    void screensOpenOnceUntilTheEnd() {
         test::TemporaryStore store;
         MainWindow window(store.context());
         window.show();
@@ -103,24 +103,15 @@ private Q_SLOTS:
         window.findChildren<QMdiSubWindow*>().first()->close();
         QTRY_VERIFY(button->isEnabled());
         QCOMPARE(windows(window).size(), 1);
-    }
 
-    void leaving() {
-        test::TemporaryStore store;
-        MainWindow window(store.context());
-        window.show();
         const QSignalSpy ended(&window, &MainWindow::ended);
-        action(window, u"General Information"_qs)->trigger();
-        const auto exit = [&](bool yes) {
+        for (const bool yes : {false, true}) {
             store.dialogs.expectConfirm(u"Question"_qs, u"Do you want to exit program?"_qs, yes);
+            QCOMPARE(windows(window).size(), 1);
             action(window, u"Exit"_qs)->trigger();
             QVERIFY(store.dialogs.done());
-        };
-        exit(false);
-        QCOMPARE(ended.count(), 0);
-        QCOMPARE(windows(window).size(), 1);
-        exit(true);
-        QCOMPARE(ended.count(), 1);
+            QCOMPARE(ended.count(), yes ? 1 : 0);
+        }
     }
 };
 
