@@ -34,7 +34,7 @@ private Q_SLOTS:
         QCOMPARE(report.screen->windowTitle(), u"Number of record and estimate total catch"_qs);
         QCOMPARE(report.rows() + report.ui().text(kTotal), QString());
         QVERIFY(!report.canExport() && !report.ui().enabled(kByMonth));
-        QCOMPARE(report.ui().list(kYear)->count(), 2);
+        QCOMPARE(report.ui().list(kYear)->itemText(0) + u' ' + report.ui().list(kYear)->itemText(1), u"2004 2005"_qs);
         report.ui().press(kSearch);
         report.ui().type(kYear, u"2003"_qs);
         report.ui().press(kSearch);
