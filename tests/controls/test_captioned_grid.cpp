@@ -14,8 +14,6 @@
 
 namespace kelvora::test_captioned_grid {
 
-using namespace Qt::StringLiterals;
-
 /// A grid of vessels with its navigator.
 class TestCaptionedGrid : public QObject {
     Q_OBJECT
@@ -57,36 +55,28 @@ private Q_SLOTS:
         show(2);
         QCOMPARE(m_grid->headers(), QStringList({u"Register ID"_qs, u"Vessel name"_qs, u"GRT"_qs}));
         QCOMPARE(m_grid->text(1, 1), QStringLiteral("Vessel 1"));
-        QCOMPARE(m_grid->text(2, 0), QString());
         m_frame->setCaption(QStringLiteral("VESSEL"));
         QCOMPARE(m_grid->accessibleName(), QStringLiteral("VESSEL"));
     }
 
-    void widths_data() {
-        QTest::addColumn<int>("window");
-        QTest::addColumn<bool>("grows");
-        QTest::newRow("narrow: the given widths") << 300 << false;
-        QTest::newRow("wide: in proportion") << 900 << true;
-    }
+    /// The given widths where there is little room, else as wide as the window in their proportion.
     void widths() {
-        QFETCH(int, window);
-        QFETCH(bool, grows);
         show(2);
-        m_frame->resize(window, 300);
-        QCoreApplication::processEvents();
-        const int room = m_grid->viewport()->width();
         const int dpi = m_grid->logicalDpiX();
-        QCOMPARE(m_grid->columnWidth(1), grows ? room / 2 : 3000 / 15 * dpi / 96);
-        QCOMPARE(m_grid->horizontalHeader()->length() == room, grows);
-    }
-
-    void widthsOfAFirstShow() {
-        Grid grid(QStringLiteral("Result"));
-        grid.show(vessels(1), m_columns);
-        grid.resize(900, 200);
-        grid.setVisible(true);
-        QVERIFY(QTest::qWaitForWindowExposed(&grid));
-        QCOMPARE(grid.horizontalHeader()->length(), grid.viewport()->width());
+        for (const int window : {300, 900}) {
+            m_frame->resize(window, 300);
+            QCoreApplication::processEvents();
+            const int room = m_grid->viewport()->width();
+            const bool grows = window == 900;
+            QCOMPARE(m_grid->columnWidth(1), grows ? room / 2 : 3000 / 15 * dpi / 96);
+            QCOMPARE(m_grid->horizontalHeader()->length() == room, grows);
+        }
+        Grid shownLater(u"Result"_qs);
+        shownLater.show(vessels(1), m_columns);
+        shownLater.resize(900, 200);
+        shownLater.setVisible(true);
+        QVERIFY(QTest::qWaitForWindowExposed(&shownLater));
+        QCOMPARE(shownLater.horizontalHeader()->length(), shownLater.viewport()->width());
     }
 
     void copiesRowsInTheirOrder() {
@@ -137,9 +127,7 @@ private Q_SLOTS:
         QCOMPARE(arrived.size(), 3);
         QCOMPARE(chosen.size(), 3);
         QCOMPARE(m_grid->selectionModel()->selectedRows().size(), 1);
-    }
 
-    void arrowKeysWithAHiddenFirstColumn() {
         m_columns[0].hidden = true;
         show(3);
         QTest::keyClick(m_grid, Qt::Key_Down);
@@ -149,24 +137,18 @@ private Q_SLOTS:
         QVERIFY(!m_grid->isColumnHidden(0));
     }
 
-    void refreshGoesToTheFirstRow_data() {
-        QTest::addColumn<int>("rows");
-        QTest::newRow("more") << 5;
-        QTest::newRow("the same") << 3;
-        QTest::newRow("fewer") << 1;
-        QTest::newRow("none") << 0;
-    }
     void refreshGoesToTheFirstRow() {
-        QFETCH(int, rows);
-        show(3);
-        m_navigator->moveTo(2);
-        const QSignalSpy arrived(m_navigator, &RecordNavigator::arrived);
-        const QSignalSpy chosen(m_grid, &Grid::rowChosen);
-        show(rows);
-        QCOMPARE(m_grid->currentRow(), rows > 0 ? 0 : -1);
-        QCOMPARE(m_navigator->row(), m_grid->currentRow());
-        QCOMPARE(arrived.size(), 1);
-        QCOMPARE(chosen.size(), rows > 0 ? 1 : 0);
+        for (const int rows : {5, 3, 1, 0}) {
+            show(3);
+            m_navigator->moveTo(2);
+            const QSignalSpy arrived(m_navigator, &RecordNavigator::arrived);
+            const QSignalSpy chosen(m_grid, &Grid::rowChosen);
+            show(rows);
+            QCOMPARE(m_grid->currentRow(), rows > 0 ? 0 : -1);
+            QCOMPARE(m_navigator->row(), m_grid->currentRow());
+            QCOMPARE(arrived.size(), 1);
+            QCOMPARE(chosen.size(), rows > 0 ? 1 : 0);
+        }
     }
 
     void sourcesOfAScreenAndOwnOnes() {

@@ -2,45 +2,28 @@
 #include "support/test_main.h"
 
 #include <QAccessible>
-#include <QGridLayout>
-#include <QLineEdit>
 #include <QTest>
 
 namespace kelvora::test_fields {
 
-/// Values to read, and captions in front of fields.
+/// Values to read, whatever their text is.
 class TestFields : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void values_data() {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("plain") << QStringLiteral("Otter board");
-        QTest::newRow("markup") << QStringLiteral("<b></b>");
-        QTest::newRow("an ampersand") << QStringLiteral("&");
-        QTest::newRow("long") << QString(10'000, u'W');
-        QTest::newRow("many lines") << QStringLiteral("a\nb\n").repeated(2'500);
-    }
     void values() {
-        QFETCH(QString, text);
         ValueLabel empty;
-        ValueLabel label;
-        label.setText(text);
-        QCOMPARE(label.sizeHint(), empty.sizeHint());
-        QCOMPARE(label.minimumSizeHint(), empty.minimumSizeHint());
-        label.resize(200, 30);
         empty.resize(200, 30);
-        QVERIFY(label.grab().toImage() != empty.grab().toImage());
-        QCOMPARE(QAccessible::queryAccessibleInterface(&label)->text(QAccessible::Name), text);
-    }
-
-    void captionNamesItsField() {
-        QWidget window;
-        auto* form = new QGridLayout(&window);
-        QLineEdit* field = numberField(QStringLiteral("0"));
-        const QLabel* label = addField(form, 0, 0, QStringLiteral(" Bottom Depth (m) "), field);
-        QCOMPARE(label->text(), QStringLiteral("Bottom Depth (m)"));
-        QCOMPARE(QAccessible::queryAccessibleInterface(field)->text(QAccessible::Name), label->text());
+        for (const QString& text :
+             {u"Otter board"_qs, u"<b></b>"_qs, u"&"_qs, QString(10'000, u'W'), u"a\nb\n"_qs.repeated(2'500)}) {
+            ValueLabel label;
+            label.setText(text);
+            QCOMPARE(label.sizeHint(), empty.sizeHint());
+            QCOMPARE(label.minimumSizeHint(), empty.minimumSizeHint());
+            label.resize(200, 30);
+            QVERIFY(label.grab().toImage() != empty.grab().toImage());
+            QCOMPARE(QAccessible::queryAccessibleInterface(&label)->text(QAccessible::Name), text);
+        }
     }
 };
 

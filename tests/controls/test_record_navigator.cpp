@@ -23,48 +23,33 @@ class TestRecordNavigator : public QObject {
     }
 
 private Q_SLOTS:
-    void buttons_data() {
-        QTest::addColumn<int>("rows");
-        QTest::addColumn<int>("row");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("empty") << 0 << -1 << "----";
-        QTest::newRow("one row") << 1 << 0 << "----";
-        QTest::newRow("first of three") << 3 << 0 << "--NL";
-        QTest::newRow("second of three") << 3 << 1 << "FPNL";
-        QTest::newRow("last of three") << 3 << 2 << "FP--";
-    }
-    void buttons() {
-        QFETCH(int, rows);
-        QFETCH(int, row);
-        RecordNavigator navigator(QStringLiteral("Result"));
-        navigator.setRowCount(rows);
-        navigator.moveTo(row);
-        QCOMPARE(navigator.row(), row);
-        QTEST(enabled(navigator), "expected");
-    }
-
     void walk() {
-        RecordNavigator navigator(QStringLiteral("Result"));
+        RecordNavigator navigator(u"Result"_qs);
         QSignalSpy arrived(&navigator, &RecordNavigator::arrived);
         const auto rowsGoneTo = [&] {
             QList<int> rows;
-            for (const auto& arguments : std::exchange(static_cast<QList<QList<QVariant>>&>(arrived), {})) {
-                rows.append(arguments[0].toInt());
+            while (!arrived.isEmpty()) {
+                rows.append(arrived.takeFirst().at(0).toInt());
             }
             return rows;
         };
         navigator.moveTo(2);
+        QCOMPARE(enabled(navigator), u"----"_qs);
         QCOMPARE(rowsGoneTo(), QList<int>());
         navigator.setRowCount(4);
-        for (const char* button : {"Next", "Last", "Previous", "First"}) {
-            test::ScreenDriver(&navigator).press(QString::fromLatin1(button));
+        QCOMPARE(enabled(navigator), u"--NL"_qs);
+        for (const auto& [button, then] : {std::pair{u"Next"_qs, u"FPNL"_qs}, std::pair{u"Last"_qs, u"FP--"_qs},
+                                           std::pair{u"Previous"_qs, u"FPNL"_qs}, std::pair{u"First"_qs, u"--NL"_qs}}) {
+            test::ScreenDriver(&navigator).press(button);
+            QCOMPARE(enabled(navigator), then);
         }
         QCOMPARE(rowsGoneTo(), QList<int>({0, 1, 3, 2, 0}));
         navigator.moveTo(99);
         navigator.moveTo(3);
         navigator.moveTo(-5);
         QCOMPARE(rowsGoneTo(), QList<int>({3, 0}));
-        navigator.setRowCount(4);
+        navigator.setRowCount(1);
+        QCOMPARE(enabled(navigator), u"----"_qs);
         navigator.setRowCount(0);
         QCOMPARE(rowsGoneTo(), QList<int>({0, -1}));
         QCOMPARE(navigator.row(), -1);

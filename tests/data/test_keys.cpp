@@ -7,59 +7,48 @@
 
 namespace kelvora::test_keys {
 
-using Next = std::function<int(Connection&)>;
-using Insert = std::function<void(Connection&, int)>;
-
 /// The keys of new rows, from the first to the last.
 class TestKeys : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void largestAndOne_data() {
-        QTest::addColumn<Next>("next");
-        QTest::addColumn<Insert>("insert");
-        QTest::addColumn<int>("first");
-        const auto row = [](const char* name, const Next& next, const Insert& insert, int first = 1) {
-            QTest::newRow(name) << next << insert << first;
-        };
-        row("state", nextState,
-            [](Connection& db, int key) { db.execute(Sql("insert into state(stateid) values(") << key << ")"); });
-        row("port", nextSamplingPort, [](Connection& db, int key) {
-            db.execute(Sql("insert into samplingport(samplingid) values(") << key << ")");
-        });
-        row("gear", nextGear,
-            [](Connection& db, int key) { db.execute(Sql("insert into Fishing_gear(gearid) values(") << key << ")"); });
-        row("method", nextMethod, [](Connection& db, int key) {
-            db.execute(Sql("insert into Fishing_method(methodid) values(") << key << ")");
-        });
-        row("species", nextSpecies,
-            [](Connection& db, int key) { db.execute(Sql("insert into fish(fishno) values(") << key << ")"); });
-        row("operation", nextOperation,
-            [](Connection& db, int key) { db.execute(Sql("insert into fishoperation(optid) values(") << key << ")"); });
-        row(
-            "group", [](Connection& db) { return nextGroup(db, 7); },
-            [](Connection& db, int key) {
-                db.execute(Sql("insert into group_main(optid, groupid) values(7,")
-                           << key << "),(8," << key << " + 1000)");
-            },
-            2);
-    }
     void largestAndOne() {
-        QFETCH(Next, next);
-        QFETCH(Insert, insert);
+        struct Key {
+            const char* name;
+            int (*next)(Connection&);
+            Literal insert;
+            int first = 1;
+        };
+        const std::vector<Key> keys = {
+            {"state", nextState, "insert into state(stateid) values("},
+            {"port", nextSamplingPort, "insert into samplingport(samplingid) values("},
+            {"gear", nextGear, "insert into Fishing_gear(gearid) values("},
+            {"method", nextMethod, "insert into Fishing_method(methodid) values("},
+            {"species", nextSpecies, "insert into fish(fishno) values("},
+            {"operation", nextOperation, "insert into fishoperation(optid) values("},
+            {"group of an operation", [](Connection& db) { return nextGroup(db, 7); },
+             "insert into group_main(optid, groupid) values(7,", 2},
+        };
         test::TemporaryStore store;
-        QTEST(next(store.db()), "first");
-        insert(store.db(), kLargestKey - 1);
-        QCOMPARE(next(store.db()), kLargestKey);
-        insert(store.db(), kLargestKey);
-        try {
-            next(store.db());
-            QFAIL("a key beyond the last one");
-        } catch (const DataError& e) {
-            QVERIFY(QString::fromUtf8(e.what()).contains(u"it holds at most 32767 "));
+        store.execute("insert into group_main(optid, groupid) values(8, 32767)");
+        for (const Key& key : keys) {
+            const auto refused = [&] {
+                try {
+                    key.next(store.db());
+                } catch (const DataError& e) {
+                    return QString::fromUtf8(e.what()).contains(u"it holds at most 32767 ");
+                }
+                return false;
+            };
+            const auto insert = [&](int number) { store.db().execute(Sql(key.insert) << number << ")"); };
+            QVERIFY2(key.next(store.db()) == key.first, key.name);
+            insert(kLargestKey - 1);
+            QVERIFY2(key.next(store.db()) == kLargestKey, key.name);
+            insert(kLargestKey);
+            QVERIFY2(refused(), key.name);
+            insert(2'147'483'647);
+            QVERIFY2(refused(), key.name);
         }
-        insert(store.db(), 2'147'483'647);
-        QVERIFY_EXCEPTION_THROWN(next(store.db()), DataError);
     }
 
     void countAndOne() {

@@ -26,40 +26,23 @@ private Q_SLOTS:
         row(u"+.5"_qs, 0.5, 0.5);
         row(u"5."_qs, 5, 5);
         row(u"1E3"_qs, 1000, 1000);
-        row(u"1e-2"_qs, 0.01, 0.01);
         row(u"007"_qs, 7, 7);
         row(u"-0"_qs, 0, 0);
-        row(u"0.1"_qs, 0.1, 0.1);
         row(u"1e400"_qs, {}, huge);
         row(u"-1e400"_qs, {}, -huge);
         row(u"1.7976931348623157e308"_qs, {}, huge);  // too large with fifteen digits
         row(u"1.79769313486231e308"_qs, 1.79769313486231e308, 1.79769313486231e308);
-        row(u"1e-400"_qs, 0, 0);
         row(QString(400, u'9'), {}, huge);
         row(u"."_qs + QString(400, u'0') + u"1"_qs, 0, 0);
         row(u"1"_qs + QString(400, u'0') + u"e-400"_qs, 1, 1);
-        row(QString(), {}, 0);
-        row(u"   "_qs, {}, 0);
-        row(u"."_qs, {}, 0);
-        row(u"-"_qs, {}, 0);
-        row(u"abc"_qs, {}, 0);
-        row(u"12abc"_qs, {}, 12);
         row(u"  3.5 kg"_qs, {}, 3.5);
+        for (const QString& text :
+             {QString(), u"."_qs, u"--1"_qs, u"abc"_qs, u"e5"_qs, u"0x10"_qs, u"inf"_qs, u"nan"_qs, u"५"_qs}) {
+            row(text, {}, 0);
+        }
         row(u"1,000"_qs, {}, 1);
-        row(u"10,5"_qs, {}, 10);
-        row(u"1 000"_qs, {}, 1);
         row(u"1.2.3"_qs, {}, 1.2);
-        row(u"--1"_qs, {}, 0);
-        row(u"1e"_qs, {}, 1);
         row(u"1e+"_qs, {}, 1);
-        row(u"e5"_qs, {}, 0);
-        row(u"0x10"_qs, {}, 0);
-        row(u"&H10"_qs, {}, 0);
-        row(u"inf"_qs, {}, 0);
-        row(u"nan"_qs, {}, 0);
-        row(u"$5"_qs, {}, 0);
-        row(u"५"_qs, {}, 0);
-        row(u"½"_qs, {}, 0);
     }
     void fromText() {
         QFETCH(QString, text);
@@ -77,19 +60,18 @@ private Q_SLOTS:
             QTest::newRow(qPrintable(plain)) << value << plain << rounded;
         };
         row(11, u"11"_qs, u"11.00"_qs);
-        row(10.25, u"10.25"_qs, u"10.25"_qs);
         row(-10.255, u"-10.255"_qs, u"-10.26"_qs);
         row(0, u"0"_qs, u"0.00"_qs);
         row(-0.0, u"0"_qs, u"0.00"_qs);
         row(0.1 + 0.2, u"0.3"_qs, u"0.30"_qs);
         row(1.005, u"1.005"_qs, u"1.01"_qs);
         row(1.0049999999999, u"1.0049999999999"_qs, u"1.00"_qs);
+        row(-0.004, u"-0.004"_qs, u"0.00"_qs);
+        row(0.005, u"0.005"_qs, u"0.01"_qs);
         row(0.00001, u"0.00001"_qs, u"0.00"_qs);
-        row(0.0049, u"0.0049"_qs, u"0.00"_qs);
         row(9.995, u"9.995"_qs, u"10.00"_qs);
         row(1.0 / 3, u"0.333333333333333"_qs, u"0.33"_qs);
         row(1234567890123456.0, u"1234567890123460"_qs, u"1234567890123460.00"_qs);
-        row(8725728572997425.0, u"8725728572997420"_qs, u"8725728572997420.00"_qs);
         row(1e20, u"100000000000000000000"_qs, u"100000000000000000000.00"_qs);
         row(1e21, u"1e+21"_qs, u"1000000000000000000000.00"_qs);
         row(1e-9, u"0.000000001"_qs, u"0.00"_qs);
@@ -105,7 +87,6 @@ private Q_SLOTS:
     }
 
     void weightsAreComparedAsRead() {
-        QVERIFY(0.1 + 0.2 != 0.3);
         QVERIFY(asRead(0.1 + 0.2) == 0.3);
         QVERIFY(asRead(1e300) == 1e300);
         QVERIFY(std::isinf(asRead(std::numeric_limits<double>::infinity())));

@@ -15,30 +15,22 @@ private Q_SLOTS:
         const Sql sql = Sql("insert into t values(")
                         << 7 << "," << 10.25 << "," << QStringLiteral("O'Hara") << "," << QDate(2026, 11, 22) << ")";
         QCOMPARE(sql.text(), std::string("insert into t values(7,10.25,'O''Hara','2026-11-22')"));
+        QVERIFY_EXCEPTION_THROWN(Sql("select ") << std::numeric_limits<double>::infinity(), std::invalid_argument);
     }
 
-    void hostileTextsRoundTrip_data() {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("apostrophe") << QStringLiteral("'; drop table state; --");
-        QTest::newRow("only quotes") << QStringLiteral("'''");
-        QTest::newRow("dialect words") << QStringLiteral("a & b year(optdate) = 2004 PIVOT [x] \" \\ %");
-        QTest::newRow("scripts") << QStringLiteral("ปลาทู 鯖 Ålesund مرسى");
-        QTest::newRow("long") << QString(10'000, u'\'');
-    }
+    /// Also where the dialect takes a statement apart. A null character is left out: no statement can carry it.
     void hostileTextsRoundTrip() {
-        QFETCH(QString, text);
-        test::TemporaryStore store;
-        store.db().execute(Sql("insert into state values(1,") << text << ")");
-        QCOMPARE(store.rows(Sql("select statename from state where statename = ") << text), QStringList{text});
-        QCOMPARE(store.rows(Sql("select statename & '' as joined from state")), QStringList{text});
-    }
-
-    void nullCharactersAreLeftOut() {
-        test::TemporaryStore store;
-        const QString cut = u"a"_qs + QChar(u'\0') + u"b' or '1' = '1"_qs;
-        store.db().execute(Sql("insert into state values(1,") << cut << ")");
-        QCOMPARE(store.rows("select statename from state"), QStringList{u"ab' or '1' = '1"_qs});
-        QCOMPARE(store.rows(Sql("select stateid from state where statename = ") << cut), QStringList{u"1"_qs});
+        for (const QString& text :
+             {u"'; drop table state; --"_qs,
+              u"a & b year(optdate) = 2004 TRANSFORM sum(x) group by y PIVOT ' [x] \" \\ %;("_qs,
+              u"ปลาทู 鯖 Ålesund مرسى"_qs, QString(10'000, u'\''), u"a"_qs + QChar(u'\0') + u"b' or '1' = '1"_qs}) {
+            test::TemporaryStore store;
+            store.db().execute(Sql("insert into state values(1,") << text << ")");
+            const QStringList whole{QString(text).remove(QChar(u'\0'))};
+            QCOMPARE(store.rows(Sql("select statename from state where (statename = ") << text << ")"), whole);
+            QCOMPARE(store.rows(Sql("select statename & '' as joined from state where ") << text << " & '' = " << text),
+                     whole);
+        }
     }
 
     /// A statement that comes again with other values is not prepared again: nothing of the former ones may stay.
@@ -67,10 +59,6 @@ private Q_SLOTS:
         // A statement left half-way by its failure does not keep the file locked.
         Connection other(store.path());
         other.execute(Sql("insert into state values (") << 9 << ",'Nine')");
-    }
-
-    void notANumber() {
-        QVERIFY_EXCEPTION_THROWN(Sql("select ") << std::numeric_limits<double>::infinity(), std::invalid_argument);
     }
 };
 

@@ -10,48 +10,49 @@
 
 namespace kelvora::test_finder {
 
+const QString kCriterion = u"Criterion"_qs;
+const QString kValue = u"Value"_qs;
+const QString kResult = u"Result"_qs;
+const QString kVessel = u"Vessel"_qs;
+const QString kState = u"State/Province"_qs;
+
 /// The panel over three operations: 1 and 2 in state Alpha, 3 in state Beta.
 struct Finder {
     explicit Finder(bool firstCriterion = false, int lastSaved = 0) {
         store.addReferenceRows();
-        store.addOperation(1, 1, QStringLiteral("2004-03-09"), 1, 120.5, QStringLiteral("Sea Star"),
-                           QStringLiteral("A1"));
-        store.addOperation(2, 2, QStringLiteral("2004-04-01"), 3, 80, QStringLiteral("Blue Fin"), QStringLiteral("A2"));
-        store.addOperation(3, 3, QStringLiteral("2004-05-01"), 2, 60, QStringLiteral("Sea Star"), QStringLiteral("A1"));
+        store.addOperation(1, 1, u"2004-03-09"_qs, 1, 120.5, u"Sea Star"_qs, u"A1"_qs);
+        store.addOperation(2, 2, u"2004-04-01"_qs, 3, 80, u"Blue Fin"_qs, u"A2"_qs);
+        store.addOperation(3, 3, u"2004-05-01"_qs, 2, 60, u"Sea Star"_qs, u"A1"_qs);
         store.session.lastSavedOperation = lastSaved;
         open(firstCriterion);
     }
-
     void open(bool firstCriterion) {
-        panel = std::make_unique<FinderPanel>(QStringLiteral("Fishing operation no."), store.db(), store.context());
-        driver = std::make_unique<test::ScreenDriver>(panel.get());
+        panel = std::make_unique<FinderPanel>(u"Fishing operation no."_qs, store.db(), store.context());
         panel->open(firstCriterion);
     }
-
+    [[nodiscard]] test::ScreenDriver hand() const { return test::ScreenDriver(panel.get()); }
     void search(const QString& criterion, const QString& value) const {
-        driver->choose(QStringLiteral("Criterion"), criterion);
-        driver->choose(QStringLiteral("Value"), value);
-        driver->press(QStringLiteral("Search"));
+        hand().choose(kCriterion, criterion);
+        hand().choose(kValue, value);
+        hand().press(u"Search"_qs);
     }
-
-    [[nodiscard]] QString caption() const { return driver->navigator(QStringLiteral("Result"))->caption(); }
-
+    void searchTyped(const QString& value) const {
+        hand().type(kValue, value);
+        hand().press(u"Search"_qs);
+    }
+    [[nodiscard]] QString caption() const { return hand().navigator(kResult)->caption(); }
     /// The numbers of all operations of the result, in its order.
-    [[nodiscard]] QStringList found() const {
-        QStringList numbers;
-        const int count = driver->navigator(QStringLiteral("Result"))->rowCount();
-        for (int i = 0; i < count; ++i) {
-            if (i > 0) {
-                driver->move(QStringLiteral("Result"), QStringLiteral("Next"));
-            }
+    [[nodiscard]] QString found() const {
+        QStringList numbers{panel->currentOperation()};
+        while (numbers.size() < hand().navigator(kResult)->rowCount()) {
+            hand().move(kResult, u"Next"_qs);
             numbers.append(panel->currentOperation());
         }
-        return numbers;
+        return numbers.join(u' ');
     }
 
     test::TemporaryStore store;
     std::unique_ptr<FinderPanel> panel;
-    std::unique_ptr<test::ScreenDriver> driver;
 };
 
 class TestFinder : public QObject {
@@ -59,194 +60,151 @@ class TestFinder : public QObject {
 
 private Q_SLOTS:
     void criteria_data() {
-        QTest::addColumn<QString>("criterion");
         QTest::addColumn<QString>("value");
-        QTest::addColumn<QStringList>("operations");
-        const auto row = [](const char* criterion, const char* value, const QStringList& operations) {
-            QTest::newRow(criterion) << QString::fromLatin1(criterion) << QString::fromLatin1(value) << operations;
-        };
-        const auto one = QStringLiteral("1"), two = QStringLiteral("2"), three = QStringLiteral("3");
-        row("State/Province", "Alpha", {one, two});
-        row("Sampling Port", "Cay", {three});
-        row("Fishing Area", "north bank", {one, three});
-        row("Vessel", "Sea Star", {one, three});
-        row("Fishing Gear", "Trawl", {one, three});
+        QTest::addColumn<QString>("operations");
+        QTest::newRow("State/Province") << u"Alpha"_qs << u"1 2"_qs;
+        QTest::newRow("Sampling Port") << u"Cay"_qs << u"3"_qs;
+        QTest::newRow("Fishing Area") << u"north bank"_qs << u"1 3"_qs;
+        QTest::newRow("Vessel") << u"Sea Star"_qs << u"1 3"_qs;
+        QTest::newRow("Fishing Gear") << u"Trawl"_qs << u"1 3"_qs;
     }
     void criteria() {
-        QFETCH(QString, criterion);
         QFETCH(QString, value);
-        QFETCH(QStringList, operations);
+        QFETCH(QString, operations);
         const Finder finder;
-        finder.search(criterion, value);
-        QCOMPARE(finder.caption(), QStringLiteral("Result 1 Of %1").arg(operations.size()));
+        finder.search(QString::fromLatin1(QTest::currentDataTag()), value);
+        const qsizetype count = operations.split(u' ').size();
+        QCOMPARE(finder.caption(), u"Result 1 Of %1"_qs.arg(count));
         QCOMPARE(finder.found(), operations);
-        QCOMPARE(finder.caption(), QStringLiteral("Result %1 Of %1").arg(operations.size()));
+        QCOMPARE(finder.caption(), u"Result %1 Of %1"_qs.arg(count));
     }
 
     void details() {
         Finder finder;
         finder.store.execute("update fishoperation set estotal = 0.1, note = null where optid = 1");
         const QSignalSpy loaded(finder.panel.get(), &FinderPanel::loaded);
-        finder.search(QStringLiteral("Sampling Port"), QStringLiteral("Abo"));
+        finder.search(u"Sampling Port"_qs, u"Abo"_qs);
         QCOMPARE(loaded.count(), 1);
-        const QList<std::pair<QString, QString>> expected = {
-            {QStringLiteral("Fishing operation no."), QStringLiteral("1")},
-            {QStringLiteral("Landing State/Province"), QStringLiteral("Alpha")},
-            {QStringLiteral("Sampling Port"), QStringLiteral("Abo")},
-            {QStringLiteral("Date"), QStringLiteral("09/03/2004")},
-            {QStringLiteral("Vessel"), QStringLiteral("Sea Star")},
-            {QStringLiteral("Fishing Gear"), QStringLiteral("Trawl")},
-            {QStringLiteral("Fishing Method"), QStringLiteral("Otter board")},
-            {QStringLiteral("Fishing area"), QStringLiteral("A1")},
-            {QStringLiteral("Latitude"), QStringLiteral("Dec 12 Min 30")},
-            {QStringLiteral("Longtitude"), QStringLiteral("Dec 100 Min 15")},
-            {QStringLiteral("Fishing time"), QStringLiteral("Day")},
-            {QStringLiteral("Bottom Depth(Meter)"), QStringLiteral("40")},
-            {QStringLiteral("Fishing Depth(Meter)"), QStringLiteral("35")},
-            {QStringLiteral("No of haul/Trip"), QStringLiteral("3")},
-            {QStringLiteral("Duration of Trip(days)"), QStringLiteral("2")},
-            {QStringLiteral("Estimate Total Catch(kg)"), QStringLiteral("0.1")},
-            {QStringLiteral("Recorder"), QStringLiteral("Port Sampler")},
-            {QStringLiteral("Note"), QString()},
-        };
+        const std::vector<std::pair<QString, QString>> expected = {{u"Fishing operation no."_qs, u"1"_qs},
+                                                                   {u"Landing State/Province"_qs, u"Alpha"_qs},
+                                                                   {u"Sampling Port"_qs, u"Abo"_qs},
+                                                                   {u"Date"_qs, u"09/03/2004"_qs},
+                                                                   {kVessel, u"Sea Star"_qs},
+                                                                   {u"Fishing Gear"_qs, u"Trawl"_qs},
+                                                                   {u"Fishing Method"_qs, u"Otter board"_qs},
+                                                                   {u"Fishing area"_qs, u"A1"_qs},
+                                                                   {u"Latitude"_qs, u"Dec 12 Min 30"_qs},
+                                                                   {u"Longtitude"_qs, u"Dec 100 Min 15"_qs},
+                                                                   {u"Fishing time"_qs, u"Day"_qs},
+                                                                   {u"Bottom Depth(Meter)"_qs, u"40"_qs},
+                                                                   {u"Fishing Depth(Meter)"_qs, u"35"_qs},
+                                                                   {u"No of haul/Trip"_qs, u"3"_qs},
+                                                                   {u"Duration of Trip(days)"_qs, u"2"_qs},
+                                                                   {u"Estimate Total Catch(kg)"_qs, u"0.1"_qs},
+                                                                   {u"Recorder"_qs, u"Port Sampler"_qs},
+                                                                   {u"Note"_qs, QString()}};
         for (const auto& [caption, text] : expected) {
-            QCOMPARE(finder.driver->text(caption), text);
+            QCOMPARE(finder.hand().text(caption), text);
         }
 
         // Another criterion blanks all of it before anything is searched.
         const QSignalSpy cleared(finder.panel.get(), &FinderPanel::cleared);
-        finder.driver->choose(QStringLiteral("Criterion"), QStringLiteral("Vessel"));
+        finder.hand().choose(kCriterion, kVessel);
         QCOMPARE(cleared.count(), 1);
         for (const auto& [caption, text] : expected) {
-            QCOMPARE(finder.driver->text(caption), QString());
+            QCOMPARE(finder.hand().text(caption), QString());
         }
-        QCOMPARE(finder.caption(), QString());
-        QCOMPARE(finder.driver->text(QStringLiteral("Value")), QString());
+        QCOMPARE(finder.caption() + finder.hand().text(kValue), QString());
         QVERIFY(!finder.panel->operation());
     }
 
     /// After the criterion was chosen again, moving in the former result loads operations again.
     void formerResultStaysUsable() {
         const Finder finder;
-        finder.search(QStringLiteral("State/Province"), QStringLiteral("Alpha"));
-        finder.driver->choose(QStringLiteral("Value"), QStringLiteral("Beta"));
+        finder.search(kState, u"Alpha"_qs);
+        finder.hand().choose(kValue, u"Beta"_qs);
         QCOMPARE(finder.panel->currentOperation(), QString());
-        finder.driver->move(QStringLiteral("Result"), QStringLiteral("Next"));
-        QCOMPARE(finder.panel->currentOperation(), QStringLiteral("2"));
-        QCOMPARE(finder.caption(), QStringLiteral("Result 2 Of 2"));
+        finder.hand().move(kResult, u"Next"_qs);
+        QCOMPARE(finder.panel->currentOperation(), u"2"_qs);
+        QCOMPARE(finder.caption(), u"Result 2 Of 2"_qs);
     }
 
-    void nothingFound() {
-        Finder finder;
-        finder.store.execute("insert into vessel(vesselname, vesselid) values('Idle', 'R-3')");
-        finder.search(QStringLiteral("Vessel"), QStringLiteral("Idle"));
-        QCOMPARE(finder.caption(), QStringLiteral("[No Record]"));
-        QCOMPARE(finder.panel->currentOperation(), QString());
-
-        // Another value typed after a search that found something: neither its details nor its number stay behind.
-        finder.search(QStringLiteral("State/Province"), QStringLiteral("Beta"));
-        QCOMPARE(finder.panel->currentOperation(), QStringLiteral("3"));
-        finder.driver->type(QStringLiteral("Value"), QStringLiteral("1 or 1=1"));
-        finder.driver->press(QStringLiteral("Search"));
-        QCOMPARE(finder.caption(), QStringLiteral("[No Record]"));
-        QCOMPARE(finder.panel->currentOperation(), QString());
-        QCOMPARE(finder.driver->text(QStringLiteral("Vessel")), QString());
-
-        // No value: no search.
-        finder.driver->type(QStringLiteral("Value"), QString());
-        finder.driver->press(QStringLiteral("Search"));
+    void typedValues() {
+        const Finder finder;
+        finder.hand().choose(kCriterion, u"Fishing Area"_qs);
+        finder.searchTyped(u"SOUTH bank"_qs);
+        QCOMPARE(finder.found(), u"2"_qs);
+        // Neither the details nor the number of what was found before stay behind.
+        finder.searchTyped(u"1 or 1=1"_qs);
+        QCOMPARE(finder.caption(), u"[No Record]"_qs);
+        QCOMPARE(finder.panel->currentOperation() + finder.hand().text(kVessel), QString());
+        finder.searchTyped(QString());
         QCOMPARE(finder.caption(), QString());
     }
 
-    void typedValue() {
-        const Finder finder;
-        finder.driver->choose(QStringLiteral("Criterion"), QStringLiteral("Fishing Area"));
-        finder.driver->type(QStringLiteral("Value"), QStringLiteral("SOUTH bank"));
-        finder.driver->press(QStringLiteral("Search"));
-        QCOMPARE(finder.found(), QStringList{QStringLiteral("2")});
-    }
-
-    void missingReferences_data() {
-        QTest::addColumn<QString>("table");
-        for (const char* table : {"samplingport", "state", "vessel", "fishing_area", "Fishing_method"}) {
-            QTest::newRow(table) << QString::fromLatin1(table);
-        }
-    }
     void missingReferences() {
-        QFETCH(QString, table);
-        Finder finder;
-        finder.driver->choose(QStringLiteral("Criterion"), QStringLiteral("Fishing Gear"));
-        finder.driver->choose(QStringLiteral("Value"), QStringLiteral("Gill net"));
-        if (table == QStringLiteral("samplingport")) {
-            finder.store.execute("delete from samplingport");
-        } else if (table == QStringLiteral("state")) {
-            finder.store.execute("delete from state");
-        } else if (table == QStringLiteral("vessel")) {
-            finder.store.execute("delete from vessel");
-        } else if (table == QStringLiteral("fishing_area")) {
-            finder.store.execute("delete from fishing_area");
-        } else {
-            finder.store.execute("delete from Fishing_method");
+        for (const Literal& loss :
+             {Literal("delete from samplingport"), Literal("delete from state"), Literal("delete from vessel"),
+              Literal("delete from fishing_area"), Literal("delete from Fishing_method")}) {
+            Finder finder;
+            finder.hand().choose(kCriterion, u"Fishing Gear"_qs);
+            finder.hand().choose(kValue, u"Gill net"_qs);
+            finder.store.execute(loss);
+            finder.hand().press(u"Search"_qs);
+            QCOMPARE(finder.caption(), u"[No Record]"_qs);
         }
-        finder.driver->press(QStringLiteral("Search"));
-        QCOMPARE(finder.caption(), QStringLiteral("[No Record]"));
     }
 
-    void hostileNames_data() {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("apostrophe") << QStringLiteral("O'Hara's '; drop table fishoperation; --");
-        QTest::newRow("percent") << QStringLiteral("100 % \\ \"tuna\" [x] & y");
-        QTest::newRow("scripts") << QStringLiteral("ปลาทู 鯖 <b>Ålesund</b>");
-        QTest::newRow("long") << QString(10'000, u'\'');
-    }
     void hostileNames() {
-        QFETCH(QString, name);
-        Finder finder;
-        finder.store.db().execute(Sql("update vessel set vesselname = ") << name << " where vesselname = 'Sea Star'");
-        finder.store.db().execute(Sql("update fishing_area set aname = ") << name << " where aname = 'A1'");
-        finder.store.db().execute(Sql("update fishoperation set vesselid = ")
-                                  << name << ", areaid = " << name << " where optid = 1");
-        finder.search(QStringLiteral("Vessel"), name);
-        QCOMPARE(finder.found(), QStringList{QStringLiteral("1")});
-        QCOMPARE(finder.driver->text(QStringLiteral("Vessel")), name);
-        finder.search(QStringLiteral("Fishing Area"), QStringLiteral("north bank"));
-        QCOMPARE(finder.found(), QStringList{QStringLiteral("1")});
-        QVERIFY(finder.panel->sizeHint().width() < 1300);
+        for (const QString& name :
+             {u"O'Hara's '; drop table fishoperation; -- 100 % \\ \"tuna\" [x] & y"_qs, QString(10'000, u'\'')}) {
+            Finder finder;
+            Connection& db = finder.store.db();
+            db.execute(Sql("update vessel set vesselname = ") << name << " where vesselname = 'Sea Star'");
+            db.execute(Sql("update fishing_area set aname = ") << name << " where aname = 'A1'");
+            db.execute(Sql("update fishoperation set vesselid = ")
+                       << name << ", areaid = " << name << " where optid = 1");
+            finder.search(kVessel, name);
+            QCOMPARE(finder.found(), u"1"_qs);
+            QCOMPARE(finder.hand().text(kVessel), name);
+            finder.search(u"Fishing Area"_qs, u"north bank"_qs);
+            QCOMPARE(finder.found(), u"1"_qs);
+            QVERIFY(finder.panel->sizeHint().width() < 1300);
+        }
     }
 
     void opening() {
         const Finder plain;
-        QCOMPARE(plain.driver->text(QStringLiteral("Criterion")), QString());
-        QVERIFY(plain.driver->enabled(QStringLiteral("Value")));
-        plain.driver->press(QStringLiteral("Search"));
+        QCOMPARE(plain.hand().text(kCriterion), QString());
+        QVERIFY(plain.hand().enabled(kValue));
+        plain.hand().press(u"Search"_qs);
 
         const Finder first(true);
-        QCOMPARE(first.driver->text(QStringLiteral("Criterion")), QStringLiteral("State/Province"));
-        QCOMPARE(first.driver->list(QStringLiteral("Value"))->count(), 2);
+        QCOMPARE(first.hand().text(kCriterion), kState);
+        QCOMPARE(first.hand().list(kValue)->count(), 2);
 
         Finder saved(true, 2);
         QCOMPARE(saved.panel->operation(), std::optional(2));
-        QCOMPARE(saved.driver->text(QStringLiteral("Vessel")), QStringLiteral("Blue Fin"));
-        QVERIFY(!saved.driver->enabled(QStringLiteral("Criterion")));
-        QVERIFY(!saved.driver->enabled(QStringLiteral("Value")));
+        QCOMPARE(saved.hand().text(kVessel), u"Blue Fin"_qs);
+        QVERIFY(!saved.hand().enabled(kCriterion) && !saved.hand().enabled(kValue));
 
         // An operation whose vessel is not registered yet stays current, but has no details.
         saved.store.execute("delete from vessel where vesselname = 'Blue Fin'");
         saved.open(true);
         QCOMPARE(saved.panel->operation(), std::optional(2));
-        QCOMPARE(saved.driver->text(QStringLiteral("Date")), QString());
+        QCOMPARE(saved.hand().text(u"Date"_qs), QString());
     }
 
     /// A table that cannot be read gives a message, and no operation is current under details that are not its own.
     void failedLoad() {
         Finder finder;
-        finder.search(QStringLiteral("State/Province"), QStringLiteral("Alpha"));
+        finder.search(kState, u"Alpha"_qs);
         finder.store.execute("drop table state");
-        finder.store.dialogs.expectMessageContaining(QStringLiteral("state"));
-        finder.driver->move(QStringLiteral("Result"), QStringLiteral("Next"));
+        finder.store.dialogs.expectMessageContaining(u"state"_qs);
+        finder.hand().move(kResult, u"Next"_qs);
         QVERIFY(finder.store.dialogs.done());
         QVERIFY(!finder.panel->operation());
-        QCOMPARE(finder.driver->text(QStringLiteral("Vessel")), QString());
+        QCOMPARE(finder.hand().text(kVessel), QString());
     }
 };
 

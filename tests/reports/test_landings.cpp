@@ -1,14 +1,12 @@
 #include "data/numbers.h"
 #include "data/transaction.h"
+#include "report_desk.h"
 #include "reports/catch_summary.h"
 #include "reports/species_composition_report.h"
-#include "species_report.h"
-#include "support/temporary_store.h"
 #include "support/test_main.h"
 
 #include <QTest>
 
-#include <algorithm>
 #include <map>
 
 namespace kelvora::test_landings {
@@ -25,10 +23,10 @@ int numbered(std::map<QString, int>& names, const QString& name) {
 void loadLandings(Connection& db) {
     std::map<QString, int> ports;
     std::map<QString, int> species;
-    std::map<std::pair<int, int>, std::map<int, double>> landings;
-    for (const QStringList& line : linesOf("landings_2017_two_ports.csv")) {
+    std::map<std::pair<int, int>, std::map<int, double>> landed;
+    for (const QStringList& line : linesOf(u"landings_2017_two_ports.csv"_qs)) {
         const int port = numbered(ports, line[1]);
-        landings[{port, line[0].toInt()}][numbered(species, line[5])] += line[7].toDouble() * 1'000;
+        landed[{port, line[0].toInt()}][numbered(species, line[5])] += line[7].toDouble() * 1'000;
     }
     Transaction transaction(db);
     for (const auto& [name, number] : ports) {
@@ -38,7 +36,7 @@ void loadLandings(Connection& db) {
         db.execute(Sql("insert into fish(fishno, genus, fishname) values (") << number << "," << name << ",'sp.')");
     }
     int operation = 0;
-    for (const auto& [key, weights] : landings) {
+    for (const auto& [key, weights] : landed) {
         double total = 0;
         ++operation;
         for (const auto& [fish, kg] : weights) {
@@ -48,14 +46,13 @@ void loadLandings(Connection& db) {
         }
         db.execute(Sql("insert into fishoperation(optid, portid, optdate, estotal) values (")
                    << operation << "," << key.first << "," << QDate(2017, key.second, 1) << "," << total << ")");
-        db.execute(Sql("insert into group_main values (1,") << operation << ",'Single species'," << total << ")");
     }
     db.execute(Sql("insert into state values (1,'United Kingdom')"));
     transaction.commit();
 }
 
 /// The expected weights, summed by one field of a file.
-std::map<QString, double> expected(const char* name, int field) {
+std::map<QString, double> expected(const QString& name, int field) {
     std::map<QString, double> sums;
     for (const QStringList& line : linesOf(name)) {
         sums[line[field]] += line[2].toDouble();
@@ -77,9 +74,9 @@ private Q_SLOTS:
     void byPortAndByMonth_data() {
         QTest::addColumn<std::map<QString, double>>("kgByGroup");
         QTest::addColumn<int>("operations");
-        QTest::newRow("By Sampling Port") << expected("landings_by_port_species.csv", 0) << 12;
+        QTest::newRow("By Sampling Port") << expected(u"landings_by_port_species.csv"_qs, 0) << 12;
         std::map<QString, double> months;
-        for (const auto& [month, kg] : expected("landings_by_port_month.csv", 1)) {
+        for (const auto& [month, kg] : expected(u"landings_by_port_month.csv"_qs, 1)) {
             months[QLocale().standaloneMonthName(month.toInt())] = kg;
         }
         QTest::newRow("By Month") << months << 2;
@@ -110,7 +107,7 @@ private Q_SLOTS:
     }
 
     void speciesOfAPort() {
-        const std::vector<QStringList> sums = linesOf("landings_by_port_species.csv");
+        const std::vector<QStringList> sums = linesOf(u"landings_by_port_species.csv"_qs);
         double year = 0;
         for (const QStringList& line : sums) {
             year += line[2].toDouble();

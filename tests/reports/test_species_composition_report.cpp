@@ -1,68 +1,43 @@
 #include "controls/bound_list.h"
-#include "controls/captioned_grid.h"
+#include "report_desk.h"
 #include "reports/species_composition_report_screen.h"
-#include "species_report.h"
 #include "support/test_main.h"
 
 #include <QAbstractButton>
 #include <QLabel>
 #include <QTest>
 
-#include <algorithm>
-
 namespace kelvora::test_species_composition_report {
 
-using test::ScreenDriver;
-using test::texts;
+using namespace test;
 
-const QString kYear = QStringLiteral("Year");
-const QString kTotal = QStringLiteral("Total catch of this year(kg.)");
-const QString kGrid = QStringLiteral("Result");
-const QString kSearch = QStringLiteral("Search");
-const QString kExport = QStringLiteral("EXPORT");
-const QString kByState = QStringLiteral("By state");
-const QString kByVessel = QStringLiteral("By Fishing Vessel");
-const QString kByMonth = QStringLiteral("By Month");
-const QString kByArea = QStringLiteral("By Fishing Area");
+const QString kTotal = u"Total catch of this year(kg.)"_qs;
+const QString kByState = u"By state"_qs;
+const QString kByVessel = u"By Fishing Vessel"_qs;
+const QString kByMonth = u"By Month"_qs;
+const QString kByArea = u"By Fishing Area"_qs;
 
-/// The screen over 200 kg of 2004 and 10 kg of 2005.
-struct Opened {
-    Opened() {
-        test::addWorkedYear(store);
-        store.execute(
-            "insert into group_composition(optid, spid, groupid, estotal) values (1,1,1,30), (1,2,1,30), (3,1,1,15),"
-            " (3,1,2,5), (2,1,1,100), (4,3,1,20), (5,2,1,10)");
-        screen = std::make_unique<SpeciesCompositionReportScreen>(store.context());
-    }
-    void search(const QString& year) const {
-        ui().choose(kYear, year);
-        ui().press(kSearch);
-    }
+/// The report over 200 kg of 2004 and 10 kg of 2005.
+struct Composition : Report<SpeciesCompositionReportScreen> {
+    Composition()
+        : Report({"insert into group_composition(optid, spid, groupid, estotal) values (1,1,1,30), (1,2,1,30),"
+                  " (3,1,1,15), (3,1,2,5), (2,1,1,100), (4,3,1,20), (5,2,1,10)"}) {}
+
     void show(const QString& option, const QString& choice) const {
         ui().press(option);
         ui().choose(option, choice);
     }
-    [[nodiscard]] ScreenDriver ui() const { return ScreenDriver(screen.get()); }
     [[nodiscard]] bool says(const QString& message) const {
         const auto labels = screen->findChildren<QLabel*>();
         return std::ranges::any_of(labels, [&](const QLabel* label) { return label->text() == message; });
     }
-    [[nodiscard]] QStringList choices(const QString& option) const {
-        QStringList texts;
+    [[nodiscard]] QString choices(const QString& option) const {
+        QStringList choices;
         for (int i = 0; i < ui().list(option)->count(); ++i) {
-            texts.append(ui().list(option)->itemText(i));
+            choices.append(ui().list(option)->itemText(i));
         }
-        return texts;
+        return choices.join(u';');
     }
-    [[nodiscard]] QByteArray exported() {
-        const QString path = store.file(QStringLiteral("species.csv"));
-        store.dialogs.expectSaveFile(path);
-        ui().press(kExport);
-        return test::contents(path);
-    }
-
-    test::TemporaryStore store;
-    std::unique_ptr<SpeciesCompositionReportScreen> screen;
 };
 
 /// The species of a part of a year, as a sampler asks for them.
@@ -71,16 +46,16 @@ class TestSpeciesCompositionReport : public QObject {
 
 private Q_SLOTS:
     void opensEmpty() {
-        const Opened open;
-        QCOMPARE(open.screen->windowTitle(), QStringLiteral("Species Composition Report"));
-        QCOMPARE(open.ui().grid(kGrid)->headers(), texts("Species;Composition(Kg.);%Composition"));
-        QVERIFY(!open.ui().enabled(kByState) && !open.ui().enabled(kExport));
-        open.ui().press(kSearch);
-        QCOMPARE(open.ui().text(kTotal), QString());
-        open.search(QStringLiteral("2004"));
-        QCOMPARE(open.ui().text(kTotal), QStringLiteral("200.00"));
-        QVERIFY(open.says(QStringLiteral("click option button to see data")));
-        QVERIFY(open.ui().button(kByState)->isEnabled() && !open.ui().enabled(kExport));
+        const Composition report;
+        QCOMPARE(report.screen->windowTitle(), u"Species Composition Report"_qs);
+        QCOMPARE(report.headers(), u"Species;Composition(Kg.);%Composition"_qs);
+        QVERIFY(!report.ui().enabled(kByState) && !report.canExport());
+        report.ui().press(kSearch);
+        QCOMPARE(report.ui().text(kTotal), QString());
+        report.search(u"2004"_qs);
+        QCOMPARE(report.ui().text(kTotal), u"200.00"_qs);
+        QVERIFY(report.says(u"click option button to see data"_qs));
+        QVERIFY(report.ui().button(kByState)->isEnabled() && !report.canExport());
     }
 
     void subsets_data() {
@@ -102,90 +77,99 @@ private Q_SLOTS:
         row("By Fishing Area", "A1;A2;A9", "A1", alpha);
     }
     void subsets() {
-        QFETCH(QString, choices);
         QFETCH(QString, chosen);
         QFETCH(QString, rows);
-        Opened open;
-        open.search(QStringLiteral("2004"));
         const QString option = QString::fromLatin1(QTest::currentDataTag());
-        open.ui().press(option);
-        QCOMPARE(open.choices(option), choices.split(u';'));
-        open.ui().choose(option, chosen);
-        QCOMPARE(open.ui().rows(kGrid), rows.split(u';'));
-
-        QByteArray file = "Species composition data In 2004\r\n" + test::exportDay() +
-                          QStringLiteral("%1:%2\r\n").arg(option, chosen).toLocal8Bit() +
-                          "Species,Composition(Kg.),%Composition,\r\n";
-        for (QString& line : rows.split(u';')) {
-            file += line.replace(u'|', u',').toLocal8Bit() + ",\r\n";
-        }
-        QCOMPARE(open.exported(), file);
+        Composition report;
+        report.search(u"2004"_qs);
+        report.ui().press(option);
+        QTEST(report.choices(option), "choices");
+        report.ui().choose(option, chosen);
+        QCOMPARE(report.rows(), rows);
+        QCOMPARE(report.drawnGroups(), column(rows, 0).join(u';'));
+        const QString weights = column(rows, 1).join(u' ').remove(u".00"_qs);
+        QCOMPARE(report.drawn(), u"Composition(Kg.): "_qs + weights);
+        const QString file = u"%1:%2\r\nSpecies,Composition(Kg.),%Composition,\r\n%3,\r\n"_qs;
+        QCOMPARE(report.exported(),
+                 "Species composition data In 2004\r\n" + exportDay() +
+                     file.arg(option, chosen, rows.replace(u'|', u',').replace(u";"_qs, u",\r\n"_qs)).toLocal8Bit());
+        // Another option empties this one.
+        const QString other = option == kByState ? kByMonth : kByState;
+        report.ui().press(other);
+        QCOMPARE(report.ui().text(option) + report.choices(option), QString());
+        QCOMPARE(report.rows() + report.drawn(), u"||"_qs);
+        QVERIFY(!report.canExport());
     }
 
-    void anotherOptionEmptiesTheOneBefore() {
-        const Opened open;
-        open.search(QStringLiteral("2004"));
-        open.show(kByState, QStringLiteral("Alpha"));
-        QVERIFY(open.ui().enabled(kExport));
-        open.ui().press(kByMonth);
-        QCOMPARE(open.ui().text(kByState), QString());
-        QCOMPARE(open.choices(kByState), QStringList());
-        QCOMPARE(open.ui().rows(kGrid), texts("||"));
-        QVERIFY(!open.ui().enabled(kExport));
+    void theLargestSpeciesAreDrawn() {
+        Composition report;
+        Connection& db = report.store.db();
+        db.execute(
+            Sql("with recursive n(i) as (select 10 union all select i + 1 from n where i < 26)"
+                " insert into fish(fishno, genus, fishname) select i, 'S', i from n"));
+        db.execute(Sql("delete from group_composition where optid <> 5"));
+        db.execute(
+            Sql("insert into group_composition(optid, spid, groupid, estotal)"
+                " select 1, fishno, 1, fishno from fish where genus = 'S'"));
+        report.search(u"2004"_qs);
+        report.show(kByState, u"Alpha"_qs);
+        QCOMPARE(report.drawn(), u"Composition(Kg.): 26 25 24 23 22 21 20 19 18 17 16 15 14 13 12 21"_qs);
+        QVERIFY(report.drawnGroups().startsWith(u"S 26;S 25;"));
+        QVERIFY(report.drawnGroups().endsWith(u";S 12;others"));
     }
 
     void anotherYearWithoutASearchKeepsTheTotal() {
-        const Opened open;
-        open.search(QStringLiteral("2004"));
-        open.ui().choose(kYear, QStringLiteral("2005"));
-        open.show(kByMonth, QStringLiteral("January"));
-        QCOMPARE(open.ui().rows(kGrid), texts("Upeneus vittatus|10.00|5.00"));
-        open.ui().type(kYear, QStringLiteral("19"));
-        open.ui().press(kByState);
-        QVERIFY(open.ui().button(kByMonth)->isChecked());
+        const Composition report;
+        report.search(u"2004"_qs);
+        report.ui().choose(kYear, u"2005"_qs);
+        report.show(kByMonth, u"January"_qs);
+        QCOMPARE(report.rows(), u"Upeneus vittatus|10.00|5.00"_qs);
+        report.ui().type(kYear, u"19"_qs);
+        report.ui().press(kByState);
+        QVERIFY(report.ui().button(kByMonth)->isChecked());
     }
 
     void whatHasNoSpecies() {
-        Opened open;
-        open.store.execute("delete from vessel");
-        open.search(QStringLiteral("2004"));
-        open.ui().press(kByVessel);
-        QCOMPARE(open.ui().text(kByVessel), QStringLiteral("No data"));
-        QVERIFY(!open.ui().list(kByVessel)->isEnabled());
-        open.show(kByArea, QStringLiteral("A1"));
-        open.store.dialogs.expectMessage(QStringLiteral("No data"));
-        open.ui().choose(kByArea, QStringLiteral("A9"));
-        QCOMPARE(open.ui().rows(kGrid), texts("||"));
-        QVERIFY(!open.ui().enabled(kExport));
+        Composition report;
+        report.store.execute("delete from vessel");
+        report.search(u"2004"_qs);
+        report.ui().press(kByVessel);
+        QCOMPARE(report.ui().text(kByVessel), u"No data"_qs);
+        QVERIFY(!report.ui().list(kByVessel)->isEnabled());
+        report.show(kByArea, u"A1"_qs);
+        report.store.dialogs.expectMessage(u"No data"_qs);
+        report.ui().choose(kByArea, u"A9"_qs);
+        QCOMPARE(report.rows(), u"||"_qs);
+        QVERIFY(!report.canExport());
     }
 
     void aYearThatLostItsSpecies() {
-        Opened open;
-        open.search(QStringLiteral("2004"));
-        open.show(kByState, QStringLiteral("Alpha"));
-        open.store.execute("delete from group_composition where optid = 5");
-        open.search(QStringLiteral("2005"));
-        QVERIFY(open.says(QStringLiteral("No data in 2005")));
-        QCOMPARE(open.ui().rows(kGrid), texts("||"));
-        QCOMPARE(open.ui().text(kByState) + open.ui().text(kTotal), QString());
-        QVERIFY(!open.ui().button(kByState)->isChecked() && !open.ui().button(kByState)->isEnabled());
-        QVERIFY(!open.ui().list(kByState)->isEnabled() && !open.ui().enabled(kExport));
-        open.search(QStringLiteral("2004"));
-        open.show(kByState, QStringLiteral("Beta"));
-        QCOMPARE(open.ui().rows(kGrid), texts("Rastrelliger kanagurta|100.00|50.00"));
+        Composition report;
+        report.search(u"2004"_qs);
+        report.show(kByState, u"Alpha"_qs);
+        report.store.execute("delete from group_composition where optid = 5");
+        report.search(u"2005"_qs);
+        QVERIFY(report.says(u"No data in 2005"_qs));
+        QCOMPARE(report.rows(), u"||"_qs);
+        QCOMPARE(report.ui().text(kByState) + report.ui().text(kTotal), QString());
+        QVERIFY(!report.ui().button(kByState)->isChecked() && !report.ui().button(kByState)->isEnabled());
+        QVERIFY(!report.ui().list(kByState)->isEnabled() && !report.canExport());
+        report.search(u"2004"_qs);
+        report.show(kByState, u"Beta"_qs);
+        QCOMPARE(report.rows(), u"Rastrelliger kanagurta|100.00|50.00"_qs);
     }
 
     void weightsAndNamesThatAreMissing() {
-        Opened open;
-        open.store.execute("update group_composition set estotal = 0 where optid = 1");
-        open.store.execute("update group_composition set estotal = null where optid <> 1");
-        open.store.execute("update fish set genus = null, fishname = null where fishno = 2");
-        open.store.execute("update vessel set vesselname = 'O''Hara & Son' where vesselname = 'Sea Star'");
-        open.store.execute("update fishoperation set vesselid = 'o''hara & son' where vesselid = 'Sea Star'");
-        open.search(QStringLiteral("2004"));
-        QCOMPARE(open.ui().text(kTotal), QStringLiteral("0.00"));
-        open.show(kByVessel, QStringLiteral("O'Hara & Son"));
-        QCOMPARE(open.ui().rows(kGrid), texts(" |0.00|;Rastrelliger kanagurta|0.00|"));
+        Composition report;
+        report.store.execute("update group_composition set estotal = 0 where optid = 1");
+        report.store.execute("update group_composition set estotal = null where optid <> 1");
+        report.store.execute("update fish set genus = null, fishname = null where fishno = 2");
+        report.store.execute("update vessel set vesselname = 'O''Hara & Son' where vesselname = 'Sea Star'");
+        report.store.execute("update fishoperation set vesselid = 'o''hara & son' where vesselid = 'Sea Star'");
+        report.search(u"2004"_qs);
+        QCOMPARE(report.ui().text(kTotal), u"0.00"_qs);
+        report.show(kByVessel, u"O'Hara & Son"_qs);
+        QCOMPARE(report.rows(), u" |0.00|;Rastrelliger kanagurta|0.00|"_qs);
     }
 };
 

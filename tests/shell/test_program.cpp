@@ -1,12 +1,10 @@
 #include "controls/screen.h"
 #include "shell/login_dialog.h"
 #include "shell/main_window.h"
-#include "shell/program.h"
 #include "support/screen_driver.h"
 #include "support/temporary_store.h"
 #include "support/test_main.h"
 
-#include <QFile>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QSignalSpy>
@@ -48,22 +46,13 @@ private Q_SLOTS:
         QTest::addColumn<QString>("login");
         QTest::addColumn<QString>("password");
         QTest::addColumn<QString>("message");
-        const QString empty = QStringLiteral("Please input Login and password");
-        const QString wrong = QStringLiteral("Your Password not correct please Try again ");
-        QTest::newRow("no password") << "Administrator"
-                                     << "" << empty;
-        QTest::newRow("no login") << ""
-                                  << "kelvora" << empty;
-        QTest::newRow("wrong password") << "Administrator"
-                                        << "kelvor" << wrong;
-        QTest::newRow("typed statement") << "' or '1' = '1"
-                                         << "' or '1' = '1" << wrong;
-        QTest::newRow("right") << "Administrator"
-                               << "kelvora"
-                               << "";
-        QTest::newRow("letter case") << "ADMINISTRATOR"
-                                     << "Kelvora"
-                                     << "";
+        const QString empty = u"Please input Login and password"_qs;
+        const QString wrong = u"Your Password not correct please Try again "_qs;
+        QTest::newRow("no password") << u"Administrator"_qs << QString() << empty;
+        QTest::newRow("no login") << QString() << u"kelvora"_qs << empty;
+        QTest::newRow("wrong password") << u"Administrator"_qs << u"kelvor"_qs << wrong;
+        QTest::newRow("typed statement") << u"' or '1' = '1"_qs << u"' or '1' = '1"_qs << wrong;
+        QTest::newRow("letter case") << u"ADMINISTRATOR"_qs << u"Kelvora"_qs << QString();
     }
     void signIn() {
         QFETCH(QString, login);
@@ -87,13 +76,7 @@ private Q_SLOTS:
         QCOMPARE(store.session.userName, message.isEmpty() ? QStringLiteral("Administrator") : QString());
         QCOMPARE(hand.text(u"LOGIN"_qs), login);
         QCOMPARE(hand.text(u"PASSWORD"_qs).isEmpty(), password.isEmpty() || message.endsWith(u' '));
-    }
 
-    void cancelEmptiesThePassword() {
-        test::TemporaryStore store;
-        LoginDialog dialog(store.context());
-        dialog.show();
-        const test::ScreenDriver hand(&dialog);
         for (const bool escape : {false, true}) {
             hand.type(u"PASSWORD"_qs, u"kelvora"_qs);
             escape ? hand.key(u"PASSWORD"_qs, Qt::Key_Escape) : hand.press(u"Cancel"_qs);
@@ -102,7 +85,7 @@ private Q_SLOTS:
         }
     }
 
-    void screensOpenOnce() {
+    void screensOpenOnceUntilTheEnd() {
         test::TemporaryStore store;
         MainWindow window(store.context());
         window.show();
@@ -120,37 +103,15 @@ private Q_SLOTS:
         window.findChildren<QMdiSubWindow*>().first()->close();
         QTRY_VERIFY(button->isEnabled());
         QCOMPARE(windows(window).size(), 1);
-    }
 
-    void leaving() {
-        test::TemporaryStore store;
-        MainWindow window(store.context());
-        window.show();
         const QSignalSpy ended(&window, &MainWindow::ended);
-        action(window, u"General Information"_qs)->trigger();
-        const auto exit = [&](bool yes) {
+        for (const bool yes : {false, true}) {
             store.dialogs.expectConfirm(u"Question"_qs, u"Do you want to exit program?"_qs, yes);
+            QCOMPARE(windows(window).size(), 1);
             action(window, u"Exit"_qs)->trigger();
             QVERIFY(store.dialogs.done());
-        };
-        exit(false);
-        QCOMPARE(ended.count(), 0);
-        QCOMPARE(windows(window).size(), 1);
-        exit(true);
-        QCOMPARE(ended.count(), 1);
-    }
-
-    void anUnusableFileEndsTheStart() {
-        test::TemporaryStore store;
-        const QString path = store.file(u"notes.txt"_qs);
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("catch of the day");
-        file.close();
-        Program program(path, store.dialogs);
-        store.dialogs.expectMessageContaining(path);
-        QVERIFY(!program.start());
-        QVERIFY(store.dialogs.done());
+            QCOMPARE(ended.count(), yes ? 1 : 0);
+        }
     }
 };
 
