@@ -1,11 +1,11 @@
 #include "data/store.h"
 #include "length_of_run.h"
-#include "other_user.h"
+#include "read_only_folder.h"
 #include "recording_dialogs.h"
 #include "shell/login_dialog.h"
 #include "shell/main_window.h"
 #include "shell/program.h"
-#include "small_year.h"
+#include "support/temporary_store.h"
 #include "support/test_main.h"
 
 #include <QAction>
@@ -13,7 +13,6 @@
 #include <QMenu>
 #include <QRandomGenerator>
 #include <QTest>
-#include <SQLiteCpp/Database.h>
 
 namespace kelvora::test_damage {
 
@@ -95,7 +94,7 @@ class TestDamage : public QObject {
 
 private Q_SLOTS:
     void initTestCase() {
-        test::addSmallYear(m_store);
+        m_store.addSmallYear();
         m_whole = bytes(m_store.path());
         write(m_path, m_whole);
         QCOMPARE(start(true), Fate::Opened);
@@ -154,27 +153,12 @@ private Q_SLOTS:
         }
     }
 
-    void noDataFileOfOurs() {
-        QVERIFY(QFile::remove(m_path));
-        {
-            SQLite::Database foreign(m_path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-            foreign.exec("create table state (name); insert into state values ('of the weather')");
-        }
-        QCOMPARE(start(false), Fate::Refused);
-        QVERIFY(QFile::remove(m_path));
-        QVERIFY(QDir().mkdir(m_path));
-        QCOMPARE(start(false), Fate::Refused);
-        QVERIFY(QDir().rmdir(m_path));
-    }
-
     void aFileThatMayNotBeRead() {
         write(m_path, m_whole);
         QVERIFY(QFile::setPermissions(m_path, {}));
-        QVERIFY(QFile::setPermissions(m_store.file({}), QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther |
-                                                            QFile::ExeOther | QFile::WriteOwner));
         test::RecordingDialogs dialogs;
         {
-            const test::OtherUser nobody;
+            const test::ReadOnlyFolder folder(m_store.file({}));
             Program program(m_path, dialogs);
             QVERIFY(!program.start());
         }

@@ -67,19 +67,21 @@ class TestPowerCut : public QObject {
 
     /// The contents that a file may have after some confirmed saves: those, or those and the save in flight.
     static QList<QStringList> allowed(const QStringList& before, int firstOperation, int confirmed) {
+        const auto& saves = test::cut::saves();
+        const int count = static_cast<int>(saves.size());
+        const auto rows = [&](int save) {
+            return QStringList(saves[save % count])
+                .replaceInStrings(u"%1"_qs, QString::number(firstOperation + save / count));
+        };
         QStringList sure = before;
-        std::vector<test::cut::Save> saves;
-        for (int operation = firstOperation; static_cast<int>(saves.size()) <= confirmed; ++operation) {
-            const auto further = test::cut::savesOf(operation);
-            saves.insert(saves.end(), further.begin(), further.end());
-        }
-        for (int i = 0; i < confirmed; ++i) {
-            sure += saves[static_cast<std::size_t>(i)].rows;
+        for (int save = 0; save < confirmed; ++save) {
+            sure += rows(save);
         }
         QList<QStringList> contents{sure};
-        const test::cut::Save& underWay = saves[static_cast<std::size_t>(confirmed)];
-        for (qsizetype stored = underWay.whole ? underWay.rows.size() : 1; stored <= underWay.rows.size(); ++stored) {
-            contents.append(sure + underWay.rows.first(stored));
+        const QStringList underWay = rows(confirmed);
+        const bool inSteps = confirmed % count == count - 1;
+        for (qsizetype stored = inSteps ? 1 : underWay.size(); stored <= underWay.size(); ++stored) {
+            contents.append(sure + underWay.first(stored));
         }
         for (QStringList& content : contents) {
             content.sort();
@@ -87,35 +89,26 @@ class TestPowerCut : public QObject {
         return contents;
     }
 
-    /// A moment at which the power is cut: in the middle of some write to the disk, or some time behind some save.
-    struct Moment {
-        int write = 0;  ///< 0 if it is a matter of time
-        int saves = 0;
-        int microseconds = 0;
-    };
-
-    static Moment chosen(QRandomGenerator& random, bool byWrite) {
+    /// Lets the sampler work until the power is cut: in the middle of some write to the disk, or some time behind some
+    /// save. Returns the number of saves that were confirmed.
+    int workUntilCut(QRandomGenerator& random, bool atWrite) const {
         constexpr int writesOfTwoOperations = 250;
-        return byWrite ? Moment{.write = 1 + random.bounded(writesOfTwoOperations)}
-                       : Moment{.saves = random.bounded(6), .microseconds = random.bounded(60'000)};
-    }
-
-    /// Lets the sampler work until the power is cut. Returns the number of saves that were confirmed.
-    int workUntil(const Moment& moment) const {
         QProcess sampler;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QString::fromLatin1(test::cut::kWorkplace), m_path);
-        if (moment.write > 0) {
-            environment.insert(QString::fromLatin1(test::cut::kCutAtWrite), QString::number(moment.write));
+        if (atWrite) {
+            environment.insert(QString::fromLatin1(test::cut::kCutAtWrite),
+                               QString::number(1 + random.bounded(writesOfTwoOperations)));
         }
         sampler.setProcessEnvironment(environment);
         sampler.start(QCoreApplication::applicationFilePath(), {u"sampler_of_the_power_cut"_qs});
+        const int saves = random.bounded(6);
         QByteArray out;
-        while ((moment.write > 0 || out.count("saved\n") < moment.saves) && sampler.waitForReadyRead(30'000)) {
+        while ((atWrite || out.count("saved\n") < saves) && sampler.waitForReadyRead(30'000)) {
             out += sampler.readAllStandardOutput();
         }
-        if (moment.write == 0) {
-            QThread::usleep(static_cast<unsigned long>(moment.microseconds));
+        if (!atWrite) {
+            QThread::usleep(static_cast<unsigned long>(random.bounded(60'000)));
             sampler.kill();
         }
         sampler.waitForFinished();
@@ -149,7 +142,7 @@ private Q_SLOTS:
                                  .query(Sql("select coalesce(max(optid), 0) + 1 as n from fishoperation"))
                                  .integer(0, u"n")
                                  .value();
-            const int saved = workUntil(chosen(random, cut % 2 == 0));
+            const int saved = workUntilCut(random, cut % 2 == 0);
             confirmed += saved;
             journals += QFile::exists(m_path + u"-journal"_qs) ? 1 : 0;
 
@@ -159,12 +152,8 @@ private Q_SLOTS:
             QCOMPARE(Connection(m_path).query(Sql("pragma integrity_check")).text(0, u"integrity_check"), u"ok"_qs);
             const QList<QStringList> contents = allowed(before, next, saved);
             const auto found = contents.indexOf(rowsOf(m_path));
-            if (found < 0) {
-                qWarning().noquote() << "cut" << cut << "saved" << saved << "\nfile:\n"
-                                     << rowsOf(m_path).join(u'\n') << "\nconfirmed:\n"
-                                     << contents.first().join(u'\n');
-            }
-            QVERIFY(found >= 0);
+            QVERIFY2(found >= 0,
+                     qPrintable(u"cut %1, %2 saved; file:\n"_qs.arg(cut).arg(saved) + rowsOf(m_path).join(u'\n')));
             underWay += found > 0 ? 1 : 0;
             parts += found > 0 && found < contents.size() - 1 ? 1 : 0;
         }

@@ -183,6 +183,24 @@ void ScreenDriver::press(const QString& caption) const {
     button(caption)->click();
 }
 
+void ScreenDriver::enter(const Steps& steps) const {
+    for (const auto& [caption, text] : steps) {
+        if (text.isNull()) {
+            press(caption);
+            continue;
+        }
+        const auto* box = qobject_cast<QComboBox*>(field(caption));
+        if (box != nullptr && box->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0) {
+            choose(caption, text);
+            continue;
+        }
+        type(caption, text.trimmed());
+        if (text.endsWith(u'\n')) {
+            key(caption, Qt::Key_Return);
+        }
+    }
+}
+
 void ScreenDriver::openTab(const QString& caption) const {
     for (QTabWidget* tabs : m_root->findChildren<QTabWidget*>()) {
         for (int i = 0; i < tabs->count(); ++i) {

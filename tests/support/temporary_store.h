@@ -36,6 +36,12 @@ public:
     /// An operation on these rows. Date as ISO text.
     void addOperation(int optid, int portid, const QString& date, int method, double catchKg, const QString& vessel,
                       const QString& area);
+    /// A sample of every kind for an operation: groups 1 Single species (species 1) and 2 Trash (species 3), lengths
+    /// and fish of species 1.
+    void addSamples(int optid);
+    /// A row of everything: the reference rows, three operations of 2004, samples of the first two. The last rows of
+    /// the lists are used by none: port Dun, method Longline, area A3, vessel Idle, species Zeus faber.
+    void addSmallYear();
 
     Session session;
     ScriptedDialogs dialogs;
