@@ -8,6 +8,9 @@
 
 #include <QRandomGenerator>
 
+#include <functional>
+#include <optional>
+
 namespace kelvora::test::day {
 
 /// A sampler who does one thing after another at the real screens, chosen by chance, and writes into the model what the
@@ -20,18 +23,24 @@ public:
     QString doSomething();
 
     [[nodiscard]] const Model& model() const { return m_model; }
-    /// Opens a screen in the main window; all are closed when the next thing is done.
-    ScreenDriver open(const QString& action, const QString& title);
-    void closeScreens();
+    /// Opens a screen in the main window, the others closed.
+    ScreenDriver open(const QString& action, const QString& title, const QString& tab = {});
+    /// Finds an operation on a screen with a finder.
+    void find(const ScreenDriver& hand, const QString& operation, const QString& searchButton);
 
 private:
     /// Something to do, and how often it comes. It gives false where it cannot be done yet.
     struct Work {
         const char* name;
-        bool (Sampler::*work)();
+        std::function<bool(Sampler&)> work;
         int share;
     };
     static const std::vector<Work>& works();
+    /// A screen with an operation on it and, where it is one of its samples, the sample's species.
+    struct Found {
+        ScreenDriver hand;
+        QString operation, species;
+    };
 
     bool addPort();
     bool deletePort();
@@ -45,24 +54,28 @@ private:
     bool measureFish();
     bool deleteOperation();
     bool deleteGroup();
-    bool deleteLengths();
-    bool deleteFish();
+    bool deleteSample(const QString& table, const QString& button);
     bool correctWeight();
     bool addClass();
     bool addFish();
 
     int below(int limit) { return m_random.bounded(limit); }
-    template <typename Map>
-    typename Map::const_iterator any(const Map& map) {
-        return std::next(map.begin(), below(static_cast<int>(map.size())));
+    template <typename List>
+    auto any(const List& list) {
+        return list[static_cast<std::size_t>(below(static_cast<int>(list.size())))];
     }
-    /// Finds an operation on a screen with a finder; its number, 0 if there is none.
-    int find(const ScreenDriver& hand, const QString& searchButton);
-    ScreenDriver openSearch(int& operation, const QString& tab);
-    ScreenDriver openSampling(int& operation, const QString& caption, const QString& title, const QString& tab);
+    QString newName(const QString& front) { return front + QString::number(++m_names); }
+    /// Opens a screen with any operation on it, nothing if there is none.
+    std::optional<Found> openOperation(const QString& action, const QString& title, const QString& tab,
+                                       const QString& searchButton);
+    /// The same to take a sample of a species that was caught.
+    std::optional<Found> openForSample(const QString& action, const QString& title, const QString& tab);
+    /// The search screen on a sample: "length" or "gonad".
+    std::optional<Found> openSample(const QString& table);
     /// Steps a navigator from its first row to the one that its caption names.
     static void stepTo(const ScreenDriver& hand, const QString& navigator, const QString& name);
-    Fish typeFish(const ScreenDriver& hand);
+    /// Types a fish in and gives its cells of the file.
+    QStringList typeFish(const ScreenDriver& hand);
     void expect(const QString& message) { m_expected.append(message); }
 
     RecordingDialogs m_dialogs;

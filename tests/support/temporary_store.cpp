@@ -17,6 +17,17 @@ QString folderTemplate() {
 
 }  // namespace
 
+QStringList changes(const QStringList& before, const QStringList& after) {
+    QStringList changed;
+    for (const QString& row : before) {
+        changed += after.contains(row) ? QStringList() : QStringList(u"- "_qs + row);
+    }
+    for (const QString& row : after) {
+        changed += before.contains(row) ? QStringList() : QStringList(u"+ "_qs + row);
+    }
+    return changed;
+}
+
 TemporaryStore::TemporaryStore()
     : m_folder(folderTemplate()), m_path(m_folder.filePath(QStringLiteral("kelvora_db.sqlite"))) {
     prepareStore(m_path);
