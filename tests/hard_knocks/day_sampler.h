@@ -8,9 +8,6 @@
 
 #include <QRandomGenerator>
 
-#include <functional>
-#include <optional>
-
 namespace kelvora::test::day {
 
 /// A sampler who does one thing after another at the real screens, chosen by chance, and writes into the model what the
@@ -25,39 +22,37 @@ public:
     [[nodiscard]] const Model& model() const { return m_model; }
     /// Opens a screen in the main window, the others closed.
     ScreenDriver open(const QString& action, const QString& title, const QString& tab = {});
-    /// Finds an operation on a screen with a finder.
-    void find(const ScreenDriver& hand, const QString& operation, const QString& searchButton);
+    /// The search screen with an operation on it.
+    ScreenDriver openSearch(const QString& operation, const QString& tab) {
+        return openOn(operation, u"Search"_qs, u"Search"_qs, tab);
+    }
 
 private:
-    /// Something to do, and how often it comes. It gives false where it cannot be done yet.
+    /// Something to do with a row of the file, begun with one of those that are like this, and how often it comes.
     struct Work {
         const char* name;
-        std::function<bool(Sampler&)> work;
+        Row like;
+        void (Sampler::*work)(const Row& row);
         int share;
     };
     static const std::vector<Work>& works();
-    /// A screen with an operation on it and, where it is one of its samples, the sample's species.
-    struct Found {
-        ScreenDriver hand;
-        QString operation, species;
-    };
 
-    bool addPort();
-    bool deletePort();
-    bool addArea();
-    bool addSpecies();
-    bool recordOperation();
-    bool weighSingleSpecies();
-    bool deleteSingleSpecies();
-    bool weighGroup();
-    bool measureLengths();
-    bool measureFish();
-    bool deleteOperation();
-    bool deleteGroup();
-    bool deleteSample(const QString& table, const QString& button);
-    bool correctWeight();
-    bool addClass();
-    bool addFish();
+    void addPort(const Row& state);
+    void deletePort(const Row& port);
+    void addArea(const Row& area);
+    void addSpecies(const Row& species);
+    void recordOperation(const Row& port);
+    void deleteOperation(const Row& operation);
+    void weighSingleSpecies(const Row& operation);
+    void deleteSingleSpecies(const Row& weighed);
+    void weighGroup(const Row& operation);
+    void deleteGroup(const Row& group);
+    void measureLengths(const Row& caught);
+    void measureFish(const Row& caught);
+    void correctWeight(const Row& lengths);
+    void addClass(const Row& lengths);
+    void addFish(const Row& sample);
+    void deleteSample(const Row& sample);
 
     int below(int limit) { return m_random.bounded(limit); }
     template <typename List>
@@ -65,13 +60,11 @@ private:
         return list[static_cast<std::size_t>(below(static_cast<int>(list.size())))];
     }
     QString newName(const QString& front) { return front + QString::number(++m_names); }
-    /// Opens a screen with any operation on it, nothing if there is none.
-    std::optional<Found> openOperation(const QString& action, const QString& title, const QString& tab,
-                                       const QString& searchButton);
-    /// The same to take a sample of a species that was caught.
-    std::optional<Found> openForSample(const QString& action, const QString& title, const QString& tab);
-    /// The search screen on a sample: "length" or "gonad".
-    std::optional<Found> openSample(const QString& table);
+    /// Opens a screen with an operation on it.
+    ScreenDriver openOn(const QString& operation, const QString& action, const QString& title, const QString& tab);
+    ScreenDriver openComposition(const QString& operation, const QString& frame);
+    /// The search screen on a sample of lengths or fish.
+    ScreenDriver openSample(const Row& sample);
     /// Steps a navigator from its first row to the one that its caption names.
     static void stepTo(const ScreenDriver& hand, const QString& navigator, const QString& name);
     /// Types a fish in and gives its cells of the file.
