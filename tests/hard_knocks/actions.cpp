@@ -14,136 +14,111 @@
 namespace kelvora::test {
 namespace {
 
-constexpr auto kReference = &make<GeneralInformationScreen>;
-constexpr auto kComposition = &make<SpeciesCompositionScreen>;
-const QString kBream = u"Nemipterus virgatus"_qs;
+constexpr bool kInSteps = true;
+const QString kFish =
+    u"TL(mm) = 100; BL(mm) = 100; FL(mm) = 100; SL(mm) = 100; BW = 100; GW = 2.5; Stage = 2-Maturing"_qs;
 
-void appendReference(std::vector<Action>& all) {
+/// Takes the actions of one kind of screen.
+struct Collector {
+    void add(const char* name, const QString& tab, const QString& frame, const QString& steps, const QString& button,
+             bool inSteps = false, const QString& file = {}) const {
+        all.push_back({name, open, tab, frame, steps, button, inSteps, file});
+    }
+    std::vector<Action>& all;
+    std::unique_ptr<Screen> (*open)(const Context&);
+};
+
+void addReference(const Collector& to) {
     const QString general = u"General"_qs;
     const QString species = u"Target Species"_qs;
     const QString vessels = u"Fishing Vessel"_qs;
-    const auto port = [&](const char* name, const QString& state, bool inSteps) {
-        const Steps typed = {{u"State/Province"_qs, state}, {u"Sampling port"_qs, u"New"_qs}};
-        all.push_back({name, kReference, general, u"New sampling port"_qs, typed, u"ADD"_qs, {}, inSteps});
-    };
-    const auto method = [&](const char* name, const QString& gear, bool inSteps) {
-        const Steps typed = {{u"Fishing gear"_qs, gear}, {u"Fishing Method"_qs, u"Beam"_qs}};
-        all.push_back({name, kReference, general, u"New fishing method"_qs, typed, u"Add"_qs, {}, inSteps});
-    };
-    // The last row of a list, which nothing uses.
-    const auto deleted = [&](const char* name, const QString& tab, const QString& list) {
-        all.push_back({name, kReference, tab, list, {{u"Last"_qs, {}}}, u"Delete"_qs});
-    };
-    port("a port", u"Beta"_qs, false);
-    port("a port of a new state", u"Gamma"_qs, true);
-    method("a method", u"Trawl"_qs, false);
-    method("a method of a new gear", u"Trap"_qs, true);
-    const Steps area = {{u"Area Name"_qs, u"A9"_qs}, {u"Description"_qs, u"deep"_qs}};
-    all.push_back({"an area", kReference, general, u"New fishing area"_qs, area, u"Add"_qs});
-    const Steps cod = {{u"Family"_qs, u"Gadidae"_qs}, {u"Genus"_qs, u"Gadus"_qs}, {u"Species"_qs, u"morhua"_qs}};
-    all.push_back({"a species", kReference, species, u"New species"_qs, cod, u"Add"_qs});
-    const Steps vessel = {{u"Vessel name"_qs, u"New"_qs},    {u"Engine Power (hp)"_qs, u"75"_qs},
-                          {u"Size(GRT)"_qs, u"12.5"_qs},     {u"Vessel Length(m)"_qs, u"9"_qs},
-                          {u"Type of Gear"_qs, u"Trawl"_qs}, {u"Engine type"_qs, u"In Board"_qs}};
-    all.push_back({"a vessel", kReference, vessels, u"FISHING VESSEL"_qs, vessel, u"Add"_qs});
-    deleted("delete a port", general, u"State/Province and Sampling Port"_qs);
-    deleted("delete a method", general, u"Fishing Gear and Method"_qs);
-    deleted("delete an area", general, u"Fishing Area"_qs);
-    deleted("delete a species", species, species);
-    deleted("delete a vessel", vessels, u"FISHING VESSEL"_qs);
-    const Steps import = {{u"Import"_qs, {}}};
-    all.push_back({"import vessels", kReference, vessels, u"Vessel import"_qs, import, u"Save"_qs,
-                   u"vessel_import_uk_10m_and_under.csv"_qs});
-    all.push_back({"import species", kReference, species, u"IMPORT"_qs, import, u"SAVE"_qs,
-                   u"species_import_world_fishes.csv"_qs});
+    const QString newPort = u"New sampling port"_qs;
+    const QString newMethod = u"New fishing method"_qs;
+    to.add("a port", general, newPort, u"State/Province = Beta; Sampling port = New"_qs, u"ADD"_qs);
+    to.add("a port of a new state", general, newPort, u"State/Province = Gamma; Sampling port = New"_qs, u"ADD"_qs,
+           kInSteps);
+    to.add("a method", general, newMethod, u"Fishing gear = Trawl; Fishing Method = Beam"_qs, u"Add"_qs);
+    to.add("a method of a new gear", general, newMethod, u"Fishing gear = Trap; Fishing Method = Pot"_qs, u"Add"_qs,
+           kInSteps);
+    to.add("an area", general, u"New fishing area"_qs, u"Area Name = A9; Description = deep"_qs, u"Add"_qs);
+    to.add("a species", species, u"New species"_qs, u"Family = Gadidae; Genus = Gadus; Species = morhua"_qs, u"Add"_qs);
+    to.add("a vessel", vessels, u"FISHING VESSEL"_qs,
+           u"Vessel name = New; Engine Power (hp) = 75; Size(GRT) = 12.5; Vessel Length(m) = 9; Type of Gear = Trawl; "
+           "Engine type = In Board"_qs,
+           u"Add"_qs);
+    // The last rows are used by nothing.
+    to.add("delete a port", general, u"State/Province and Sampling Port"_qs, u"Last"_qs, u"Delete"_qs);
+    to.add("delete a method", general, u"Fishing Gear and Method"_qs, u"Last"_qs, u"Delete"_qs);
+    to.add("delete an area", general, u"Fishing Area"_qs, u"Last"_qs, u"Delete"_qs);
+    to.add("delete a species", species, species, u"Last"_qs, u"Delete"_qs);
+    to.add("delete a vessel", vessels, u"FISHING VESSEL"_qs, u"Last"_qs, u"Delete"_qs);
+    to.add("import vessels", vessels, u"Vessel import"_qs, u"Import"_qs, u"Save"_qs, false,
+           u"vessel_import_uk_10m_and_under.csv"_qs);
+    to.add("import species", species, u"IMPORT"_qs, u"Import"_qs, u"SAVE"_qs, false,
+           u"species_import_world_fishes.csv"_qs);
 }
 
-void appendOperations(std::vector<Action>& all) {
-    const auto operation = [&](const char* name, const QString& state, const QString& port, bool inSteps) {
-        const Steps typed = {{u"Vessel Register id"_qs, u"R-1"_qs},      {u"Fishing Gear"_qs, u"Trawl"_qs},
-                             {u"Fishing Method"_qs, u"Pair"_qs},         {u"Fishing Area"_qs, u"A2"_qs},
-                             {u"Landing State/Province"_qs, state},      {u"Landing Port"_qs, port},
-                             {u"Total Catch (kg/trip)"_qs, u"120.5"_qs}, {u"Note"_qs, u"rain"_qs}};
-        all.push_back({name, &make<OperationEntryScreen>, {}, {}, typed, u"SAVE"_qs, {}, inSteps});
-    };
-    operation("an operation", u"Alpha"_qs, u"Bex"_qs, false);
-    operation("an operation at a new port", u"Gamma"_qs, u"New"_qs, true);
-    all.push_back({"the password",
-                   &make<ChangePasswordScreen>,
-                   {},
-                   {},
-                   {{u"Username"_qs, u"Somebody"_qs}, {u"Password"_qs, u"new"_qs}, {u"Re-password"_qs, u"new"_qs}},
-                   u"CHANGE PASSWORD"_qs});
+void addOperations(const Collector& to) {
+    const QString steps =
+        u"Vessel Register id = R-1; Fishing Gear = Trawl; Fishing Method = Pair; Fishing Area = A2; "
+        "Total Catch (kg/trip) = 120.5; Note = rain; Landing State/Province = %1; Landing Port = %2"_qs;
+    to.add("an operation", {}, {}, steps.arg(u"Alpha"_qs, u"Bex"_qs), u"SAVE"_qs);
+    to.add("an operation at a new port", {}, {}, steps.arg(u"Gamma"_qs, u"New"_qs), u"SAVE"_qs, kInSteps);
 }
 
-void appendSamples(std::vector<Action>& all, const Steps& fish) {
-    const QString composition = u"Species Composition"_qs;
+void addComposition(const Collector& to) {
+    const QString tab = u"Species Composition"_qs;
     const QString single = u"Single species"_qs;
     const QString group = u"Sampling group"_qs;
-    const Steps weighed = {{u"Species"_qs, kBream}, {u"Weight"_qs, u"4"_qs}};
-    all.push_back({"a single species", kComposition, composition, single, weighed, u"Add"_qs});
-    all.push_back({"a group", kComposition, composition, group,
-                   Steps{{u"Group"_qs, u"Mixed"_qs}, {u"Total weight"_qs, u"60"_qs}} + weighed + Steps{{u"ADD"_qs, {}}},
-                   u"SAVE"_qs});
-    all.push_back({"delete a single species", kComposition, composition, single, {}, u"X"_qs});
-    all.push_back({"delete a group", kComposition, composition, group, {}, u"X"_qs});
-
-    const QString lengths = u"Length Frequency"_qs;
-    const QString start = u"START INPUT>>"_qs;
-    const Steps limits = {{u"Sampling weight"_qs, u"1.5"_qs}, {u"Lower limit(cm)"_qs, u"11"_qs}};
-    all.push_back({"lengths",
-                   &make<LengthFrequencyScreen>,
-                   lengths,
-                   {},
-                   Steps{{u"Species"_qs, kBream}, {u"Class Interval"_qs, u"2"_qs}} + limits +
-                       Steps{{start, {}}, {u"Frequency"_qs, u"3\n"_qs}, {u"FINISH"_qs, {}}},
-                   u"SAVE"_qs});
-    all.push_back({"lengths again",
-                   &make<LengthFrequencyScreen>,
-                   lengths,
-                   {},
-                   Steps{{u"Species"_qs, u"Rastrelliger kanagurta"_qs}} + limits,
-                   start});
-    all.push_back({"fish",
-                   &make<GonadMaturityScreen>,
-                   u"Gonad Maturity Detail"_qs,
-                   {},
-                   Steps{{u"Species"_qs, kBream}, {u"ADD SAMPLING >>"_qs, {}}} + fish + fish + fish,
-                   u"SAVE"_qs,
-                   {},
-                   true});
+    to.add("a single species", tab, single, u"Species = Nemipterus virgatus; Weight = 4"_qs, u"Add"_qs);
+    to.add("a group", tab, group,
+           u"Group = Mixed; Total weight = 60; Species = Nemipterus virgatus; Weight = 4; ADD"_qs, u"SAVE"_qs);
+    to.add("delete a single species", tab, single, {}, u"X"_qs);
+    to.add("delete a group", tab, group, {}, u"X"_qs);
 }
 
-void appendCorrections(std::vector<Action>& all, const Steps& fish) {
+void addLengths(const Collector& to) {
+    const QString tab = u"Length Frequency"_qs;
+    to.add("lengths", tab, {},
+           u"Species = Nemipterus virgatus; Class Interval = 2; Sampling weight = 1.5; Lower limit(cm) = 11; "
+           "START INPUT>>; Frequency = 3\n; FINISH"_qs,
+           u"SAVE"_qs);
+    to.add("lengths again", tab, {},
+           u"Species = Rastrelliger kanagurta; Sampling weight = 1.5; Lower limit(cm) = 11"_qs, u"START INPUT>>"_qs);
+}
+
+/// On the search screen, operation 1 on it.
+void addCorrections(const Collector& to) {
+    const QString search = u"Criterion = State/Province; Value = Alpha; SEARCH; "_qs;
     const QString composition = u"Species Composition"_qs;
     const QString lengths = u"Length Frequency"_qs;
     const QString gonads = u"Gonad Matuarity"_qs;
-    // On the search screen, operation 1 on it.
-    const auto corrected = [&](const char* name, const QString& tab, const Steps& typed, const QString& button) {
-        const Steps search = {{u"Criterion"_qs, u"State/Province"_qs}, {u"Value"_qs, u"Alpha"_qs}, {u"SEARCH"_qs, {}}};
-        all.push_back({name, &make<SearchScreen>, tab, {}, search + typed, button});
-    };
-    corrected("delete an operation", composition, {}, u"DELETE"_qs);
-    corrected("delete a stored group", composition, {}, u"Delete group"_qs);
-    corrected("delete lengths", lengths, {}, u"Delete length sample"_qs);
-    corrected("delete fish", gonads, {}, u"Delete gonad sample"_qs);
-    corrected("correct a weight", lengths, {{u"Sample weight (kg.)"_qs, u"3"_qs}}, u"Update"_qs);
-    corrected("a further class", lengths, {{u"Frequency"_qs, u"7"_qs}}, u"ADD"_qs);
-    corrected("a further fish", gonads, fish, u"ADD"_qs);
+    to.add("delete an operation", composition, {}, search, u"DELETE"_qs);
+    to.add("delete a stored group", composition, {}, search, u"Delete group"_qs);
+    to.add("delete lengths", lengths, {}, search, u"Delete length sample"_qs);
+    to.add("delete fish", gonads, {}, search, u"Delete gonad sample"_qs);
+    to.add("correct a weight", lengths, {}, search + u"Sample weight (kg.) = 3"_qs, u"Update"_qs);
+    to.add("a further class", lengths, {}, search + u"Frequency = 7"_qs, u"ADD"_qs);
+    to.add("a further fish", gonads, {}, search + kFish, u"ADD"_qs);
 }
 
 }  // namespace
 
 const std::vector<Action>& actions() {
     static const std::vector<Action> all = [] {
-        const Steps fish = {{u"TL(mm)"_qs, u"100"_qs},      {u"BL(mm)"_qs, u"100"_qs}, {u"FL(mm)"_qs, u"100"_qs},
-                            {u"SL(mm)"_qs, u"100"_qs},      {u"BW"_qs, u"100"_qs},     {u"GW"_qs, u"2.5"_qs},
-                            {u"Stage"_qs, u"2-Maturing"_qs}};
         std::vector<Action> made;
-        appendReference(made);
-        appendOperations(made);
-        appendSamples(made, fish + Steps{{u"NEXT>>"_qs, {}}});
-        appendCorrections(made, fish);
+        addReference({made, &make<GeneralInformationScreen>});
+        addOperations({made, &make<OperationEntryScreen>});
+        addComposition({made, &make<SpeciesCompositionScreen>});
+        addLengths({made, &make<LengthFrequencyScreen>});
+        const QString fish = kFish + u"; NEXT>>; "_qs;
+        Collector{made, &make<GonadMaturityScreen>}.add(
+            "fish", u"Gonad Maturity Detail"_qs, {},
+            u"Species = Nemipterus virgatus; ADD SAMPLING >>; "_qs + fish.repeated(3), u"SAVE"_qs, kInSteps);
+        addCorrections({made, &make<SearchScreen>});
+        Collector{made, &make<ChangePasswordScreen>}.add("the password", {}, {},
+                                                         u"Username = Somebody; Password = new; Re-password = new"_qs,
+                                                         u"CHANGE PASSWORD"_qs);
         return made;
     }();
     return all;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/screen.h"
-#include "recording_dialogs.h"
+#include "support/recording_dialogs.h"
 #include "support/screen_driver.h"
 #include "support/temporary_store.h"
 
@@ -16,11 +16,11 @@ struct Action {
     const char* name;
     std::unique_ptr<Screen> (*open)(const Context&);
     QString tab, frame;
-    Steps steps;
+    QString steps;  ///< for ScreenDriver::enter()
     QString button;
-    QString file = {};  ///< for an import
     /// Stored in steps, each for good on its own: one that is interrupted goes on where it stopped.
     bool inSteps = false;
+    QString file = {};  ///< to be imported
 };
 
 const std::vector<Action>& actions();

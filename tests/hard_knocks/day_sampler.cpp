@@ -84,7 +84,7 @@ ScreenDriver Sampler::openOn(const QString& operation, const QString& action, co
     const ScreenDriver hand = open(action, title);
     const QString vessel = m_model.row({u"operation"_qs, operation})[17];
     const QString search = title == u"Search" ? u"SEARCH"_qs : u"Search"_qs;
-    hand.enter({{u"Criterion"_qs, u"Vessel"_qs}, {u"Value"_qs, vessel}, {search, {}}});
+    hand.enter(u"Criterion = Vessel; Value = %1; %2"_qs.arg(vessel, search));
     for (const Row& other : m_model.rows({u"operation"_qs})) {
         if (other[1] == operation) {
             break;
@@ -132,7 +132,7 @@ void Sampler::addPort(const Row& some) {
     const QString name = newName(u"Port "_qs);
     open(kGeneral, kGeneral)
         .within(u"New sampling port"_qs)
-        .enter({{u"State/Province"_qs, state[2]}, {u"Sampling port"_qs, name}, {u"ADD"_qs, {}}});
+        .enter(u"State/Province = %1; Sampling port = %2; ADD"_qs.arg(state[2], name));
     m_model.add({u"port"_qs, m_model.nextKey({u"port"_qs}), name, state[1]});
 }
 
@@ -158,7 +158,7 @@ void Sampler::addArea(const Row& /*unused*/) {
     const QString description = u"bank '%1'"_qs.arg(name);
     open(kGeneral, kGeneral)
         .within(u"New fishing area"_qs)
-        .enter({{u"Area Name"_qs, name}, {u"Description"_qs, description}, {u"Add"_qs, {}}});
+        .enter(u"Area Name = %1; Description = %2; Add"_qs.arg(name, description));
     expect(u"RESULT: Insert fishing area Complete"_qs);
     m_model.add({u"area"_qs, name, description});
 }
@@ -167,7 +167,7 @@ void Sampler::addSpecies(const Row& /*unused*/) {
     const QString name = newName(u"species-"_qs);
     open(kGeneral, kGeneral, u"Target Species"_qs)
         .within(u"New species"_qs)
-        .enter({{u"Family"_qs, u"Familia"_qs}, {u"Genus"_qs, u"Genus"_qs}, {u"Species"_qs, name}, {u"Add"_qs, {}}});
+        .enter(u"Family = Familia; Genus = Genus; Species = %1; Add"_qs.arg(name));
     m_model.add({u"fish"_qs, m_model.nextKey({u"fish"_qs}), u"Familia"_qs, u"Genus"_qs, name, u""_qs, u"null"_qs});
 }
 
@@ -178,15 +178,12 @@ void Sampler::recordOperation(const Row& port) {
     const QDate date = QDate(2004, 1, 1).addDays(below(2 * 365));
     const QString total = decimal(50 * (1 + below(2'000)));
     open(u"Fishing Operation"_qs, u"Fishing Information"_qs)
-        .enter({{u"Vessel Name"_qs, vessel},
-                {u"Fishing Gear"_qs, m_model.row({u"gear"_qs, method[3]})[2]},
-                {u"Fishing Method"_qs, method[2]},
-                {u"Fishing Area"_qs, area},
-                {u"Landing State/Province"_qs, m_model.row({u"state"_qs, port[3]})[2]},
-                {u"Landing Port"_qs, port[2]},
-                {u"Sampling Date"_qs, shortDate(date)},
-                {u"Total Catch (kg/trip)"_qs, total},
-                {u"SAVE"_qs, {}}});
+        .enter(
+            u"Vessel Name = %1; Fishing Gear = %2; Fishing Method = %3; Fishing Area = %4; Landing State/Province = "
+            u"%5; "
+            "Landing Port = %6; Sampling Date = %7; Total Catch (kg/trip) = %8; SAVE"_qs.arg(
+                vessel, m_model.row({u"gear"_qs, method[3]})[2], method[2], area,
+                m_model.row({u"state"_qs, port[3]})[2], port[2], shortDate(date), total));
     expect(u"Kelvora: Insert Complete"_qs);
     m_model.add(Row{u"operation"_qs, m_model.nextKey({u"operation"_qs}), port[1], u"Port Sampler"_qs,
                     date.toString(Qt::ISODate), method[1]} +
@@ -197,7 +194,7 @@ void Sampler::weighSingleSpecies(const Row& operation) {
     const QString species = any(m_model.rows({u"fish"_qs}))[1];
     const int weight = 25 * (1 + below(400));
     openComposition(operation[1], u"Single species"_qs)
-        .enter({{u"Species"_qs, m_model.speciesName(species)}, {u"Weight"_qs, decimal(weight)}, {u"Add"_qs, {}}});
+        .enter(u"Species = %1; Weight = %2; Add"_qs.arg(m_model.speciesName(species), decimal(weight)));
     if (m_model.has({u"group_composition"_qs, operation[1], species, u"1"_qs})) {
         expect(u"Kelvora: This species is in database already! please try again"_qs);
     } else {
@@ -219,13 +216,13 @@ void Sampler::weighGroup(const Row& operation) {
         weights[any(m_model.rows({u"fish"_qs}))[1]] = 100 * (1 + below(20));
     }
     int total = 50 * below(2'000);
-    Steps weighed;
+    QString weighed;
     for (const auto& [species, weight] : weights) {
         total += weight;
-        weighed += {{u"Species"_qs, m_model.speciesName(species)}, {u"Weight"_qs, decimal(weight)}, {u"ADD"_qs, {}}};
+        weighed += u"Species = %1; Weight = %2; ADD; "_qs.arg(m_model.speciesName(species), decimal(weight));
     }
-    const Steps group = {{u"Group"_qs, name}, {u"Total weight"_qs, decimal(total)}};
-    openComposition(operation[1], u"Sampling group"_qs).enter(group + weighed + Steps{{u"SAVE"_qs, {}}});
+    openComposition(operation[1], u"Sampling group"_qs)
+        .enter(u"Group = %1; Total weight = %2; %3SAVE"_qs.arg(name, decimal(total), weighed));
     if (m_model.has({u"group_main"_qs, {}, operation[1], name})) {
         expect(u"ERROR!: Group repeat please change new group"_qs);
     } else {
@@ -237,24 +234,23 @@ void Sampler::measureLengths(const Row& caught) {
     const ScreenDriver hand = openOn(caught[1], kLengths, kLengths, kLengths);
     Row& fish = m_model.row({u"fish"_qs, caught[2]});
     const QString weight = decimal(25 * (1 + below(100)));
-    hand.enter({{u"Species"_qs, m_model.speciesName(caught[2])}});
+    hand.choose(u"Species"_qs, m_model.speciesName(caught[2]));
     if (fish[6] == u"null") {
         fish[6] = QString::number(1 + below(3));
         hand.type(u"Class Interval"_qs, fish[6]);
     }
     const int interval = fish[6].toInt();
     int lower = interval * (1 + below(20));
-    hand.enter(
-        {{u"Sampling weight"_qs, weight}, {u"Lower limit(cm)"_qs, QString::number(lower)}, {u"START INPUT>>"_qs, {}}});
+    hand.enter(u"Sampling weight = %1; Lower limit(cm) = %2; START INPUT>>"_qs.arg(weight).arg(lower));
     m_model.remove({u"length"_qs, caught[1], caught[2]});
     m_model.remove({u"length_detail"_qs, caught[1], caught[2]});
     m_model.add({u"length"_qs, caught[1], caught[2], weight});
     for (int i = 1 + below(4); i > 0; --i, lower += interval) {
         const QString count = QString::number(below(50));
-        hand.enter({{u"Frequency"_qs, count + u'\n'}});
+        hand.enter(u"Frequency = %1\n"_qs.arg(count));
         m_model.addClass(caught[1], caught[2], lower, count);
     }
-    hand.enter({{u"FINISH"_qs, {}}, {u"SAVE"_qs, {}}});
+    hand.enter(u"FINISH; SAVE"_qs);
 }
 
 QStringList Sampler::typeFish(const ScreenDriver& hand) {
@@ -263,23 +259,16 @@ QStringList Sampler::typeFish(const ScreenDriver& hand) {
     const int gonadWeight = below(20);
     const QString sex = any(QStringList{u"Male"_qs, u"Female"_qs, u"Juvenile"_qs});
     const Row stage = any(m_model.rows({u"stage"_qs}));
-    hand.enter({{u"TL(mm)"_qs, length},
-                {u"BL(mm)"_qs, length},
-                {u"FL(mm)"_qs, length},
-                {u"SL(mm)"_qs, length},
-                {u"BW"_qs, QString::number(bodyWeight)},
-                {u"GW"_qs, QString::number(gonadWeight)},
-                {u"SEX"_qs, sex},
-                {u"Stage"_qs, stage[1] + u'-' + stage[2]}});
-    return {length,
-            length,
-            length,
-            length,
-            QString::number(bodyWeight),
-            sex,
-            stage[1],
-            QString::number(gonadWeight),
-            decimal(gonadWeight * 100 * 100 / bodyWeight)};
+    hand.enter(u"TL(mm) = %1; BL(mm) = %1; FL(mm) = %1; SL(mm) = %1; SEX = %2; Stage = %3-%4; BW = %5; GW = %6"_qs
+                   .arg(length, sex, stage[1], stage[2])
+                   .arg(bodyWeight)
+                   .arg(gonadWeight));
+    return u"%1|%1|%1|%1|%2|%3|%4|%5|%6"_qs.arg(length)
+        .arg(bodyWeight)
+        .arg(sex, stage[1])
+        .arg(gonadWeight)
+        .arg(decimal(gonadWeight * 100 * 100 / bodyWeight))
+        .split(u'|');
 }
 
 void Sampler::measureFish(const Row& caught) {
@@ -289,7 +278,7 @@ void Sampler::measureFish(const Row& caught) {
     if (!m_model.has(sample)) {
         m_model.add(sample + Row{u"0"_qs});
     }
-    hand.enter({{u"Species"_qs, m_model.speciesName(caught[2])}, {u"ADD SAMPLING >>"_qs, {}}});
+    hand.enter(u"Species = %1; ADD SAMPLING >>"_qs.arg(m_model.speciesName(caught[2])));
     for (int i = 1 + below(4); i > 0; --i) {
         const QStringList measures = typeFish(hand);
         hand.press(u"NEXT>>"_qs);
@@ -326,14 +315,14 @@ void Sampler::deleteSample(const Row& sample) {
 
 void Sampler::correctWeight(const Row& lengths) {
     const QString weight = decimal(25 * (1 + below(100)));
-    openSample(lengths).enter({{u"Sample weight (kg.)"_qs, weight}, {u"Update"_qs, {}}});
+    openSample(lengths).enter(u"Sample weight (kg.) = %1; Update"_qs.arg(weight));
     expect(u"RESULT: Update complete!"_qs);
     m_model.row(lengths)[3] = weight;
 }
 
 void Sampler::addClass(const Row& lengths) {
     const QString count = QString::number(below(50));
-    openSample(lengths).enter({{u"Frequency"_qs, count}, {u"ADD"_qs, {}}});
+    openSample(lengths).enter(u"Frequency = %1; ADD"_qs.arg(count));
     const int lower = m_model.rows({u"length_detail"_qs, lengths[1], lengths[2]}).back()[4].toInt();
     m_model.addClass(lengths[1], lengths[2], lower, count);
 }

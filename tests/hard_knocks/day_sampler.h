@@ -1,8 +1,8 @@
 #pragma once
 
 #include "day_model.h"
-#include "recording_dialogs.h"
 #include "shell/main_window.h"
+#include "support/recording_dialogs.h"
 #include "support/screen_driver.h"
 #include "support/temporary_store.h"
 

@@ -48,7 +48,7 @@ void sampleUntilKilled(const QString& path) {
     }
     // Every species has its class interval.
     Action lengths = action("lengths");
-    lengths.steps.removeIf([](const auto& step) { return step.first == u"Class Interval"; });
+    lengths.steps.remove(u"Class Interval = 2; "_qs);
     const Action works[] = {action("an operation"), action("a single species"), action("a group"), lengths,
                             action("fish")};
     Session session;

@@ -1,10 +1,10 @@
 #include "data/store.h"
 #include "length_of_run.h"
 #include "read_only_folder.h"
-#include "recording_dialogs.h"
 #include "shell/login_dialog.h"
 #include "shell/main_window.h"
 #include "shell/program.h"
+#include "support/recording_dialogs.h"
 #include "support/temporary_store.h"
 #include "support/test_main.h"
 

@@ -60,7 +60,7 @@ QStringList hostileTexts() {
 
 std::vector<test::Action> allActions() {
     std::vector<test::Action> all = test::actions();
-    const test::Steps year = {{u"Year"_qs, u"2004"_qs}};
+    const QString year = u"Year = 2004"_qs;
     all.push_back({"catch summary", &test::make<CatchSummaryScreen>, {}, {}, year, u"Search"_qs});
     all.push_back({"composition report", &test::make<SpeciesCompositionReportScreen>, {}, {}, year, u"Search"_qs});
     all.push_back({"length report", &test::make<LengthFrequencyReportScreen>, {}, {}, year, u"Search"_qs});

@@ -183,18 +183,19 @@ void ScreenDriver::press(const QString& caption) const {
     button(caption)->click();
 }
 
-void ScreenDriver::enter(const Steps& steps) const {
-    for (const auto& [caption, text] : steps) {
-        if (text.isNull()) {
-            press(caption);
-            continue;
-        }
-        const auto* box = qobject_cast<QComboBox*>(field(caption));
-        if (box != nullptr && box->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0) {
+void ScreenDriver::enter(const QString& steps) const {
+    const QString is = QStringLiteral(" = ");
+    for (const QString& step : steps.split(QStringLiteral("; "), Qt::SkipEmptyParts)) {
+        const QString caption = step.section(is, 0, 0);
+        const QString text = step.section(is, 1);
+        if (!step.contains(is)) {
+            press(step);
+        } else if (const auto* box = qobject_cast<QComboBox*>(field(caption));
+                   box && box->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0) {
             choose(caption, text);
-            continue;
+        } else {
+            type(caption, text.trimmed());
         }
-        type(caption, text.trimmed());
         if (text.endsWith(u'\n')) {
             key(caption, Qt::Key_Return);
         }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QList>
 #include <QString>
 #include <QWidget>
 
@@ -14,9 +13,6 @@ class RecordNavigator;
 }  // namespace kelvora
 
 namespace kelvora::test {
-
-/// Fields and what comes into them; a field without a text is a button to be pressed.
-using Steps = QList<std::pair<QString, QString>>;
 
 /// Uses a screen as a sampler does: finds fields by their caption or accessible name, types keys, presses buttons. What
 /// is not there, or is disabled when it is to be used, ends the test at once.
@@ -51,9 +47,10 @@ public:
     /// Chooses a row of a drop-down list by its shown text.
     void choose(const QString& caption, const QString& row) const;
     void press(const QString& caption) const;
-    /// One step after the other: a text that a drop-down list offers is chosen, others are typed; Return is pressed
-    /// behind one that ends with a line break.
-    void enter(const Steps& steps) const;
+    /// One step after the other: "Vessel Name = Blue Fin; Weight = 2.5; SAVE" chooses a row where a drop-down list
+    /// offers the text, types where it does not, and presses a button. Return is pressed behind a text with a line
+    /// break.
+    void enter(const QString& steps) const;
     /// Goes to the tab with a caption.
     void openTab(const QString& caption) const;
     /// First, Previous, Next or Last of a navigator.
