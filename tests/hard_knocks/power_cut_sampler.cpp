@@ -3,6 +3,8 @@
 #include "actions.h"
 #include "system_calls.h"
 
+#include <QDate>
+
 #include <csignal>
 #include <unistd.h>
 
@@ -31,13 +33,14 @@ void cutAtWrite(int which) {
 }  // namespace
 
 const std::vector<QStringList>& saves() {
+    const QString fish = u"gonad_detail|%1|3|%2|100|100|100|100|100|Male|2|2.5|2.5"_qs;
     static const std::vector<QStringList> all = {
-        {u"operation|%1|120.5|Sea Star"_qs},
-        {u"group|%1|1|Single species|4"_qs, u"composition|%1|1|3|4|4"_qs},
-        {u"group|%1|2|Mixed|60"_qs, u"composition|%1|2|3|4|60"_qs},
-        {u"length|%1|3|1.5"_qs, u"class|%1|3|10|3"_qs},
-        {u"gonad|%1|3|0.3"_qs, u"fish|%1|3|1|100|100|2.5"_qs, u"fish|%1|3|2|100|100|2.5"_qs,
-         u"fish|%1|3|3|100|100|2.5"_qs},
+        {u"operation|%1|2|Port Sampler|"_qs + QDate::currentDate().toString(Qt::ISODate) +
+         u"|2|0|0|0|0|0|0|Day|0|0|120.5|rain|Sea Star|A2"_qs},
+        {u"group_main|1|%1|Single species|4"_qs, u"group_composition|%1|3|1|4|4"_qs},
+        {u"group_main|2|%1|Mixed|60"_qs, u"group_composition|%1|3|2|4|60"_qs},
+        {u"length|%1|3|1.5"_qs, u"length_detail|%1|3|10|12|11|3"_qs},
+        {u"gonad|%1|3|0.3"_qs, fish.arg(u"%1"_qs, u"1"_qs), fish.arg(u"%1"_qs, u"2"_qs), fish.arg(u"%1"_qs, u"3"_qs)},
     };
     return all;
 }

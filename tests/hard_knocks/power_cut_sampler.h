@@ -14,7 +14,7 @@ inline const char* const kWorkplace = "KELVORA_WORKPLACE";
 /// The one that says at which write to the disk, counted from the start, the power is cut in the middle of it.
 inline const char* const kCutAtWrite = "KELVORA_CUT_AT_WRITE";
 
-/// What the saves of an operation store, in order: rows as the check reads them from the file, %1 the operation. The
+/// What the saves of an operation store, in order: rows as wholeFile() gives them, %1 the operation. The
 /// fish of the last one are each stored on their own, the others are stored whole.
 const std::vector<QStringList>& saves();
 

@@ -121,27 +121,26 @@ private Q_SLOTS:
     void initTestCase() { test::waitedForLocks(); }
 
     void meets_data() {
-        QTest::addColumn<int>("action");
-        for (std::size_t i = 0; i < test::actions().size(); ++i) {
-            QTest::newRow(test::actions()[i].name) << static_cast<int>(i);
+        QTest::addColumn<test::Action>("action");
+        for (const test::Action& action : test::actions()) {
+            QTest::newRow(action.name) << action;
         }
     }
     void meets() {
-        QFETCH(int, action);
-        const test::Action& tried = test::actions()[static_cast<std::size_t>(action)];
-        const Unhindered unhindered(tried);
+        QFETCH(test::Action, action);
+        const Unhindered unhindered(action);
         for (const Literal& begin : {Literal("begin immediate"), Literal("begin exclusive")}) {
             test::waitedForLocks();
-            meet(tried, lock(begin), unhindered);
+            meet(action, lock(begin), unhindered);
             constexpr long long second = 1'000'000;
             QVERIFY(test::waitedForLocks() >= second);
         }
-        meet(tried, readOnlyFolder(), unhindered);
+        meet(action, readOnlyFolder(), unhindered);
 
         bool reached = true;
         int writes = 0;
         while (reached && writes < test::times(2, 1'000)) {
-            meet(tried, fullDisk(++writes, reached), unhindered);
+            meet(action, fullDisk(++writes, reached), unhindered);
         }
         qInfo("the disk was full at %d different writes", reached ? writes : writes - 1);
     }
@@ -160,8 +159,7 @@ private Q_SLOTS:
         CatchSummaryScreen screen({store.path(), store.session, dialogs});
         screen.show();
         const test::ScreenDriver hand(&screen);
-        hand.choose(u"Year"_qs, u"2004"_qs);
-        hand.press(u"Search"_qs);
+        hand.enter(u"Year = 2004; Search"_qs);
         dialogs.path = store.file(file);
         const auto write = [&] {
             file.endsWith(u"csv") ? hand.press(u"EXPORT"_qs)
@@ -177,9 +175,8 @@ private Q_SLOTS:
         QVERIFY(!whole.isEmpty());
         {
             const test::FullDisk full(whole.size() / 2);
-            const QString said = write();
+            QVERIFY(write().contains(*dialogs.path));
             QCOMPARE(written(), whole);
-            QVERIFY(said.contains(*dialogs.path));
         }
         {
             const test::ReadOnlyFolder folder(store.file({}));

@@ -41,26 +41,9 @@ namespace kelvora::test_power_cut {
 class TestPowerCut : public QObject {
     Q_OBJECT
 
-    /// What is stored of the operations, each row beginning with its kind.
-    static QStringList rowsOf(const QString& path) {
-        QStringList rows;
-        Connection db(path);
-        const auto add = [&](const QString& kind, const Sql& sql) {
-            for (const auto& row : db.query(sql).rows) {
-                QStringList values{kind};
-                for (const QVariant& value : row) {
-                    values.append(displayText(value));
-                }
-                rows.append(values.join(u'|'));
-            }
-        };
-        add(u"operation"_qs, Sql("select optid, estotal, vesselid from fishoperation"));
-        add(u"group"_qs, Sql("select optid, groupid, groupname, totalsampling from group_main"));
-        add(u"composition"_qs, Sql("select optid, groupid, spid, totalweight, estotal from group_composition"));
-        add(u"length"_qs, Sql("select optid, spid, weight from length"));
-        add(u"class"_qs, Sql("select optid, spid, lower1, frequency1 from length_detail"));
-        add(u"gonad"_qs, Sql("select optid, spid, samplingw from gonad"));
-        add(u"fish"_qs, Sql("select optid, spid, samplingno, tl, bw, gw from gonad_detail"));
+    QStringList file() const {
+        Connection db(m_path);
+        QStringList rows = test::wholeFile(db);
         rows.sort();
         return rows;
     }
@@ -137,7 +120,7 @@ private Q_SLOTS:
         int parts = 0;
         const int cuts = test::times(15, 300);
         for (int cut = 0; cut < cuts; ++cut) {
-            const QStringList before = rowsOf(m_path);
+            const QStringList before = file();
             const int next = Connection(m_path)
                                  .query(Sql("select coalesce(max(optid), 0) + 1 as n from fishoperation"))
                                  .integer(0, u"n")
@@ -151,9 +134,8 @@ private Q_SLOTS:
             QVERIFY(Program(m_path, dialogs).start());
             QCOMPARE(Connection(m_path).query(Sql("pragma integrity_check")).text(0, u"integrity_check"), u"ok"_qs);
             const QList<QStringList> contents = allowed(before, next, saved);
-            const auto found = contents.indexOf(rowsOf(m_path));
-            QVERIFY2(found >= 0,
-                     qPrintable(u"cut %1, %2 saved; file:\n"_qs.arg(cut).arg(saved) + rowsOf(m_path).join(u'\n')));
+            const auto found = contents.indexOf(file());
+            QVERIFY2(found >= 0, qPrintable(u"cut %1, %2 saved; file:\n"_qs.arg(cut).arg(saved) + file().join(u'\n')));
             underWay += found > 0 ? 1 : 0;
             parts += found > 0 && found < contents.size() - 1 ? 1 : 0;
         }

@@ -17,6 +17,35 @@ QString folderTemplate() {
 
 }  // namespace
 
+QStringList rows(Connection& db, const Sql& sql) {
+    QStringList lines;
+    for (const auto& row : db.query(sql).rows) {
+        QStringList values;
+        for (const QVariant& value : row) {
+            values.append(value.isValid() ? displayText(value) : QStringLiteral("null"));
+        }
+        lines.append(values.join(u'|'));
+    }
+    return lines;
+}
+
+QStringList wholeFile(Connection& db) {
+    const auto rows = [&](Literal sql) { return test::rows(db, Sql(sql)); };
+    QStringList all;
+    all += rows("select 'state', * from state") + rows("select 'port', * from samplingport");
+    all += rows("select 'gear', * from Fishing_gear") + rows("select 'method', * from Fishing_method");
+    all += rows("select 'area', * from fishing_area") + rows("select 'stage', * from gonad_stage");
+    all += rows("select 'vessel', * from vessel") + rows("select 'fish', * from fish");
+    all += rows("select 'operation', * from fishoperation order by optid");
+    all += rows("select 'gonad', * from gonad order by optid, spid");
+    all += rows("select 'gonad_detail', * from gonad_detail order by optid, spid, samplingno");
+    all += rows("select 'group_composition', * from group_composition order by optid, groupid, spid");
+    all += rows("select 'group_main', * from group_main order by optid, groupid");
+    all += rows("select 'length', * from length order by optid, spid");
+    all += rows("select 'length_detail', * from length_detail order by optid, spid, lower1");
+    return all;
+}
+
 QStringList changes(const QStringList& before, const QStringList& after) {
     QStringList changed;
     for (const QString& row : before) {
@@ -35,34 +64,6 @@ TemporaryStore::TemporaryStore()
     session.login = QStringLiteral("Administrator");
     session.password = QStringLiteral("kelvora");
     session.userName = QStringLiteral("Port Sampler");
-}
-
-QStringList TemporaryStore::rows(const Sql& sql) {
-    QStringList lines;
-    for (const auto& row : m_db->query(sql).rows) {
-        QStringList values;
-        for (const QVariant& value : row) {
-            values.append(value.isValid() ? displayText(value) : QStringLiteral("null"));
-        }
-        lines.append(values.join(u'|'));
-    }
-    return lines;
-}
-
-QStringList TemporaryStore::wholeFile() {
-    QStringList all;
-    all += rows("select 'state', * from state") + rows("select 'port', * from samplingport");
-    all += rows("select 'gear', * from Fishing_gear") + rows("select 'method', * from Fishing_method");
-    all += rows("select 'area', * from fishing_area") + rows("select 'stage', * from gonad_stage");
-    all += rows("select 'vessel', * from vessel") + rows("select 'fish', * from fish");
-    all += rows("select 'operation', * from fishoperation order by optid");
-    all += rows("select 'gonad', * from gonad order by optid, spid");
-    all += rows("select 'gonad_detail', * from gonad_detail order by optid, spid, samplingno");
-    all += rows("select 'group_composition', * from group_composition order by optid, groupid, spid");
-    all += rows("select 'group_main', * from group_main order by optid, groupid");
-    all += rows("select 'length', * from length order by optid, spid");
-    all += rows("select 'length_detail', * from length_detail order by optid, spid, lower1");
-    return all;
 }
 
 void TemporaryStore::addReferenceRows() {

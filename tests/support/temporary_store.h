@@ -9,6 +9,10 @@
 
 namespace kelvora::test {
 
+/// The rows of a query, each as its values joined by "|"; a null reads "null".
+QStringList rows(Connection& db, const Sql& sql);
+/// The rows of all tables but the accounts, each beginning with what it is: what a change left alone is compared.
+QStringList wholeFile(Connection& db);
 /// The rows that are not in a file any more ("- …") and those that came ("+ …").
 QStringList changes(const QStringList& before, const QStringList& after);
 
@@ -24,11 +28,9 @@ public:
     [[nodiscard]] Context context() { return {m_path, session, dialogs}; }
     Connection& db() { return *m_db; }
 
-    /// The rows of a query, each as its values joined by "|"; a null reads "null".
-    QStringList rows(const Sql& sql);
+    QStringList rows(const Sql& sql) { return test::rows(*m_db, sql); }
     QStringList rows(Literal sql) { return rows(Sql(sql)); }
-    /// The rows of all tables but the accounts, each beginning with what it is: what a change left alone is compared.
-    QStringList wholeFile();
+    QStringList wholeFile() { return test::wholeFile(*m_db); }
     void execute(Literal sql) { m_db->execute(Sql(sql)); }
 
     /// A few reference rows: state 1 Alpha with ports 1 Abo and 2 Bex, state 2 Beta with port 3 Cay; gears 1 Trawl
