@@ -45,8 +45,8 @@ QString anchorOf(const QString& heading) {
     return heading.trimmed().toLower().remove(QRegularExpression(u"[^\\w\\- ]"_qs)).replace(u' ', u'-');
 }
 
-/// The lines of the program's texts that no page explains, of those that are to be looked for; these are more than
-/// the fewest.
+/// Every line of the program's texts that is wanted stands on the pages; that there are more than the fewest says that
+/// the texts are found at all.
 void verifyExplained(const QString& pages, int fewest,
                      const std::function<bool(const SourceText& text, const QString& line)>& wanted) {
     QStringList missing;

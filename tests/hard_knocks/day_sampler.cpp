@@ -32,21 +32,20 @@ const std::vector<Sampler::Work>& Sampler::works() {
     static const std::vector<Work> all = {
         {"add a port", {u"state"_qs}, &Sampler::addPort, 2},
         {"delete a port", {u"port"_qs}, &Sampler::deletePort, 2},
-        {"add an area", {u"area"_qs}, &Sampler::addArea, 1},
         {"add a species", {u"fish"_qs}, &Sampler::addSpecies, 1},
         {"record an operation", {u"port"_qs}, &Sampler::recordOperation, 6},
         {"delete an operation", {u"operation"_qs}, &Sampler::deleteOperation, 1},
         {"weigh a single species", {u"operation"_qs}, &Sampler::weighSingleSpecies, 6},
-        {"delete a single species", {u"group_composition"_qs, {}, {}, u"1"_qs}, &Sampler::deleteSingleSpecies, 1},
+        {"delete a single species", {u"group_composition"_qs, {}, {}, u"1"_qs}, &Sampler::deleteSingleSpecies, 2},
         {"weigh a group", {u"operation"_qs}, &Sampler::weighGroup, 6},
-        {"delete a group", {u"group_main"_qs}, &Sampler::deleteGroup, 1},
+        {"delete a group", {u"group_main"_qs}, &Sampler::deleteGroup, 2},
         {"measure lengths", {u"group_composition"_qs}, &Sampler::measureLengths, 6},
         {"measure fish", {u"group_composition"_qs}, &Sampler::measureFish, 6},
         {"correct a weight", {u"length"_qs}, &Sampler::correctWeight, 2},
         {"add a class", {u"length"_qs}, &Sampler::addClass, 2},
         {"add a fish", {u"gonad"_qs}, &Sampler::addFish, 2},
-        {"delete lengths", {u"length"_qs}, &Sampler::deleteSample, 1},
-        {"delete fish", {u"gonad"_qs}, &Sampler::deleteSample, 1},
+        {"delete lengths", {u"length"_qs}, &Sampler::deleteSample, 2},
+        {"delete fish", {u"gonad"_qs}, &Sampler::deleteSample, 2},
     };
     return all;
 }
@@ -151,16 +150,6 @@ void Sampler::deletePort(const Row& port) {
         }
     }
     hand.within(list).press(u"Delete"_qs);
-}
-
-void Sampler::addArea(const Row& /*unused*/) {
-    const QString name = newName(u"B"_qs);
-    const QString description = u"bank '%1'"_qs.arg(name);
-    open(kGeneral, kGeneral)
-        .within(u"New fishing area"_qs)
-        .enter(u"Area Name = %1; Description = %2; Add"_qs.arg(name, description));
-    expect(u"RESULT: Insert fishing area Complete"_qs);
-    m_model.add({u"area"_qs, name, description});
 }
 
 void Sampler::addSpecies(const Row& /*unused*/) {

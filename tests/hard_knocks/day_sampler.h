@@ -39,7 +39,6 @@ private:
 
     void addPort(const Row& state);
     void deletePort(const Row& port);
-    void addArea(const Row& area);
     void addSpecies(const Row& species);
     void recordOperation(const Row& port);
     void deleteOperation(const Row& operation);
