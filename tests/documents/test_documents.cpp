@@ -7,6 +7,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include <functional>
+
 namespace kelvora::test_documents {
 
 using test::SourceText;
@@ -43,30 +45,39 @@ QString anchorOf(const QString& heading) {
     return heading.trimmed().toLower().remove(QRegularExpression(u"[^\\w\\- ]"_qs)).replace(u' ', u'-');
 }
 
+/// Every line of the program's texts that is wanted stands on the pages; that there are more than the fewest says that
+/// the texts are found at all.
+void verifyExplained(const QString& pages, int fewest,
+                     const std::function<bool(const SourceText& text, const QString& line)>& wanted) {
+    QStringList missing;
+    int lines = 0;
+    for (const QString& path : filesIn(u"/src"_qs, {u"*.cpp"_qs})) {
+        for (const SourceText& text : test::textsOf(contentOf(path))) {
+            for (const QString& part : text.text.split(u'\n')) {
+                const QString line = compared(part);
+                if (!path.endsWith(u"/main.cpp"_qs) && wanted(text, line)) {
+                    ++lines;
+                    missing += pages.contains(line) ? QStringList() : QStringList(path + u": "_qs + line);
+                }
+            }
+        }
+    }
+    QVERIFY2(missing.isEmpty(), qPrintable(missing.join(u'\n')));
+    QVERIFY(lines > fewest);
+}
+
 class TestDocuments : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     /// What a box says stands in the guide's list of messages, or on the page about a data file that is refused.
     void everyMessageIsExplained() {
+        static const QRegularExpression statement(u"\\b(select|insert into|delete from)\\b"_qs);
         const QString folder = kSources + u"/docs/guide/"_qs;
         const QString listed = compared(contentOf(folder + u"messages.md"_qs) + contentOf(folder + u"data-file.md"_qs));
-        QStringList missing;
-        int boxes = 0;
-        for (const QString& path : filesIn(u"/src"_qs, {u"*.cpp"_qs})) {
-            for (const SourceText& found : test::textsOf(contentOf(path))) {
-                for (const QString& line : found.inBox ? found.text.split(u'\n') : QStringList()) {
-                    const bool statement =
-                        line.contains(QRegularExpression(u"\\b(select|insert into|delete from)\\b"_qs));
-                    ++boxes;
-                    if (!statement && !listed.contains(compared(line))) {
-                        missing.append(path + u": "_qs + line);
-                    }
-                }
-            }
-        }
-        QVERIFY2(missing.isEmpty(), qPrintable(missing.join(u'\n')));
-        QVERIFY(boxes > 80);
+        verifyExplained(listed, 80, [](const SourceText& text, const QString& line) {
+            return text.inBox && !statement.match(line).hasMatch();
+        });
     }
 
     /// Every sentence that the program can show stands on some page of the guide, so that it can be looked up.
@@ -75,7 +86,6 @@ private Q_SLOTS:
         for (const QString& page : filesIn(u"/docs/guide"_qs, {u"*.md"_qs})) {
             guide += contentOf(page) + u'\n';
         }
-        guide = compared(guide);
         static const QRegularExpression sentence(
             u"^[A-Za-z'…]\\S*( \\S+){4,}$|^([Pp]lease|Are you|Do you|Can not|can't|No data|Numeric)\\b"_qs);
         static const QRegularExpression code(
@@ -83,24 +93,9 @@ private Q_SLOTS:
             u"by|transform|create|pragma|with recursive|"
             "format)\\b"_qs,
             QRegularExpression::CaseInsensitiveOption);
-        QStringList missing;
-        int sentences = 0;
-        for (const QString& path : filesIn(u"/src"_qs, {u"*.cpp"_qs})) {
-            for (const SourceText& found : test::textsOf(contentOf(path))) {
-                for (const QString& part : found.text.split(u'\n')) {
-                    const QString line = compared(part);
-                    if (sentence.match(line).hasMatch() && !code.match(line).hasMatch() && !found.ofAFault &&
-                        !path.endsWith(u"/main.cpp"_qs)) {
-                        ++sentences;
-                        if (!guide.contains(line)) {
-                            missing.append(path + u": "_qs + line);
-                        }
-                    }
-                }
-            }
-        }
-        QVERIFY2(missing.isEmpty(), qPrintable(missing.join(u'\n')));
-        QVERIFY(sentences > 60);
+        verifyExplained(compared(guide), 60, [](const SourceText& text, const QString& line) {
+            return sentence.match(line).hasMatch() && !code.match(line).hasMatch() && !text.ofAFault;
+        });
     }
 
     /// Links inside the project lead to a file, and to a heading where they name one.

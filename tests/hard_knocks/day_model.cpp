@@ -1,186 +1,159 @@
 #include "day_model.h"
 
-#include <set>
+#include <algorithm>
+#include <cmath>
 
 namespace kelvora::test::day {
 namespace {
 
-/// Collects rows of values joined by "|".
-struct Rows {
-    template <typename... Values>
-    void add(const Values&... values) {
-        all.append(QStringList{values...}.join(u'|'));
-    }
-    QStringList all;
-};
+const QString kSingle = QStringLiteral("1");
 
-void addSamples(Rows& rows, const QString& number, const Operation& operation) {
-    for (const auto& [id, group] : operation.groups) {
-        rows.add(u"group_main"_qs, text(id), number, group.name, decimal(group.total));
-        for (const auto& [species, weights] : group.species) {
-            rows.add(u"group_composition"_qs, number, text(species), text(id), decimal(weights.first),
-                     decimal(weights.second));
-        }
-    }
-    for (const auto& [species, sample] : operation.lengths) {
-        rows.add(u"length"_qs, number, text(species), decimal(sample.weight));
-        for (const LengthClass& c : sample.classes) {
-            rows.add(u"length_detail"_qs, number, text(species), text(c.lower), text(c.upper),
-                     decimal((c.lower + c.upper) * kHundred / 2), text(c.frequency));
-        }
-    }
-    for (const auto& [species, grams] : operation.fishWeights) {
-        constexpr int gramsToHundredths = 10;
-        rows.add(u"gonad"_qs, number, text(species), decimal(grams / gramsToHundredths));
-    }
-    for (const auto& [species, all] : operation.fish) {
-        int no = 0;
-        for (const Fish& fish : all) {
-            const QString length = text(fish.length);
-            rows.add(u"gonad_detail"_qs, number, text(species), text(++no), length, length, length, length,
-                     text(fish.bodyWeight), fish.sex, text(fish.stage), text(fish.gonadWeight),
-                     decimal(fish.gonadWeight * kHundred * kHundred / fish.bodyWeight));
-        }
-    }
+bool isLike(const Row& row, const Row& like) {
+    return std::equal(like.begin(), like.end(), row.begin(),
+                      [](const QString& wanted, const QString& cell) { return wanted.isNull() || wanted == cell; });
+}
+
+/// With two decimals: "12.50".
+QString fixed(long long hundredths) {
+    return u"%1.%2"_qs.arg(hundredths / 100).arg(hundredths % 100, 2, 10, QChar(u'0'));
+}
+
+/// The quotient of two whole numbers, rounded half up.
+long long rounded(long long dividend, long long divisor) {
+    return (2 * dividend + divisor) / (2 * divisor);
 }
 
 }  // namespace
 
 QString decimal(long long hundredths) {
-    QString shown = fixedDecimal(hundredths);
-    while (shown.endsWith(u'0')) {
-        shown.chop(1);
+    constexpr int digits = 15;
+    return QString::number(static_cast<double>(hundredths) / 100, 'g', digits);
+}
+
+long long hundredths(const QString& decimal) {
+    return std::llround(decimal.toDouble() * 100);
+}
+
+Model::Model(const QStringList& file) {
+    for (const QString& row : file) {
+        add(row.split(u'|'));
     }
-    return shown.endsWith(u'.') ? shown.chopped(1) : shown;
 }
 
-QString fixedDecimal(long long hundredths) {
-    return u"%1.%2"_qs.arg(hundredths / kHundred).arg(hundredths % kHundred, 2, 10, QChar(u'0'));
+std::vector<Row> Model::rows(const Row& like) const {
+    std::vector<Row> found;
+    std::ranges::copy_if(m_rows, std::back_inserter(found), [&](const Row& row) { return isLike(row, like); });
+    return found;
 }
 
-long long rounded(long long dividend, long long divisor) {
-    return (2 * dividend + divisor) / (2 * divisor);
+Row& Model::row(const Row& like) {
+    return *std::ranges::find_if(m_rows, [&](const Row& row) { return isLike(row, like); });
 }
 
-std::vector<int> Operation::caught() const {
-    std::set<int> all;
-    for (const auto& [id, group] : groups) {
-        for (const auto& [species, weights] : group.species) {
-            all.insert(species);
-        }
+void Model::remove(const Row& like) {
+    std::erase_if(m_rows, [&](const Row& row) { return isLike(row, like); });
+}
+
+QString Model::nextKey(const Row& like, int first) const {
+    int next = first;
+    for (const Row& row : rows(like)) {
+        next = std::max(next, row[1].toInt() + 1);
     }
-    return {all.begin(), all.end()};
+    return QString::number(next);
 }
 
-void Model::addGroup(int operation, const QString& name, int total, const std::map<int, int>& weights) {
-    Operation& to = operations[operation];
+QString Model::speciesName(const QString& species) const {
+    const Row fish = rows({u"fish"_qs, species}).front();
+    return fish[3] + u' ' + fish[4];
+}
+
+void Model::addGroup(const QString& operation, const QString& name, int total, const std::map<QString, int>& weights) {
     int sample = 0;
-    for (const auto& [species_, weight] : weights) {
+    for (const auto& [species, weight] : weights) {
         sample += weight;
     }
-    const long long factor = rounded(static_cast<long long>(total) * kHundred, sample);
-    Group& group = to.groups[nextKey(to.groups, 2)];
-    group.name = name;
-    group.total = total;
-    for (const auto& [fish, weight] : weights) {
-        group.species[fish] = {weight, static_cast<int>(weight / kHundred * factor)};
+    const long long factor = rounded(static_cast<long long>(total) * 100, sample);
+    const QString group = nextKey({u"group_main"_qs, {}, operation}, 2);
+    add({u"group_main"_qs, group, operation, name, decimal(total)});
+    for (const auto& [species, weight] : weights) {
+        add({u"group_composition"_qs, operation, species, group, decimal(weight), decimal(weight / 100 * factor)});
     }
 }
 
-void Model::addSingleSpecies(int operation, int fish, int weight) {
-    Group& single = operations[operation].groups[1];
-    single.name = u"Single species"_qs;
-    single.species[fish] = {weight, weight};
-    single.total += weight;
+void Model::addSingleSpecies(const QString& operation, const QString& species, int weight) {
+    const Row group = {u"group_main"_qs, kSingle, operation};
+    if (!has(group)) {
+        add(group + Row{u"Single species"_qs, u"0"_qs});
+    }
+    QString& total = row(group)[4];
+    total = decimal(hundredths(total) + weight);
+    add({u"group_composition"_qs, operation, species, kSingle, decimal(weight), decimal(weight)});
 }
 
-void Model::removeSingleSpecies(int operation, int fish) {
-    Operation& from = operations[operation];
-    Group& single = from.groups[1];
-    single.total -= single.species[fish].first;
-    single.species.erase(fish);
-    if (single.species.empty()) {
-        from.groups.erase(1);
+void Model::removeSingleSpecies(const QString& operation, const QString& species) {
+    const Row group = {u"group_main"_qs, kSingle, operation};
+    const Row weighed = {u"group_composition"_qs, operation, species, kSingle};
+    QString& total = row(group)[4];
+    total = decimal(hundredths(total) - hundredths(row(weighed)[4]));
+    remove(weighed);
+    if (!has({u"group_composition"_qs, operation, {}, kSingle})) {
+        remove(group);
     }
 }
 
-bool Model::isUsed(int port) const {
-    return std::any_of(operations.begin(), operations.end(),
-                       [port](const auto& one) { return one.second.port == port; });
+void Model::addClass(const QString& operation, const QString& species, int lower, const QString& frequency) {
+    const int upper = lower + row({u"fish"_qs, species})[6].toInt();
+    add({u"length_detail"_qs, operation, species, QString::number(lower), QString::number(upper),
+         decimal((lower + upper) * 100 / 2), frequency});
 }
 
-void Model::removePort(int port) {
-    ports.erase(port);
-    std::erase_if(states, [this](const auto& state) {
-        return std::none_of(ports.begin(), ports.end(),
-                            [&](const auto& one) { return one.second.state == state.first; });
-    });
+void Model::addFish(const QString& operation, const QString& species, const QStringList& measures) {
+    const auto number = rows({u"gonad_detail"_qs, operation, species}).size() + 1;
+    add(Row{u"gonad_detail"_qs, operation, species, QString::number(number)} + measures);
 }
 
-QStringList Model::rows() const {
-    Rows rows;
-    for (const auto& [id, name] : states) {
-        rows.add(u"state"_qs, text(id), name);
+QStringList Model::file() const {
+    QStringList lines;
+    for (const Row& row : m_rows) {
+        lines.append(row.join(u'|'));
     }
-    for (const auto& [id, port] : ports) {
-        rows.add(u"port"_qs, text(id), port.name, text(port.state));
-    }
-    for (const auto& [id, name] : gears) {
-        rows.add(u"gear"_qs, text(id), name);
-    }
-    for (const auto& [id, method] : methods) {
-        rows.add(u"method"_qs, text(id), method.first, text(method.second));
-    }
-    for (const auto& [name, description] : areas) {
-        rows.add(u"area"_qs, name, description);
-    }
-    for (const auto& [id, fish] : species) {
-        rows.add(u"fish"_qs, text(id), fish.family, fish.genus, fish.name, QString(),
-                 fish.interval > 0 ? text(fish.interval) : u"null"_qs);
-    }
-    for (const auto& [id, operation] : operations) {
-        rows.add(u"operation"_qs, text(id), text(operation.port), u"Port Sampler"_qs,
-                 operation.date.toString(Qt::ISODate), text(operation.method), u"0|0|0|0|0|0|Day|0|0"_qs,
-                 decimal(operation.total), QString(), operation.vessel, operation.area);
-        addSamples(rows, text(id), operation);
-    }
-    rows.all.sort();
-    return rows.all;
+    lines.sort();
+    return lines;
 }
 
 QStringList Model::catchByState(int year) const {
     std::map<QString, std::pair<int, long long>> groups;
     long long all = 0;
-    for (const auto& [id, operation] : operations) {
-        if (operation.date.year() == year) {
-            auto& [count, sum] = groups[states.at(ports.at(operation.port).state)];
+    for (const Row& operation : rows({u"operation"_qs})) {
+        if (operation[4].startsWith(QString::number(year))) {
+            const Row port = rows({u"port"_qs, operation[2]}).front();
+            auto& [count, sum] = groups[rows({u"state"_qs, port[3]}).front()[2]];
             ++count;
-            sum += operation.total;
-            all += operation.total;
+            sum += hundredths(operation[15]);
+            all += hundredths(operation[15]);
         }
     }
-    Rows rows;
+    QStringList lines;
     for (const auto& [state, group] : groups) {
-        rows.add(state, text(group.first), decimal(group.second),
-                 fixedDecimal(rounded(group.second * kHundred * kHundred, all)));
+        lines.append(Row{state, QString::number(group.first), decimal(group.second),
+                         fixed(rounded(group.second * 100 * 100, all))}
+                         .join(u'|'));
     }
-    return rows.all;
+    return lines;
 }
 
-QStringList Model::composition(int operation) const {
+QStringList Model::composition(const QString& operation) const {
     std::map<QString, long long> sums;
     long long all = 0;
-    for (const auto& [id, group] : operations.at(operation).groups) {
-        for (const auto& [fish, weights] : group.species) {
-            sums[species.at(fish).shown()] += weights.second;
-            all += weights.second;
-        }
+    for (const Row& weighed : rows({u"group_composition"_qs, operation})) {
+        sums[speciesName(weighed[2])] += hundredths(weighed[5]);
+        all += hundredths(weighed[5]);
     }
-    Rows rows;
+    QStringList lines;
     for (const auto& [name, sum] : sums) {
-        rows.add(name, fixedDecimal(sum), fixedDecimal(rounded(sum * kHundred * kHundred, all)));
+        lines.append(Row{name, fixed(sum), fixed(rounded(sum * 100 * 100, all))}.join(u'|'));
     }
-    return rows.all;
+    return lines;
 }
 
 }  // namespace kelvora::test::day

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QDate>
 #include <QStringList>
 
 #include <map>
@@ -8,86 +7,46 @@
 
 namespace kelvora::test::day {
 
-constexpr int kHundred = 100;
-
-inline QString text(int number) {
-    return QString::number(number);
-}
+/// The cells of a row of the file, its table in front.
+using Row = QStringList;
 
 /// What a data file must hold after what a sampler did, kept without any part of the program. Weights and measures are
-/// whole hundredths, so that nothing here rounds but what the program is to round.
-struct Fish {
-    int length = 0, bodyWeight = 0, gonadWeight = 0, stage = 1;
-    QString sex;
-};
-struct LengthClass {
-    int lower = 0, upper = 0, frequency = 0;
-};
-struct Lengths {
-    int weight = 0;
-    std::vector<LengthClass> classes;
-};
-struct Group {
-    QString name;
-    int total = 0;
-    std::map<int, std::pair<int, int>> species;  ///< weight and estimate
-};
-struct Operation {
-    int port = 0, method = 0, total = 0;
-    QDate date;
-    QString vessel, area;
-    std::map<int, Group> groups;
-    std::map<int, Lengths> lengths;
-    std::map<int, std::vector<Fish>> fish;
-    std::map<int, int> fishWeights;  ///< of the samples, grams
+/// calculated in whole hundredths, so that nothing here rounds but what the program is to round.
+class Model {
+public:
+    explicit Model(const QStringList& file);
 
-    [[nodiscard]] std::vector<int> caught() const;
-};
-struct Port {
-    QString name;
-    int state = 0;
-};
-struct Species {
-    QString family, genus, name;
-    int interval = 0;  ///< 0 if none
+    /// The rows that begin with these cells; a null one stands for any.
+    [[nodiscard]] std::vector<Row> rows(const Row& like) const;
+    /// The first of them, to be changed.
+    Row& row(const Row& like);
+    [[nodiscard]] bool has(const Row& like) const { return !rows(like).empty(); }
+    void add(const Row& row) { m_rows.push_back(row); }
+    void remove(const Row& like);
+    /// The number behind the last of these rows.
+    [[nodiscard]] QString nextKey(const Row& like, int first = 1) const;
 
-    [[nodiscard]] QString shown() const { return genus + u' ' + name; }
-};
+    [[nodiscard]] QString speciesName(const QString& species) const;
+    /// A group after its raising, as it is stored; weights by species.
+    void addGroup(const QString& operation, const QString& name, int total, const std::map<QString, int>& weights);
+    void addSingleSpecies(const QString& operation, const QString& species, int weight);
+    void removeSingleSpecies(const QString& operation, const QString& species);
+    void addClass(const QString& operation, const QString& species, int lower, const QString& frequency);
+    void addFish(const QString& operation, const QString& species, const QStringList& measures);
 
-struct Model {
-    std::map<int, QString> states, gears;
-    std::map<int, Port> ports;
-    std::map<int, std::pair<QString, int>> methods;  ///< name and gear
-    std::map<QString, QString> areas;
-    std::map<int, Species> species;
-    std::map<int, Operation> operations;
-
-    /// A group after its raising, as it is stored.
-    void addGroup(int operation, const QString& name, int total, const std::map<int, int>& weights);
-    void addSingleSpecies(int operation, int species, int weight);
-    void removeSingleSpecies(int operation, int species);
-    /// The port, and states that have none left.
-    void removePort(int port);
-    [[nodiscard]] bool isUsed(int port) const;
-
-    /// The rows of the file, each as TemporaryStore::wholeFile() gives it; vessels and stages left out.
-    [[nodiscard]] QStringList rows() const;
+    /// All rows as TemporaryStore::wholeFile() gives them, sorted.
+    [[nodiscard]] QStringList file() const;
     /// The rows of the yearly report by state: "Alpha|2|200.5|76.97".
     [[nodiscard]] QStringList catchByState(int year) const;
     /// An operation's composition as the screens show it.
-    [[nodiscard]] QStringList composition(int operation) const;
+    [[nodiscard]] QStringList composition(const QString& operation) const;
+
+private:
+    std::vector<Row> m_rows;
 };
 
-/// The shortest decimal text of hundredths: 1250 gives "12.5".
+/// The shortest text of hundredths, 12.5 of 1250, and back.
 QString decimal(long long hundredths);
-/// With two decimals: "12.50".
-QString fixedDecimal(long long hundredths);
-/// The quotient of two whole numbers, rounded half up.
-long long rounded(long long dividend, long long divisor);
-
-template <typename Map>
-int nextKey(const Map& map, int first = 1) {
-    return map.empty() ? first : std::max(map.rbegin()->first + 1, first);
-}
+long long hundredths(const QString& decimal);
 
 }  // namespace kelvora::test::day

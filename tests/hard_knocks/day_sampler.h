@@ -1,8 +1,8 @@
 #pragma once
 
 #include "day_model.h"
-#include "recording_dialogs.h"
 #include "shell/main_window.h"
+#include "support/recording_dialogs.h"
 #include "support/screen_driver.h"
 #include "support/temporary_store.h"
 
@@ -20,49 +20,54 @@ public:
     QString doSomething();
 
     [[nodiscard]] const Model& model() const { return m_model; }
-    /// Opens a screen in the main window; all are closed when the next thing is done.
-    ScreenDriver open(const QString& action, const QString& title);
-    void closeScreens();
+    /// Opens a screen in the main window, the others closed.
+    ScreenDriver open(const QString& action, const QString& title, const QString& tab = {});
+    /// The search screen with an operation on it.
+    ScreenDriver openSearch(const QString& operation, const QString& tab) {
+        return openOn(operation, u"Search"_qs, u"Search"_qs, tab);
+    }
 
 private:
-    /// Something to do, and how often it comes. It gives false where it cannot be done yet.
+    /// Something to do with a row of the file, begun with one of those that are like this, and how often it comes.
     struct Work {
         const char* name;
-        bool (Sampler::*work)();
+        Row like;
+        void (Sampler::*work)(const Row& row);
         int share;
     };
     static const std::vector<Work>& works();
 
-    bool addPort();
-    bool deletePort();
-    bool addArea();
-    bool addSpecies();
-    bool recordOperation();
-    bool weighSingleSpecies();
-    bool deleteSingleSpecies();
-    bool weighGroup();
-    bool measureLengths();
-    bool measureFish();
-    bool deleteOperation();
-    bool deleteGroup();
-    bool deleteLengths();
-    bool deleteFish();
-    bool correctWeight();
-    bool addClass();
-    bool addFish();
+    void addPort(const Row& state);
+    void deletePort(const Row& port);
+    void addSpecies(const Row& species);
+    void recordOperation(const Row& port);
+    void deleteOperation(const Row& operation);
+    void weighSingleSpecies(const Row& operation);
+    void deleteSingleSpecies(const Row& weighed);
+    void weighGroup(const Row& operation);
+    void deleteGroup(const Row& group);
+    void measureLengths(const Row& caught);
+    void measureFish(const Row& caught);
+    void correctWeight(const Row& lengths);
+    void addClass(const Row& lengths);
+    void addFish(const Row& sample);
+    void deleteSample(const Row& sample);
 
     int below(int limit) { return m_random.bounded(limit); }
-    template <typename Map>
-    typename Map::const_iterator any(const Map& map) {
-        return std::next(map.begin(), below(static_cast<int>(map.size())));
+    template <typename List>
+    auto any(const List& list) {
+        return list[static_cast<std::size_t>(below(static_cast<int>(list.size())))];
     }
-    /// Finds an operation on a screen with a finder; its number, 0 if there is none.
-    int find(const ScreenDriver& hand, const QString& searchButton);
-    ScreenDriver openSearch(int& operation, const QString& tab);
-    ScreenDriver openSampling(int& operation, const QString& caption, const QString& title, const QString& tab);
+    QString newName(const QString& front) { return front + QString::number(++m_names); }
+    /// Opens a screen with an operation on it.
+    ScreenDriver openOn(const QString& operation, const QString& action, const QString& title, const QString& tab);
+    ScreenDriver openComposition(const QString& operation, const QString& frame);
+    /// The search screen on a sample of lengths or fish.
+    ScreenDriver openSample(const Row& sample);
     /// Steps a navigator from its first row to the one that its caption names.
     static void stepTo(const ScreenDriver& hand, const QString& navigator, const QString& name);
-    Fish typeFish(const ScreenDriver& hand);
+    /// Types a fish in and gives its cells of the file.
+    QStringList typeFish(const ScreenDriver& hand);
     void expect(const QString& message) { m_expected.append(message); }
 
     RecordingDialogs m_dialogs;

@@ -1,11 +1,11 @@
 #include "data/store.h"
 #include "length_of_run.h"
-#include "other_user.h"
-#include "recording_dialogs.h"
+#include "read_only_folder.h"
 #include "shell/login_dialog.h"
 #include "shell/main_window.h"
 #include "shell/program.h"
-#include "small_year.h"
+#include "support/recording_dialogs.h"
+#include "support/temporary_store.h"
 #include "support/test_main.h"
 
 #include <QAction>
@@ -13,7 +13,6 @@
 #include <QMenu>
 #include <QRandomGenerator>
 #include <QTest>
-#include <SQLiteCpp/Database.h>
 
 namespace kelvora::test_damage {
 
@@ -25,10 +24,6 @@ class TestDamage : public QObject {
     static QByteArray bytes(const QString& path) {
         QFile file(path);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-    static void write(const QString& path, const QByteArray& content) {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
     }
 
     /// Opens every screen of the program; a damaged table may show a message, and no more.
@@ -43,39 +38,35 @@ class TestDamage : public QObject {
         window.close();
     }
 
-    enum class Fate { Refused, Opened };
-
-    /// Starts the program on the file as it is now.
-    Fate start(bool withScreens) {
-        const QByteArray before = bytes(m_path);
+    /// Starts the program on a file with this content; says whether it was refused.
+    bool isRefused(const QByteArray& content, bool withScreens = false) {
+        QFile file(m_path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush()) {
+            qFatal("the file cannot be written");
+        }
         test::RecordingDialogs dialogs;
         dialogs.yes = false;
-        Fate fate = Fate::Opened;
-        {
-            Program program(m_path, dialogs);
-            if (!program.start()) {
-                fate = Fate::Refused;
-                checkRefusal(dialogs.said);
-            }
-        }
-        if (fate == Fate::Opened) {
+        const bool refused = !Program(m_path, dialogs).start();
+        if (refused) {
+            checkRefusal(dialogs.said);
+        } else {
             readAllTables();
         }
-        if (fate == Fate::Opened && withScreens) {
+        if (!refused && withScreens) {
             Session session;
             openAllScreens({m_path, session, dialogs});
         }
-        if (bytes(m_path) != before) {
+        if (bytes(m_path) != content) {
             qFatal("the file was written to");
         }
-        return fate;
+        return refused;
     }
 
     void checkRefusal(const QStringList& said) const {
-        const bool clear = said.size() == 1 && said.first().startsWith(u"Kelvora: The data file can") &&
-                           said.first().contains(m_path) && !said.first().contains(u"select");
-        if (!clear) {
-            qFatal("not a clear message: %s", qPrintable(said.join(u'\n')));
+        const QString all = said.join(u'\n');
+        if (said.size() != 1 || !all.startsWith(u"Kelvora: The data file can") || !all.contains(m_path) ||
+            all.contains(u"select")) {
+            qFatal("not a clear message: %s", qPrintable(all));
         }
     }
 
@@ -95,88 +86,52 @@ class TestDamage : public QObject {
 
 private Q_SLOTS:
     void initTestCase() {
-        test::addSmallYear(m_store);
+        m_store.addSmallYear();
         m_whole = bytes(m_store.path());
-        write(m_path, m_whole);
-        QCOMPARE(start(true), Fate::Opened);
+        QVERIFY(!isRefused(m_whole, true));
     }
 
-    void cutAtEveryPage() {
-        constexpr qsizetype page = 4096;
-        for (qsizetype end = 0; end < m_whole.size(); end += page) {
-            write(m_path, m_whole.first(end));
-            QCOMPARE(start(false), Fate::Refused);
-        }
-    }
-
-    void everyByteOfTheHeader() {
-        constexpr int header = 100;
-        int files = 0;
-        int refused = 0;
-        for (int at = 0; at < header; ++at) {
-            const char was = m_whole[at];
-            for (const int value : QList<int>{was ^ 1, 2, was ^ 0x80, 0xff}.first(test::times(2, 4))) {
-                QByteArray damaged = m_whole;
-                damaged[at] = static_cast<char>(value);
-                write(m_path, damaged);
-                ++files;
-                refused += start(at % 10 == 0 && value == 2) == Fate::Refused ? 1 : 0;
-            }
-        }
-        qInfo("%d of %d files with a changed byte in the header are refused, the others open", refused, files);
-        QVERIFY(refused > files / 4);
-    }
-
-    void flippedBytes() {
-        QRandomGenerator random(test::seed());
-        const int files = test::times(100, 5'000);
-        int refused = 0;
-        for (int i = 0; i < files; ++i) {
-            QByteArray damaged = m_whole;
-            const int at = random.bounded(static_cast<int>(m_whole.size()));
-            damaged[at] = static_cast<char>(damaged[at] ^ (1 + random.bounded(255)));
-            write(m_path, damaged);
-            refused += start(i % 30 == 0) == Fate::Refused ? 1 : 0;
-        }
-        qInfo("%d of %d files with a changed byte are refused, the others open", refused, files);
-    }
-
-    void pagesOfNothing() {
+    void everyPage() {
         constexpr qsizetype page = 4096;
         for (qsizetype at = 0; at < m_whole.size(); at += page) {
+            QVERIFY(isRefused(m_whole.first(at)));
             for (const char filling : {'\0', '\xff'}) {
                 QByteArray damaged = m_whole;
                 damaged.replace(at, page, QByteArray(page, filling));
-                write(m_path, damaged);
-                const Fate fate = start(test::times(at / page % 3 == 0 ? 1 : 0, 1) == 1);
-                QVERIFY(at > 0 || fate == Fate::Refused);
+                const bool refused = isRefused(damaged, test::times(at / page % 3 == 0 ? 1 : 0, 1) == 1);
+                QVERIFY(at > 0 || refused);
             }
         }
     }
 
-    void noDataFileOfOurs() {
-        QVERIFY(QFile::remove(m_path));
-        {
-            SQLite::Database foreign(m_path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-            foreign.exec("create table state (name); insert into state values ('of the weather')");
+    void someBytes_data() {
+        QTest::addColumn<qsizetype>("end");
+        QTest::addColumn<int>("files");
+        QTest::newRow("in the header") << qsizetype{100} << test::times(200, 400);
+        QTest::newRow("anywhere") << m_whole.size() << test::times(100, 5'000);
+    }
+    void someBytes() {
+        QFETCH(qsizetype, end);
+        QFETCH(int, files);
+        QRandomGenerator random(test::seed());
+        int refused = 0;
+        for (int i = 0; i < files; ++i) {
+            QByteArray damaged = m_whole;
+            const auto at = end < files ? i % end : random.bounded(end);
+            damaged[at] = static_cast<char>(damaged[at] ^ (1 + random.bounded(255)));
+            refused += isRefused(damaged, i % 30 == 0) ? 1 : 0;
         }
-        QCOMPARE(start(false), Fate::Refused);
-        QVERIFY(QFile::remove(m_path));
-        QVERIFY(QDir().mkdir(m_path));
-        QCOMPARE(start(false), Fate::Refused);
-        QVERIFY(QDir().rmdir(m_path));
+        qInfo("%d of %d files are refused, the others open", refused, files);
+        QVERIFY(end == m_whole.size() || refused > files / 4);
     }
 
     void aFileThatMayNotBeRead() {
-        write(m_path, m_whole);
+        QVERIFY(!isRefused(m_whole));
         QVERIFY(QFile::setPermissions(m_path, {}));
-        QVERIFY(QFile::setPermissions(m_store.file({}), QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther |
-                                                            QFile::ExeOther | QFile::WriteOwner));
         test::RecordingDialogs dialogs;
         {
-            const test::OtherUser nobody;
-            Program program(m_path, dialogs);
-            QVERIFY(!program.start());
+            const test::ReadOnlyFolder folder(m_store.file({}));
+            QVERIFY(!Program(m_path, dialogs).start());
         }
         checkRefusal(dialogs.said);
         QVERIFY(QFile::setPermissions(m_path, QFile::ReadOwner | QFile::WriteOwner));

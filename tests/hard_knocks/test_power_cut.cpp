@@ -41,45 +41,30 @@ namespace kelvora::test_power_cut {
 class TestPowerCut : public QObject {
     Q_OBJECT
 
-    /// What is stored of the operations, each row beginning with its kind.
-    static QStringList rowsOf(const QString& path) {
-        QStringList rows;
-        Connection db(path);
-        const auto add = [&](const QString& kind, const Sql& sql) {
-            for (const auto& row : db.query(sql).rows) {
-                QStringList values{kind};
-                for (const QVariant& value : row) {
-                    values.append(displayText(value));
-                }
-                rows.append(values.join(u'|'));
-            }
-        };
-        add(u"operation"_qs, Sql("select optid, estotal, vesselid from fishoperation"));
-        add(u"group"_qs, Sql("select optid, groupid, groupname, totalsampling from group_main"));
-        add(u"composition"_qs, Sql("select optid, groupid, spid, totalweight, estotal from group_composition"));
-        add(u"length"_qs, Sql("select optid, spid, weight from length"));
-        add(u"class"_qs, Sql("select optid, spid, lower1, frequency1 from length_detail"));
-        add(u"gonad"_qs, Sql("select optid, spid, samplingw from gonad"));
-        add(u"fish"_qs, Sql("select optid, spid, samplingno, tl, bw, gw from gonad_detail"));
+    QStringList file() const {
+        Connection db(m_path);
+        QStringList rows = test::wholeFile(db);
         rows.sort();
         return rows;
     }
 
     /// The contents that a file may have after some confirmed saves: those, or those and the save in flight.
     static QList<QStringList> allowed(const QStringList& before, int firstOperation, int confirmed) {
+        const auto& saves = test::cut::saves();
+        const int count = static_cast<int>(saves.size());
+        const auto rows = [&](int save) {
+            return QStringList(saves[save % count])
+                .replaceInStrings(u"%1"_qs, QString::number(firstOperation + save / count));
+        };
         QStringList sure = before;
-        std::vector<test::cut::Save> saves;
-        for (int operation = firstOperation; static_cast<int>(saves.size()) <= confirmed; ++operation) {
-            const auto further = test::cut::savesOf(operation);
-            saves.insert(saves.end(), further.begin(), further.end());
-        }
-        for (int i = 0; i < confirmed; ++i) {
-            sure += saves[static_cast<std::size_t>(i)].rows;
+        for (int save = 0; save < confirmed; ++save) {
+            sure += rows(save);
         }
         QList<QStringList> contents{sure};
-        const test::cut::Save& underWay = saves[static_cast<std::size_t>(confirmed)];
-        for (qsizetype stored = underWay.whole ? underWay.rows.size() : 1; stored <= underWay.rows.size(); ++stored) {
-            contents.append(sure + underWay.rows.first(stored));
+        const QStringList underWay = rows(confirmed);
+        const bool inSteps = confirmed % count == count - 1;
+        for (qsizetype stored = inSteps ? 1 : underWay.size(); stored <= underWay.size(); ++stored) {
+            contents.append(sure + underWay.first(stored));
         }
         for (QStringList& content : contents) {
             content.sort();
@@ -87,35 +72,26 @@ class TestPowerCut : public QObject {
         return contents;
     }
 
-    /// A moment at which the power is cut: in the middle of some write to the disk, or some time behind some save.
-    struct Moment {
-        int write = 0;  ///< 0 if it is a matter of time
-        int saves = 0;
-        int microseconds = 0;
-    };
-
-    static Moment chosen(QRandomGenerator& random, bool byWrite) {
+    /// Lets the sampler work until the power is cut: in the middle of some write to the disk, or some time behind some
+    /// save. Returns the number of saves that were confirmed.
+    int workUntilCut(QRandomGenerator& random, bool atWrite) const {
         constexpr int writesOfTwoOperations = 250;
-        return byWrite ? Moment{.write = 1 + random.bounded(writesOfTwoOperations)}
-                       : Moment{.saves = random.bounded(6), .microseconds = random.bounded(60'000)};
-    }
-
-    /// Lets the sampler work until the power is cut. Returns the number of saves that were confirmed.
-    int workUntil(const Moment& moment) const {
         QProcess sampler;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QString::fromLatin1(test::cut::kWorkplace), m_path);
-        if (moment.write > 0) {
-            environment.insert(QString::fromLatin1(test::cut::kCutAtWrite), QString::number(moment.write));
+        if (atWrite) {
+            environment.insert(QString::fromLatin1(test::cut::kCutAtWrite),
+                               QString::number(1 + random.bounded(writesOfTwoOperations)));
         }
         sampler.setProcessEnvironment(environment);
         sampler.start(QCoreApplication::applicationFilePath(), {u"sampler_of_the_power_cut"_qs});
+        const int saves = random.bounded(6);
         QByteArray out;
-        while ((moment.write > 0 || out.count("saved\n") < moment.saves) && sampler.waitForReadyRead(30'000)) {
+        while ((atWrite || out.count("saved\n") < saves) && sampler.waitForReadyRead(30'000)) {
             out += sampler.readAllStandardOutput();
         }
-        if (moment.write == 0) {
-            QThread::usleep(static_cast<unsigned long>(moment.microseconds));
+        if (!atWrite) {
+            QThread::usleep(static_cast<unsigned long>(random.bounded(60'000)));
             sampler.kill();
         }
         sampler.waitForFinished();
@@ -144,12 +120,12 @@ private Q_SLOTS:
         int parts = 0;
         const int cuts = test::times(15, 300);
         for (int cut = 0; cut < cuts; ++cut) {
-            const QStringList before = rowsOf(m_path);
+            const QStringList before = file();
             const int next = Connection(m_path)
                                  .query(Sql("select coalesce(max(optid), 0) + 1 as n from fishoperation"))
                                  .integer(0, u"n")
                                  .value();
-            const int saved = workUntil(chosen(random, cut % 2 == 0));
+            const int saved = workUntilCut(random, cut % 2 == 0);
             confirmed += saved;
             journals += QFile::exists(m_path + u"-journal"_qs) ? 1 : 0;
 
@@ -158,13 +134,8 @@ private Q_SLOTS:
             QVERIFY(Program(m_path, dialogs).start());
             QCOMPARE(Connection(m_path).query(Sql("pragma integrity_check")).text(0, u"integrity_check"), u"ok"_qs);
             const QList<QStringList> contents = allowed(before, next, saved);
-            const auto found = contents.indexOf(rowsOf(m_path));
-            if (found < 0) {
-                qWarning().noquote() << "cut" << cut << "saved" << saved << "\nfile:\n"
-                                     << rowsOf(m_path).join(u'\n') << "\nconfirmed:\n"
-                                     << contents.first().join(u'\n');
-            }
-            QVERIFY(found >= 0);
+            const auto found = contents.indexOf(file());
+            QVERIFY2(found >= 0, qPrintable(u"cut %1, %2 saved; file:\n"_qs.arg(cut).arg(saved) + file().join(u'\n')));
             underWay += found > 0 ? 1 : 0;
             parts += found > 0 && found < contents.size() - 1 ? 1 : 0;
         }

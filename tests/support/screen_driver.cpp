@@ -38,6 +38,17 @@ Widget* first(const QWidget* root, Test test) {
 }
 
 template <typename Widget>
+Widget* named(const QWidget* root, const QString& name) {
+    return first<Widget>(root, [&](const Widget* widget) { return widget->accessibleName() == name.trimmed(); });
+}
+
+QAbstractButton* buttonOf(const QWidget* root, const QString& caption) {
+    return first<QAbstractButton>(root, [&](const QAbstractButton* button) {
+        return button->accessibleName() == caption || plain(button->text()) == caption.trimmed();
+    });
+}
+
+template <typename Widget>
 Widget* needed(Widget* widget, const QString& what, const QString& name) {
     if (widget == nullptr) {
         qFatal("no %s \"%s\" on the screen", qPrintable(what), qPrintable(name));
@@ -79,7 +90,7 @@ void pressKeysOf(const QString& text, QWidget* target) {
 ScreenDriver ScreenDriver::within(const QString& frame) const {
     QWidget* found = first<QGroupBox>(m_root, [&](const QGroupBox* box) { return plain(box->title()) == frame; });
     if (found == nullptr) {
-        found = first<QWidget>(m_root, [&](const QWidget* widget) { return widget->accessibleName() == frame; });
+        found = named<QWidget>(m_root, frame);
     }
     return ScreenDriver(needed(found, QStringLiteral("frame"), frame));
 }
@@ -87,9 +98,7 @@ ScreenDriver ScreenDriver::within(const QString& frame) const {
 QWidget* ScreenDriver::field(const QString& caption) const {
     const QLabel* label = first<QLabel>(
         m_root, [&](const QLabel* l) { return l->buddy() != nullptr && plain(l->text()) == caption.trimmed(); });
-    QWidget* found = label != nullptr ? label->buddy() : first<QWidget>(m_root, [&](const QWidget* widget) {
-        return widget->accessibleName() == caption.trimmed();
-    });
+    QWidget* found = label != nullptr ? label->buddy() : named<QWidget>(m_root, caption);
     return needed(found, QStringLiteral("field"), caption);
 }
 
@@ -102,23 +111,15 @@ BoundList* ScreenDriver::list(const QString& caption) const {
 }
 
 Grid* ScreenDriver::grid(const QString& name) const {
-    return needed(first<Grid>(m_root, [&](const Grid* grid) { return grid->accessibleName() == name; }),
-                  QStringLiteral("grid"), name);
+    return needed(named<Grid>(m_root, name), QStringLiteral("grid"), name);
 }
 
 RecordNavigator* ScreenDriver::navigator(const QString& name) const {
-    return needed(
-        first<RecordNavigator>(m_root, [&](const RecordNavigator* found) { return found->accessibleName() == name; }),
-        QStringLiteral("navigator"), name);
+    return needed(named<RecordNavigator>(m_root, name), QStringLiteral("navigator"), name);
 }
 
 QAbstractButton* ScreenDriver::button(const QString& caption) const {
-    return needed(first<QAbstractButton>(m_root,
-                                         [&](const QAbstractButton* button) {
-                                             return button->accessibleName() == caption ||
-                                                    plain(button->text()) == caption.trimmed();
-                                         }),
-                  QStringLiteral("button"), caption);
+    return needed(buttonOf(m_root, caption), QStringLiteral("button"), caption);
 }
 
 QString ScreenDriver::text(const QString& caption) const {
@@ -133,9 +134,7 @@ QString ScreenDriver::text(const QString& caption) const {
 }
 
 bool ScreenDriver::enabled(const QString& caption) const {
-    const QAbstractButton* found = first<QAbstractButton>(m_root, [&](const QAbstractButton* candidate) {
-        return candidate->accessibleName() == caption || plain(candidate->text()) == caption.trimmed();
-    });
+    const QAbstractButton* found = buttonOf(m_root, caption);
     return found != nullptr ? found->isEnabled() : field(caption)->isEnabled();
 }
 
@@ -181,6 +180,25 @@ void ScreenDriver::choose(const QString& caption, const QString& row) const {
 void ScreenDriver::press(const QString& caption) const {
     usable(button(caption), caption);
     button(caption)->click();
+}
+
+void ScreenDriver::enter(const QString& steps) const {
+    const QString is = QStringLiteral(" = ");
+    for (const QString& step : steps.split(QStringLiteral("; "), Qt::SkipEmptyParts)) {
+        const QString caption = step.section(is, 0, 0);
+        const QString text = step.section(is, 1);
+        if (!step.contains(is)) {
+            press(step);
+        } else if (const auto* box = qobject_cast<QComboBox*>(field(caption));
+                   box && box->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0) {
+            choose(caption, text);
+        } else {
+            type(caption, text.trimmed());
+        }
+        if (text.endsWith(u'\n')) {
+            key(caption, Qt::Key_Return);
+        }
+    }
 }
 
 void ScreenDriver::openTab(const QString& caption) const {

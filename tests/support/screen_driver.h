@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <QWidget>
 
 class QAbstractButton;
@@ -46,6 +47,10 @@ public:
     /// Chooses a row of a drop-down list by its shown text.
     void choose(const QString& caption, const QString& row) const;
     void press(const QString& caption) const;
+    /// One step after the other: "Vessel Name = Blue Fin; Weight = 2.5; SAVE" chooses a row where a drop-down list
+    /// offers the text, types where it does not, and presses a button. Return is pressed behind a text with a line
+    /// break.
+    void enter(const QString& steps) const;
     /// Goes to the tab with a caption.
     void openTab(const QString& caption) const;
     /// First, Previous, Next or Last of a navigator.

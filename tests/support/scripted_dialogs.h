@@ -18,37 +18,46 @@ public:
 
     ~ScriptedDialogs() override;
 
-    void expectMessage(const QString& title, const QString& text);
+    void expectMessage(const QString& title, const QString& text) { m_planned.append({u"message"_qs, title, text}); }
     /// A message under the application's title.
     void expectMessage(const QString& text) { expectMessage(kApplicationTitle.toString(), text); }
     /// A message whose title or text is not the point, only that its text contains a part.
-    void expectMessageContaining(const QString& part);
-    void expectConfirm(const QString& title, const QString& text, bool yes);
-    void expectInput(const QString& title, const QString& prompt, const std::optional<QString>& answer);
+    void expectMessageContaining(const QString& part) { m_planned.append({u"message"_qs, {}, part, {}, true}); }
+    void expectConfirm(const QString& title, const QString& text, bool yes) {
+        m_planned.append({u"question"_qs, title, text, yes ? std::optional(QString()) : std::nullopt});
+    }
+    void expectInput(const QString& title, const QString& prompt, const std::optional<QString>& answer) {
+        m_planned.append({u"input"_qs, title, prompt, answer});
+    }
     void expectInput(const QString& prompt, const std::optional<QString>& answer) {
         expectInput(kApplicationTitle.toString(), prompt, answer);
     }
-    void expectOpenFile(const std::optional<QString>& path);
-    void expectSaveFile(const std::optional<QString>& path);
-    void expectSavePicture(const std::optional<QString>& path);
+    void expectOpenFile(const std::optional<QString>& path) { m_planned.append({u"open file"_qs, {}, {}, path}); }
+    void expectSaveFile(const std::optional<QString>& path) { m_planned.append({u"save file"_qs, {}, {}, path}); }
+    void expectSavePicture(const std::optional<QString>& path) { m_planned.append({u"save picture"_qs, {}, {}, path}); }
 
     /// Whether every planned box has come.
     [[nodiscard]] bool done() const { return m_planned.isEmpty(); }
 
-    void message(const QString& title, const QString& text) override;
-    bool confirm(const QString& title, const QString& text, Icon icon) override;
-    std::optional<QString> input(const QString& title, const QString& prompt, const QString& proposed) override;
-    std::optional<QString> openFile(FileKind kind) override;
-    std::optional<QString> saveCsvFile() override;
-    std::optional<QString> savePictureFile() override;
+    void message(const QString& title, const QString& text) override { next(u"message"_qs, title, text); }
+    bool confirm(const QString& title, const QString& text, Icon /*icon*/) override {
+        return next(u"question"_qs, title, text).has_value();
+    }
+    std::optional<QString> input(const QString& title, const QString& prompt, const QString& /*proposed*/) override {
+        return next(u"input"_qs, title, prompt);
+    }
+    std::optional<QString> openFile(FileKind /*kind*/) override { return next(u"open file"_qs); }
+    std::optional<QString> saveCsvFile() override { return next(u"save file"_qs); }
+    std::optional<QString> savePictureFile() override { return next(u"save picture"_qs); }
 
 private:
     struct Box {
         QString kind, title, text;
+        std::optional<QString> answer = {};
         bool partOnly = false;
-        std::optional<QString> answer;
     };
-    Box next(const QString& kind, const QString& title, const QString& text);
+    /// The answer to a box that came.
+    std::optional<QString> next(const QString& kind, const QString& title = {}, const QString& text = {});
 
     QList<Box> m_planned;
 };

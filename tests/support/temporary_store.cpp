@@ -17,18 +17,9 @@ QString folderTemplate() {
 
 }  // namespace
 
-TemporaryStore::TemporaryStore()
-    : m_folder(folderTemplate()), m_path(m_folder.filePath(QStringLiteral("kelvora_db.sqlite"))) {
-    prepareStore(m_path);
-    m_db = std::make_unique<Connection>(m_path);
-    session.login = QStringLiteral("Administrator");
-    session.password = QStringLiteral("kelvora");
-    session.userName = QStringLiteral("Port Sampler");
-}
-
-QStringList TemporaryStore::rows(const Sql& sql) {
+QStringList rows(Connection& db, const Sql& sql) {
     QStringList lines;
-    for (const auto& row : m_db->query(sql).rows) {
+    for (const auto& row : db.query(sql).rows) {
         QStringList values;
         for (const QVariant& value : row) {
             values.append(value.isValid() ? displayText(value) : QStringLiteral("null"));
@@ -38,7 +29,8 @@ QStringList TemporaryStore::rows(const Sql& sql) {
     return lines;
 }
 
-QStringList TemporaryStore::wholeFile() {
+QStringList wholeFile(Connection& db) {
+    const auto rows = [&](Literal sql) { return test::rows(db, Sql(sql)); };
     QStringList all;
     all += rows("select 'state', * from state") + rows("select 'port', * from samplingport");
     all += rows("select 'gear', * from Fishing_gear") + rows("select 'method', * from Fishing_method");
@@ -52,6 +44,26 @@ QStringList TemporaryStore::wholeFile() {
     all += rows("select 'length', * from length order by optid, spid");
     all += rows("select 'length_detail', * from length_detail order by optid, spid, lower1");
     return all;
+}
+
+QStringList changes(const QStringList& before, const QStringList& after) {
+    QStringList changed;
+    for (const QString& row : before) {
+        changed += after.contains(row) ? QStringList() : QStringList(u"- "_qs + row);
+    }
+    for (const QString& row : after) {
+        changed += before.contains(row) ? QStringList() : QStringList(u"+ "_qs + row);
+    }
+    return changed;
+}
+
+TemporaryStore::TemporaryStore()
+    : m_folder(folderTemplate()), m_path(m_folder.filePath(QStringLiteral("kelvora_db.sqlite"))) {
+    prepareStore(m_path);
+    m_db = std::make_unique<Connection>(m_path);
+    session.login = QStringLiteral("Administrator");
+    session.password = QStringLiteral("kelvora");
+    session.userName = QStringLiteral("Port Sampler");
 }
 
 void TemporaryStore::addReferenceRows() {
@@ -75,6 +87,33 @@ void TemporaryStore::addOperation(int optid, int portid, const QString& date, in
     m_db->execute(Sql("insert into fishoperation values (")
                   << optid << "," << portid << ",'Port Sampler'," << date << "," << method
                   << ",12,30,100,15,40,35,'Day',3,2," << catchKg << ",''," << vessel << "," << area << ")");
+}
+
+void TemporaryStore::addSamples(int optid) {
+    const auto add = [&](Literal front, Literal behind) { m_db->execute(Sql(front) << optid << behind); };
+    add("insert into group_main values (1,", ",'Single species',30)");
+    add("insert into group_composition values (", ",1,1,30,30)");
+    add("insert into group_main values (2,", ",'Trash',50)");
+    add("insert into group_composition values (", ",3,2,5,50)");
+    add("insert into length values (", ",1,2.5)");
+    add("insert into length_detail values (", ",1,10,12,11,4)");
+    add("insert into gonad values (", ",1,0.4)");
+    add("insert into gonad_detail values (", ",1,1,100,90,95,85,200,'Male',2,10,5)");
+}
+
+void TemporaryStore::addSmallYear() {
+    addReferenceRows();
+    execute("insert into samplingport values (4, 'Dun', 2)");
+    execute("insert into Fishing_method values (4, 'Longline', 2)");
+    execute("insert into fishing_area values ('A3', 'nowhere')");
+    execute("insert into vessel(vesselname, vesselid, gear) values ('Idle', 'R-9', 2)");
+    execute("insert into fish(fishno, family, genus, fishname) values (4, 'Zeidae', 'Zeus', 'faber')");
+    execute("update fish set classinterval = 2 where fishno = 1");
+    addOperation(1, 1, u"2004-03-09"_qs, 1, 120.5, u"Sea Star"_qs, u"A1"_qs);
+    addOperation(2, 2, u"2004-04-01"_qs, 3, 80, u"Blue Fin"_qs, u"A2"_qs);
+    addOperation(3, 3, u"2004-05-01"_qs, 2, 60, u"Sea Star"_qs, u"A1"_qs);
+    addSamples(1);
+    addSamples(2);
 }
 
 }  // namespace kelvora::test

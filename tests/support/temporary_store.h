@@ -9,6 +9,13 @@
 
 namespace kelvora::test {
 
+/// The rows of a query, each as its values joined by "|"; a null reads "null".
+QStringList rows(Connection& db, const Sql& sql);
+/// The rows of all tables but the accounts, each beginning with what it is: what a change left alone is compared.
+QStringList wholeFile(Connection& db);
+/// The rows that are not in a file any more ("- …") and those that came ("+ …").
+QStringList changes(const QStringList& before, const QStringList& after);
+
 /// A data file of a test's own with its tables and first account, a session signed in as "Port Sampler", planned boxes,
 /// and a connection to look at the file and to fill it. All goes with the object.
 class TemporaryStore {
@@ -21,11 +28,9 @@ public:
     [[nodiscard]] Context context() { return {m_path, session, dialogs}; }
     Connection& db() { return *m_db; }
 
-    /// The rows of a query, each as its values joined by "|"; a null reads "null".
-    QStringList rows(const Sql& sql);
+    QStringList rows(const Sql& sql) { return test::rows(*m_db, sql); }
     QStringList rows(Literal sql) { return rows(Sql(sql)); }
-    /// The rows of all tables but the accounts, each beginning with what it is: what a change left alone is compared.
-    QStringList wholeFile();
+    QStringList wholeFile() { return test::wholeFile(*m_db); }
     void execute(Literal sql) { m_db->execute(Sql(sql)); }
 
     /// A few reference rows: state 1 Alpha with ports 1 Abo and 2 Bex, state 2 Beta with port 3 Cay; gears 1 Trawl
@@ -36,6 +41,12 @@ public:
     /// An operation on these rows. Date as ISO text.
     void addOperation(int optid, int portid, const QString& date, int method, double catchKg, const QString& vessel,
                       const QString& area);
+    /// A sample of every kind for an operation: groups 1 Single species (species 1) and 2 Trash (species 3), lengths
+    /// and fish of species 1.
+    void addSamples(int optid);
+    /// A row of everything: the reference rows, three operations of 2004, samples of the first two. The last rows of
+    /// the lists are used by none: port Dun, method Longline, area A3, vessel Idle, species Zeus faber.
+    void addSmallYear();
 
     Session session;
     ScriptedDialogs dialogs;

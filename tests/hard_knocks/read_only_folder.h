@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QFile>
+
+#include <unistd.h>
+
+namespace kelvora::test {
+
+/// As long as it lives, nothing can be made, replaced or removed in a folder. Whoever may write everywhere is asked
+/// nothing by the folders: such a user works as nobody meanwhile.
+class ReadOnlyFolder {
+public:
+    explicit ReadOnlyFolder(QString folder) : m_folder(std::move(folder)) {
+        permit({});
+        become(m_before == 0 ? nobody : m_before);
+    }
+    ~ReadOnlyFolder() {
+        become(m_before);
+        permit(QFile::WriteOwner);
+    }
+    ReadOnlyFolder(const ReadOnlyFolder&) = delete;
+    ReadOnlyFolder& operator=(const ReadOnlyFolder&) = delete;
+
+private:
+    static constexpr uid_t nobody = 65534;
+
+    void permit(QFile::Permissions writing) const {
+        const auto reading = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
+        if (!QFile::setPermissions(m_folder, reading | writing)) {
+            qFatal("the folder's permissions cannot be set");
+        }
+    }
+    static void become(uid_t user) {
+        if (seteuid(user) != 0) {
+            qFatal("the user cannot be changed");
+        }
+    }
+
+    QString m_folder;
+    uid_t m_before = geteuid();
+};
+
+}  // namespace kelvora::test
