@@ -26,6 +26,8 @@ struct SamplingScreen {
         store.session.lastSavedOperation = lastSaved;
         open();
     }
+    /// Every planned box has come.
+    ~SamplingScreen() { QVERIFY(store.dialogs.done()); }
 
     void open() {
         screen = std::make_unique<ScreenClass>(store.context());
