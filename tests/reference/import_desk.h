@@ -41,7 +41,6 @@ struct ImportDesk : ReferenceScreen {
     }
     [[nodiscard]] QStringList previewed() const { return rows(preview); }
     [[nodiscard]] QString path() const { return text(QString(preview).replace(u"import"_qs, u"file"_qs)); }
-    /// Which of the buttons can be pressed.
     [[nodiscard]] bool enabled(const QString& button) const { return in(frame).enabled(button); }
     /// Whether a line of the import reads so.
     [[nodiscard]] bool says(const QString& line) const {

@@ -29,7 +29,7 @@ struct ReferenceScreen {
         screen = std::make_unique<GeneralInformationScreen>(store.context());
         hand().openTab(tab);
     }
-    /// Types into the fields of a frame, or chooses in a list that is not typed into, and presses its button.
+    /// Types into the fields of a frame and presses its button.
     void add(const QString& frame, const Texts& texts, const QString& button = u"Add"_qs) const {
         for (const auto& [field, text] : texts) {
             in(frame).type(field, text);

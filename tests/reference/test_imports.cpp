@@ -1,5 +1,3 @@
-#include "data/numbers.h"
-#include "data/result_set.h"
 #include "import_desk.h"
 #include "reference/species_import.h"
 #include "reference/vessel_import.h"

@@ -33,7 +33,7 @@ private Q_SLOTS:
     void checksInOrder() {
         struct Case {
             QString field, typed, message;
-            bool leavesField;  // the field is emptied and gets the keyboard
+            bool emptied;  // the field, which then gets the keyboard
         };
         const QString number = u"Please input numeric character only"_qs;
         const QString names = u"Please input vessel register id and vessel name"_qs;

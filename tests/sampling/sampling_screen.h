@@ -49,11 +49,6 @@ struct SamplingScreen {
         hand->choose(u"Value"_qs, u"Alpha"_qs);
         hand->press(u"Search"_qs);
     }
-    /// Plans the answer to a question, and presses the button that asks it.
-    void answer(const QString& button, const QString& title, const QString& question, bool yes) {
-        store.dialogs.expectConfirm(title, question, yes);
-        hand->press(button);
-    }
 
     QString tab;
     TemporaryStore store;

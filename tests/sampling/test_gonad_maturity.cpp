@@ -44,12 +44,11 @@ struct Entry : test::SamplingScreen<GonadMaturityScreen> {
             keys(u"152\n130\n141\n128\n%1\nf\n3\n12\n"_qs.arg(weight));
         }
     }
-    void save(bool yes = true) {
-        answer(u"SAVE"_qs, u"Confirm"_qs, u"Are you sure to add this data to database"_qs, yes);
-    }
-    void failToSave(const QString& message) {
-        store.dialogs.expectConfirm(u"Confirm"_qs, u"Are you sure to add this data to database"_qs, true);
-        store.dialogs.expectMessageContaining(message);
+    void save(bool yes = true, const QString& problem = {}) {
+        store.dialogs.expectConfirm(u"Confirm"_qs, u"Are you sure to add this data to database"_qs, yes);
+        if (!problem.isEmpty()) {
+            store.dialogs.expectMessageContaining(problem);
+        }
         hand->press(u"SAVE"_qs);
     }
     void expectDelete(int number, bool yes = true) {
@@ -276,7 +275,7 @@ private Q_SLOTS:
             "create trigger refuse before insert on gonad_detail when new.samplingno = 3 "
             "begin select raise(abort, 'no'); end");
         for (int attempt = 0; attempt < 2; ++attempt) {
-            entry.failToSave(u"2 of 4 fish are stored"_qs);
+            entry.save(true, u"2 of 4 fish are stored"_qs);
             QCOMPARE(entry.samples(), QStringList{u"1|1|3"_qs});
             QCOMPARE(entry.storedFish(), (QStringList{u"1|1|100"_qs, u"1|2|200"_qs}));
             QCOMPARE(entry.rows(), (QStringList{fishRow(1, 300), fishRow(2, 400), kBlank}));
@@ -305,7 +304,7 @@ private Q_SLOTS:
         entry.start();
         entry.addFish({100});
         entry.store.execute("create trigger refuse before insert on gonad begin select raise(abort, 'no'); end");
-        entry.failToSave(u"0 of 1 fish are stored: "_qs);
+        entry.save(true, u"0 of 1 fish are stored: "_qs);
         entry.store.execute("drop trigger refuse");
         QCOMPARE(entry.samples(), QStringList());
         // Nothing is stored of it, so it may still turn out to be another species.
@@ -318,7 +317,7 @@ private Q_SLOTS:
         entry.start();
         entry.addFish({100});
         entry.store.execute("delete from fishoperation where optid = 1");
-        entry.failToSave(u"fishing operation no. 1 has been deleted"_qs);
+        entry.save(true, u"fishing operation no. 1 has been deleted"_qs);
         QCOMPARE(entry.storedFish(), QStringList{u"2|1|100"_qs});
         QCOMPARE(entry.rows().size(), 2);
     }
@@ -331,7 +330,7 @@ private Q_SLOTS:
         entry.start();
         entry.addFish({100});
         entry.store.execute("create trigger refuse before insert on gonad_detail begin select raise(abort, 'no'); end");
-        entry.failToSave(u"0 of 1 fish are stored: "_qs);
+        entry.save(true, u"0 of 1 fish are stored: "_qs);
         entry.store.execute("drop trigger refuse");
 
         entry.hand->move(u"Result"_qs, u"Next"_qs);

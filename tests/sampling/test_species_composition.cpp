@@ -193,7 +193,8 @@ private Q_SLOTS:
     void repeatedGroupName() {
         Sampler sampler;
         sampler.saveGroup(u"Trash"_qs);
-        sampler.nameGroup(u"TRASH"_qs, u"50"_qs);
+        sampler.store.dialogs.expectInput(u"Please input groupname"_qs, u"TRASH"_qs);
+        sampler.group().type(u"Total weight"_qs, u"50"_qs);
         sampler.list(kGoatfish, u"5"_qs);
         sampler.save(false);
         sampler.store.dialogs.expectConfirm(u"CONFIRM"_qs, kSaveQuestion, true);
@@ -268,7 +269,8 @@ private Q_SLOTS:
         sampler.group().type(u"Total weight"_qs, u"7"_qs);
         refuse(u"The sample weighs '8' kg., more than the '7' kg."_qs);
         sampler.hand->choose(u"Value"_qs, u"Beta"_qs);
-        refuse(u"Please choose a fishing operation for this group"_qs);
+        sampler.store.dialogs.expectMessage(u"ERROR"_qs, u"Please choose a fishing operation for this group"_qs);
+        sampler.group().press(u"SAVE"_qs);
         QCOMPARE(sampler.pending().size(), 3);
         QCOMPARE(sampler.groups() + sampler.weights(), QStringList());
 
