@@ -7,6 +7,7 @@
 #include "support/temporary_store.h"
 #include "support/test_main.h"
 
+#include <QFile>
 #include <QTest>
 
 namespace kelvora::test {
@@ -43,6 +44,14 @@ struct SamplingScreen {
         store.execute("insert into group_main values (1, 1, 'Single species', 30), (1, 2, 'Single species', 10)");
         store.execute("insert into group_composition values (1, 1, 1, 10, 10), (1, 2, 1, 20, 20), (2, 1, 1, 10, 10)");
         open();
+    }
+    /// A file that holds these bytes.
+    [[nodiscard]] QString written(const QByteArray& bytes) const {
+        QFile file(store.file(u"import.csv"_qs));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
+            qFatal("the file cannot be written");
+        }
+        return file.fileName();
     }
     void findOperations() const {
         hand->choose(u"Criterion"_qs, u"State/Province"_qs);

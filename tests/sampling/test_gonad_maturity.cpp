@@ -4,7 +4,6 @@
 #include "sampling_screen.h"
 
 #include <QAbstractButton>
-#include <QFile>
 #include <QFileInfo>
 
 namespace kelvora::test_gonad_maturity {
@@ -67,10 +66,7 @@ struct Entry : test::SamplingScreen<GonadMaturityScreen> {
         hand->press(u"IMPORT"_qs);
     }
     void importBytes(const QByteArray& bytes, const QString& title = {}, const QString& refusal = {}) {
-        QFile file(store.file(u"fish.csv"_qs));
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-        file.close();
-        store.dialogs.expectOpenFile(file.fileName());
+        store.dialogs.expectOpenFile(written(bytes));
         if (!refusal.isEmpty()) {
             store.dialogs.expectMessage(title, refusal);
         }
@@ -118,7 +114,7 @@ private Q_SLOTS:
     void keyboard() {
         Entry entry;
         QCOMPARE(entry.pressable(), u"AC"_qs);
-        QVERIFY(!entry.hand->enabled(u"TL(mm)"_qs) && !entry.hand->enabled(u"Stage"_qs));
+        QVERIFY(entry.isBlank() && !entry.hand->enabled(u"Stage"_qs));
         entry.start();
         QCOMPARE(entry.pressable(), u"NCI"_qs);
         for (const QString& caption : kFieldsOfAFish.split(u',').first(5)) {
@@ -354,14 +350,13 @@ private Q_SLOTS:
         Entry entry;
         entry.start();
         entry.addFish({100});
-        const QStringList before = entry.rows();
         entry.importFile(std::nullopt);
         entry.importBytes({}, u"Kelvora"_qs, u"No data in this file"_qs);
         entry.importBytes("a,b,c,d,e,f,g,h\n1,2,3,4,5,6,7,8\n", u"ERROR"_qs, u"Error File Format"_qs);
         for (const QString& path : {entry.store.file(u"missing.csv"_qs), QFileInfo(entry.store.path()).path()}) {
             entry.importFile(path, u"The file cannot be read"_qs);
         }
-        QCOMPARE(entry.rows(), before);
+        QCOMPARE(entry.rows(), (QStringList{fishRow(1, 100), kBlank}));
         QCOMPARE(entry.weight(), u"0.10"_qs);
 
         entry.importBytes("TL,BL,FL,SL,BW,Sex,Stage,GW\n1,2,3,4,250,F,3-Ripe,8\n,,,,x,J,,\n");
