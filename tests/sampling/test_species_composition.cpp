@@ -1,96 +1,63 @@
-#include "controls/bound_list.h"
-#include "controls/captioned_grid.h"
-#include "controls/record_navigator.h"
 #include "sampling/species_composition_screen.h"
-#include "support/screen_driver.h"
-#include "support/temporary_store.h"
-#include "support/test_main.h"
+#include "sampling_screen.h"
 
 #include <QLineEdit>
-#include <QTest>
 
 namespace kelvora::test_species_composition {
 
-const QString kMackerel = QStringLiteral("Rastrelliger kanagurta");
-const QString kGoatfish = QStringLiteral("Upeneus vittatus");
-const QString kBream = QStringLiteral("Nemipterus virgatus");
+using test::kBream;
+using test::kGoatfish;
+using test::kMackerel;
 
-/// The screen over the operations 1 and 2 (state Alpha), standing on operation 1 unless none was saved last.
-class Sampler {
-public:
-    explicit Sampler(int lastSaved = 1) {
-        store.addReferenceRows();
-        store.addOperation(1, 1, QStringLiteral("2004-03-09"), 1, 120, QStringLiteral("Sea Star"),
-                           QStringLiteral("A1"));
-        store.addOperation(2, 2, QStringLiteral("2004-04-01"), 3, 80, QStringLiteral("Blue Fin"), QStringLiteral("A2"));
-        store.session.lastSavedOperation = lastSaved;
-        reopen();
-    }
+const QStringList kBlank{u"||"_qs};
+const QString kSaveQuestion = u"Are you sure to 'SAVE' this group"_qs;
 
-    void reopen() {
-        m_screen = std::make_unique<SpeciesCompositionScreen>(store.context());
-        m_screen->show();
-        screen = std::make_unique<test::ScreenDriver>(m_screen.get());
-        screen->openTab(QStringLiteral("Species Composition"));
-        single = std::make_unique<test::ScreenDriver>(screen->within(QStringLiteral("Single species")));
-        group = std::make_unique<test::ScreenDriver>(screen->within(QStringLiteral("Sampling group")));
-    }
+/// Nothing is in the catches yet.
+struct Sampler : test::SamplingScreen<SpeciesCompositionScreen> {
+    explicit Sampler(int lastSaved = 1) : SamplingScreen(u"Species Composition"_qs, lastSaved) {}
+
+    [[nodiscard]] test::ScreenDriver single() const { return hand->within(u"Single species"_qs); }
+    [[nodiscard]] test::ScreenDriver group() const { return hand->within(u"Sampling group"_qs); }
 
     void addSingle(const QString& species, const QString& weight) const {
-        single->choose(QStringLiteral("Species"), species);
-        single->type(QStringLiteral("Weight"), weight);
-        single->press(QStringLiteral("Add"));
+        single().list(u"Species"_qs)->setText(species);
+        single().type(u"Weight"_qs, weight);
+        single().press(u"Add"_qs);
     }
-
     void nameGroup(const QString& name, const QString& total) const {
-        group->edit(QStringLiteral("Group"))->setText(name);
-        group->type(QStringLiteral("Total weight"), total);
+        group().edit(u"Group"_qs)->setText(name);
+        group().type(u"Total weight"_qs, total);
     }
-
     void list(const QString& species, const QString& weight) const {
-        group->choose(QStringLiteral("Species"), species);
-        group->type(QStringLiteral("Weight"), weight);
-        group->press(QStringLiteral("ADD"));
+        group().list(u"Species"_qs)->setText(species);
+        group().type(u"Weight"_qs, weight);
+        group().press(u"ADD"_qs);
     }
-
-    void save() {
-        store.dialogs.expectConfirm(QStringLiteral("CONFIRM"), QStringLiteral("Are you sure to 'SAVE' this group"),
-                                    true);
-        group->press(QStringLiteral("SAVE"));
+    void save(bool yes = true) {
+        store.dialogs.expectConfirm(u"CONFIRM"_qs, kSaveQuestion, yes);
+        group().press(u"SAVE"_qs);
     }
-
+    /// A group of 4 kg of mackerel and 6 kg of bream.
     void saveGroup(const QString& name) {
-        nameGroup(name, QStringLiteral("200"));
-        list(kMackerel, QStringLiteral("4"));
-        list(kBream, QStringLiteral("6"));
+        nameGroup(name, u"200"_qs);
+        list(kMackerel, u"4"_qs);
+        list(kBream, u"6"_qs);
         save();
     }
-
-    void deleteGroup(bool yes) {
-        store.dialogs.expectConfirm(QStringLiteral("Kelvora"), QStringLiteral("Are you sure to delete this group?"),
-                                    yes);
-        group->press(QStringLiteral("X"));
+    void deleteGroup(bool yes = true) {
+        store.dialogs.expectConfirm(u"Kelvora"_qs, u"Are you sure to delete this group?"_qs, yes);
+        group().press(u"X"_qs);
     }
 
     QStringList groups() { return store.rows("select optid, groupid, groupname, totalsampling from group_main"); }
     QStringList weights() {
         return store.rows("select optid, spid, groupid, totalweight, estotal from group_composition");
     }
-    [[nodiscard]] QStringList summary() const { return screen->rows(QStringLiteral("Composition")); }
-    [[nodiscard]] QStringList pending() const { return group->rows(QStringLiteral("Pending group")); }
-    [[nodiscard]] QString record() const { return group->navigator(QStringLiteral("Group record"))->caption(); }
-    [[nodiscard]] QStringList singles() const {
-        return single->rows(QStringLiteral("Total catch in weight of single species"));
-    }
-
-    test::TemporaryStore store;
-    std::unique_ptr<test::ScreenDriver> screen, single, group;
-
-private:
-    std::unique_ptr<SpeciesCompositionScreen> m_screen;
+    [[nodiscard]] QStringList summary() const { return hand->rows(u"Composition"_qs); }
+    [[nodiscard]] QStringList pending() const { return group().rows(u"Pending group"_qs); }
+    [[nodiscard]] QString record() const { return group().navigator(u"Group record"_qs)->caption(); }
+    [[nodiscard]] QStringList singles() const { return single().rows(u"Total catch in weight of single species"_qs); }
 };
-
-const QStringList kBlank{QStringLiteral("||")};
 
 class TestSpeciesComposition : public QObject {
     Q_OBJECT
@@ -98,340 +65,264 @@ class TestSpeciesComposition : public QObject {
 private Q_SLOTS:
     void singleSpecies() {
         Sampler sampler;
-        sampler.addSingle(kMackerel, QStringLiteral("12.5"));
-        QVERIFY(sampler.single->focused(QStringLiteral("Weight")));
-        QCOMPARE(sampler.single->text(QStringLiteral("Weight")), QString());
-        QCOMPARE(sampler.single->text(QStringLiteral("Species")), kMackerel);
-        sampler.addSingle(kBream, QStringLiteral(" 7.5 "));
-        QCOMPARE(sampler.groups(), QStringList{QStringLiteral("1|1|Single species|20")});
-        QCOMPARE(sampler.weights(), (QStringList{QStringLiteral("1|1|1|12.5|12.5"), QStringLiteral("1|3|1|7.5|7.5")}));
-        QCOMPARE(sampler.singles(),
-                 (QStringList{kBream + QStringLiteral("|7.5"), kMackerel + QStringLiteral("|12.5")}));
-        QCOMPARE(sampler.summary(),
-                 (QStringList{kBream + QStringLiteral("|7.50|37.50"), kMackerel + QStringLiteral("|12.50|62.50")}));
+        sampler.addSingle(kMackerel, u"12.5"_qs);
+        QVERIFY(sampler.single().focused(u"Weight"_qs));
+        QCOMPARE(sampler.single().text(u"Weight"_qs), QString());
+        QCOMPARE(sampler.single().text(u"Species"_qs), kMackerel);
+        sampler.addSingle(kBream, u" 7.5 "_qs);
+        QCOMPARE(sampler.groups(), QStringList{u"1|1|Single species|20"_qs});
+        QCOMPARE(sampler.weights(), (QStringList{u"1|1|1|12.5|12.5"_qs, u"1|3|1|7.5|7.5"_qs}));
+        QCOMPARE(sampler.singles(), (QStringList{kBream + u"|7.5"_qs, kMackerel + u"|12.5"_qs}));
+        QCOMPARE(sampler.summary(), (QStringList{kBream + u"|7.50|37.50"_qs, kMackerel + u"|12.50|62.50"_qs}));
 
-        const QString record = QStringLiteral("Single species record");
-        QCOMPARE(sampler.single->navigator(record)->caption(), kBream);
-        sampler.single->move(record, QStringLiteral("Next"));
-        QCOMPARE(sampler.single->navigator(record)->caption(), kMackerel);
-        sampler.single->press(QStringLiteral("X"));
-        QCOMPARE(sampler.groups(), QStringList{QStringLiteral("1|1|Single species|7.5")});
-        QCOMPARE(sampler.summary(), QStringList{kBream + QStringLiteral("|7.50|100.00")});
-        sampler.single->press(QStringLiteral("X"));
-        QCOMPARE(sampler.groups(), QStringList());
-        QCOMPARE(sampler.weights(), QStringList());
+        sampler.store.dialogs.expectMessage(u"This species is in database already! please try again"_qs);
+        sampler.addSingle(kMackerel, u"2"_qs);
+        QCOMPARE(sampler.single().text(u"Weight"_qs), u"2"_qs);
+        QCOMPARE(sampler.weights().size(), 2);
+
+        const auto* record = sampler.single().navigator(u"Single species record"_qs);
+        QCOMPARE(record->caption(), kBream);
+        sampler.single().move(u"Single species record"_qs, u"Next"_qs);
+        QCOMPARE(record->caption(), kMackerel);
+        sampler.single().press(u"X"_qs);
+        QCOMPARE(sampler.groups(), QStringList{u"1|1|Single species|7.5"_qs});
+        QCOMPARE(sampler.summary(), QStringList{kBream + u"|7.50|100.00"_qs});
+        sampler.single().press(u"X"_qs);
+        QCOMPARE(sampler.groups() + sampler.weights(), QStringList());
         QCOMPARE(sampler.summary(), kBlank);
-        QCOMPARE(sampler.single->navigator(record)->caption(), QString());
-        QVERIFY(!sampler.single->enabled(QStringLiteral("X")));
-    }
+        QCOMPARE(record->caption(), QString());
+        QVERIFY(!sampler.single().enabled(u"X"_qs));
 
-    void singleSpeciesWeighingNothing() {
-        Sampler sampler;
-        sampler.addSingle(kMackerel, QStringLiteral("0"));
-        QCOMPARE(sampler.summary(), QStringList{kMackerel + QStringLiteral("|0.00|")});
-        sampler.addSingle(kBream, QStringLiteral("5"));
-        sampler.single->press(QStringLiteral("X"));
-        QCOMPARE(sampler.groups(), QStringList{QStringLiteral("1|1|Single species|0")});
-    }
-
-    void sameSpeciesTwice() {
-        Sampler sampler;
-        sampler.addSingle(kMackerel, QStringLiteral("1"));
-        sampler.store.dialogs.expectMessage(QStringLiteral("This species is in database already! please try again"));
-        sampler.addSingle(kMackerel, QStringLiteral("2"));
-        QVERIFY(sampler.store.dialogs.done());
-        QCOMPARE(sampler.single->text(QStringLiteral("Weight")), QStringLiteral("2"));
-        QCOMPARE(sampler.groups(), QStringList{QStringLiteral("1|1|Single species|1")});
-        // In another operation it is another fish.
-        sampler.store.session.lastSavedOperation = 2;
-        sampler.reopen();
-        sampler.addSingle(kMackerel, QStringLiteral("2"));
-        QCOMPARE(sampler.groups().size(), 2);
+        // A species that weighs nothing has no share, and keeps the group.
+        sampler.addSingle(kMackerel, u"0"_qs);
+        QCOMPARE(sampler.summary(), QStringList{kMackerel + u"|0.00|"_qs});
+        sampler.addSingle(kBream, u"5"_qs);
+        sampler.single().press(u"X"_qs);
+        QCOMPARE(sampler.groups(), QStringList{u"1|1|Single species|0"_qs});
     }
 
     void raisedGroup() {
         Sampler sampler;
-        sampler.addSingle(kMackerel, QStringLiteral("12.5"));
-        sampler.nameGroup(QStringLiteral("Trash"), QStringLiteral("200"));
-        QVERIFY(!sampler.group->enabled(QStringLiteral("SAVE")));
-        QVERIFY(!sampler.group->enabled(QStringLiteral("CLEAR")));
-        sampler.list(kMackerel, QStringLiteral("4.0"));
-        sampler.list(kBream, QStringLiteral("6"));
-        QCOMPARE(sampler.pending(), (QStringList{kMackerel + QStringLiteral("|4.0|1"), kBream + QStringLiteral("|6|3"),
-                                                 QStringLiteral("||")}));
-        QCOMPARE(sampler.group->text(QStringLiteral("Total Sampling weight")), QStringLiteral("10"));
+        sampler.addSingle(kMackerel, u"12.5"_qs);
+        sampler.nameGroup(u"Trash"_qs, u"200"_qs);
+        QVERIFY(!sampler.group().enabled(u"SAVE"_qs) && !sampler.group().enabled(u"CLEAR"_qs));
+        sampler.list(kMackerel, u"4.0"_qs);
+        sampler.list(kBream, u"6"_qs);
+        QCOMPARE(sampler.pending(), (QStringList{kMackerel + u"|4.0|1"_qs, kBream + u"|6|3"_qs, u"||"_qs}));
+        QCOMPARE(sampler.group().text(u"Total Sampling weight"_qs), u"10"_qs);
         sampler.save();
-        QCOMPARE(sampler.groups(),
-                 (QStringList{QStringLiteral("1|1|Single species|12.5"), QStringLiteral("1|2|Trash|200")}));
-        QCOMPARE(sampler.weights(), (QStringList{QStringLiteral("1|1|1|12.5|12.5"), QStringLiteral("1|1|2|4|80"),
-                                                 QStringLiteral("1|3|2|6|120")}));
-        QCOMPARE(sampler.summary(),
-                 (QStringList{kBream + QStringLiteral("|120.00|56.47"), kMackerel + QStringLiteral("|92.50|43.53")}));
-        QCOMPARE(sampler.record(), QStringLiteral("Record 1/1 Trash [Total weight 200 kg.]"));
-        QCOMPARE(sampler.group->rows(QStringLiteral("Total catch in weight of Trash (kg.)")),
-                 (QStringList{kBream + QStringLiteral("|6|120"), kMackerel + QStringLiteral("|4|80")}));
+        QCOMPARE(sampler.groups(), (QStringList{u"1|1|Single species|12.5"_qs, u"1|2|Trash|200"_qs}));
+        QCOMPARE(sampler.weights(), (QStringList{u"1|1|1|12.5|12.5"_qs, u"1|1|2|4|80"_qs, u"1|3|2|6|120"_qs}));
+        QCOMPARE(sampler.summary(), (QStringList{kBream + u"|120.00|56.47"_qs, kMackerel + u"|92.50|43.53"_qs}));
+        QCOMPARE(sampler.record(), u"Record 1/1 Trash [Total weight 200 kg.]"_qs);
+        QCOMPARE(sampler.group().rows(u"Total catch in weight of Trash (kg.)"_qs),
+                 (QStringList{kBream + u"|6|120"_qs, kMackerel + u"|4|80"_qs}));
         QCOMPARE(sampler.pending(), kBlank);
-        for (const char* field : {"Group", "Total weight", "Total Sampling weight", "Species", "Weight"}) {
-            QCOMPARE(sampler.group->text(QString::fromLatin1(field)), QString());
+        for (const QString& field :
+             {u"Group"_qs, u"Total weight"_qs, u"Total Sampling weight"_qs, u"Species"_qs, u"Weight"_qs}) {
+            QCOMPARE(sampler.group().text(field), QString());
         }
-        QVERIFY(!sampler.group->enabled(QStringLiteral("SAVE")));
+        QVERIFY(!sampler.group().enabled(u"SAVE"_qs));
 
         // 100 / 3 is 33.33, and the raised weight is not rounded again.
-        sampler.nameGroup(QStringLiteral("Small"), QStringLiteral("100"));
-        sampler.list(kGoatfish, QStringLiteral("1.005"));
-        sampler.list(kBream, QStringLiteral("1.995"));
+        sampler.nameGroup(u"Small"_qs, u"100"_qs);
+        sampler.list(kGoatfish, u"1.005"_qs);
+        sampler.list(kBream, u"1.995"_qs);
         sampler.save();
-        QVERIFY(sampler.weights().contains(QStringLiteral("1|2|3|1.005|33.49665")));
+        QVERIFY(sampler.weights().contains(u"1|2|3|1.005|33.49665"_qs));
     }
 
     void groupNumbers() {
         Sampler sampler;
-        for (const char* name : {"First", "Second"}) {
-            sampler.saveGroup(QString::fromLatin1(name));
-        }
-        sampler.group->move(QStringLiteral("Group record"), QStringLiteral("Last"));
-        QCOMPARE(sampler.record(), QStringLiteral("Record 2/2 Second [Total weight 200 kg.]"));
+        sampler.saveGroup(u"First"_qs);
+        sampler.saveGroup(u"Second"_qs);
+        sampler.group().move(u"Group record"_qs, u"Last"_qs);
+        QCOMPARE(sampler.record(), u"Record 2/2 Second [Total weight 200 kg.]"_qs);
         sampler.deleteGroup(false);
         QCOMPARE(sampler.groups().size(), 2);
-        sampler.deleteGroup(true);
-        QCOMPARE(sampler.groups(), QStringList{QStringLiteral("1|2|First|200")});
+        sampler.deleteGroup();
+        QCOMPARE(sampler.groups(), QStringList{u"1|2|First|200"_qs});
         QCOMPARE(sampler.weights().size(), 2);
-        sampler.saveGroup(QStringLiteral("Third"));
-        QCOMPARE(sampler.groups(), (QStringList{QStringLiteral("1|2|First|200"), QStringLiteral("1|3|Third|200")}));
-        sampler.deleteGroup(true);
-        sampler.deleteGroup(true);
-        QCOMPARE(sampler.record(), QStringLiteral("No Group Data"));
-        QVERIFY(!sampler.group->enabled(QStringLiteral("X")));
-        QCOMPARE(sampler.group->rows(QStringLiteral("Total catch in weight of sampling group")), QStringList());
+        sampler.saveGroup(u"Third"_qs);
+        QCOMPARE(sampler.groups(), (QStringList{u"1|2|First|200"_qs, u"1|3|Third|200"_qs}));
+        sampler.deleteGroup();
+        sampler.deleteGroup();
+        QCOMPARE(sampler.record(), u"No Group Data"_qs);
+        QVERIFY(!sampler.group().enabled(u"X"_qs));
+        QCOMPARE(sampler.group().rows(u"Total catch in weight of sampling group"_qs), QStringList());
         QCOMPARE(sampler.summary(), kBlank);
     }
 
     void groupAskedFor() {
         Sampler sampler;
-        sampler.store.dialogs.expectInput(QStringLiteral("Please input groupname"), QStringLiteral("Trash"));
-        sampler.store.dialogs.expectInput(QStringLiteral("Please input total sampling weight!"),
-                                          QStringLiteral("0.30"));
-        sampler.list(kMackerel, QStringLiteral("0.1"));
-        QCOMPARE(sampler.group->text(QStringLiteral("Group")), QStringLiteral("Trash"));
-        QCOMPARE(sampler.group->text(QStringLiteral("Total weight")), QStringLiteral("0.3"));
-        QVERIFY(!sampler.group->enabled(QStringLiteral("Group")));
-        QVERIFY(!sampler.group->enabled(QStringLiteral("Total weight")));
+        test::ScriptedDialogs& dialogs = sampler.store.dialogs;
+        dialogs.expectInput(u"Please input groupname"_qs, std::nullopt);
+        dialogs.expectMessage(u"ERROR"_qs, u"Please input groupname"_qs);
+        sampler.list(kBream, u"5"_qs);
+        for (const auto& answer : {std::optional<QString>(), std::optional(u"10 kg"_qs)}) {
+            sampler.group().edit(u"Group"_qs)->setText(u"Trash"_qs);
+            dialogs.expectInput(u"Please input total sampling weight!"_qs, answer);
+            dialogs.expectMessage(u"ERROR"_qs, u"Please input total weight in numeric only"_qs);
+            sampler.group().press(u"ADD"_qs);
+            QVERIFY(sampler.group().enabled(u"Group"_qs) && sampler.group().enabled(u"Total weight"_qs));
+            QCOMPARE(sampler.group().text(u"Weight"_qs), u"5"_qs);
+        }
+        sampler.group().edit(u"Group"_qs)->clear();
+        dialogs.expectInput(u"Please input groupname"_qs, u"Trash"_qs);
+        dialogs.expectInput(u"Please input total sampling weight!"_qs, u"0.30"_qs);
+        sampler.list(kMackerel, u"0.1"_qs);
+        QCOMPARE(sampler.group().text(u"Group"_qs) + sampler.group().text(u"Total weight"_qs), u"Trash0.3"_qs);
+        QVERIFY(!sampler.group().enabled(u"Group"_qs) && !sampler.group().enabled(u"Total weight"_qs));
 
-        sampler.store.dialogs.expectMessage(QStringLiteral("ERROR"), QStringLiteral("Over weight! not over '0.2' kg."));
-        sampler.list(kBream, QStringLiteral("0.21"));
-        QCOMPARE(sampler.group->text(QStringLiteral("Weight")), QString());
-        QVERIFY(sampler.group->focused(QStringLiteral("Weight")));
-        sampler.list(kBream, QStringLiteral("0.2"));
-        QCOMPARE(sampler.group->text(QStringLiteral("Total Sampling weight")), QStringLiteral("0.3"));
-        sampler.store.dialogs.expectMessage(QStringLiteral("ERROR"), QStringLiteral("Species Repeat please try again"));
-        sampler.list(kBream, QStringLiteral("0"));
-        QVERIFY(sampler.store.dialogs.done());
+        dialogs.expectMessage(u"ERROR"_qs, u"Over weight! not over '0.2' kg."_qs);
+        sampler.list(kBream, u"0.21"_qs);
+        QCOMPARE(sampler.group().text(u"Weight"_qs), QString());
+        QVERIFY(sampler.group().focused(u"Weight"_qs));
+        sampler.list(kBream, u"0.2"_qs);
+        QCOMPARE(sampler.group().text(u"Total Sampling weight"_qs), u"0.3"_qs);
+        dialogs.expectMessage(u"ERROR"_qs, u"Species Repeat please try again"_qs);
+        sampler.list(kBream, u"0"_qs);
         QCOMPARE(sampler.pending().size(), 3);
 
-        sampler.group->press(QStringLiteral("CLEAR"));
+        sampler.group().press(u"CLEAR"_qs);
         QCOMPARE(sampler.pending(), kBlank);
-        QVERIFY(sampler.group->enabled(QStringLiteral("Group")));
-        QVERIFY(sampler.group->enabled(QStringLiteral("Total weight")));
+        QVERIFY(sampler.group().enabled(u"Group"_qs) && sampler.group().enabled(u"Total weight"_qs));
         QCOMPARE(sampler.groups(), QStringList());
     }
 
     void repeatedGroupName() {
         Sampler sampler;
-        sampler.saveGroup(QStringLiteral("Trash"));
-        sampler.store.dialogs.expectInput(QStringLiteral("Please input groupname"), QStringLiteral("TRASH"));
-        sampler.group->type(QStringLiteral("Total weight"), QStringLiteral("50"));
-        sampler.list(kGoatfish, QStringLiteral("5"));
-        sampler.store.dialogs.expectConfirm(QStringLiteral("CONFIRM"),
-                                            QStringLiteral("Are you sure to 'SAVE' this group"), false);
-        sampler.group->press(QStringLiteral("SAVE"));
-        sampler.store.dialogs.expectConfirm(QStringLiteral("CONFIRM"),
-                                            QStringLiteral("Are you sure to 'SAVE' this group"), true);
-        sampler.store.dialogs.expectMessage(QStringLiteral("ERROR!"),
-                                            QStringLiteral("Group repeat please change new group"));
-        sampler.group->press(QStringLiteral("SAVE"));
-        QVERIFY(sampler.store.dialogs.done());
-        QCOMPARE(sampler.groups().size(), 1);
-        QVERIFY(sampler.group->focused(QStringLiteral("Group")));
-        QCOMPARE(sampler.group->text(QStringLiteral("Group")), QString());
-        QCOMPARE(sampler.group->text(QStringLiteral("Total weight")), QStringLiteral("50"));
+        sampler.saveGroup(u"Trash"_qs);
+        sampler.store.dialogs.expectInput(u"Please input groupname"_qs, u"TRASH"_qs);
+        sampler.group().type(u"Total weight"_qs, u"50"_qs);
+        sampler.list(kGoatfish, u"5"_qs);
+        sampler.save(false);
+        sampler.store.dialogs.expectConfirm(u"CONFIRM"_qs, kSaveQuestion, true);
+        sampler.store.dialogs.expectMessage(u"ERROR!"_qs, u"Group repeat please change new group"_qs);
+        sampler.group().press(u"SAVE"_qs);
+        QVERIFY(sampler.group().focused(u"Group"_qs));
+        QCOMPARE(sampler.group().text(u"Group"_qs) + sampler.group().text(u"Total weight"_qs), u"50"_qs);
         QCOMPARE(sampler.pending().size(), 2);
-        sampler.group->type(QStringLiteral("Group"), QStringLiteral("Other"));
+        sampler.group().type(u"Group"_qs, u"Other"_qs);
         sampler.save();
-        QCOMPARE(sampler.groups().last(), QStringLiteral("1|3|Other|50"));
+        QCOMPARE(sampler.groups(), (QStringList{u"1|2|Trash|200"_qs, u"1|3|Other|50"_qs}));
     }
 
-    void refusedSingles_data() {
-        QTest::addColumn<QString>("species");
-        QTest::addColumn<QString>("weight");
-        QTest::addColumn<QString>("message");
-        const QString noSpecies = QStringLiteral("Please select species!");
-        const QString noNumber = QStringLiteral("Please input weight in numeric only");
-        QTest::newRow("weight first") << QString() << QString() << QStringLiteral("Please input weight");
-        QTest::newRow("word") << QString() << QStringLiteral("five") << noNumber;
-        QTest::newRow("negative") << kBream << QStringLiteral("-5") << QStringLiteral("A weight cannot be negative");
-        QTest::newRow("no species") << QString() << QStringLiteral("5") << noSpecies;
-        QTest::newRow("unknown species") << QStringLiteral("0 or 1=1") << QStringLiteral("5") << noSpecies;
-    }
     void refusedSingles() {
-        QFETCH(QString, species);
-        QFETCH(QString, weight);
-        QFETCH(QString, message);
-        Sampler sampler;
-        sampler.single->list(QStringLiteral("Species"))->setText(species);
-        sampler.single->type(QStringLiteral("Weight"), weight);
-        sampler.store.dialogs.expectMessage(QStringLiteral("ERROR!"), message);
-        sampler.single->press(QStringLiteral("Add"));
-        QVERIFY(sampler.store.dialogs.done());
-        QCOMPARE(sampler.single->text(QStringLiteral("Weight")), weight);
-        QCOMPARE(sampler.groups(), QStringList());
-        QCOMPARE(sampler.weights(), QStringList());
-    }
-
-    void refusedForGroup_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("total");
-        QTest::addColumn<QString>("species");
-        QTest::addColumn<QString>("weight");
-        QTest::addColumn<QString>("message");
-        const auto row = [](const char* what, const QString& name, const char* total, const QString& species,
-                            const char* weight, const char* message) {
-            QTest::newRow(what) << name << QString::fromLatin1(total) << species << QString::fromLatin1(weight)
-                                << QString::fromLatin1(message);
-        };
-        const auto name = QStringLiteral("Trash");
-        row("reserved name", QStringLiteral("Single Species"), "10", kBream, "1", "is the group of the species");
-        row("total word", name, "ten", kBream, "1", "Please input total weight in numeric only");
-        row("total 0", name, "0", kBream, "1", "must be greater than 0");
-        row("no species", name, "10", {}, "", "Please select species!");
-        row("no weight", name, "10", kBream, "", "Please input weight!");
-        row("weight word", name, "10", kBream, "1kg", "Please input weight in numeric only");
-        row("weight negative", name, "10", kBream, "-1", "cannot be negative");
-    }
-    void refusedForGroup() {
-        QFETCH(QString, name);
-        QFETCH(QString, total);
-        QFETCH(QString, species);
-        QFETCH(QString, weight);
-        QFETCH(QString, message);
-        Sampler sampler;
-        sampler.nameGroup(name, total);
-        sampler.group->list(QStringLiteral("Species"))->setText(species);
-        sampler.group->type(QStringLiteral("Weight"), weight);
-        sampler.store.dialogs.expectMessageContaining(message);
-        sampler.group->press(QStringLiteral("ADD"));
-        QVERIFY(sampler.store.dialogs.done());
-        QCOMPARE(sampler.pending(), kBlank);
-        QCOMPARE(sampler.group->text(QStringLiteral("Weight")), weight);
-        QCOMPARE(sampler.group->text(QStringLiteral("Group")), name);
-        QVERIFY(!sampler.group->enabled(QStringLiteral("SAVE")));
-    }
-
-    void cancelledInputs() {
-        Sampler sampler;
-        sampler.store.dialogs.expectInput(QStringLiteral("Please input groupname"), std::nullopt);
-        sampler.store.dialogs.expectMessage(QStringLiteral("ERROR"), QStringLiteral("Please input groupname"));
-        sampler.list(kBream, QStringLiteral("5"));
-        QVERIFY(sampler.group->enabled(QStringLiteral("Group")));
-        sampler.group->type(QStringLiteral("Group"), QStringLiteral("Trash"));
-        for (const auto& answer : {std::optional<QString>(), std::optional(QStringLiteral("10 kg"))}) {
-            sampler.store.dialogs.expectInput(QStringLiteral("Please input total sampling weight!"), answer);
-            sampler.store.dialogs.expectMessage(QStringLiteral("ERROR"),
-                                                QStringLiteral("Please input total weight in numeric only"));
-            sampler.group->press(QStringLiteral("ADD"));
-            QVERIFY(sampler.store.dialogs.done());
-            QVERIFY(sampler.group->enabled(QStringLiteral("Total weight")));
-            QCOMPARE(sampler.group->text(QStringLiteral("Weight")), QStringLiteral("5"));
+        const QString noSpecies = u"Please select species!"_qs;
+        const QString noNumber = u"Please input weight in numeric only"_qs;
+        for (const auto& [species, weight, message] : {std::tuple{u""_qs, u""_qs, u"Please input weight"_qs},
+                                                       {u""_qs, u"1e999"_qs, noNumber},
+                                                       {kBream, u"-5"_qs, u"A weight cannot be negative"_qs},
+                                                       {u""_qs, u"5"_qs, noSpecies},
+                                                       {u"0 or 1=1"_qs, u"5"_qs, noSpecies}}) {
+            Sampler sampler;
+            sampler.store.dialogs.expectMessage(u"ERROR!"_qs, message);
+            sampler.addSingle(species, weight);
+            QCOMPARE(sampler.single().text(u"Weight"_qs), weight);
+            QCOMPARE(sampler.groups() + sampler.weights(), QStringList());
         }
-        QCOMPARE(sampler.pending(), kBlank);
+    }
+
+    void refusedForGroup() {
+        const QString name = u"Trash"_qs;
+        struct Case {
+            QString name, total, species, weight, message;
+        };
+        for (const Case& wrong : {Case{u" single SPECIES"_qs, u"10"_qs, kBream, u"1"_qs,
+                                       u"'Single species' is the group of the species weighed whole"_qs},
+                                  {name, u"ten"_qs, kBream, u"1"_qs, u"Please input total weight in numeric only"_qs},
+                                  {name, u"0"_qs, kBream, u"1"_qs, u"must be greater than 0"_qs},
+                                  {name, u"-5"_qs, kBream, u"1"_qs, u"must be greater than 0"_qs},
+                                  {name, u"10"_qs, {}, u""_qs, u"Please select species!"_qs},
+                                  {name, u"10"_qs, kBream, u""_qs, u"Please input weight!"_qs},
+                                  {name, u"10"_qs, kBream, u"1,5"_qs, u"Please input weight in numeric only"_qs},
+                                  {name, u"10"_qs, kBream, u"-1"_qs, u"cannot be negative"_qs}}) {
+            Sampler sampler;
+            sampler.nameGroup(wrong.name, wrong.total);
+            sampler.store.dialogs.expectMessageContaining(wrong.message);
+            sampler.list(wrong.species, wrong.weight);
+            QCOMPARE(sampler.pending(), kBlank);
+            QCOMPARE(sampler.group().text(u"Weight"_qs), wrong.weight);
+            QCOMPARE(sampler.group().text(u"Group"_qs), wrong.name);
+            QVERIFY(!sampler.group().enabled(u"SAVE"_qs));
+        }
     }
 
     /// Nothing that cannot be raised or belongs nowhere is stored, and nothing of it is lost.
     void refusedSave() {
         Sampler sampler(0);
+        const auto refuse = [&](const QString& message) {
+            sampler.store.dialogs.expectMessageContaining(message);
+            sampler.group().press(u"SAVE"_qs);
+        };
         QCOMPARE(sampler.summary(), kBlank);
-        sampler.addSingle(kMackerel, QStringLiteral("5"));
-        sampler.list(kMackerel, QStringLiteral("5"));
+        sampler.addSingle(kMackerel, u"5"_qs);
+        sampler.list(kMackerel, u"5"_qs);
         QCOMPARE(sampler.pending(), kBlank);
 
-        sampler.screen->openTab(QStringLiteral("Fishing Operation"));
-        sampler.screen->choose(QStringLiteral("Value"), QStringLiteral("Alpha"));
-        sampler.screen->press(QStringLiteral("Search"));
-        sampler.nameGroup(QStringLiteral("Trash"), QStringLiteral("10"));
-        sampler.list(kMackerel, QStringLiteral("0"));
-        sampler.store.dialogs.expectMessageContaining(QStringLiteral("sum to 0"));
-        sampler.group->press(QStringLiteral("SAVE"));
-
-        sampler.list(kBream, QStringLiteral("8"));
-        sampler.group->type(QStringLiteral("Total weight"), QStringLiteral("7"));
-        sampler.store.dialogs.expectMessageContaining(QStringLiteral("more than the '7' kg."));
-        sampler.group->press(QStringLiteral("SAVE"));
-
-        sampler.screen->choose(QStringLiteral("Value"), QStringLiteral("Beta"));
-        sampler.store.dialogs.expectMessage(QStringLiteral("ERROR"),
-                                            QStringLiteral("Please choose a fishing operation for this group"));
-        sampler.group->press(QStringLiteral("SAVE"));
-        QVERIFY(sampler.store.dialogs.done());
+        sampler.findOperations();
+        sampler.nameGroup(u"Trash"_qs, u"10"_qs);
+        sampler.list(kMackerel, u"0"_qs);
+        refuse(u"The weights of the sample sum to 0"_qs);
+        sampler.list(kBream, u"8"_qs);
+        sampler.group().type(u"Total weight"_qs, u"7"_qs);
+        refuse(u"The sample weighs '8' kg., more than the '7' kg."_qs);
+        sampler.hand->choose(u"Value"_qs, u"Beta"_qs);
+        sampler.store.dialogs.expectMessage(u"ERROR"_qs, u"Please choose a fishing operation for this group"_qs);
+        sampler.group().press(u"SAVE"_qs);
         QCOMPARE(sampler.pending().size(), 3);
-        QCOMPARE(sampler.groups(), QStringList());
+        QCOMPARE(sampler.groups() + sampler.weights(), QStringList());
 
         // The pending group goes to the operation that is current in the end.
-        sampler.screen->choose(QStringLiteral("Value"), QStringLiteral("Alpha"));
-        sampler.screen->press(QStringLiteral("Search"));
-        sampler.screen->move(QStringLiteral("Result"), QStringLiteral("Next"));
-        sampler.group->type(QStringLiteral("Total weight"), QStringLiteral("8"));
+        sampler.findOperations();
+        sampler.hand->move(u"Result"_qs, u"Next"_qs);
+        sampler.group().type(u"Total weight"_qs, u"8"_qs);
         sampler.save();
-        QCOMPARE(sampler.groups(), QStringList{QStringLiteral("2|2|Trash|8")});
-        QCOMPARE(sampler.weights(), (QStringList{QStringLiteral("2|1|2|0|0"), QStringLiteral("2|3|2|8|8")}));
+        QCOMPARE(sampler.groups(), QStringList{u"2|2|Trash|8"_qs});
+        QCOMPARE(sampler.weights(), (QStringList{u"2|1|2|0|0"_qs, u"2|3|2|8|8"_qs}));
     }
 
     void anotherOperation() {
-        Sampler sampler;
-        sampler.addSingle(kMackerel, QStringLiteral("5"));
-        sampler.saveGroup(QStringLiteral("Trash"));
-        sampler.store.session.lastSavedOperation = 0;
-        sampler.reopen();
-        sampler.screen->choose(QStringLiteral("Value"), QStringLiteral("Alpha"));
-        sampler.screen->press(QStringLiteral("Search"));
-        QCOMPARE(sampler.singles(), QStringList{kMackerel + QStringLiteral("|5")});
-        QCOMPARE(sampler.record(), QStringLiteral("Record 1/1 Trash [Total weight 200 kg.]"));
-        QCOMPARE(sampler.summary().size(), 2);
-        sampler.screen->move(QStringLiteral("Result"), QStringLiteral("Next"));
-        QCOMPARE(sampler.record(), QStringLiteral("No Group Data"));
+        Sampler sampler(0);
+        sampler.findOperations();
+        sampler.addSingle(kMackerel, u"5"_qs);
+        sampler.saveGroup(u"Trash"_qs);
+        sampler.hand->move(u"Result"_qs, u"Next"_qs);
+        QCOMPARE(sampler.record(), u"No Group Data"_qs);
         QCOMPARE(sampler.summary(), kBlank);
-        sampler.screen->move(QStringLiteral("Result"), QStringLiteral("Previous"));
-        sampler.screen->choose(QStringLiteral("Criterion"), QStringLiteral("Vessel"));
+        sampler.addSingle(kMackerel, u"2"_qs);  // in another operation it is another fish
+        QCOMPARE(sampler.singles(), QStringList{kMackerel + u"|2"_qs});
+        sampler.hand->move(u"Result"_qs, u"Previous"_qs);
+        QCOMPARE(sampler.singles(), QStringList{kMackerel + u"|5"_qs});
+        QCOMPARE(sampler.record(), u"Record 1/1 Trash [Total weight 200 kg.]"_qs);
+        QCOMPARE(sampler.summary().size(), 2);
+        sampler.hand->choose(u"Criterion"_qs, u"Vessel"_qs);
         QCOMPARE(sampler.singles(), QStringList());
         QCOMPARE(sampler.summary(), kBlank);
-        QVERIFY(!sampler.single->enabled(QStringLiteral("X")));
-        QVERIFY(!sampler.group->enabled(QStringLiteral("X")));
+        QVERIFY(!sampler.single().enabled(u"X"_qs) && !sampler.group().enabled(u"X"_qs));
     }
 
-    void hostileNames_data() {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("apostrophe") << QStringLiteral("O'Hara's '); drop table group_main; --");
-        QTest::newRow("percent") << QStringLiteral("100 %1 & \\ \"tuna\" [x]");
-        QTest::newRow("scripts") << QStringLiteral("ปลาทู 鯖 <b>Ålesund</b>");
-        QTest::newRow("long") << QString(10'000, u'W');
-    }
     void hostileNames() {
-        QFETCH(QString, name);
-        Sampler sampler;
-        sampler.store.db().execute(Sql("update fish set fishname = ") << name << " where fishno = 1");
-        sampler.reopen();
-        const QString species = QStringLiteral("Rastrelliger ") + name;
-        sampler.addSingle(species, QStringLiteral("5"));
-        sampler.nameGroup(name, QStringLiteral("10"));
-        sampler.list(species, QStringLiteral("5"));
-        sampler.save();
-        QCOMPARE(sampler.groups().last(), QStringLiteral("1|2|") + name + QStringLiteral("|10"));
-        QCOMPARE(sampler.record(), QStringLiteral("Record 1/1 ") + name + QStringLiteral(" [Total weight 10 kg.]"));
-        QCOMPARE(sampler.summary(), QStringList{species + QStringLiteral("|15.00|100.00")});
-        const QSize least = sampler.group->grid(QStringLiteral("Pending group"))->window()->minimumSizeHint();
-        QVERIFY2(least.width() <= 1340 && least.height() <= 590, "the screen outgrows the main window");
-        sampler.single->press(QStringLiteral("X"));
-        sampler.deleteGroup(true);
-        QCOMPARE(sampler.groups(), QStringList());
-        QCOMPARE(sampler.weights(), QStringList());
+        const QString hostile = u"O'Hara's '); drop table group_main; -- 100 %1 & \\ \"x\" [y] ปลาทู <b>Å</b>"_qs;
+        for (const QString& name : {hostile, QString(10'000, u'W')}) {
+            Sampler sampler;
+            sampler.store.db().execute(Sql("update fish set fishname = ") << name << " where fishno = 1");
+            sampler.open();
+            const QString species = u"Rastrelliger "_qs + name;
+            sampler.addSingle(species, u"5"_qs);
+            sampler.nameGroup(name, u"10"_qs);
+            sampler.list(species, u"5"_qs);
+            sampler.save();
+            QCOMPARE(sampler.groups().last(), u"1|2|"_qs + name + u"|10"_qs);
+            QCOMPARE(sampler.record(), u"Record 1/1 "_qs + name + u" [Total weight 10 kg.]"_qs);
+            QCOMPARE(sampler.summary(), QStringList{species + u"|15.00|100.00"_qs});
+            const QSize least = sampler.screen->minimumSizeHint();
+            QVERIFY2(least.width() <= 1340 && least.height() <= 590, "the screen outgrows the main window");
+            sampler.single().press(u"X"_qs);
+            sampler.deleteGroup();
+            QCOMPARE(sampler.groups() + sampler.weights(), QStringList());
+        }
     }
 
     /// A group whose second species cannot be stored leaves nothing behind, and stays pending.
@@ -440,16 +331,13 @@ private Q_SLOTS:
         sampler.store.execute(
             "create trigger refuse before insert on group_composition when new.spid = 3"
             " begin select raise(abort, 'no bream today'); end");
-        sampler.nameGroup(QStringLiteral("Trash"), QStringLiteral("200"));
-        sampler.list(kMackerel, QStringLiteral("4"));
-        sampler.list(kBream, QStringLiteral("6"));
-        sampler.store.dialogs.expectConfirm(QStringLiteral("CONFIRM"),
-                                            QStringLiteral("Are you sure to 'SAVE' this group"), true);
-        sampler.store.dialogs.expectMessageContaining(QStringLiteral("Nothing was stored"));
-        sampler.group->press(QStringLiteral("SAVE"));
-        QVERIFY(sampler.store.dialogs.done());
-        QCOMPARE(sampler.groups(), QStringList());
-        QCOMPARE(sampler.weights(), QStringList());
+        sampler.store.dialogs.expectConfirm(u"CONFIRM"_qs, kSaveQuestion, true);
+        sampler.store.dialogs.expectMessageContaining(u"Nothing was stored"_qs);
+        sampler.nameGroup(u"Trash"_qs, u"200"_qs);
+        sampler.list(kMackerel, u"4"_qs);
+        sampler.list(kBream, u"6"_qs);
+        sampler.group().press(u"SAVE"_qs);
+        QCOMPARE(sampler.groups() + sampler.weights(), QStringList());
         QCOMPARE(sampler.pending().size(), 3);
         sampler.store.execute("drop trigger refuse");
         sampler.save();

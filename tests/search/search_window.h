@@ -4,51 +4,67 @@
 #include "search/search_screen.h"
 #include "support/screen_driver.h"
 #include "support/temporary_store.h"
+#include "support/test_main.h"
 
 #include <QAbstractButton>
+#include <QTest>
 
 namespace kelvora::test {
 
-/// The screen over three operations: 1 and 2 in state Alpha, 3 in state Beta.
+/// The screen over three operations: 1 and 2 in state Alpha, 3 in state Beta. Operation 1 has samples of every kind:
+/// two single species and a raised group; species 1 with two length classes and species 2 with a sample without any;
+/// four measured fish of species 1, and a sample of species 3 without any.
 struct SearchWindow {
     SearchWindow() {
         store.addReferenceRows();
-        store.addOperation(1, 1, QStringLiteral("2004-03-09"), 1, 120.5, QStringLiteral("Sea Star"),
-                           QStringLiteral("A1"));
-        store.addOperation(2, 2, QStringLiteral("2004-04-01"), 3, 80, QStringLiteral("Blue Fin"), QStringLiteral("A2"));
-        store.addOperation(3, 3, QStringLiteral("2004-05-01"), 2, 60, QStringLiteral("Sea Star"), QStringLiteral("A1"));
+        store.addOperation(1, 1, u"2004-03-09"_qs, 1, 120.5, u"Sea Star"_qs, u"A1"_qs);
+        store.addOperation(2, 2, u"2004-04-01"_qs, 3, 80, u"Blue Fin"_qs, u"A2"_qs);
+        store.addOperation(3, 3, u"2004-05-01"_qs, 2, 60, u"Sea Star"_qs, u"A1"_qs);
+        store.execute("insert into group_main values (1, 1, 'Single species', 40), (2, 1, 'Trash', 200)");
+        store.execute("insert into group_composition values (1, 1, 1, 30, 30), (1, 2, 1, 10, 10), (1, 3, 2, 4, 60)");
+        store.execute("update fish set classinterval = 2 where fishno in (1, 2)");
+        store.execute("insert into length values (1, 1, 2.5), (1, 2, 1)");
+        store.execute("insert into length_detail values (1, 1, 12, 14, 13, 7), (1, 1, 10, 12, 11, 3)");
+        store.execute("insert into gonad values (1, 1, 0.4), (1, 3, 0.2)");
+        store.execute(
+            "insert into gonad_detail values (1, 1, 1, 210, 200, 205, 190, 200, 'Male', 2, 12, 6),"
+            " (1, 1, 2, 210, 200, 205, 190, 200, 'Female', 3, 12, 6),"
+            " (1, 1, 3, 210, 200, 205, 190, 200, 'None', 0, 12, null),"
+            " (1, 1, 4, 210.5, 200, 205, 190, 300.125, 'Male', 2, 10, 3.33333333333333)");
         screen = std::make_unique<SearchScreen>(store.context(), Connection::Patience::Short);
-        driver = std::make_unique<ScreenDriver>(screen.get());
+        hand = std::make_unique<ScreenDriver>(screen.get());
     }
+    /// Every planned box has come.
+    ~SearchWindow() { QVERIFY(store.dialogs.done()); }
 
     void find(const QString& criterion, const QString& value) const {
-        driver->choose(QStringLiteral("Criterion"), criterion);
-        driver->choose(QStringLiteral("Value"), value);
-        driver->press(QStringLiteral("SEARCH"));
+        hand->choose(u"Criterion"_qs, criterion);
+        hand->choose(u"Value"_qs, value);
+        hand->press(u"SEARCH"_qs);
     }
-    void findAlpha() const { find(QStringLiteral("State/Province"), QStringLiteral("Alpha")); }
-    void move(const QString& button) const { driver->move(QStringLiteral("Result"), button); }
+    /// Finds operation 1, and goes to a tab of its samples.
+    void openTab(const QString& tab = u"Species Composition"_qs) const {
+        find(u"State/Province"_qs, u"Alpha"_qs);
+        hand->openTab(tab);
+    }
+    void move(const QString& button) const { hand->move(u"Result"_qs, button); }
+    void deleteOperation(bool yes, const QString& problem = {}) {
+        store.dialogs.expectConfirm(u"CONFIRM"_qs, u"Are you sure to delete all data in this operation?"_qs, yes);
+        if (!problem.isEmpty()) {
+            store.dialogs.expectMessageContaining(problem);
+        }
+        hand->press(u"DELETE"_qs);
+    }
 
-    [[nodiscard]] QString caption() const { return driver->navigator(QStringLiteral("Result"))->caption(); }
-    [[nodiscard]] QString number() const { return driver->text(QStringLiteral("No.")); }
-    [[nodiscard]] bool offersDelete() const {
-        return driver->button(QStringLiteral("DELETE"))->isVisibleTo(screen.get());
+    [[nodiscard]] QString caption(const QString& navigator = u"Result"_qs) const {
+        return hand->navigator(navigator)->caption();
     }
+    [[nodiscard]] QString number() const { return hand->text(u"No."_qs); }
+    [[nodiscard]] bool shows(const QString& button) const { return hand->button(button)->isVisibleTo(screen.get()); }
 
     TemporaryStore store;
     std::unique_ptr<SearchScreen> screen;
-    std::unique_ptr<ScreenDriver> driver;
+    std::unique_ptr<ScreenDriver> hand;
 };
-
-/// One sample of every kind.
-inline void addSamples(TemporaryStore& store, int operation) {
-    Connection& db = store.db();
-    db.execute(Sql("insert into group_main values (1,") << operation << ",'Single species',30)");
-    db.execute(Sql("insert into group_composition values (") << operation << ",1,1,30,30)");
-    db.execute(Sql("insert into length values (") << operation << ",1,2.5)");
-    db.execute(Sql("insert into length_detail values (") << operation << ",1,10,12,11,4)");
-    db.execute(Sql("insert into gonad values (") << operation << ",1,0.4)");
-    db.execute(Sql("insert into gonad_detail values (") << operation << ",1,1,100,90,95,85,200,'Male',2,10,5)");
-}
 
 }  // namespace kelvora::test

@@ -1,92 +1,70 @@
 #include "controls/captioned_grid.h"
-#include "search/search_window.h"
-#include "support/test_main.h"
-
-#include <QTest>
+#include "search_window.h"
 
 #include <algorithm>
 
 namespace kelvora::test_corrections {
 
-/// Operation 1 with two single species and a raised group; species 1 with two length classes and species 2 with a
-/// sample without any; four measured fish of species 1. Operation 2 has no samples.
+const QString kLengths = u"Length Frequency"_qs;
+const QString kGonads = u"Gonad Matuarity"_qs;
+const QString kClasses = u"Length classes"_qs;
+const QString kFish = u"Measured fish"_qs;
+const QString kWeight = u"Sample weight (kg.)"_qs;
+
 struct Samples : test::SearchWindow {
-    Samples() {
-        store.execute("insert into group_main values (1, 1, 'Single species', 40), (2, 1, 'Trash', 200)");
-        store.execute("insert into group_composition values (1, 1, 1, 30, 30), (1, 2, 1, 10, 10), (1, 3, 2, 4, 60)");
-        store.execute("update fish set classinterval = 2 where fishno in (1, 2)");
-        store.execute("insert into length values (1, 1, 2.5), (1, 2, 1)");
-        store.execute("insert into length_detail values (1, 1, 12, 14, 13, 7), (1, 1, 10, 12, 11, 3)");
-        store.execute("insert into gonad values (1, 1, 0.4), (1, 3, 0.2)");
-        store.execute(
-            "insert into gonad_detail values (1, 1, 1, 210, 200, 205, 190, 200, 'Male', 2, 12, 6),"
-            " (1, 1, 2, 210, 200, 205, 190, 200, 'Female', 3, 12, 6),"
-            " (1, 1, 3, 210, 200, 205, 190, 200, 'None', 0, 12, null),"
-            " (1, 1, 4, 210.5, 200, 205, 190, 300.125, 'Male', 2, 10, 3.33333333333333)");
-    }
+    explicit Samples(const QString& tab = u"Species Composition"_qs) { openTab(tab); }
 
-    void openTab(const QString& tab) const {
-        findAlpha();
-        driver->openTab(tab);
-    }
-    void openComposition() const { openTab(QStringLiteral("Species Composition")); }
-    void openLength() const { openTab(QStringLiteral("Length Frequency")); }
-    void openGonad() const { openTab(QStringLiteral("Gonad Matuarity")); }
+    [[nodiscard]] QStringList rows(const QString& grid) const { return hand->rows(grid); }
+    /// The captions of a grid's columns.
+    [[nodiscard]] QString headers(const QString& grid) const { return hand->grid(grid)->headers().join(u'|'); }
 
-    [[nodiscard]] QString captionOf(const char* navigator) const {
-        return driver->navigator(QString::fromLatin1(navigator))->caption();
-    }
-    [[nodiscard]] QStringList rows(const char* grid) const { return driver->rows(QString::fromLatin1(grid)); }
-    [[nodiscard]] QStringList headers(const char* grid) const {
-        return driver->grid(QString::fromLatin1(grid))->headers();
-    }
-    [[nodiscard]] QString text(const char* field) const { return driver->text(QString::fromLatin1(field)); }
-    void type(const char* field, const char* text) const {
-        driver->type(QString::fromLatin1(field), QString::fromLatin1(text));
-    }
-    void press(const char* button) const { driver->press(QString::fromLatin1(button)); }
-    [[nodiscard]] bool shown(const char* widget) const {
-        return driver->button(QString::fromLatin1(widget))->isVisibleTo(screen.get());
-    }
-    void typeFish(const char* tl, const char* bw, const char* gw) const {
-        type("TL(mm)", tl);
-        for (const char* length : {"BL(mm)", "FL(mm)", "SL(mm)"}) {
-            type(length, "190");
+    void typeFish(const QString& tl, const QString& bw) const {
+        for (const auto& [field, text] : {std::pair{u"TL(mm)"_qs, tl},
+                                          {u"BL(mm)"_qs, u"190"_qs},
+                                          {u"FL(mm)"_qs, u"190"_qs},
+                                          {u"SL(mm)"_qs, u"190"_qs},
+                                          {u"BW"_qs, bw},
+                                          {u"GW"_qs, u"10"_qs}}) {
+            hand->type(field, text);
         }
-        type("BW", bw);
-        type("GW", gw);
     }
-    void add(bool yes) {
-        store.dialogs.expectConfirm(QStringLiteral("GONAD"), QStringLiteral("Are you sure to add this sampling"), yes);
-        press("ADD");
+    void addFish(bool yes = true, const QString& problem = {}) {
+        store.dialogs.expectConfirm(u"GONAD"_qs, u"Are you sure to add this sampling"_qs, yes);
+        if (!problem.isEmpty()) {
+            store.dialogs.expectMessageContaining(problem);
+        }
+        hand->press(u"ADD"_qs);
     }
 };
-
-QStringList lines(std::initializer_list<const char*> texts) {
-    QStringList all;
-    for (const char* text : texts) {
-        all.append(QString::fromUtf8(text));
-    }
-    return all;
-}
 
 class TestCorrections : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void composition() {
-        const Samples samples;
-        samples.openComposition();
-        QCOMPARE(samples.headers("Composition"), lines({"Species", "Composition", "%Composition"}));
-        QCOMPARE(samples.rows("Composition"),
-                 lines({"Nemipterus virgatus|60.00|60.00", "Rastrelliger kanagurta|30.00|30.00",
-                        "Upeneus vittatus|10.00|10.00"}));
-        QCOMPARE(samples.captionOf("Group record"), QStringLiteral("Record 1/2 Single species [Total weight 40 kg.]"));
-        QCOMPARE(samples.headers("Group"), lines({"Species", "Total weight(kg.)", "Estimate total catch(kg.)"}));
-        QCOMPARE(samples.rows("Group"), lines({"Rastrelliger kanagurta|30.00|30.00", "Upeneus vittatus|10.00|10.00"}));
-        samples.driver->move(QStringLiteral("Group record"), QStringLiteral("Last"));
-        QCOMPARE(samples.captionOf("Group record"), QStringLiteral("Record 2/2 Trash [Total weight 200 kg.]"));
-        QCOMPARE(samples.rows("Group"), lines({"Nemipterus virgatus|4.00|60.00"}));
+        Samples samples;
+        QCOMPARE(samples.headers(u"Composition"_qs), u"Species|Composition|%Composition"_qs);
+        QCOMPARE(samples.rows(u"Composition"_qs),
+                 (QStringList{u"Nemipterus virgatus|60.00|60.00"_qs, u"Rastrelliger kanagurta|30.00|30.00"_qs,
+                              u"Upeneus vittatus|10.00|10.00"_qs}));
+        QCOMPARE(samples.caption(u"Group record"_qs), u"Record 1/2 Single species [Total weight 40 kg.]"_qs);
+        QCOMPARE(samples.headers(u"Group"_qs), u"Species|Total weight(kg.)|Estimate total catch(kg.)"_qs);
+        QCOMPARE(samples.rows(u"Group"_qs),
+                 (QStringList{u"Rastrelliger kanagurta|30.00|30.00"_qs, u"Upeneus vittatus|10.00|10.00"_qs}));
+        samples.hand->move(u"Group record"_qs, u"Last"_qs);
+        QCOMPARE(samples.caption(u"Group record"_qs), u"Record 2/2 Trash [Total weight 200 kg.]"_qs);
+        QCOMPARE(samples.rows(u"Group"_qs), QStringList{u"Nemipterus virgatus|4.00|60.00"_qs});
+
+        for (const QStringList& left :
+             {QStringList{u"Rastrelliger kanagurta|30.00|75.00"_qs, u"Upeneus vittatus|10.00|25.00"_qs},
+              QStringList{u"||"_qs}}) {
+            samples.store.dialogs.expectConfirm(u"Kelvora"_qs, u"Are you sure to delete this group?"_qs, true);
+            samples.hand->press(u"Delete group"_qs);
+            QCOMPARE(samples.rows(u"Composition"_qs), left);
+        }
+        QCOMPARE(samples.caption(u"Group record"_qs), u"No data"_qs);
+        QCOMPARE(samples.headers(u"Group"_qs), u"Species|Sampling weight(kg.)|Estimate total catch(kg.)"_qs);
+        QVERIFY(!samples.hand->enabled(u"Delete group"_qs));
     }
 
     void deletions_data() {
@@ -97,22 +75,20 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("rows");   // how the deleted rows begin
         QTest::addColumn<QString>("navigator");  // and where it stands afterwards
         QTest::addColumn<QString>("caption");
-        const auto row = [](const char* tab, const char* button, const char* title, const char* question,
-                            const QStringList& rows, const char* navigator, const char* caption) {
-            QTest::newRow(button) << QString::fromLatin1(tab) << QString::fromLatin1(button)
-                                  << QString::fromLatin1(title) << QString::fromLatin1(question) << rows
-                                  << QString::fromLatin1(navigator) << QString::fromLatin1(caption);
-        };
-        row("Species Composition", "Delete group", "Kelvora", "Are you sure to delete this group?",
-            lines({"group_main|1|1|", "group_composition|1|1|1|", "group_composition|1|2|1|"}), "Group record",
-            "Record 1/1 Trash [Total weight 200 kg.]");
-        row("Length Frequency", "Delete length sample", "Kelvora", "Are you sure to delete?",
-            lines({"length|1|1|", "length_detail|1|1|10|", "length_detail|1|1|12|"}), "Length record",
-            "Species 1 / 1 Upeneus vittatus");
-        row("Gonad Matuarity", "Delete gonad sample", "CONFIRM", "Are you sure to delete?",
-            lines({"gonad|1|1|", "gonad_detail|1|1|1|", "gonad_detail|1|1|2|", "gonad_detail|1|1|3|",
-                   "gonad_detail|1|1|4|"}),
-            "Gonad record", "Species1/1 Nemipterus virgatus");
+        QTest::newRow("group") << u"Species Composition"_qs << u"Delete group"_qs << u"Kelvora"_qs
+                               << u"Are you sure to delete this group?"_qs
+                               << QStringList{u"group_main|1|1|"_qs, u"group_composition|1|1|1|"_qs,
+                                              u"group_composition|1|2|1|"_qs}
+                               << u"Group record"_qs << u"Record 1/1 Trash [Total weight 200 kg.]"_qs;
+        QTest::newRow("lengths") << kLengths << u"Delete length sample"_qs << u"Kelvora"_qs
+                                 << u"Are you sure to delete?"_qs
+                                 << QStringList{u"length|1|1|"_qs, u"length_detail|1|1|10|"_qs,
+                                                u"length_detail|1|1|12|"_qs}
+                                 << u"Length record"_qs << u"Species 1 / 1 Upeneus vittatus"_qs;
+        QTest::newRow("fish") << kGonads << u"Delete gonad sample"_qs << u"CONFIRM"_qs << u"Are you sure to delete?"_qs
+                              << QStringList{u"gonad|1|1|"_qs, u"gonad_detail|1|1|1|"_qs, u"gonad_detail|1|1|2|"_qs,
+                                             u"gonad_detail|1|1|3|"_qs, u"gonad_detail|1|1|4|"_qs}
+                              << u"Gonad record"_qs << u"Species1/1 Nemipterus virgatus"_qs;
     }
     void deletions() {
         QFETCH(QString, tab);
@@ -121,12 +97,10 @@ private Q_SLOTS:
         QFETCH(QString, question);
         QFETCH(QStringList, rows);
         QFETCH(QString, navigator);
-        QFETCH(QString, caption);
-        Samples samples;
-        samples.openTab(tab);
+        Samples samples(tab);
         const QStringList all = samples.store.wholeFile();
         samples.store.dialogs.expectConfirm(title, question, false);
-        samples.driver->press(button);
+        samples.hand->press(button);
         QCOMPARE(samples.store.wholeFile(), all);
 
         // Either all rows go or none, and no transaction is left open: another connection can write.
@@ -134,329 +108,235 @@ private Q_SLOTS:
         samples.store.execute("create trigger l before delete on length_detail begin select raise(abort, ''); end");
         samples.store.execute("create trigger f before delete on gonad_detail begin select raise(abort, ''); end");
         samples.store.dialogs.expectConfirm(title, question, true);
-        samples.store.dialogs.expectMessageContaining(QStringLiteral("delete from"));
-        samples.driver->press(button);
+        samples.store.dialogs.expectMessageContaining(u"delete from"_qs);
+        samples.hand->press(button);
         QCOMPARE(samples.store.wholeFile(), all);
         samples.store.execute("drop trigger g");
         samples.store.execute("drop trigger l");
         samples.store.execute("drop trigger f");
 
         samples.store.dialogs.expectConfirm(title, question, true);
-        samples.driver->press(button);
+        samples.hand->press(button);
         QStringList expected = all;
         expected.removeIf([&](const QString& line) {
             return std::ranges::any_of(rows, [&](const QString& row) { return line.startsWith(row); });
         });
         QCOMPARE(expected.size(), all.size() - rows.size());
         QCOMPARE(samples.store.wholeFile(), expected);
-        QCOMPARE(samples.driver->navigator(navigator)->caption(), caption);
-    }
-
-    void groupDeletionChangesTheSummary() {
-        Samples samples;
-        samples.openComposition();
-        samples.driver->move(QStringLiteral("Group record"), QStringLiteral("Next"));
-        for (const auto& summary :
-             {lines({"Rastrelliger kanagurta|30.00|75.00", "Upeneus vittatus|10.00|25.00"}), lines({"||"})}) {
-            samples.store.dialogs.expectConfirm(kApplicationTitle.toString(),
-                                                QStringLiteral("Are you sure to delete this group?"), true);
-            samples.press("Delete group");
-            QCOMPARE(samples.rows("Composition"), summary);
-        }
-        QCOMPARE(samples.captionOf("Group record"), QStringLiteral("No data"));
-        QCOMPARE(samples.headers("Group"), lines({"Species", "Sampling weight(kg.)", "Estimate total catch(kg.)"}));
-        QVERIFY(!samples.driver->enabled(QStringLiteral("Delete group")));
+        QTEST(samples.caption(navigator), "caption");
     }
 
     void lengthSample() {
-        const Samples samples;
-        samples.openLength();
-        QCOMPARE(samples.captionOf("Length record"), QStringLiteral("Species 1 / 2 Rastrelliger kanagurta"));
-        QCOMPARE(samples.text("Sample weight (kg.)"), QStringLiteral("2.5"));
-        QCOMPARE(samples.text("Class Interval"), QStringLiteral("2"));
-        QCOMPARE(samples.headers("Length classes"),
-                 lines({"Lower(cm.)", "Upper(cm.)", "Mid-length(cm.)", "Frequency"}));
-        QCOMPARE(samples.rows("Length classes"), lines({"10|12|11|3", "12|14|13|7"}));
-        QCOMPARE(samples.text("Next class"), QStringLiteral("14-16"));
+        const Samples samples(kLengths);
+        QCOMPARE(samples.caption(u"Length record"_qs), u"Species 1 / 2 Rastrelliger kanagurta"_qs);
+        QCOMPARE(samples.hand->text(kWeight), u"2.5"_qs);
+        QCOMPARE(samples.hand->text(u"Class Interval"_qs), u"2"_qs);
+        QCOMPARE(samples.headers(kClasses), u"Lower(cm.)|Upper(cm.)|Mid-length(cm.)|Frequency"_qs);
+        QCOMPARE(samples.rows(kClasses), (QStringList{u"10|12|11|3"_qs, u"12|14|13|7"_qs}));
+        QCOMPARE(samples.hand->text(u"Next class"_qs), u"14-16"_qs);
 
         // A sample without classes has no class to go on from, whatever the species before it had.
-        samples.driver->move(QStringLiteral("Length record"), QStringLiteral("Next"));
-        QCOMPARE(samples.captionOf("Length record"), QStringLiteral("Species 2 / 2 Upeneus vittatus"));
-        QCOMPARE(samples.rows("Length classes"), lines({"|||"}));
-        QVERIFY(samples.text("Next class").startsWith(u"none"));
-        QVERIFY(!samples.driver->enabled(QStringLiteral("ADD")));
-        QVERIFY(!samples.driver->enabled(QStringLiteral("Frequency")));
+        samples.hand->move(u"Length record"_qs, u"Next"_qs);
+        QCOMPARE(samples.caption(u"Length record"_qs), u"Species 2 / 2 Upeneus vittatus"_qs);
+        QCOMPARE(samples.rows(kClasses), QStringList{u"|||"_qs});
+        QVERIFY(samples.hand->text(u"Next class"_qs).startsWith(u"none"));
+        QVERIFY(!samples.hand->enabled(u"ADD"_qs) && !samples.hand->enabled(u"Frequency"_qs));
     }
 
     void nextClass() {
-        Samples samples;
-        samples.openLength();
-        for (const char* wrong : {"", "abc", "1,5", "-1"}) {
-            samples.type("Frequency", wrong);
-            samples.store.dialogs.expectMessage(QStringLiteral("ERROR"), QStringLiteral("Numeric Only"));
-            samples.press("ADD");
-            QCOMPARE(samples.text("Frequency"), QString());
+        Samples samples(kLengths);
+        for (const QString& wrong : {u""_qs, u"abc"_qs, u"1,5"_qs, u"-1"_qs}) {
+            samples.hand->type(u"Frequency"_qs, wrong);
+            samples.store.dialogs.expectMessage(u"ERROR"_qs, u"Numeric Only"_qs);
+            samples.hand->press(u"ADD"_qs);
+            QCOMPARE(samples.hand->text(u"Frequency"_qs), QString());
         }
-        QCOMPARE(samples.rows("Length classes").size(), 2);
-        samples.type("Frequency", "5");
-        samples.press("ADD");
-        QCOMPARE(samples.store.rows("select * from length_detail where lower1 = 14"), lines({"1|1|14|16|15|5"}));
-        QCOMPARE(samples.rows("Length classes").last(), QStringLiteral("14|16|15|5"));
-        QCOMPARE(samples.text("Next class"), QStringLiteral("16-18"));
-        QCOMPARE(samples.text("Frequency"), QString());
+        samples.hand->type(u"Frequency"_qs, u"5"_qs);
+        samples.hand->press(u"ADD"_qs);
+        QCOMPARE(samples.rows(kClasses).last(), u"14|16|15|5"_qs);
+        QCOMPARE(samples.hand->text(u"Next class"_qs), u"16-18"_qs);
+        QCOMPARE(samples.hand->text(u"Frequency"_qs), QString());
         // A count of 0 is a count; Enter adds as the button does.
-        samples.type("Frequency", "0");
-        samples.driver->key(QStringLiteral("Frequency"), Qt::Key_Return);
-        QCOMPARE(samples.store.rows("select * from length_detail where lower1 = 16"), lines({"1|1|16|18|17|0"}));
-        QCOMPARE(samples.text("Next class"), QStringLiteral("18-20"));
-    }
+        samples.hand->type(u"Frequency"_qs, u"0"_qs);
+        samples.hand->key(u"Frequency"_qs, Qt::Key_Return);
+        QCOMPARE(samples.store.rows("select * from length_detail where lower1 > 12"),
+                 (QStringList{u"1|1|14|16|15|5"_qs, u"1|1|16|18|17|0"_qs}));
+        QCOMPARE(samples.hand->text(u"Next class"_qs), u"18-20"_qs);
 
-    void noInterval_data() {
-        QTest::addColumn<QString>("interval");
-        QTest::newRow("null") << QStringLiteral("null");
-        QTest::newRow("0") << QStringLiteral("0");
-    }
-    void noInterval() {
-        QFETCH(QString, interval);
-        Samples samples;
         samples.store.execute("update fish set classinterval = null");
-        if (interval == u"0") {
+        for (int interval = 0; interval < 2; ++interval) {
+            samples.openTab(kLengths);
+            QVERIFY(samples.hand->text(u"Next class"_qs).contains(u"interval"_qs));
+            QVERIFY(!samples.hand->enabled(u"ADD"_qs));
             samples.store.execute("update fish set classinterval = 0");
         }
-        samples.openLength();
-        QVERIFY(samples.text("Next class").contains(QStringLiteral("interval")));
-        QVERIFY(!samples.driver->enabled(QStringLiteral("ADD")));
     }
 
-    void lengthWeight_data() {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("stored");
-        QTest::newRow("number") << QStringLiteral("3.25") << QStringLiteral("3.25");
-        QTest::newRow("leading number") << QStringLiteral("4 kg") << QStringLiteral("4");
-        QTest::newRow("no number") << QStringLiteral("O'Hara") << QStringLiteral("0");
-    }
     void lengthWeight() {
-        QFETCH(QString, typed);
-        QFETCH(QString, stored);
-        Samples samples;
-        samples.openLength();
-        samples.driver->type(QStringLiteral("Sample weight (kg.)"), typed);
-        samples.store.dialogs.expectMessage(QStringLiteral("RESULT"), QStringLiteral("Update complete!"));
-        samples.press("Update");
-        QCOMPARE(samples.store.rows("select * from length order by spid"),
-                 (QStringList{QStringLiteral("1|1|") + stored, QStringLiteral("1|2|1")}));
-        QCOMPARE(samples.text("Sample weight (kg.)"), stored);
-    }
-
-    void refusedWeight() {
-        Samples samples;
-        samples.openLength();
-        for (const char* wrong : {"-1", "1e999"}) {
-            samples.type("Sample weight (kg.)", wrong);
-            samples.store.dialogs.expectMessageContaining(QStringLiteral("not below 0"));
-            samples.press("Update");
-            QCOMPARE(samples.text("Sample weight (kg.)"), QString::fromLatin1(wrong));
+        Samples samples(kLengths);
+        const auto stored = [&] { return samples.store.rows("select weight from length order by spid").join(u' '); };
+        for (const QString& wrong : {u"-1"_qs, u"1e999"_qs}) {
+            samples.hand->type(kWeight, wrong);
+            samples.store.dialogs.expectMessageContaining(u"not below 0"_qs);
+            samples.hand->press(u"Update"_qs);
+            QCOMPARE(samples.hand->text(kWeight), wrong);
         }
-        QCOMPARE(samples.store.rows("select weight from length where spid = 1"), lines({"2.5"}));
+        QCOMPARE(stored(), u"2.5 1"_qs);
+        for (const auto& [typed, weight] :
+             {std::pair{u"3.25"_qs, u"3.25"_qs}, {u"4 kg"_qs, u"4"_qs}, {u"O'Hara"_qs, u"0"_qs}}) {
+            samples.hand->type(kWeight, typed);
+            samples.store.dialogs.expectMessage(u"RESULT"_qs, u"Update complete!"_qs);
+            samples.hand->press(u"Update"_qs);
+            QCOMPARE(stored(), weight + u" 1"_qs);
+            QCOMPARE(samples.hand->text(kWeight), weight);
+        }
     }
 
     void gonadSample() {
-        const Samples samples;
-        samples.openGonad();
-        QCOMPARE(samples.captionOf("Gonad record"), QStringLiteral("Species1/2 Rastrelliger kanagurta"));
-        QCOMPARE(samples.text("Sampling weight"), QStringLiteral("0.4"));
-        QCOMPARE(samples.headers("Measured fish"),
-                 lines({"No.", "TL(cm)", "BL(cm)", "FL(cm)", "SL(cm)", "BW(g)", "SEX", "STAGE", "GW(g)", "GSI"}));
-        QCOMPARE(samples.rows("Measured fish"),
-                 lines({"1|210|200|205|190|200.00|Male|2|12|6.00", "2|210|200|205|190|200.00|Female|3|12|6.00",
-                        "3|210|200|205|190|200.00|None|0|12|", "4|210.5|200|205|190|300.13|Male|2|10|3.33"}));
-        samples.driver->move(QStringLiteral("Gonad record"), QStringLiteral("Next"));
-        QCOMPARE(samples.captionOf("Gonad record"), QStringLiteral("Species2/2 Nemipterus virgatus"));
-        QCOMPARE(samples.rows("Measured fish"), lines({"|||||||||"}));
-        QVERIFY(samples.driver->enabled(QStringLiteral("TL(mm)")));
+        const Samples samples(kGonads);
+        QCOMPARE(samples.caption(u"Gonad record"_qs), u"Species1/2 Rastrelliger kanagurta"_qs);
+        QCOMPARE(samples.hand->text(u"Sampling weight"_qs), u"0.4"_qs);
+        QCOMPARE(samples.headers(kFish), u"No.|TL(cm)|BL(cm)|FL(cm)|SL(cm)|BW(g)|SEX|STAGE|GW(g)|GSI"_qs);
+        QCOMPARE(
+            samples.rows(kFish),
+            (QStringList{u"1|210|200|205|190|200.00|Male|2|12|6.00"_qs, u"2|210|200|205|190|200.00|Female|3|12|6.00"_qs,
+                         u"3|210|200|205|190|200.00|None|0|12|"_qs, u"4|210.5|200|205|190|300.13|Male|2|10|3.33"_qs}));
+        samples.hand->move(u"Gonad record"_qs, u"Next"_qs);
+        QCOMPARE(samples.caption(u"Gonad record"_qs), u"Species2/2 Nemipterus virgatus"_qs);
+        QCOMPARE(samples.rows(kFish), QStringList{u"|||||||||"_qs});
+        QVERIFY(samples.hand->enabled(u"TL(mm)"_qs));
     }
 
     void newFish() {
-        Samples samples;
-        samples.openGonad();
+        Samples samples(kGonads);
         const QStringList all = samples.store.wholeFile();
-        samples.typeFish("215", "200", "10");
-        samples.driver->choose(QStringLiteral("SEX"), QStringLiteral("Juvenile"));
-        samples.driver->choose(QStringLiteral("Stage"), QStringLiteral("3-Ripe"));
-        samples.add(false);
+        samples.typeFish(u"215"_qs, u"200"_qs);
+        samples.hand->choose(u"SEX"_qs, u"Juvenile"_qs);
+        samples.hand->choose(u"Stage"_qs, u"3-Ripe"_qs);
+        samples.addFish(false);
         QCOMPARE(samples.store.wholeFile(), all);
-        samples.add(true);
-        const QString fifth = QStringLiteral("gonad_detail|1|1|5|215|190|190|190|200|Juvenile|3|10|5");
+        samples.addFish();
         QStringList added = samples.store.wholeFile();
-        QCOMPARE(added.removeAll(fifth), 1);
+        QCOMPARE(added.removeAll(u"gonad_detail|1|1|5|215|190|190|190|200|Juvenile|3|10|5"_qs), 1);
         QCOMPARE(added, all);
-        QCOMPARE(samples.rows("Measured fish").last(), QStringLiteral("5|215|190|190|190|200.00|Juvenile|3|10|5.00"));
-        QCOMPARE(samples.text("TL(mm)"), QString());
+        QCOMPARE(samples.rows(kFish).last(), u"5|215|190|190|190|200.00|Juvenile|3|10|5.00"_qs);
+        QCOMPARE(samples.hand->text(u"TL(mm)"_qs), QString());
 
         // A fish without a stage has stage 0; the first one of a sample is number 1.
-        samples.driver->move(QStringLiteral("Gonad record"), QStringLiteral("Next"));
-        samples.typeFish("1.5", "300", "10");
-        samples.driver->type(QStringLiteral("Stage"), QString());
-        samples.add(true);
+        samples.hand->move(u"Gonad record"_qs, u"Next"_qs);
+        samples.typeFish(u"1.5"_qs, u"300"_qs);
+        samples.hand->type(u"Stage"_qs, QString());
+        samples.addFish();
         QCOMPARE(samples.store.rows("select * from gonad_detail where spid = 3"),
-                 lines({"1|3|1|1.5|190|190|190|300|Male|0|10|3.33333333333333"}));
+                 QStringList{u"1|3|1|1.5|190|190|190|300|Male|0|10|3.33333333333333"_qs});
     }
 
-    void refusedFish_data() {
-        QTest::addColumn<QString>("field");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("message");
-        const auto row = [](const char* field, const char* typed, const char* message) {
-            QTest::addRow("%s %s", field, typed)
-                << QString::fromLatin1(field) << QString::fromLatin1(typed) << QString::fromLatin1(message);
-        };
-        row("TL(mm)", "x", "Please input TL in numeric");
-        row("BL(mm)", "", "Please input BL in numeric");
-        row("FL(mm)", "-1", "Please input FL in numeric");
-        row("SL(mm)", "1,5", "Please input SL in numeric");
-        row("BW", "', '", "Please input BW in numeric");
-        row("BW", "0", "BW must be greater than 0");
-        row("GW", "-0.5", "Please input GW in numeric");
-    }
+    /// A wrong measurement leaves its field; a fish that could not be stored stays in all of them.
     void refusedFish() {
-        QFETCH(QString, field);
-        QFETCH(QString, typed);
-        QFETCH(QString, message);
-        Samples samples;
-        samples.openGonad();
+        Samples samples(kGonads);
         const QStringList all = samples.store.wholeFile();
-        samples.typeFish("210", "200", "10");
-        samples.driver->type(field, typed);
-        samples.store.dialogs.expectConfirm(QStringLiteral("GONAD"),
-                                            QStringLiteral("Are you sure to add this sampling"), true);
-        samples.store.dialogs.expectMessage(QStringLiteral("GONAD"), message);
-        samples.press("ADD");
-        QVERIFY(samples.store.dialogs.done());
-        QCOMPARE(samples.driver->text(field), QString());
-        QVERIFY(samples.driver->focused(field));
+        for (const auto& [field, message] : {std::pair{u"BW"_qs, u"BW must be greater than 0"_qs},
+                                             {u"FL(mm)"_qs, u"Please input FL in numeric"_qs},
+                                             {u"TL(mm)"_qs, u"Please input TL in numeric"_qs}}) {
+            samples.typeFish(u"215"_qs, u"200"_qs);
+            samples.hand->type(field, field == u"BW" ? u"0"_qs : u"', '"_qs);
+            samples.store.dialogs.expectConfirm(u"GONAD"_qs, u"Are you sure to add this sampling"_qs, true);
+            samples.store.dialogs.expectMessage(u"GONAD"_qs, message);
+            samples.hand->press(u"ADD"_qs);
+            QCOMPARE(samples.hand->text(field), QString());
+            QVERIFY(samples.hand->focused(field));
+        }
+        samples.hand->type(u"TL(mm)"_qs, u"215"_qs);
+        samples.store.execute(
+            "create trigger refuse before insert on gonad_detail begin select raise(abort, 'no'); end");
+        samples.addFish(true, u"gonad_detail"_qs);
+        QCOMPARE(samples.hand->text(u"TL(mm)"_qs), u"215"_qs);
+        samples.store.execute("drop trigger refuse");
         QCOMPARE(samples.store.wholeFile(), all);
+        samples.addFish();
+        QCOMPARE(samples.rows(kFish).size(), 5);
     }
 
     /// An operation without samples, and none at all: nothing of the one before stays, and nothing can be pressed.
-    void emptyTabs_data() {
-        QTest::addColumn<bool>("found");
-        QTest::newRow("operation without samples") << true;
-        QTest::newRow("no match") << false;
-    }
     void emptyTabs() {
-        QFETCH(bool, found);
         const Samples samples;
-        samples.findAlpha();
-        if (found) {
-            samples.move(QStringLiteral("Next"));
-        } else {
-            samples.type("Value", "nowhere");
-            samples.press("SEARCH");
+        samples.move(u"Next"_qs);
+        for (const bool found : {true, false}) {
+            QCOMPARE(samples.rows(u"Composition"_qs) + samples.rows(u"Group"_qs), (QStringList{u"||"_qs, u"||"_qs}));
+            QCOMPARE(samples.rows(kClasses) + samples.rows(kFish), (QStringList{u"|||"_qs, u"|||||||||"_qs}));
+            QCOMPARE(samples.caption(u"Group record"_qs), found ? u"No data"_qs : QString());
+            QCOMPARE(samples.caption(u"Length record"_qs) + samples.caption(u"Gonad record"_qs), QString());
+            for (const QString& field : {kWeight, u"Class Interval"_qs, u"Sampling weight"_qs, u"TL(mm)"_qs}) {
+                QCOMPARE(samples.hand->text(field), QString());
+            }
+            for (const QString& control : {u"Delete group"_qs, u"Update"_qs, kWeight, u"Delete gonad sample"_qs,
+                                           u"TL(mm)"_qs, u"SEX"_qs, u"Stage"_qs, u"GW"_qs}) {
+                QVERIFY2(!samples.hand->enabled(control), qPrintable(control));
+            }
+            QVERIFY(!samples.shows(u"Delete length sample"_qs));
+            samples.hand->openTab(kGonads);
+            QVERIFY(!samples.hand->enabled(u"ADD"_qs));
+            samples.openTab();
+            samples.hand->type(u"Value"_qs, u"nowhere"_qs);
+            samples.hand->press(u"SEARCH"_qs);
         }
-        QCOMPARE(samples.rows("Composition"), lines({"||"}));
-        QCOMPARE(samples.rows("Group"), lines({"||"}));
-        QCOMPARE(samples.rows("Length classes"), lines({"|||"}));
-        QCOMPARE(samples.rows("Measured fish"), lines({"|||||||||"}));
-        QCOMPARE(samples.captionOf("Group record"), found ? QStringLiteral("No data") : QString());
-        QCOMPARE(samples.captionOf("Length record"), QString());
-        QCOMPARE(samples.captionOf("Gonad record"), QString());
-        for (const char* field : {"Sample weight (kg.)", "Class Interval", "Sampling weight", "TL(mm)"}) {
-            QCOMPARE(samples.text(field), QString());
-        }
-        for (const char* control :
-             {"Delete group", "Update", "Sample weight (kg.)", "Delete gonad sample", "TL(mm)", "SEX", "Stage", "GW"}) {
-            QVERIFY2(!samples.driver->enabled(QString::fromLatin1(control)), control);
-        }
-        QVERIFY(!samples.shown("Delete length sample"));
-        samples.driver->openTab(QStringLiteral("Gonad Matuarity"));
-        QVERIFY(!samples.driver->enabled(QStringLiteral("ADD")));
-    }
-
-    /// A fish that could not be stored stays in its fields.
-    void failedFish() {
-        Samples samples;
-        samples.openGonad();
-        samples.store.execute(
-            "create trigger refuse before insert on gonad_detail begin select raise(abort, 'no'); end");
-        samples.typeFish("215", "200", "10");
-        samples.store.dialogs.expectConfirm(QStringLiteral("GONAD"),
-                                            QStringLiteral("Are you sure to add this sampling"), true);
-        samples.store.dialogs.expectMessageContaining(QStringLiteral("gonad_detail"));
-        samples.press("ADD");
-        QCOMPARE(samples.text("TL(mm)"), QStringLiteral("215"));
-        samples.store.execute("drop trigger refuse");
-        samples.add(true);
-        QCOMPARE(samples.rows("Measured fish").size(), 5);
     }
 
     /// A sample, or the whole operation, that another program deleted is not added to: its rows would be nobody's.
     void deletedElsewhere() {
-        Samples samples;
-        samples.openLength();
+        Samples samples(kLengths);
         samples.store.execute("delete from length where spid = 1");
         samples.store.execute("delete from length_detail");
-        samples.type("Frequency", "5");
-        samples.store.dialogs.expectMessageContaining(QStringLiteral("This sample is not stored any more"));
-        samples.press("ADD");
+        samples.hand->type(u"Frequency"_qs, u"5"_qs);
+        samples.store.dialogs.expectMessageContaining(u"This sample is not stored any more"_qs);
+        samples.hand->press(u"ADD"_qs);
         QCOMPARE(samples.store.rows("select * from length_detail"), QStringList());
-        QCOMPARE(samples.captionOf("Length record"), QStringLiteral("Species 1 / 1 Upeneus vittatus"));
+        QCOMPARE(samples.caption(u"Length record"_qs), u"Species 1 / 1 Upeneus vittatus"_qs);
 
-        samples.driver->openTab(QStringLiteral("Gonad Matuarity"));
+        samples.hand->openTab(kGonads);
         samples.store.execute("delete from fishoperation where optid = 1");
-        samples.typeFish("215", "200", "10");
-        samples.store.dialogs.expectConfirm(QStringLiteral("GONAD"),
-                                            QStringLiteral("Are you sure to add this sampling"), true);
-        samples.store.dialogs.expectMessageContaining(QStringLiteral("Operation No. 1 is not found any more"));
-        samples.press("ADD");
-        QCOMPARE(samples.store.rows("select count(*) from gonad_detail"), lines({"4"}));
-        QCOMPARE(samples.number(), QStringLiteral("2"));
-        QVERIFY(samples.store.dialogs.done());
+        samples.typeFish(u"215"_qs, u"200"_qs);
+        samples.addFish(true, u"Operation No. 1 is not found any more"_qs);
+        QCOMPARE(samples.store.rows("select count(*) from gonad_detail"), QStringList{u"4"_qs});
+        QCOMPARE(samples.number(), u"2"_qs);
     }
 
     /// Samples that cannot be read are not shown under another operation's.
     void failedLoad() {
         Samples samples;
-        samples.findAlpha();
         samples.store.execute("alter table gonad rename to elsewhere");
-        samples.store.dialogs.expectMessageContaining(QStringLiteral("gonad"));
-        samples.move(QStringLiteral("Next"));
-        QCOMPARE(samples.number(), QString());
-        QCOMPARE(samples.rows("Composition"), lines({"||"}));
-        QCOMPARE(samples.captionOf("Gonad record"), QString());
-        QVERIFY(!samples.offersDelete());
+        samples.store.dialogs.expectMessageContaining(u"gonad"_qs);
+        samples.move(u"Next"_qs);
+        QCOMPARE(samples.number() + samples.caption(u"Gonad record"_qs), QString());
+        QCOMPARE(samples.rows(u"Composition"_qs), QStringList{u"||"_qs});
+        QVERIFY(!samples.shows(u"DELETE"_qs));
         samples.store.execute("alter table elsewhere rename to gonad");
-        samples.move(QStringLiteral("Previous"));
-        QCOMPARE(samples.number(), QStringLiteral("1"));
+        samples.move(u"Previous"_qs);
+        QCOMPARE(samples.number(), u"1"_qs);
     }
 
-    void hostileNames_data() {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("apostrophe") << QStringLiteral("O'Hara's '; drop table fish; --");
-        QTest::newRow("percent") << QStringLiteral("100 % %1 %2 \\ \"x\" [y] &z");
-        QTest::newRow("scripts") << QStringLiteral("ปลาทู 鯖 <b>Å</b>");
-        QTest::newRow("long") << QString(10'000, u'W');
-    }
     void hostileNames() {
-        QFETCH(QString, name);
-        Samples samples;
-        Connection& db = samples.store.db();
-        db.execute(Sql("update fish set fishname = ") << name << " where fishno = 1");
-        db.execute(Sql("update group_main set groupname = ") << name << " where groupid = 2");
-        db.execute(Sql("update vessel set vesselname = ") << name << " where vesselname = 'Sea Star'");
-        db.execute(Sql("update fishing_area set aname = ") << name << " where aname = 'A1'");
-        db.execute(Sql("update fishoperation set vesselid = ")
-                   << name << ", areaid = " << name << ", note = " << name << " where optid = 1");
-        samples.find(QStringLiteral("Fishing Area"), QStringLiteral("north bank"));
-        QCOMPARE(samples.text("Note"), name);
-        samples.find(QStringLiteral("Vessel"), name);
-        QCOMPARE(samples.text("Vessel Name"), name);
-        samples.driver->move(QStringLiteral("Group record"), QStringLiteral("Last"));
-        QCOMPARE(samples.captionOf("Group record"),
-                 QStringLiteral("Record 2/2 ") + name + QStringLiteral(" [Total weight 200 kg.]"));
-        QCOMPARE(samples.captionOf("Length record"), QStringLiteral("Species 1 / 2 Rastrelliger ") + name);
-        QCOMPARE(samples.captionOf("Gonad record"), QStringLiteral("Species1/2 Rastrelliger ") + name);
-        QVERIFY(samples.screen->minimumSizeHint().width() <= 1340);
-        QVERIFY(samples.screen->minimumSizeHint().height() <= 590);
+        const QString hostile = u"O'Hara's '); drop table fish; -- 100 % %1 %2 \\ \"x\" [y] &z ปลาทู 鯖 <b>Å</b>"_qs;
+        for (const QString& name : {hostile, QString(10'000, u'W')}) {
+            Samples samples;
+            Connection& db = samples.store.db();
+            db.execute(Sql("update fish set fishname = ") << name << " where fishno = 1");
+            db.execute(Sql("update group_main set groupname = ") << name << " where groupid = 2");
+            db.execute(Sql("update vessel set vesselname = ") << name << " where vesselname = 'Sea Star'");
+            db.execute(Sql("update fishing_area set aname = ") << name << " where aname = 'A1'");
+            db.execute(Sql("update fishoperation set vesselid = ")
+                       << name << ", areaid = " << name << ", note = " << name << " where optid = 1");
+            samples.find(u"Fishing Area"_qs, u"north bank"_qs);
+            QCOMPARE(samples.hand->text(u"Note"_qs), name);
+            samples.find(u"Vessel"_qs, name);
+            QCOMPARE(samples.hand->text(u"Vessel Name"_qs), name);
+            samples.hand->move(u"Group record"_qs, u"Last"_qs);
+            QCOMPARE(samples.caption(u"Group record"_qs), u"Record 2/2 "_qs + name + u" [Total weight 200 kg.]"_qs);
+            QCOMPARE(samples.caption(u"Length record"_qs), u"Species 1 / 2 Rastrelliger "_qs + name);
+            QCOMPARE(samples.caption(u"Gonad record"_qs), u"Species1/2 Rastrelliger "_qs + name);
+            const QSize least = samples.screen->minimumSizeHint();
+            QVERIFY2(least.width() <= 1340 && least.height() <= 590, "the screen outgrows the main window");
+        }
     }
 };
 

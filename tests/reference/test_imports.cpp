@@ -1,0 +1,375 @@
+#include "import_desk.h"
+#include "reference/species_import.h"
+#include "reference/vessel_import.h"
+
+#include <QLineEdit>
+
+namespace kelvora::test_imports {
+
+using test::ScriptedDialogs;
+
+const QByteArray kSpeciesHeader = "Family,Genus,Species,Common name\n";
+const QByteArray kHeader =
+    "vessel name,vessel register id,engine type,engine power,length(m),state/province,size(GRT),type of gear,"
+    "net length(m),net width(m),mesh size(cm)\n";
+const QByteArray kWhole = "Osprey,007,In Board,080,7.50,Alpha,2,Trawl,1,02,3\n";
+const QString kBlank = QString(10, u'|');
+
+/// A record with these three numbers.
+QByteArray vessel(const char* name, const char* power = "1", const char* length = "2", const char* size = "3",
+                  const char* gear = "Trawl") {
+    return QByteArray(name) + ",R,In Board," + power + "," + length + ",Alpha," + size + "," + gear + ",1,2,3\n";
+}
+
+/// What is said about a file once it is chosen.
+auto saying(const QString& title, const QString& text) {
+    return [=](ScriptedDialogs& dialogs) { dialogs.expectMessage(title, text); };
+}
+
+void expectGear(ScriptedDialogs& dialogs, const std::optional<QString>& answer) {
+    dialogs.expectInput(u"New Fishing Gear"_qs, u"You have to insert new fishing gear"_qs, answer);
+}
+
+struct SpeciesDesk : test::ImportDesk {
+    explicit SpeciesDesk(bool empty = false)
+        : ImportDesk(u"Target Species"_qs, u"IMPORT"_qs, u"Species import"_qs, empty) {}
+};
+
+struct VesselDesk : test::ImportDesk {
+    explicit VesselDesk(bool empty = false)
+        : ImportDesk(u"Fishing Vessel"_qs, u"Vessel import"_qs, u"Vessel import"_qs, empty) {}
+    /// The vessels behind the two that are always there.
+    QStringList stored() {
+        return store.rows("select vesselname, enginepower, vessellength, vesselsize, gear from vessel").mid(2);
+    }
+};
+
+class TestImports : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void headers() {
+        struct Case {
+            const ImportLayout& layout;
+            QList<int> wrong;  // columns with another name
+            bool fits;
+        };
+        // Of the first four columns one name has to be right, of the next three one, and those of the last four.
+        for (const auto& [layout, wrong, fits] : {Case{vesselLayout(), {}, true},
+                                                  {vesselLayout(), {1, 2, 3}, true},
+                                                  {vesselLayout(), {0, 1, 2, 5, 6}, true},
+                                                  {vesselLayout(), {0, 1, 2, 3}, false},
+                                                  {vesselLayout(), {4, 5, 6}, false},
+                                                  {vesselLayout(), {7}, false},
+                                                  {vesselLayout(), {8}, false},
+                                                  {vesselLayout(), {9}, false},
+                                                  {vesselLayout(), {10}, false},
+                                                  {speciesLayout(), {0, 1, 2}, true},
+                                                  {speciesLayout(), {0, 1, 2, 3}, false}}) {
+            QStringList fields;
+            for (const ImportColumn& column : layout.columns) {
+                fields.append(column.header);
+            }
+            for (const int column : wrong) {
+                fields[column] = fields[column].toUpper();  // letter case counts
+            }
+            QCOMPARE(headerFits(layout, fields), fits);
+            QVERIFY(!headerFits(layout, fields + QStringList{QString()}));
+            QVERIFY(!headerFits(layout, fields.first(fields.size() - 1)));
+        }
+    }
+
+    /// Whatever the answer is, the second and third vessel with the unknown name are not asked about.
+    void gears() {
+        struct Case {
+            QString answer;  // "as proposed" takes the proposed name
+            bool yes;
+            QString gear;  // of the vessels with the unknown name
+            QStringList log;
+        };
+        const QString longline = u"Longline"_qs, trap = u"Trap"_qs;
+        for (const auto& [answer, yes, gear, log] :
+             {Case{u"as proposed"_qs, true, longline, {u"confirm Longline"_qs, u"add Longline"_qs}},
+              {trap, true, trap, {u"confirm Trap"_qs, u"add Trap"_qs}},
+              {u"as proposed"_qs, false, u""_qs, {u"confirm Longline"_qs}},
+              {u"  "_qs, true, u""_qs, {}},
+              {u"GILL NET"_qs, true, u"Gill net"_qs, {}}}) {
+            QStringList asked;
+            const auto known = [](const QString& name) {
+                const QStringList stored = QStringList{u"Trawl"_qs, u"Gill net"_qs}.filter(name, Qt::CaseInsensitive);
+                return stored.isEmpty() || name.trimmed().isEmpty() ? std::nullopt : std::optional(stored.first());
+            };
+            const auto ask = [&, text = answer](const QString& proposed) {
+                asked.append(u"ask "_qs + proposed);
+                return text == u"as proposed" ? proposed : text;
+            };
+            const auto confirm = [&, agrees = yes](const QString& name) {
+                asked.append(u"confirm "_qs + name);
+                return agrees;
+            };
+            const auto add = [&](const QString& name) { asked.append(u"add "_qs + name); };
+            std::vector<CsvRecord> vessels;
+            for (const QString& name : {u"trawl"_qs, longline, u"Trawl"_qs, u"LONGLINE"_qs, longline}) {
+                vessels.push_back({1, QStringList(vesselLayout().width())});
+                vessels.back().fields[kGearColumn] = name;
+            }
+            settleGears(vessels, {known, ask, confirm, add});
+            QStringList settled;
+            for (const CsvRecord& record : vessels) {
+                settled.append(record.fields[kGearColumn]);
+            }
+            QCOMPARE(settled, (QStringList{u"trawl"_qs, gear, u"Trawl"_qs, gear, gear}));
+            QCOMPARE(asked, QStringList{u"ask Longline"_qs} + log);
+        }
+    }
+
+    void refusalsNameTenRowsInShort() {
+        std::vector<RefusedRecord> refused;
+        for (int line = 2; line <= 1'013; ++line) {
+            refused.push_back({{line, {u"Sea\nStar"_qs.repeated(500)}}, {u"Engine power"_qs, u"Size(GRT)"_qs}});
+        }
+        const QStringList lines = refusalText(refused).split(u'\n');
+        QCOMPARE(lines.first().section(u": "_qs, 1), u"1,012. These rows stay in the preview."_qs);
+        QCOMPARE(lines.size(), 2 + 10 + 1);
+        QVERIFY(lines[2].startsWith(u"line 2, Sea StarSea Star"_qs));
+        QVERIFY(lines[2].endsWith(u"…: Engine power, Size(GRT)"_qs));
+        QVERIFY(lines[2].size() < 90);
+        QVERIFY(lines[11].startsWith(u"line 11, "_qs));
+        QCOMPARE(lines[12], u"and 1,002 more"_qs);
+        refused.resize(10);
+        QVERIFY(!refusalText(refused).contains(u"more"_qs));
+    }
+
+    void newSpecies() {
+        SpeciesDesk desk;
+        desk.importBytes(kSpeciesHeader +
+                         "Mullidae,UPENEUS,vittatus,x\nMullidae,Upeneus,sulphureus,\"O'Hara, \"\"gold\"\"\"\n"
+                         ",Upeneus,tragula,\nMullidae,upeneus,sulphureus,again\nScaridae,Scarus,ghobban,\n");
+        auto* grid = desk.hand().grid(desk.preview);
+        QCOMPARE(grid->headers().join(u'|'), u"Family|Genus|Species|Common name"_qs);
+        grid->setCurrentRow(2);
+        desk.press(u"DELETE"_qs);  // a row without a family stays
+        QCOMPARE(grid->rowCount(), 5);
+        grid->setCurrentRow(4);
+        desk.press(u"DELETE"_qs);
+        QCOMPARE(grid->currentRow(), 3);
+        desk.save(u"SAVE"_qs, 4, false);
+        desk.save(u"SAVE"_qs, 4);
+        QVERIFY(desk.says(u"stored 2, already known 2, refused 0"_qs));
+        QCOMPARE(desk.rows(u"Target Species"_qs).mid(3),
+                 (QStringList{u"4|Mullidae|Upeneus|sulphureus|O'Hara, \"gold\""_qs, u"5||Upeneus|tragula|"_qs}));
+        QCOMPARE(desk.previewed(), QStringList{u"|||"_qs});
+        QCOMPARE(desk.path(), QString());
+        QVERIFY(!desk.enabled(u"SAVE"_qs) && !desk.enabled(u"DELETE"_qs));
+    }
+
+    void otherSpeciesFiles() {
+        SpeciesDesk desk;
+        desk.importBytes("family;genus;species;name\na;b;c;d\n", saying(u"ERROR"_qs, u"Error File Format"_qs));
+        desk.importBytes("1,2,3,Common name\na,b,c,d\na,b,c\n",
+                         saying(u"ERROR"_qs, u"Line 3 does not hold 4 fields, but 3. Nothing was loaded."_qs));
+        for (const QString& button : {u"SAVE"_qs, u"DELETE"_qs, u"CLEAR"_qs}) {
+            QVERIFY2(!desk.enabled(button), qPrintable(button));
+        }
+    }
+
+    /// Seen in the picture: no style of the desktop may paint its own selection over the row.
+    void marksTheRowItStandsOn() {
+        SpeciesDesk desk;
+        desk.importBytes(kSpeciesHeader + "a,b,c,d\ne,f,g,h\ni,j,k,l\n");
+        auto* grid = desk.hand().grid(desk.preview);
+        desk.screen->resize(1340, 590);
+        desk.screen->show();
+        grid->setCurrentRow(1);
+        const QImage image = grid->viewport()->grab().toImage();
+        const auto colours = [&](int row) {
+            QSet<QRgb> seen;
+            const QRect cell = grid->visualRect(grid->model()->index(row, 3));
+            for (int x = cell.left() + 1; x < cell.right(); ++x) {
+                for (int y = cell.top() + 2; y < cell.bottom() - 1; ++y) {
+                    seen.insert(image.pixel(x, y));
+                }
+            }
+            return seen;
+        };
+        const QRgb grey = qRgb(192, 192, 192);
+        QVERIFY(colours(1).contains(grey));
+        QVERIFY(!colours(1).contains(grid->palette().color(QPalette::Highlight).rgb()));
+        QVERIFY(!colours(0).contains(grey) && !colours(2).contains(grey));
+        // Left rows keep their blue text, others have the usual one.
+        const auto text = [&](int row) { return grid->model()->index(row, 0).data(Qt::ForegroundRole).isValid(); };
+        QVERIFY(text(0) && text(1) && !text(2));
+    }
+
+    void vesselFiles() {
+        const QString osprey = u"Osprey|007|In Board|080|7.50|Alpha|2|Trawl|1|02|3"_qs;
+        const QString hara = u"O'Hara, \"Sea\"|R\n1|Out Board|1|2|Älpha|3|Gill net|||"_qs;
+        const QByteArray quoted = "\"O'Hara, \"\"Sea\"\"\",\"R\n1\",Out Board,1,2,\xC4lpha,3,\"Gill net\",,,\r\n";
+        for (const auto& [bytes, rows] : {std::pair{kHeader + quoted + kWhole + "\n\n", QStringList{hara, osprey}},
+                                          {kHeader, QStringList{kBlank}}}) {
+            VesselDesk desk;
+            QCOMPARE(desk.previewed(), QStringList{kBlank});
+            QVERIFY(!desk.enabled(u"Save"_qs));
+            desk.importBytes(bytes);
+            QCOMPARE(desk.previewed(), rows);
+            QCOMPARE(desk.path(), desk.store.file(u"import.csv"_qs));
+            QVERIFY(desk.hand().edit(u"Vessel file"_qs)->isReadOnly());
+            QCOMPARE(desk.enabled(u"Save"_qs), rows.size() > 1);
+            desk.press(u"Clear"_qs);
+            QCOMPARE(desk.previewed(), QStringList{kBlank});
+            QCOMPARE(desk.path(), QString());
+            QVERIFY(!desk.enabled(u"Save"_qs) && !desk.enabled(u"Delete"_qs));
+        }
+    }
+
+    void refusedVesselFiles_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("message");
+        const QString csv = u"a.csv"_qs, error = u"ERROR"_qs, title = u"Kelvora"_qs;
+        const QString format = u"Error File Format"_qs;
+        const QString ending = u"Error file type .csv only try again"_qs;
+        const QString uneven = u"Line %1 does not hold 11 fields, but %2. Nothing was loaded."_qs;
+        const QByteArray binary("\x89PNG\r\n\x1A\n\0\0,\xFF,\xFE\0", 16);
+        QTest::newRow("upper-case ending") << u"a.CSV"_qs << kHeader + kWhole << title << ending;
+        QTest::newRow("no ending") << u"csv"_qs << kHeader + kWhole << title << ending;
+        QTest::newRow("binary") << csv << binary << error << format;
+        QTest::newRow("short header") << csv << QByteArray("vessel name\n") << error << format;
+        for (const char* nothing : {"", "\xEF\xBB\xBF", "\n\n"}) {
+            QTest::newRow("nothing") << csv << QByteArray(nothing) << title << u"No data in this file"_qs;
+        }
+        // The gear of the first vessel is unknown: nothing is asked about a file that is refused in the end.
+        const QByteArray unknown = vessel("A", "1", "2", "3", "Kite");
+        QTest::newRow("short record") << csv << kHeader + unknown + "B,R\n" + kWhole << error << uneven.arg(3).arg(2);
+        QTest::newRow("long record behind a field of two lines")
+            << csv << kHeader + "\"A\nB\"" + unknown.sliced(1) + vessel("C") + kWhole.trimmed() + ",4\n"
+            << error << uneven.arg(5).arg(12);
+        QTest::newRow("empty line") << csv << kHeader + unknown + "\n" + kWhole << error << uneven.arg(3).arg(1);
+    }
+    void refusedVesselFiles() {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, title);
+        QFETCH(QString, message);
+        VesselDesk desk;
+        desk.importBytes(kHeader + kWhole);
+        const QStringList before = desk.previewed();
+        desk.importBytes(bytes, saying(title, message), name);
+        QCOMPARE(desk.previewed(), before);
+        QVERIFY(desk.path().isEmpty() || message == u"No data in this file");
+        desk.importFile(std::nullopt);
+        desk.store.dialogs.expectOpenFile(desk.store.file(u"missing.csv"_qs));
+        desk.store.dialogs.expectMessageContaining(u"The file cannot be read"_qs);
+        desk.press(u"Import"_qs);
+        QCOMPARE(desk.path(), QString());
+        desk.importBytes(kHeader + kWhole + kWhole);
+        QCOMPARE(desk.previewed().size(), 2);
+    }
+
+    void newGearsAreStoredAtOnce() {
+        VesselDesk desk;
+        desk.store.execute("update Fishing_gear set gearid = 3 where gearid = 2");  // the number of gears + 1 is taken
+        const QByteArray kyte = vessel("A", "1", "2", "3", "kyte"), kite = vessel("C", "1", "2", "3", "kite'");
+        desk.importBytes(kHeader + kyte + vessel("B", "1", "2", "3", "") + kite, [](ScriptedDialogs& dialogs) {
+            expectGear(dialogs, u"Kite'"_qs);
+            dialogs.expectConfirm(u"Kelvora"_qs, u"Are you sure to insert 'Kite''? "_qs, true);
+            dialogs.expectMessage(u"Insert Complete!"_qs);
+            expectGear(dialogs, std::nullopt);
+        });
+        desk.hand().choose(u"Type of Gear"_qs, u"Kite'"_qs);
+        desk.press(u"Clear"_qs);
+        QCOMPARE(desk.store.rows("select * from Fishing_gear order by gearid").last(), u"4|Kite'"_qs);
+
+        desk.importBytes(kHeader + kyte + kite, [](ScriptedDialogs& dialogs) { expectGear(dialogs, u"trawl"_qs); });
+        desk.save(u"Save"_qs, 2);
+        QCOMPARE(desk.stored(), (QStringList{u"A|1|2|3|1"_qs, u"C|1|2|3|4"_qs}));
+    }
+
+    void savesWhatIsNewAndWhole() {
+        VesselDesk desk;
+        desk.importBytes(kHeader + vessel("sea star") + vessel("O'Hara", " 1e1 ", "-2", "0.5") + vessel("Bad", "") +
+                             vessel("Taken out") + vessel("Worse", "1", "2 m", "\"1,5\"") + vessel("O'HARA", "7") +
+                             vessel("No gear", "1", "2", "3", "") + vessel("Bad", "4"),
+                         [](ScriptedDialogs& dialogs) { expectGear(dialogs, u""_qs); });
+        desk.hand().grid(desk.preview)->setCurrentRow(3);
+        desk.press(u"Delete"_qs);
+        desk.save(u"Save"_qs, 7, false);
+        QCOMPARE(desk.stored(), QStringList());
+        desk.expectSave(7);
+        desk.store.dialogs.expectMessage(
+            u"ERROR"_qs,
+            u"Not stored, since a number is missing or not numeric: 2. These rows stay in the"
+            " preview.\n\nline 4, Bad: Engine power\nline 6, Worse: Vessel length, Size(GRT)"_qs);
+        desk.press(u"Save"_qs);
+        QCOMPARE(desk.stored(), (QStringList{u"O'Hara|10|-2|0.5|1"_qs, u"No gear|1|2|3|0"_qs, u"Bad|4|2|3|1"_qs}));
+        QVERIFY(desk.says(u"stored 3, already known 2, refused 2"_qs));
+        QCOMPARE(desk.previewed().size(), 2);
+        QCOMPARE(desk.previewed().first().section(u'|', 0, 3), u"Bad|R|In Board|"_qs);
+        // The vessel without a gear is not listed.
+        QCOMPARE(desk.rows(u"FISHING VESSEL"_qs).size(), 4);
+        desk.press(u"Delete"_qs);
+        desk.press(u"Delete"_qs);
+        QCOMPARE(desk.previewed().size(), 1);
+        QVERIFY(desk.enabled(u"Save"_qs));
+    }
+
+    void aSaveThatFailsStoresNothing() {
+        VesselDesk desk;
+        desk.importBytes(kHeader + vessel("A") + vessel("B"));
+        desk.store.execute(
+            "create trigger full before insert on vessel when new.vesselname = 'B'"
+            " begin select raise(abort, 'disk'); end");
+        desk.expectSave(2);
+        desk.store.dialogs.expectMessageContaining(u"Nothing was stored"_qs);
+        desk.press(u"Save"_qs);
+        QCOMPARE(desk.stored(), QStringList());
+        QCOMPARE(desk.previewed().size(), 2);
+        desk.store.execute("drop trigger full");
+        desk.save(u"Save"_qs, 2);
+        QCOMPARE(desk.stored().size(), 2);
+        QCOMPARE(desk.previewed(), QStringList{kBlank});
+    }
+
+    void aCatalogueOfTheWorld() {
+        SpeciesDesk desk(true);
+        for (const QString& outcome :
+             {u"stored 261, already known 0, refused 0"_qs, u"stored 0, already known 261, refused 0"_qs}) {
+            desk.importFile(QStringLiteral(KELVORA_TEST_FILES "/species_import_world_fishes.csv"));
+            desk.save(u"SAVE"_qs, 261);
+            QVERIFY(desk.says(outcome));
+            QCOMPARE(desk.store.rows("select count(*), max(fishno), count(distinct family), count(distinct genus),"
+                                     " sum(common_name like '%''%'), sum(common_name = ''), max(length(common_name))"
+                                     " from fish"),
+                     QStringList{test::expectedOf(u"species_summary.csv"_qs,
+                                                  u"rows,distinct_ignoring_case,families,genera,"
+                                                  "common_names_with_apostrophe,blank_common_names,"
+                                                  "longest_common_name"_qs)});
+        }
+    }
+
+    void aRegisterOfThousands() {
+        VesselDesk desk(true);
+        desk.store.execute("insert into Fishing_gear values (1, 'Not stated'), (2, 'Scallop dredge')");
+        for (const QString& outcome :
+             {u"stored 3,499, already known 747, refused 0"_qs, u"stored 0, already known 4,246, refused 0"_qs}) {
+            desk.importFile(QStringLiteral(KELVORA_TEST_FILES "/vessel_import_uk_10m_and_under.csv"));
+            QCOMPARE(desk.previewed().size(), 4'246);
+            desk.save(u"Save"_qs, 4'246);
+            QVERIFY(desk.says(outcome));
+            QCOMPARE(desk.store.rows("select count(*), sum(vesselname like '%''%'), sum(enginetype = 'Out Board'),"
+                                     " sum(enginetype = 'In Board'), sum(gear = 2), round(sum(enginepower), 2),"
+                                     " round(sum(vessellength), 2), round(sum(vesselsize), 2) from vessel"),
+                     QStringList{test::expectedOf(u"vessel_summary.csv"_qs,
+                                                  u"distinct_names_ignoring_case,names_with_apostrophe,kept_out_board,"
+                                                  "kept_in_board,kept_scallop_dredge,kept_sum_engine_power,"
+                                                  "kept_sum_length,kept_sum_size"_qs)});
+        }
+    }
+};
+
+KELVORA_TEST(TestImports, "imports");
+
+}  // namespace kelvora::test_imports
+
+#include "test_imports.moc"

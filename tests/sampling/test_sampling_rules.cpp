@@ -1,0 +1,198 @@
+#include "data/csv_reader.h"
+#include "data/numbers.h"
+#include "sampling/gonad_fish.h"
+#include "sampling/gonad_import.h"
+#include "sampling/length_checks.h"
+#include "sampling/length_classes.h"
+#include "sampling/raising.h"
+#include "support/test_main.h"
+
+#include <QTest>
+
+namespace kelvora::test_sampling_rules {
+
+/// How samples are raised, put into classes, checked and read from files, without a screen.
+class TestSamplingRules : public QObject {
+    Q_OBJECT
+
+    static QString textOf(const std::optional<LengthClass>& c) {
+        return c ? plainText(c->lower) + u' ' + plainText(c->upper) + u' ' + plainText(c->middle()) : u"none"_qs;
+    }
+
+private Q_SLOTS:
+    void raising() {
+        QCOMPARE(raisingFactor(200, 10), 20.0);
+        QCOMPARE(raisingFactor(100, 3), 33.33);
+        QCOMPARE(raisingFactor(2.01, 2), 1.01);  // half a hundredth goes up
+    }
+
+    void everyLimitIsReadInItsOwnClass() {
+        for (const double interval : {0.1, 0.2, 0.25, 0.3, 0.7, 1.1, 2.0, 3.3}) {
+            for (int i = 0; i < kTableClasses; ++i) {
+                const QString limit = plainText(i * interval);
+                const auto found = classHolding(toNumber(limit).value(), interval);
+                QVERIFY2(found, qPrintable(limit));
+                QCOMPARE(plainText(found->lower), limit);
+                QCOMPARE(plainText(found->upper), plainText((i + 1) * interval));
+            }
+        }
+        double upper = 0.2;
+        for (int i = 0; i < 200; ++i) {
+            upper = nextClass(upper, 0.1).upper;
+        }
+        QCOMPARE(plainText(upper), u"20.2"_qs);
+    }
+
+    void classOfALength() {
+        struct Case {
+            double length, interval;
+            QString found;
+        };
+        for (const auto& [length, interval, found] : {Case{11.3, 2, u"10 12 11"_qs},
+                                                      {11.999999, 2, u"10 12 11"_qs},
+                                                      {0.1 + 0.2, 0.1, u"0.3 0.4 0.35"_qs},
+                                                      {0.29, 0.1, u"0.2 0.3 0.25"_qs},
+                                                      {95.9, 2, u"94 96 95"_qs},
+                                                      {96, 2, u"none"_qs},
+                                                      {4.8, 0.1, u"none"_qs},
+                                                      {-0.1, 2, u"none"_qs}}) {
+            QCOMPARE(textOf(classHolding(length, interval)), found);
+        }
+    }
+
+    void startOfALengthSample() {
+        const LengthStart good{2, 1, u"2"_qs, u"0"_qs, u"10"_qs};
+        const auto refusal = [&](auto field, const auto& text) {
+            LengthStart start = good;
+            start.*field = text;
+            const auto refused = startRefusal(start);
+            return refused ? refused->message : QString();
+        };
+        QCOMPARE(refusal(&LengthStart::weight, u"12.5"_qs), QString());
+        QCOMPARE(startRefusal({}).value().message, u"Please select species"_qs);
+        QCOMPARE(refusal(&LengthStart::operation, std::nullopt), u"Please select fishing operation"_qs);
+        for (const QString& text : {u""_qs, u"0"_qs, u"-2"_qs, u"2cm"_qs, u"1e307"_qs, u"inf"_qs}) {
+            QCOMPARE(refusal(&LengthStart::interval, text), u"Please input class interval: a number greater than 0"_qs);
+        }
+        for (const QString& text : {u""_qs, u"-1"_qs, u"1,5"_qs}) {
+            QCOMPARE(refusal(&LengthStart::weight, text), u"Please input sampling weight: a number not below 0"_qs);
+        }
+        for (const QString& text : {u""_qs, u"-1"_qs, u"96"_qs, u"10cm"_qs}) {
+            QCOMPARE(refusal(&LengthStart::lowerLimit, text),
+                     u"Please input lower limit: a number from 0 to below 96"_qs);
+        }
+    }
+
+    void gonadoSomaticIndex() {
+        struct Case {
+            QString gonad, body, stored;
+        };
+        for (const auto& [gonad, body, stored] : {Case{u"12"_qs, u"400"_qs, u"3"_qs},
+                                                  {u"20"_qs, u"300"_qs, u"6.66666666666667"_qs},
+                                                  {u"0.2"_qs, u"112"_qs, u"0.178571428571429"_qs},
+                                                  {u"0.07"_qs, u"1"_qs, u"7"_qs},
+                                                  {u"0"_qs, u"120"_qs, u"0"_qs},
+                                                  {u"12"_qs, u"0"_qs, u"null"_qs},
+                                                  {u"12"_qs, u"-3"_qs, u"null"_qs},
+                                                  {u"12"_qs, u"heavy"_qs, u"null"_qs},
+                                                  {u"1e300"_qs, u"1e-300"_qs, u"null"_qs}}) {
+            const Sql insert = insertFish(1, 2, 3, {{}, {}, {}, {}, body, {}, {}, gonad});
+            QCOMPARE(QString::fromStdString(insert.text()).section(u',', -1).chopped(1), stored);
+        }
+        // What a file may hold: a stage with its name, a quote, a number with a unit, none at all, one too large.
+        const GonadFish fish = {u"152mm"_qs, u""_qs,        u"1e999"_qs,  u" 7.50"_qs,
+                                u"50"_qs,    u"Fem'ale"_qs, u"3-Ripe"_qs, u"1"_qs};
+        QCOMPARE(QString::fromStdString(insertFish(7, 2, 6, fish).text()),
+                 u"Insert into gonad_detail(optid,spid,samplingno,tl,bl,fl,sl,bw,sex,stage,gw,gsi) "
+                 "values(7,2,6,152,0,0,7.5,50,'Fem''ale',3,1,2)"_qs);
+    }
+
+    void refusedFish() {
+        struct Case {
+            QString tl, bl, fl, sl, bw, gw, refusal;
+        };
+        const QString one = u"1"_qs, wrong = u"x"_qs;
+        for (const Case& fish : {Case{u"152"_qs, u"130"_qs, u"141"_qs, u"0"_qs, u".5"_qs, u"0"_qs, QString()},
+                                 {wrong, wrong, wrong, wrong, wrong, wrong, u"Please input TL in numeric"_qs},
+                                 {one, u""_qs, wrong, wrong, wrong, wrong, u"Please input BL in numeric"_qs},
+                                 {one, one, u"1,5"_qs, wrong, wrong, wrong, u"Please input FL in numeric"_qs},
+                                 {one, one, one, u"-1"_qs, wrong, wrong, u"Please input SL in numeric"_qs},
+                                 {one, one, one, one, u"-5"_qs, wrong, u"Please input BW in numeric"_qs},
+                                 {one, one, one, one, one, u"inf"_qs, u"Please input GW in numeric"_qs},
+                                 {one, one, one, one, u"0"_qs, one, u"BW must be greater than 0"_qs}}) {
+            const auto refusal = fishRefusal({fish.tl, fish.bl, fish.fl, fish.sl, fish.bw, {}, {}, fish.gw});
+            QCOMPARE(refusal ? refusal->message : QString(), fish.refusal);
+        }
+    }
+
+    void samplingWeight() {
+        const auto of = [](const QStringList& weights) {
+            std::vector<GonadFish> fish;
+            for (const QString& weight : weights) {
+                fish.emplace_back().bw = weight;
+            }
+            return samplingWeightText(bodyWeightSum(fish));
+        };
+        QCOMPARE(of({u"1000.5"_qs, u"4.5"_qs}), u"1.01"_qs);  // 1.005 kg
+        QCOMPARE(of({u"heavy"_qs, u"250 g"_qs}), u"0.25"_qs);
+    }
+
+    void fishFiles_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QStringList>("fish");
+        const QByteArray header = "TL,BL,FL,SL,BW,SEX,Stage,GW\n";
+        const QByteArray first = "152,130,141,128,48.5,F,2,1.2\n";
+        const QByteArray second = "160,138,149,135,55,m,1,0.4";
+        const QStringList two = {u"152|130|141|128|48.5|Female|2|1.2"_qs, u"160|138|149|135|55|Male|1|0.4"_qs};
+        const QStringList refused = {u"refused"_qs};
+        QTest::newRow("whole") << "\xEF\xBB\xBF" + header + first + second + "\r\n\r\n\n \n" << two;
+        QTest::newRow("fish over several lines") << header + "152,130,141,128\n48.5,F,2,1.2\n" + second << two;
+        QTest::newRow("quotes") << header + "152,\"130,5\",\"14\"\"1\",128,48.5,F,\"3-Ripe\nrunning\",1.2\n"
+                                << QStringList{u"152|130,5|14\"1|128|48.5|Female|3-Ripe\nrunning|1.2"_qs};
+        QTest::newRow("unchecked values") << header + "long,,-3,0x1F,0,J,ripe,\n"
+                                          << QStringList{u"long||-3|0x1F|0|None|ripe|"_qs};
+        QTest::newRow("header alone") << header << QStringList();
+        QTest::newRow("one name of the header right") << "a,b,c,d,e,sex,stage,GW\n" + first + second << two;
+        QTest::newRow("names misplaced") << "GW,TL,BL,FL,SL,BW,SEX,Stage\n" + first << refused;
+        QTest::newRow("header in small letters") << header.toLower() + first << refused;
+        QTest::newRow("no header") << first + second << refused;
+        QTest::newRow("short last fish") << header + first + "160,138,149\n" << refused;
+        QTest::newRow("short fish in the middle") << header + "152,130,141,128,48.5,F,2\n" + second << refused;
+        QTest::newRow("one field too many") << header + first.trimmed() + ",\n" + second << refused;
+        QTest::newRow("empty line in the middle") << header + "\n" + first << refused;
+        QTest::newRow("short header") << QByteArray("TL,BL,FL\n") << refused;
+        QTest::newRow("no text at all") << QByteArray("\xEF\xBB\xBF\n\n") << refused;
+        QTest::newRow("binary") << QByteArray("\x89PNG\r\n\x1A\n\0\0\0\rIHDR,\xFF,\xFE\0,", 22) << refused;
+    }
+    void fishFiles() {
+        QFETCH(QByteArray, bytes);
+        const auto fish = importedFish(decodedText(bytes));
+        QStringList lines;
+        for (const GonadFish& one : fish.value_or(std::vector<GonadFish>())) {
+            lines.append(QStringList{one.tl, one.bl, one.fl, one.sl, one.bw, one.sex, one.stage, one.gw}.join(u'|'));
+        }
+        QTEST(fish ? lines : QStringList{u"refused"_qs}, "fish");
+    }
+
+    void mostFishOfAFile() {
+        const QString header = u"TL,BL,FL,SL,BW,SEX,Stage,GW\n"_qs;
+        const QString fish = u"1,1,1,1,1,F,1,1\n"_qs;
+        const auto most = importedFish(header + fish.repeated(32'767));
+        QVERIFY(most && most->size() == 32'767U);
+        QVERIFY(!importedFish(header + fish.repeated(32'768)));
+    }
+
+    void sexes() {
+        QStringList read;
+        for (const QString& code : u"Female,F,FEMALE,female,f,Male,M,MALE,male,m,,U,J,MALe,F ,None"_qs.split(u',')) {
+            read.append(importedSex(code).first(1));
+        }
+        QCOMPARE(read.join(QString()), u"FFFFFMMMMMNNNNNN"_qs);
+    }
+};
+
+KELVORA_TEST(TestSamplingRules, "sampling_rules");
+
+}  // namespace kelvora::test_sampling_rules
+
+#include "test_sampling_rules.moc"
