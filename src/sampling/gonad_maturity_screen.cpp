@@ -8,9 +8,9 @@
 
 namespace kelvora {
 
-GonadMaturityScreen::GonadMaturityScreen(const Context& context, Connection::Patience patience)
+GonadMaturityScreen::GonadMaturityScreen(const Context& context)
     : Screen(tr("Gonad Matuarity Detail"), context),
-      m_connection(context.databasePath, patience),
+      m_connection(context.databasePath, Connection::Patience::Long),
       m_finder(new FinderPanel(tr("Fishing Information No."), m_connection, context)),
       m_entry(new GonadEntryPanel(*m_finder, m_connection, context)) {
     auto* tabs = new QTabWidget;

@@ -14,7 +14,7 @@ class GonadMaturityScreen : public Screen {
 
 public:
     /// Waits long for a file that another program holds: a sample of fish must not be lost to a passing lock.
-    explicit GonadMaturityScreen(const Context& context, Connection::Patience patience = Connection::Patience::Long);
+    explicit GonadMaturityScreen(const Context& context);
 
 private:
     Connection m_connection;
