@@ -40,14 +40,14 @@ private Q_SLOTS:
             store.db().execute(Sql("insert into fish(fishno, genus, fishname, classinterval) values (")
                                << number << ", 'G', " << name << "," << interval << ")");
         };
-        const auto found = [&](const Sql& condition) {
-            return store.rows(Sql("select fishno, classinterval / 2, genus & ' ' & fishname as n from fish where ")
-                              << condition);
-        };
         insert(1, u"year"_qs, 3);
         QVERIFY_EXCEPTION_THROWN(insert(1, u"again"_qs, 4), DataError);
         insert(2, u"?"_qs, 0.1);
         insert(3, QString(), -1e15);
+        const auto found = [&](const Sql& condition) {
+            return store.rows(Sql("select fishno, classinterval / 2, genus & ' ' & fishname as n from fish where ")
+                              << condition);
+        };
         QCOMPARE(found(Sql("fishname = ") << u"YEAR"_qs), QStringList{u"1|1.5|G year"_qs});
         QCOMPARE(found(Sql("fishname = ") << u"?"_qs), QStringList{u"2|0.05|G ?"_qs});
         QCOMPARE(found(Sql("fishname = ") << u"again"_qs), QStringList());

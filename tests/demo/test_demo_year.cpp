@@ -22,7 +22,7 @@ constexpr int kYear = 2017;
 double sumFrom(const ResultSet& table, int firstColumn) {
     double sum = 0;
     for (const auto& row : table.rows) {
-        for (std::size_t column = static_cast<std::size_t>(firstColumn); column < row.size(); ++column) {
+        for (auto column = static_cast<std::size_t>(firstColumn); column < row.size(); ++column) {
             sum += row[column].toDouble();
         }
     }
@@ -79,7 +79,7 @@ private Q_SLOTS:
         for (const CompositionSubset& subset : compositionSubsets()) {
             const ResultSet choices = m_db->query(compositionChoices(subset, kYear));
             QVERIFY2(choices.rowCount() > 1, qPrintable(subset.option));
-            const QVariant choice = choices.value(0, subset.key);
+            const QVariant& choice = choices.value(0, subset.key);
             QVERIFY2(!compositionOf(*m_db, subset, kYear, choice, 1).isEmpty(), qPrintable(subset.option));
         }
     }

@@ -20,6 +20,9 @@ QString fixed(long long hundredths) {
 
 /// The quotient of two whole numbers, rounded half up.
 long long rounded(long long dividend, long long divisor) {
+    if (divisor <= 0) {
+        qFatal("a part of nothing");
+    }
     return (2 * dividend + divisor) / (2 * divisor);
 }
 

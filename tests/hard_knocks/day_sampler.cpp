@@ -122,8 +122,8 @@ void Sampler::stepTo(const ScreenDriver& hand, const QString& navigator, const Q
     }
 }
 
-void Sampler::addPort(const Row& some) {
-    Row state = some;
+void Sampler::addPort(const Row& stored) {
+    Row state = stored;
     if (below(4) == 0) {
         state = {u"state"_qs, m_model.nextKey({u"state"_qs}), newName(u"State "_qs)};
         m_model.add(state);
@@ -165,7 +165,7 @@ void Sampler::recordOperation(const Row& port) {
     const QString area = any(m_model.rows({u"area"_qs}))[1];
     const Row method = any(m_model.rows({u"method"_qs}));
     const QDate date = QDate(2004, 1, 1).addDays(below(2 * 365));
-    const QString total = decimal(50 * (1 + below(2'000)));
+    const QString total = decimal(50LL * (1 + below(2'000)));
     open(u"Fishing Operation"_qs, u"Fishing Information"_qs)
         .enter(
             u"Vessel Name = %1; Fishing Gear = %2; Fishing Method = %3; Fishing Area = %4; Landing State/Province = "
@@ -222,7 +222,7 @@ void Sampler::weighGroup(const Row& operation) {
 void Sampler::measureLengths(const Row& caught) {
     const ScreenDriver hand = openOn(caught[1], kLengths, kLengths, kLengths);
     Row& fish = m_model.row({u"fish"_qs, caught[2]});
-    const QString weight = decimal(25 * (1 + below(100)));
+    const QString weight = decimal(25LL * (1 + below(100)));
     hand.choose(u"Species"_qs, m_model.speciesName(caught[2]));
     if (fish[6] == u"null") {
         fish[6] = QString::number(1 + below(3));
@@ -303,7 +303,7 @@ void Sampler::deleteSample(const Row& sample) {
 }
 
 void Sampler::correctWeight(const Row& lengths) {
-    const QString weight = decimal(25 * (1 + below(100)));
+    const QString weight = decimal(25LL * (1 + below(100)));
     openSample(lengths).enter(u"Sample weight (kg.) = %1; Update"_qs.arg(weight));
     expect(u"RESULT: Update complete!"_qs);
     m_model.row(lengths)[3] = weight;

@@ -37,7 +37,7 @@ private:
     };
     static const std::vector<Work>& works();
 
-    void addPort(const Row& state);
+    void addPort(const Row& stored);
     void deletePort(const Row& port);
     void addSpecies(const Row& species);
     void recordOperation(const Row& port);
@@ -56,7 +56,7 @@ private:
     int below(int limit) { return m_random.bounded(limit); }
     template <typename List>
     auto any(const List& list) {
-        return list[static_cast<std::size_t>(below(static_cast<int>(list.size())))];
+        return list[static_cast<typename List::size_type>(below(static_cast<int>(list.size())))];
     }
     QString newName(const QString& front) { return front + QString::number(++m_names); }
     /// Opens a screen with an operation on it.

@@ -6,6 +6,7 @@
 #include <QDate>
 
 #include <csignal>
+#include <string_view>
 #include <unistd.h>
 
 namespace kelvora::test::cut {
@@ -52,8 +53,8 @@ void sampleUntilKilled(const QString& path) {
     // Every species has its class interval.
     Action lengths = action("lengths");
     lengths.steps.remove(u"Class Interval = 2; "_qs);
-    const Action works[] = {action("an operation"), action("a single species"), action("a group"), lengths,
-                            action("fish")};
+    const std::vector<Action> works{action("an operation"), action("a single species"), action("a group"), lengths,
+                                    action("fish")};
     Session session;
     session.userName = u"Port Sampler"_qs;
     RecordingDialogs dialogs;
@@ -62,8 +63,8 @@ void sampleUntilKilled(const QString& path) {
         std::vector<std::unique_ptr<Screen>> screens;
         for (const Action& work : works) {
             prepare(work, screens.emplace_back(), {path, session, dialogs}).press(work.button);
-            constexpr char line[] = "saved\n";
-            if (write(STDOUT_FILENO, line, sizeof line - 1) < 0) {
+            constexpr std::string_view line = "saved\n";
+            if (write(STDOUT_FILENO, line.data(), line.size()) < 0) {
                 _exit(1);
             }
         }

@@ -91,7 +91,7 @@ class TestHostileFields : public QObject {
         field->setFocus();
         QMetaObject::invokeMethod(field, "selectAll");
         QMetaObject::invokeMethod(field, "paste");
-        const QString taken = field->property(field->inherits("QLineEdit") ? "text" : "plainText").toString();
+        QString taken = field->property(field->inherits("QLineEdit") ? "text" : "plainText").toString();
         QTest::keyClick(field, Qt::Key_Tab);
         return taken;
     }

@@ -168,7 +168,7 @@ private Q_SLOTS:
         const QByteArray whole = written();
         QVERIFY(!whole.isEmpty());
         {
-            const test::FullDisk full(whole.size() / 2);
+            const test::FullDisk full(static_cast<rlim_t>(whole.size() / 2));
             QVERIFY(write().contains(*dialogs.path));
             QCOMPARE(written(), whole);
         }

@@ -53,7 +53,7 @@ class TestPowerCut : public QObject {
         const auto& saves = test::cut::saves();
         const int count = static_cast<int>(saves.size());
         const auto rows = [&](int save) {
-            return QStringList(saves[save % count])
+            return QStringList(saves.at(static_cast<std::size_t>(save % count)))
                 .replaceInStrings(u"%1"_qs, QString::number(firstOperation + save / count));
         };
         QStringList sure = before;

@@ -10,6 +10,7 @@
 #include <QMdiArea>
 #include <QMenuBar>
 #include <QRadioButton>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
 
@@ -98,7 +99,7 @@ private:
             QTest::keyClick(at, Qt::Key_Tab);
         }
         const auto corner = [&](QWidget* stop) { return place(screen, stop).manhattanLength(); };
-        std::ranges::rotate(stops, std::ranges::min_element(stops, {}, corner));
+        std::rotate(stops.begin(), std::ranges::min_element(stops, {}, corner), stops.end());
         return stops;
     }
 

@@ -21,8 +21,8 @@ struct Lengths : Report<LengthFrequencyReportScreen> {
                   "update fishoperation set optdate = '2004-05-30' where optid = 2",
                   "update fishoperation set optdate = '2004-06-01' where optid = 3",
                   "insert into length values (1,1,5), (2,1,5), (3,1,5), (5,2,5)",
-                  "insert into length_detail values (3,1,10,12,11,1), (1,1,10,11,10.5,3), (2,1,10,11,10.5,4),"
-                  " (3,1,10,11,10.5,2), (1,1,9.5,10,9.75,0), (3,2,5,6,5.5,8)"}) {}
+                  "insert into length_detail values (3,1,10,12,11,1), (1,1,10,11,10.5,3), (2,1,10,11,10.5,4)",
+                  "insert into length_detail values (3,1,10,11,10.5,2), (1,1,9.5,10,9.75,0), (3,2,5,6,5.5,8)"}) {}
 };
 
 /// A set of lengths in classes, each of its periods as an operation, of species 7.
