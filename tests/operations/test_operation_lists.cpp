@@ -86,6 +86,21 @@ private Q_SLOTS:
         QCOMPARE(desk.store.rows("select stateid from samplingport where samplingid = 13"), QStringList{u"1"_qs});
     }
 
+    void twoStatesOfOneName() {
+        Desk desk;
+        desk.store.execute("insert into state values (9, 'Gamma'), (10, 'Gamma')");
+        desk.store.execute("insert into samplingport values (12, 'Gao', 9)");
+        desk.open();
+        desk.fill();
+        desk.at().choose(kState, u"Gamma"_qs);
+        desk.at().key(kState, Qt::Key_Down);
+        desk.at().type(kPort, u"Gao"_qs);
+        desk.store.dialogs.expectConfirm(kConfirm, portQuestion(u"Gao"_qs), true);
+        desk.saveWell();
+        QCOMPARE(desk.store.rows("select stateid from samplingport where samplingid = 13"), QStringList{u"10"_qs});
+        QCOMPARE(desk.storedPorts(), QStringList{u"13"_qs});
+    }
+
     void portsNeedAState() {
         Desk desk;
         desk.store.dialogs.expectMessage(u"ERROR"_qs, u" Please input state first"_qs);
