@@ -80,7 +80,7 @@ std::optional<int> FinderPanel::operation() const {
 void FinderPanel::clear() {
     m_details->clear();
     m_navigator->setCaption({});
-    m_number->clear();
+    setNumber({});
     Q_EMIT cleared();
 }
 
@@ -119,13 +119,18 @@ void FinderPanel::onArrived(int row) {
 }
 
 void FinderPanel::setOperation(int operation) {
-    m_number->setText(QString::number(operation));
+    setNumber(QString::number(operation));
     const ResultSet details = m_connection.query(operationByNumber(operation));
     if (details.isEmpty()) {
         return;
     }
     m_details->fill(details, 0);
     Q_EMIT loaded();
+}
+
+void FinderPanel::setNumber(const QString& number) {
+    m_number->setText(number);
+    Q_EMIT operationChanged();
 }
 
 }  // namespace kelvora

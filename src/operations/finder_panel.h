@@ -37,6 +37,8 @@ public:
     [[nodiscard]] std::optional<int> operation() const;
 
 Q_SIGNALS:
+    /// Another operation is current, or none any more. It may have no details to load.
+    void operationChanged();
     /// No operation is current any more: the screen blanks what it shows of one.
     void cleared();
     /// The details of the current operation have been loaded: the screen shows what it has of it.
@@ -48,6 +50,7 @@ private:
     void onSearch();
     void onArrived(int row);
     void setOperation(int operation);
+    void setNumber(const QString& number);
 
     Connection& m_connection;
     Context m_context;

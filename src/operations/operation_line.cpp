@@ -13,8 +13,7 @@ OperationLine::OperationLine(const FinderPanel& finder) {
         setText(number.isEmpty() ? tr("No fishing operation is chosen: find one on the tab \"Fishing Operation\".")
                                  : QStringLiteral("%1 %2").arg(finder.numberCaption(), number));
     };
-    connect(&finder, &FinderPanel::cleared, this, show);
-    connect(&finder, &FinderPanel::loaded, this, show);
+    connect(&finder, &FinderPanel::operationChanged, this, show);
     show();
 }
 

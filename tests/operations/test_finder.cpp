@@ -1,6 +1,7 @@
 #include "controls/bound_list.h"
 #include "controls/record_navigator.h"
 #include "operations/finder_panel.h"
+#include "operations/operation_line.h"
 #include "support/screen_driver.h"
 #include "support/temporary_store.h"
 #include "support/test_main.h"
@@ -28,6 +29,7 @@ struct Finder {
     }
     void open(bool firstCriterion) {
         panel = std::make_unique<FinderPanel>(u"Fishing operation no."_qs, store.db(), store.context());
+        line = std::make_unique<OperationLine>(*panel);
         panel->open(firstCriterion);
     }
     [[nodiscard]] test::ScreenDriver hand() const { return test::ScreenDriver(panel.get()); }
@@ -53,6 +55,7 @@ struct Finder {
 
     test::TemporaryStore store;
     std::unique_ptr<FinderPanel> panel;
+    std::unique_ptr<OperationLine> line;
 };
 
 class TestFinder : public QObject {
@@ -192,6 +195,7 @@ private Q_SLOTS:
         saved.store.execute("delete from vessel where vesselname = 'Blue Fin'");
         saved.open(true);
         QCOMPARE(saved.panel->operation(), std::optional(2));
+        QCOMPARE(saved.line->text(), u"Fishing operation no. 2"_qs);
         QCOMPARE(saved.hand().text(u"Date"_qs), QString());
     }
 
@@ -204,6 +208,7 @@ private Q_SLOTS:
         finder.hand().move(kResult, u"Next"_qs);
         QVERIFY(finder.store.dialogs.done());
         QVERIFY(!finder.panel->operation());
+        QVERIFY(finder.line->text().startsWith(u"No fishing operation"));
         QCOMPARE(finder.hand().text(kVessel), QString());
     }
 };
