@@ -7,7 +7,6 @@
 #include "operations/operation_entry.h"
 #include "operations/operation_form.h"
 
-#include <QCloseEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -68,18 +67,6 @@ OperationEntryScreen::OperationEntryScreen(const Context& context, Connection::P
 
 OperationEntryScreen::~OperationEntryScreen() {
     context().session.lastSavedOperation = 0;
-}
-
-void OperationEntryScreen::showEvent(QShowEvent* event) {
-    Screen::showEvent(event);
-    if (focusWidget() == nullptr) {
-        m_form->startTyping();
-    }
-}
-
-void OperationEntryScreen::closeEvent(QCloseEvent* event) {
-    context().session.lastSavedOperation = 0;
-    Screen::closeEvent(event);
 }
 
 void OperationEntryScreen::save() {

@@ -34,10 +34,6 @@ public:
     /// Executes the complete insert statement of a vessel, and keeps it if the sampler confirms.
     void addvessel(const Sql& statement);
 
-protected:
-    void showEvent(QShowEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
-
 private:
     void save();
     void clear();

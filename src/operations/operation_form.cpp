@@ -205,10 +205,6 @@ void OperationForm::clear(const QString& recorder) {
     }
     m_ports->clearSource();
     m_methods->clearSource();
-    startTyping();
-}
-
-void OperationForm::startTyping() {
     m_vesselNames->setFocus();
 }
 

@@ -31,9 +31,6 @@ public:
     /// Everything as for a new operation, the keyboard in the vessel's name. Leaves the number as it is.
     void clear(const QString& recorder);
 
-    /// Puts the keyboard into the vessel's name, the first field to be filled in.
-    void startTyping();
-
     /// Fills lists again; each keeps what it shows.
     void fillLists();
     void fillVessels();

@@ -123,7 +123,7 @@ private Q_SLOTS:
         desk.fill();
         desk.saveWell();
         QCOMPARE(desk.store.session.lastSavedOperation, 2);
-        desk.screen->close();
+        desk.screen.reset();
         QCOMPARE(desk.store.session.lastSavedOperation, 0);
     }
 
