@@ -14,26 +14,6 @@
 #include <QTest>
 #include <QThread>
 
-namespace kelvora::test_power_cut_sampler {
-
-/// The sampler whose power is cut: the same executable, started once more with a data file to work on.
-class Sampler : public QObject {
-    Q_OBJECT
-
-private Q_SLOTS:
-    void work() {
-        const QString path = qEnvironmentVariable(test::cut::kWorkplace);
-        if (path.isEmpty()) {
-            QSKIP("works for the test of the power cut only");
-        }
-        test::cut::sampleUntilKilled(path);
-    }
-};
-
-KELVORA_TEST(Sampler, "sampler_of_the_power_cut");
-
-}  // namespace kelvora::test_power_cut_sampler
-
 namespace kelvora::test_power_cut {
 
 /// The samplers' computer loses its power again and again: after each time the file is sound, every save that the
@@ -84,7 +64,7 @@ class TestPowerCut : public QObject {
                                QString::number(1 + random.bounded(writesOfTwoOperations)));
         }
         sampler.setProcessEnvironment(environment);
-        sampler.start(QCoreApplication::applicationFilePath(), {u"sampler_of_the_power_cut"_qs});
+        sampler.start(QCoreApplication::applicationFilePath(), {u"power_cut"_qs});
         const int saves = random.bounded(6);
         QByteArray out;
         while ((atWrite || out.count("saved\n") < saves) && sampler.waitForReadyRead(30'000)) {
@@ -107,6 +87,13 @@ class TestPowerCut : public QObject {
     QString m_path = m_folder.filePath(u"kelvora_db.sqlite"_qs);
 
 private Q_SLOTS:
+    /// The sampler whose power is cut is this executable, started once more with a data file to work on.
+    void initTestCase() {
+        if (const QString path = qEnvironmentVariable(test::cut::kWorkplace); !path.isEmpty()) {
+            test::cut::sampleUntilKilled(path);
+        }
+    }
+
     void cutAgainAndAgain() {
         test::TemporaryStore rows;
         rows.addReferenceRows();
