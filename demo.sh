@@ -4,19 +4,14 @@
 set -eu
 cd "$(dirname "$0")"
 
-if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ] && [ -z "${QT_QPA_PLATFORM:-}" ]; then
-    echo "Kelvora needs a display: start it from a desktop, or set DISPLAY." >&2
-    exit 1
-fi
-
 . packaging/packages.sh
 install_missing_packages
 cmake --preset release >/dev/null
-cmake --build --preset release --target kelvora make_demo
+cmake --build --preset release --target make_demo
 file=build/demo/Kelvora/kelvora_db.sqlite
 if [ ! -e "$file" ] || [ "${1:-}" = new ]; then
     mkdir -p build/demo/Kelvora
     build/release/demo/make_demo "$file"
 fi
 export XDG_DATA_HOME="$PWD/build/demo"
-exec build/release/kelvora
+exec ./run.sh
