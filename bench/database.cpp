@@ -18,6 +18,8 @@
 #include <stdexcept>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::bench {
 namespace {
 
@@ -25,10 +27,7 @@ namespace {
 constexpr int kVersion = 3;
 
 std::string numbered(const char* name, int number, int digits) {
-    return QStringLiteral("%1 %2")
-        .arg(QString::fromLatin1(name))
-        .arg(number, digits, 10, QLatin1Char('0'))
-        .toStdString();
+    return u"%1 %2"_s.arg(QString::fromLatin1(name)).arg(number, digits, 10, QLatin1Char('0')).toStdString();
 }
 
 /// Fills one data file. Numbers come from the generator alone: a distribution of the library differs between compilers.
@@ -201,8 +200,7 @@ void Generator::addFish(int number, const Weighed& sampled) {
 }  // namespace
 
 Size sizeCalled(const QString& name) {
-    for (const Size& size : {Size{QStringLiteral("small"), 100, 1}, Size{QStringLiteral("season"), 3000, 1},
-                             Size{QStringLiteral("ceiling"), 32767, 10}}) {
+    for (const Size& size : {Size{u"small"_s, 100, 1}, Size{u"season"_s, 3000, 1}, Size{u"ceiling"_s, 32767, 10}}) {
         if (size.name == name) {
             return size;
         }
@@ -211,11 +209,11 @@ Size sizeCalled(const QString& name) {
 }
 
 QString databaseOf(const Size& size, const QString& folder) {
-    QString path = QDir(folder).filePath(QStringLiteral("%1-v%2.sqlite").arg(size.name).arg(kVersion));
+    QString path = QDir(folder).filePath(u"%1-v%2.sqlite"_s.arg(size.name).arg(kVersion));
     if (QFile::exists(path)) {
         return path;
     }
-    const QString unfinished = path + QStringLiteral(".part");
+    const QString unfinished = path + u".part"_s;
     QFile::remove(unfinished);
     prepareStore(unfinished);
     {

@@ -12,10 +12,12 @@
 #include <algorithm>
 #include <benchmark/benchmark.h>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::bench {
 namespace {
 
-const QString kFolder = QStringLiteral(KELVORA_BENCH_FILES);
+const QString kFolder = u"" KELVORA_BENCH_FILES ""_s;
 
 double milliseconds(const std::function<void()>& work) {
     QElapsedTimer timer;
@@ -127,7 +129,7 @@ void measureStart(benchmark::State& state, const QString& path) {
         const auto waited = measured(15, [&] {
             QProcess program;
             const double shown = milliseconds([&] {
-                program.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--start"), path});
+                program.start(QCoreApplication::applicationFilePath(), {u"--start"_s, path});
                 program.waitForReadyRead();
             });
             program.waitForFinished();
@@ -153,9 +155,9 @@ void measureLogin(benchmark::State& state, const QString& path) {
             const auto login = std::ranges::find_if(
                 windows, [](const QWidget* w) { return w->isVisible() && w->inherits("kelvora::LoginDialog"); });
             const test::ScreenDriver hand(*login);
-            hand.type(QStringLiteral("PASSWORD"), QStringLiteral("kelvora"));
+            hand.type(u"PASSWORD"_s, u"kelvora"_s);
             return milliseconds([&] {
-                hand.press(QStringLiteral("Log in"));
+                hand.press(u"Log in"_s);
                 QCoreApplication::processEvents();
                 for (QWidget* window : QApplication::topLevelWidgets()) {
                     if (window->inherits("kelvora::MainWindow") && window->isVisible()) {
@@ -175,8 +177,8 @@ void add(const QString& name, const std::function<void(benchmark::State&)>& body
 
 int run(const QString& size, const QString& preparation) {
     const QString path = databaseOf(sizeCalled(size), kFolder);
-    add(QStringLiteral("program start to login dialog"), [&](auto& state) { measureStart(state, path); });
-    add(QStringLiteral("login to main window"), [&](auto& state) { measureLogin(state, path); });
+    add(u"program start to login dialog"_s, [&](auto& state) { measureStart(state, path); });
+    add(u"login to main window"_s, [&](auto& state) { measureLogin(state, path); });
 
     Office office(sizeCalled(size), kFolder, preparation);
     const double signedIn = residentMegabytes();

@@ -14,6 +14,8 @@
 #include <stdexcept>
 #ifdef Q_OS_LINUX
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
 #endif
 
 namespace kelvora::bench {
@@ -49,8 +51,8 @@ QMdiSubWindow* windowOf(const QWidget& window, const QString& title) {
 }  // namespace
 
 Office::Office(const Size& size, const QString& folder, const QString& preparation)
-    : m_size(size), m_folder(folder + QStringLiteral("/office-XXXXXX")) {
-    const QString path = file(QStringLiteral("kelvora_db.sqlite"));
+    : m_size(size), m_folder(folder + u"/office-XXXXXX"_s) {
+    const QString path = file(u"kelvora_db.sqlite"_s);
     if (!QFile::copy(databaseOf(size, folder), path)) {
         throw std::runtime_error("the data file cannot be copied");
     }
@@ -140,7 +142,7 @@ void Office::ask(const std::vector<std::string>& statements) {
 
 double residentMegabytes() {
 #ifdef Q_OS_LINUX
-    QFile file(QStringLiteral("/proc/self/statm"));
+    QFile file(u"/proc/self/statm"_s);
     if (file.open(QIODevice::ReadOnly)) {
         return file.readAll().split(' ').value(1).toDouble() * static_cast<double>(sysconf(_SC_PAGESIZE)) / (1 << 20);
     }

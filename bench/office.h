@@ -13,8 +13,10 @@
 #include <vector>
 
 namespace SQLite {
+
+using namespace Qt::StringLiterals;
 class Database;
-}
+}  // namespace SQLite
 
 namespace kelvora::bench {
 
@@ -37,7 +39,7 @@ public:
     [[nodiscard]] int deskOperation() const { return m_size.operations - 1; }
 
     test::ScriptedDialogs dialogs;
-    Session session{QStringLiteral("Administrator"), QStringLiteral("kelvora"), QStringLiteral("Port Sampler")};
+    Session session{u"Administrator"_s, u"kelvora"_s, u"Port Sampler"_s};
 
     /// A report's connection, to ask for its data without its screen.
     Connection& connection() { return *m_connection; }

@@ -5,27 +5,29 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::bench {
 namespace {
 
 /// A sampling screen on the desk's operation, with its entry tab in front.
 test::ScreenDriver atDesk(Office& office, const QString& caption, const QString& title, const QString& tab) {
     const test::ScreenDriver hand = office.open(caption, title, true);
-    hand.openTab(u"Fishing Operation"_qs);
-    hand.choose(u"Criterion"_qs, u"Vessel"_qs);
-    hand.choose(u"Value"_qs, u"Desk vessel"_qs);
-    hand.press(u"Search"_qs);
+    hand.openTab(u"Fishing Operation"_s);
+    hand.choose(u"Criterion"_s, u"Vessel"_s);
+    hand.choose(u"Value"_s, u"Desk vessel"_s);
+    hand.press(u"Search"_s);
     hand.openTab(tab);
     return hand;
 }
 test::ScreenDriver composition(Office& office) {
-    return office.open(u"Species Composition"_qs, u"Species Composition"_qs, true);
+    return office.open(u"Species Composition"_s, u"Species Composition"_s, true);
 }
 test::ScreenDriver lengths(Office& office) {
-    return office.open(u"Length Frequency"_qs, u"Length Frequency"_qs, true);
+    return office.open(u"Length Frequency"_s, u"Length Frequency"_s, true);
 }
 test::ScreenDriver gonads(Office& office) {
-    return office.open(u"Gonad Maturity"_qs, u"Gonad Matuarity Detail"_qs, true);
+    return office.open(u"Gonad Maturity"_s, u"Gonad Matuarity Detail"_s, true);
 }
 
 QString written(const Office& office, const QString& name, const QByteArray& bytes) {
@@ -45,25 +47,25 @@ QByteArray fishFile(int count) {
 }
 
 Action saveOperation(const Office& office) {
-    const auto screen = [](Office& at) { return at.open(u"Fishing Operation"_qs, u"Fishing Information"_qs, true); };
+    const auto screen = [](Office& at) { return at.open(u"Fishing Operation"_s, u"Fishing Information"_s, true); };
     const std::string number = std::to_string(office.deskOperation() + 1);
-    return {.name = u"save an operation"_qs,
+    return {.name = u"save an operation"_s,
             .before =
                 [=](Office& at) {
                     const test::ScreenDriver hand = screen(at);
-                    hand.press(u"CLEAR"_qs);
-                    for (const auto& [field, row] : {std::pair{u"Vessel Name"_qs, u"Vessel 0001"_qs},
-                                                     {u"Fishing Gear"_qs, u"Gear 01"_qs},
-                                                     {u"Fishing Method"_qs, u"Method 01"_qs},
-                                                     {u"Fishing Area"_qs, u"Area 01"_qs},
-                                                     {u"Landing State/Province"_qs, u"State 01"_qs},
-                                                     {u"Landing Port"_qs, u"Port 001"_qs}}) {
+                    hand.press(u"CLEAR"_s);
+                    for (const auto& [field, row] : {std::pair{u"Vessel Name"_s, u"Vessel 0001"_s},
+                                                     {u"Fishing Gear"_s, u"Gear 01"_s},
+                                                     {u"Fishing Method"_s, u"Method 01"_s},
+                                                     {u"Fishing Area"_s, u"Area 01"_s},
+                                                     {u"Landing State/Province"_s, u"State 01"_s},
+                                                     {u"Landing Port"_s, u"Port 001"_s}}) {
                         hand.choose(field, row);
                     }
-                    hand.type(u"Total Catch (kg/trip)"_qs, u"80.5"_qs);
-                    at.dialogs.expectMessage(u"Insert Complete"_qs);
+                    hand.type(u"Total Catch (kg/trip)"_s, u"80.5"_s);
+                    at.dialogs.expectMessage(u"Insert Complete"_s);
                 },
-            .run = [=](Office& at) { screen(at).press(u"SAVE"_qs); },
+            .run = [=](Office& at) { screen(at).press(u"SAVE"_s); },
             .direct = {"INSERT INTO fishoperation VALUES (" + number +
                        ", 1, 'Port Sampler', '2025-12-31', 1, 7, 0, 99, "
                        "0, 0, 0, 'Day', 0, 0, 80.5, '', 'Vessel 0001', 'Area 01')"},
@@ -72,15 +74,15 @@ Action saveOperation(const Office& office) {
 }
 
 Action saveSingleSpecies(const std::string& desk) {
-    return {.name = u"save a single species"_qs,
+    return {.name = u"save a single species"_s,
             .before =
                 [](Office& at) {
                     const auto hand =
-                        atDesk(at, u"Species Composition"_qs, u"Species Composition"_qs, u"Species Composition"_qs);
-                    hand.within(u"Single species"_qs).choose(u"Species"_qs, speciesName(11));
-                    hand.within(u"Single species"_qs).type(u"Weight"_qs, u"12.5"_qs);
+                        atDesk(at, u"Species Composition"_s, u"Species Composition"_s, u"Species Composition"_s);
+                    hand.within(u"Single species"_s).choose(u"Species"_s, speciesName(11));
+                    hand.within(u"Single species"_s).type(u"Weight"_s, u"12.5"_s);
                 },
-            .run = [](Office& at) { composition(at).within(u"Single species"_qs).press(u"Add"_qs); },
+            .run = [](Office& at) { composition(at).within(u"Single species"_s).press(u"Add"_s); },
             .direct = saved(
                 {"INSERT INTO group_composition VALUES (" + desk + ", 11, 1, 12.5, 12.5)",
                  "UPDATE group_main SET totalsampling = totalsampling + 12.5 WHERE groupid = 1 AND optid = " + desk}),
@@ -93,22 +95,22 @@ Action saveGroup(const std::string& desk) {
     for (int species = 21; species <= 26; ++species) {
         inserts.push_back("INSERT INTO group_composition VALUES (" + desk + "," + std::to_string(species) + ",2,4,33)");
     }
-    return {.name = u"save a group of 6 species"_qs,
+    return {.name = u"save a group of 6 species"_s,
             .before =
                 [](Office& at) {
                     const auto hand =
-                        atDesk(at, u"Species Composition"_qs, u"Species Composition"_qs, u"Species Composition"_qs);
-                    const auto group = hand.within(u"Sampling group"_qs);
-                    group.type(u"Group"_qs, u"Trash"_qs);
-                    group.type(u"Total weight"_qs, u"200"_qs);
+                        atDesk(at, u"Species Composition"_s, u"Species Composition"_s, u"Species Composition"_s);
+                    const auto group = hand.within(u"Sampling group"_s);
+                    group.type(u"Group"_s, u"Trash"_s);
+                    group.type(u"Total weight"_s, u"200"_s);
                     for (int species = 21; species <= 26; ++species) {
-                        group.choose(u"Species"_qs, speciesName(species));
-                        group.type(u"Weight"_qs, u"4"_qs);
-                        group.press(u"ADD"_qs);
+                        group.choose(u"Species"_s, speciesName(species));
+                        group.type(u"Weight"_s, u"4"_s);
+                        group.press(u"ADD"_s);
                     }
-                    at.dialogs.expectConfirm(u"CONFIRM"_qs, u"Are you sure to 'SAVE' this group"_qs, true);
+                    at.dialogs.expectConfirm(u"CONFIRM"_s, u"Are you sure to 'SAVE' this group"_s, true);
                 },
-            .run = [](Office& at) { composition(at).within(u"Sampling group"_qs).press(u"SAVE"_qs); },
+            .run = [](Office& at) { composition(at).within(u"Sampling group"_s).press(u"SAVE"_s); },
             .direct = saved(inserts),
             .undo = {"DELETE FROM group_main WHERE groupid > 1 AND optid = " + desk,
                      "DELETE FROM group_composition WHERE groupid > 1 AND optid = " + desk}};
@@ -119,38 +121,37 @@ Action saveLengths(const std::string& desk) {
     for (int i = 0; i < 20; ++i) {
         inserts.push_back("INSERT INTO length_detail VALUES (" + desk + ", 2, 11, 11.5, 11.25, 3)");
     }
-    return {.name = u"save a length sample of 20 classes"_qs,
+    return {.name = u"save a length sample of 20 classes"_s,
             .before =
                 [](Office& at) {
-                    const auto hand =
-                        atDesk(at, u"Length Frequency"_qs, u"Length Frequency"_qs, u"Length Frequency"_qs);
-                    hand.choose(u"Species"_qs, speciesName(2));
-                    hand.type(u"Sampling weight"_qs, u"2.5"_qs);
-                    hand.type(u"Lower limit(cm)"_qs, u"11"_qs);
-                    hand.press(u"START INPUT>>"_qs);
+                    const auto hand = atDesk(at, u"Length Frequency"_s, u"Length Frequency"_s, u"Length Frequency"_s);
+                    hand.choose(u"Species"_s, speciesName(2));
+                    hand.type(u"Sampling weight"_s, u"2.5"_s);
+                    hand.type(u"Lower limit(cm)"_s, u"11"_s);
+                    hand.press(u"START INPUT>>"_s);
                     for (int i = 0; i < 20; ++i) {
-                        hand.type(u"Frequency"_qs, u"3"_qs);
-                        hand.key(u"Frequency"_qs, Qt::Key_Return);
+                        hand.type(u"Frequency"_s, u"3"_s);
+                        hand.key(u"Frequency"_s, Qt::Key_Return);
                     }
-                    hand.press(u"FINISH"_qs);
-                    at.dialogs.expectConfirm(u"Confirm"_qs, u"Are you sure to insert this data"_qs, true);
+                    hand.press(u"FINISH"_s);
+                    at.dialogs.expectConfirm(u"Confirm"_s, u"Are you sure to insert this data"_s, true);
                 },
-            .run = [](Office& at) { lengths(at).press(u"SAVE"_qs); },
+            .run = [](Office& at) { lengths(at).press(u"SAVE"_s); },
             .direct = saved(inserts),
             .undo = {"DELETE FROM length WHERE optid = " + desk, "DELETE FROM length_detail WHERE optid = " + desk}};
 }
 
 /// The gonad screen with a species of the desk's catch chosen.
 test::ScreenDriver measuring(Office& at) {
-    const auto hand = atDesk(at, u"Gonad Maturity"_qs, u"Gonad Matuarity Detail"_qs, u"Gonad Maturity Detail"_qs);
-    hand.press(u"CLEAR"_qs);
-    hand.choose(u"Species"_qs, speciesName(3));
-    hand.press(u"ADD SAMPLING >>"_qs);
+    const auto hand = atDesk(at, u"Gonad Maturity"_s, u"Gonad Matuarity Detail"_s, u"Gonad Maturity Detail"_s);
+    hand.press(u"CLEAR"_s);
+    hand.choose(u"Species"_s, speciesName(3));
+    hand.press(u"ADD SAMPLING >>"_s);
     return hand;
 }
 
 void expectFish(Office& at, int count) {
-    at.dialogs.expectOpenFile(written(at, u"fish.csv"_qs, fishFile(count)));
+    at.dialogs.expectOpenFile(written(at, u"fish.csv"_s, fishFile(count)));
 }
 
 Action saveFish(const std::string& desk) {
@@ -159,15 +160,15 @@ Action saveFish(const std::string& desk) {
         inserts.push_back("INSERT INTO gonad_detail VALUES (" + desk + ", 3, " + std::to_string(i) +
                           ", 152, 130, 141, 128, 30, 'Female', 3, 1.5, 5)");
     }
-    return {.name = u"save 30 fish, each for good on its own"_qs,
+    return {.name = u"save 30 fish, each for good on its own"_s,
             .before =
                 [](Office& at) {
                     const auto hand = measuring(at);
                     expectFish(at, 30);
-                    hand.press(u"IMPORT"_qs);
-                    at.dialogs.expectConfirm(u"Confirm"_qs, u"Are you sure to add this data to database"_qs, true);
+                    hand.press(u"IMPORT"_s);
+                    at.dialogs.expectConfirm(u"Confirm"_s, u"Are you sure to add this data to database"_s, true);
                 },
-            .run = [](Office& at) { gonads(at).press(u"SAVE"_qs); },
+            .run = [](Office& at) { gonads(at).press(u"SAVE"_s); },
             .direct = inserts,
             .undo = {"DELETE FROM gonad WHERE optid = " + desk, "DELETE FROM gonad_detail WHERE optid = " + desk}};
 }
@@ -181,7 +182,7 @@ struct Import {
 
 void addImport(std::vector<Action>& actions, const Import& import) {
     const auto frame = [import](Office& at) {
-        const auto hand = at.open(u"General Information"_qs, u"General Information"_qs, true);
+        const auto hand = at.open(u"General Information"_s, u"General Information"_s, true);
         hand.openTab(import.tab);
         return hand.within(import.frame);
     };
@@ -190,9 +191,9 @@ void addImport(std::vector<Action>& actions, const Import& import) {
         for (int i = 1; i <= 5000; ++i) {
             bytes += QByteArray(import.record).replace('#', QByteArray::number(i));
         }
-        at.dialogs.expectOpenFile(written(at, import.name + u".csv"_qs, bytes));
+        at.dialogs.expectOpenFile(written(at, import.name + u".csv"_s, bytes));
     };
-    actions.push_back({.name = u"read a file of 5,000 "_qs + import.name,
+    actions.push_back({.name = u"read a file of 5,000 "_s + import.name,
                        .before =
                            [=](Office& at) {
                                if (frame(at).enabled(import.clear)) {
@@ -200,13 +201,13 @@ void addImport(std::vector<Action>& actions, const Import& import) {
                                }
                                expect(at);
                            },
-                       .run = [=](Office& at) { frame(at).press(u"Import"_qs); }});
-    actions.push_back({.name = u"store 5,000 imported "_qs + import.name,
+                       .run = [=](Office& at) { frame(at).press(u"Import"_s); }});
+    actions.push_back({.name = u"store 5,000 imported "_s + import.name,
                        .before =
                            [=](Office& at) {
                                expect(at);
-                               frame(at).press(u"Import"_qs);
-                               at.dialogs.expectConfirm(u"CONFIRM"_qs, u"Are you sure to insert '5000' data"_qs, true);
+                               frame(at).press(u"Import"_s);
+                               at.dialogs.expectConfirm(u"CONFIRM"_s, u"Are you sure to insert '5000' data"_s, true);
                            },
                        .run = [=](Office& at) { frame(at).press(import.save); },
                        .direct = {import.direct},
@@ -220,17 +221,17 @@ std::vector<Action> sampleActions(const Office& office) {
     const std::string desk = std::to_string(office.deskOperation());
     std::vector<Action> actions = {saveOperation(office), saveSingleSpecies(desk), saveGroup(desk), saveLengths(desk),
                                    saveFish(desk)};
-    actions.push_back({.name = u"read a file of 5,000 measured fish"_qs,
+    actions.push_back({.name = u"read a file of 5,000 measured fish"_s,
                        .before =
                            [](Office& at) {
                                measuring(at);
                                expectFish(at, 5000);
                            },
-                       .run = [](Office& at) { gonads(at).press(u"IMPORT"_qs); },
-                       .after = [](Office& at) { gonads(at).press(u"CLEAR"_qs); }});
+                       .run = [](Office& at) { gonads(at).press(u"IMPORT"_s); },
+                       .after = [](Office& at) { gonads(at).press(u"CLEAR"_s); }});
     const std::string rows = "WITH RECURSIVE n(i) AS (VALUES (1) UNION ALL SELECT i + 1 FROM n WHERE i < 5000) ";
     addImport(actions,
-              {u"Fishing Vessel"_qs, u"Vessel import"_qs, u"Save"_qs, u"Clear"_qs, u"vessels"_qs,
+              {u"Fishing Vessel"_s, u"Vessel import"_s, u"Save"_s, u"Clear"_s, u"vessels"_s,
                "vessel name,vessel register id,engine type,engine power,length(m),state/province,size(GRT),type "
                "of gear,net length(m),net width(m),mesh size(cm)\n",
                "New #,N-#,In Board,80,7.5,State 01,2,Gear 01,1,2,3\n",
@@ -238,7 +239,7 @@ std::vector<Action> sampleActions(const Office& office) {
                       "'3', '1', '2' FROM n WHERE NOT EXISTS (SELECT 1 FROM vessel WHERE vesselname = 'New ' || i)",
                "DELETE FROM vessel WHERE vesselname LIKE 'New %'"});
     addImport(actions,
-              {u"Target Species"_qs, u"IMPORT"_qs, u"SAVE"_qs, u"CLEAR"_qs, u"species"_qs,
+              {u"Target Species"_s, u"IMPORT"_s, u"SAVE"_s, u"CLEAR"_s, u"species"_s,
                "Family,Genus,Species,Common name\n", "Newidae,Newia,nova#,Newcomer #\n",
                rows + "INSERT INTO fish SELECT 600 + i, 'Newidae', 'Newia', 'nova' || i, 'Newcomer ' || i, NULL "
                       "FROM n",

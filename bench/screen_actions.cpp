@@ -2,6 +2,8 @@
 #include "office.h"
 #include "operations/operation_query.h"
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::bench {
 namespace {
 
@@ -14,21 +16,21 @@ struct Window {
 
 const std::vector<Window>& windows() {
     static const std::vector<Window> all = {
-        {u"General Information"_qs, u"General Information"_qs, true,
+        {u"General Information"_s, u"General Information"_s, true,
          choices({"state", "samplingport", "Fishing_gear", "Fishing_method", "fishing_area", "fish", "vessel"})},
-        {u"Fishing Operation"_qs, u"Fishing Information"_qs, true,
+        {u"Fishing Operation"_s, u"Fishing Information"_s, true,
          choices({"state ORDER BY statename", "vessel ORDER BY vesselname", "Fishing_gear", "Fishing_method",
                   "fishing_area"}) +
              Statements{"SELECT max(optid) FROM fishoperation"}},
-        {u"Species Composition"_qs, u"Species Composition"_qs, true, choices({"state"}) + Statements{kSpeciesList}},
-        {u"Length Frequency"_qs, u"Length Frequency"_qs, true, choices({"state"})},
-        {u"Gonad Maturity"_qs, u"Gonad Matuarity Detail"_qs, true, choices({"state", "gonad_stage"})},
-        {u"Search"_qs, u"Search"_qs, false, choices({"state", "gonad_stage"})},
-        {u"Change password"_qs, u"CHANGE PASSWORD"_qs, false, {}},
-        {u"Fishing Information"_qs, u"Number of record and estimate total catch"_qs, false, years("fishoperation")},
-        {u"Species composition"_qs, u"Species Composition Report"_qs, false, years("group_composition")},
-        {u"Length Frequency"_qs, u"Length Frequency Report"_qs, false, years("length") + Statements{kSpeciesList}},
-        {u"Gonad Maturity"_qs, u"Gonad Matuarity Report"_qs, false, years("gonad_detail") + Statements{kSpeciesList}},
+        {u"Species Composition"_s, u"Species Composition"_s, true, choices({"state"}) + Statements{kSpeciesList}},
+        {u"Length Frequency"_s, u"Length Frequency"_s, true, choices({"state"})},
+        {u"Gonad Maturity"_s, u"Gonad Matuarity Detail"_s, true, choices({"state", "gonad_stage"})},
+        {u"Search"_s, u"Search"_s, false, choices({"state", "gonad_stage"})},
+        {u"Change password"_s, u"CHANGE PASSWORD"_s, false, {}},
+        {u"Fishing Information"_s, u"Number of record and estimate total catch"_s, false, years("fishoperation")},
+        {u"Species composition"_s, u"Species Composition Report"_s, false, years("group_composition")},
+        {u"Length Frequency"_s, u"Length Frequency Report"_s, false, years("length") + Statements{kSpeciesList}},
+        {u"Gonad Maturity"_s, u"Gonad Matuarity Report"_s, false, years("gonad_detail") + Statements{kSpeciesList}},
     };
     return all;
 }
@@ -40,20 +42,20 @@ struct Criterion {
 
 const std::vector<Criterion>& criteria() {
     static const std::vector<Criterion> all = {
-        {u"State/Province"_qs, u"State 01"_qs, u"state"_qs, "p.stateid = 1"},
-        {u"Sampling Port"_qs, u"Port 001"_qs, u"samplingport"_qs, "o.portid = 1"},
-        {u"Fishing Area"_qs, u"Bank 01"_qs, u"fishing_area"_qs, "o.areaid = 'Area 01'"},
-        {u"Vessel"_qs, u"Vessel 0001"_qs, u"vessel"_qs, "o.vesselid = 'Vessel 0001'"},
-        {u"Fishing Gear"_qs, u"Gear 01"_qs, u"Fishing_gear"_qs, "m.gearid = 1"},
+        {u"State/Province"_s, u"State 01"_s, u"state"_s, "p.stateid = 1"},
+        {u"Sampling Port"_s, u"Port 001"_s, u"samplingport"_s, "o.portid = 1"},
+        {u"Fishing Area"_s, u"Bank 01"_s, u"fishing_area"_s, "o.areaid = 'Area 01'"},
+        {u"Vessel"_s, u"Vessel 0001"_s, u"vessel"_s, "o.vesselid = 'Vessel 0001'"},
+        {u"Fishing Gear"_s, u"Gear 01"_s, u"Fishing_gear"_s, "m.gearid = 1"},
     };
     return all;
 }
 
-const Criterion kDesk = {u"Vessel"_qs, u"Desk vessel"_qs, {}, ""};
+const Criterion kDesk = {u"Vessel"_s, u"Desk vessel"_s, {}, ""};
 
 void choose(const test::ScreenDriver& hand, const Criterion& criterion) {
-    hand.choose(u"Criterion"_qs, criterion.caption);
-    hand.choose(u"Value"_qs, criterion.value);
+    hand.choose(u"Criterion"_s, criterion.caption);
+    hand.choose(u"Value"_s, criterion.value);
 }
 
 /// What the finder (of a sampling screen) and the search screen do alike.
@@ -61,11 +63,11 @@ void addSearches(std::vector<Action>& actions, const QString& where, const QStri
                  const QString& search, const Statements& arrival) {
     const auto at = [caption, button](Office& office) { return office.open(caption, caption, button); };
     for (const Criterion& criterion : criteria()) {
-        actions.push_back({.name = where + u": list of criterion "_qs + criterion.caption,
-                           .before = [=](Office& office) { at(office).choose(u"Criterion"_qs, u"Sampling Port"_qs); },
-                           .run = [=](Office& office) { at(office).choose(u"Criterion"_qs, criterion.caption); },
+        actions.push_back({.name = where + u": list of criterion "_s + criterion.caption,
+                           .before = [=](Office& office) { at(office).choose(u"Criterion"_s, u"Sampling Port"_s); },
+                           .run = [=](Office& office) { at(office).choose(u"Criterion"_s, criterion.caption); },
                            .direct = choices({criterion.table.toStdString()})});
-        actions.push_back({.name = where + u": search by "_qs + criterion.caption,
+        actions.push_back({.name = where + u": search by "_s + criterion.caption,
                            // Another operation is on the screen before.
                            .before =
                                [=](Office& office) {
@@ -80,10 +82,10 @@ void addSearches(std::vector<Action>& actions, const QString& where, const QStri
         choose(at(office), criteria()[0]);
         at(office).press(search);
     };
-    for (const QString& move : {u"Next"_qs, u"Last"_qs}) {
-        actions.push_back({.name = where + u": navigator, "_qs + move,
+    for (const QString& move : {u"Next"_s, u"Last"_s}) {
+        actions.push_back({.name = where + u": navigator, "_s + move,
                            .before = search1,
-                           .run = [=](Office& office) { at(office).move(u"Result"_qs, move); },
+                           .run = [=](Office& office) { at(office).move(u"Result"_s, move); },
                            .direct = arrival});
     }
 }
@@ -101,7 +103,7 @@ std::vector<Action> screenActions() {
     std::vector<Action> actions;
     for (const Window& window : windows()) {
         actions.push_back(
-            {.name = u"open "_qs + window.title,
+            {.name = u"open "_s + window.title,
              .before =
                  [window](Office& office) {
                      office.open(window.caption, window.title, window.button);
@@ -112,9 +114,9 @@ std::vector<Action> screenActions() {
              .run = [window](Office& office) { office.open(window.caption, window.title, window.button); },
              .direct = window.direct});
     }
-    addSearches(actions, u"finder"_qs, u"Species Composition"_qs, true, u"Search"_qs,
+    addSearches(actions, u"finder"_s, u"Species Composition"_s, true, u"Search"_s,
                 details(2) + Statements{samples(2)[1], samples(2)[2], samples(2)[3]});
-    addSearches(actions, u"search screen"_qs, u"Search"_qs, false, u"SEARCH"_qs, samples(2));
+    addSearches(actions, u"search screen"_s, u"Search"_s, false, u"SEARCH"_s, samples(2));
     return actions;
 }
 

@@ -5,6 +5,8 @@
 #include "data/transaction.h"
 #include "reference/vessel_import.h"
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::demo {
 namespace {
 
@@ -14,14 +16,14 @@ struct Area {
 
 const std::vector<Area>& areas() {
     static const std::vector<Area> all = {
-        {u"VIIe"_qs, u"Western English Channel"_qs},
-        {u"VIIf"_qs, u"Bristol Channel"_qs},
-        {u"VIIg"_qs, u"Celtic Sea North"_qs},
-        {u"VIIa"_qs, u"Irish Sea"_qs},
-        {u"IVa"_qs, u"Northern North Sea"_qs},
-        {u"GSA 10"_qs, u"Southern and Central Tyrrhenian Sea"_qs},
-        {u"MNB"_qs, u"Manila Bay"_qs},
-        {u"LDR"_qs, u"Lower Duncan River"_qs},
+        {u"VIIe"_s, u"Western English Channel"_s},
+        {u"VIIf"_s, u"Bristol Channel"_s},
+        {u"VIIg"_s, u"Celtic Sea North"_s},
+        {u"VIIa"_s, u"Irish Sea"_s},
+        {u"IVa"_s, u"Northern North Sea"_s},
+        {u"GSA 10"_s, u"Southern and Central Tyrrhenian Sea"_s},
+        {u"MNB"_s, u"Manila Bay"_s},
+        {u"LDR"_s, u"Lower Duncan River"_s},
     };
     return all;
 }
@@ -30,9 +32,9 @@ const std::vector<Area>& areas() {
 const std::vector<QStringList>& surveyVessels() {
     const auto vessel = [](const QString& row) { return row.split(u','); };
     static const std::vector<QStringList> all = {
-        vessel(u"SURVEY TRAWLER,S-10,In Board,450,24,Campania,105,Trawl,35,20,4"_qs),
-        vessel(u"BAY SURVEY,S-20,In Board,120,14,Luzon,22,Trawl,25,15,3"_qs),
-        vessel(u"RIVER SURVEY,S-30,Out Board,60,6,British Columbia,1.5,Electrofisher,0,0,0"_qs),
+        vessel(u"SURVEY TRAWLER,S-10,In Board,450,24,Campania,105,Trawl,35,20,4"_s),
+        vessel(u"BAY SURVEY,S-20,In Board,120,14,Luzon,22,Trawl,25,15,3"_s),
+        vessel(u"RIVER SURVEY,S-30,Out Board,60,6,British Columbia,1.5,Electrofisher,0,0,0"_s),
     };
     return all;
 }
@@ -41,22 +43,22 @@ const std::vector<QStringList>& surveyVessels() {
 
 const std::vector<Port>& ports() {
     static const std::vector<Port> all = {
-        {u"England"_qs, u"Looe"_qs, {u"VIIe"_qs}},
-        {u"Wales"_qs, u"Milford Haven"_qs, {u"VIIf"_qs, u"VIIg"_qs}},
-        {u"Northern Ireland"_qs, u"Kilkeel"_qs, {u"VIIa"_qs}},
-        {u"Scotland"_qs, u"Lerwick"_qs, {u"IVa"_qs}},
-        {u"Campania"_qs, u"Salerno"_qs, {u"GSA 10"_qs}},
-        {u"Luzon"_qs, u"Manila Bay"_qs, {u"MNB"_qs}},
-        {u"British Columbia"_qs, u"Lower Duncan River"_qs, {u"LDR"_qs}},
+        {u"England"_s, u"Looe"_s, {u"VIIe"_s}},
+        {u"Wales"_s, u"Milford Haven"_s, {u"VIIf"_s, u"VIIg"_s}},
+        {u"Northern Ireland"_s, u"Kilkeel"_s, {u"VIIa"_s}},
+        {u"Scotland"_s, u"Lerwick"_s, {u"IVa"_s}},
+        {u"Campania"_s, u"Salerno"_s, {u"GSA 10"_s}},
+        {u"Luzon"_s, u"Manila Bay"_s, {u"MNB"_s}},
+        {u"British Columbia"_s, u"Lower Duncan River"_s, {u"LDR"_s}},
     };
     return all;
 }
 
 const std::vector<Fishery>& fisheries() {
     static const std::vector<Fishery> all = {
-        {u"Pot"_qs, u"Parlour pots"_qs, 35, 35, 12, 1},     {u"Trawl"_qs, u"Bottom otter trawl"_qs, 70, 70, 4, 2},
-        {u"Net"_qs, u"Set gill net"_qs, 55, 50, 6, 1},      {u"Line"_qs, u"Handline"_qs, 40, 20, 8, 1},
-        {u"Dredge"_qs, u"Scallop dredge"_qs, 45, 45, 9, 2}, {u"Electrofisher"_qs, u"From a boat"_qs, 2, 1, 3, 1},
+        {u"Pot"_s, u"Parlour pots"_s, 35, 35, 12, 1},     {u"Trawl"_s, u"Bottom otter trawl"_s, 70, 70, 4, 2},
+        {u"Net"_s, u"Set gill net"_s, 55, 50, 6, 1},      {u"Line"_s, u"Handline"_s, 40, 20, 8, 1},
+        {u"Dredge"_s, u"Scallop dredge"_s, 45, 45, 9, 2}, {u"Electrofisher"_s, u"From a boat"_s, 2, 1, 3, 1},
     };
     return all;
 }
@@ -73,7 +75,7 @@ std::vector<QStringList> recordsOf(const QString& path) {
 Catalogue::Catalogue(Connection& connection, const QString& sourceFolder) : m_connection(connection) {
     Transaction transaction(connection);
     storePlaces();
-    storeVessels(sourceFolder + u"/demo/data"_qs);
+    storeVessels(sourceFolder + u"/demo/data"_s);
     storeSpecies(sourceFolder);
     transaction.commit();
 }
@@ -81,8 +83,8 @@ Catalogue::Catalogue(Connection& connection, const QString& sourceFolder) : m_co
 int Catalogue::number(const Sql& query, QStringView column) const {
     const ResultSet found = m_connection.query(query);
     if (found.isEmpty()) {
-        throw DataError(QStringLiteral("The demonstration names what it has not stored: %1")
-                            .arg(QString::fromStdString(query.text())));
+        throw DataError(
+            u"The demonstration names what it has not stored: %1"_s.arg(QString::fromStdString(query.text())));
     }
     return found.integer(0, column).value();
 }
@@ -121,7 +123,7 @@ void Catalogue::storePlaces() {
 }
 
 void Catalogue::storeVessels(const QString& folder) {
-    std::vector<QStringList> vessels = recordsOf(folder + u"/vessels.csv"_qs);
+    std::vector<QStringList> vessels = recordsOf(folder + u"/vessels.csv"_s);
     vessels.insert(vessels.end(), surveyVessels().begin(), surveyVessels().end());
     for (const QStringList& fields : vessels) {
         const int gear =
@@ -131,11 +133,11 @@ void Catalogue::storeVessels(const QString& folder) {
 }
 
 void Catalogue::storeSpecies(const QString& sourceFolder) {
-    std::vector<QStringList> all = recordsOf(sourceFolder + u"/tests/files/species_import_world_fishes.csv"_qs);
-    for (const QStringList& landed : recordsOf(sourceFolder + u"/demo/data/landed_species.csv"_qs)) {
+    std::vector<QStringList> all = recordsOf(sourceFolder + u"/tests/files/species_import_world_fishes.csv"_s);
+    for (const QStringList& landed : recordsOf(sourceFolder + u"/demo/data/landed_species.csv"_s)) {
         all.push_back(landed.mid(1, 4));
     }
-    all.push_back({u"Mullidae"_qs, u"Upeneus"_qs, u"vittatus"_qs, u"yellowstriped goatfish"_qs});
+    all.push_back({u"Mullidae"_s, u"Upeneus"_s, u"vittatus"_s, u"yellowstriped goatfish"_s});
     for (const QStringList& fish : all) {
         const ResultSet known = m_connection.query(Sql("select fishno from fish where genus = ")
                                                    << fish[1] << " and fishname = " << fish[2]);

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::demo {
 namespace {
 
@@ -36,11 +38,11 @@ int placeOf(const std::vector<Row>& rows, const QString& name, QString Row::*mem
 
 Landings readLandings(const Catalogue& catalogue, const QString& folder) {
     std::map<QString, QStringList> shownAs;
-    for (const QStringList& species : recordsOf(folder + u"/landed_species.csv"_qs)) {
+    for (const QStringList& species : recordsOf(folder + u"/landed_species.csv"_s)) {
         shownAs[species[0]] = species;
     }
     Landings landings;
-    for (const QStringList& record : recordsOf(folder + u"/landings.csv"_qs)) {
+    for (const QStringList& record : recordsOf(folder + u"/landings.csv"_s)) {
         const auto species = shownAs.find(record[2]);
         if (species == shownAs.end()) {
             continue;
@@ -87,7 +89,7 @@ void recordComposition(Connection& connection, int operation, const std::vector<
         storeSingleSpecies(connection, operation, mixed.front().species, mixed.front().kg);
     } else if (!mixed.empty()) {
         SamplingGroup group;
-        group.name = u"Mixed catch"_qs;
+        group.name = u"Mixed catch"_s;
         for (const Weighed& one : mixed) {
             const double sampled = std::max(0.01, rounded(one.kg * kSortedPart, 0.01));
             group.species.push_back({one.species, sampled});
@@ -115,8 +117,8 @@ QStringList vesselOf(const std::vector<QStringList>& register_, int port, int ge
 }  // namespace
 
 void recordLandings(Connection& connection, const Catalogue& catalogue, const QString& dataFolder) {
-    static const QStringList recorders = {u"R. Hughes"_qs, u"M. Tregenza"_qs};
-    const std::vector<QStringList> vessels = recordsOf(dataFolder + u"/vessels.csv"_qs);
+    static const QStringList recorders = {u"R. Hughes"_s, u"M. Tregenza"_s};
+    const std::vector<QStringList> vessels = recordsOf(dataFolder + u"/vessels.csv"_s);
     for (const auto& [key, landing] : readLandings(catalogue, dataFolder)) {
         const auto [month, port, gear] = key;
         const std::vector<Weighed> species = oneTripOf(landing);
@@ -137,7 +139,7 @@ void recordLandings(Connection& connection, const Catalogue& catalogue, const QS
                   .date = samplingDay(month, port, gear),
                   .catchKg = catchKg,
                   .recorder = recorders[port % 2],
-                  .note = u"Sampled at the auction"_qs};
+                  .note = u"Sampled at the auction"_s};
         recordComposition(connection, recordTrip(connection, catalogue, trip), species, catchKg);
     }
 }

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::demo {
 namespace {
 
@@ -20,8 +22,8 @@ Trip surveyTrip(std::size_t port, const QString& vessel, const QString& register
     trip.vessel = vessel;
     trip.registerId = registerId;
     trip.fishery = *fishery;
-    trip.recorder = u"R. Hughes"_qs;
-    trip.note = u"Survey: every fish was measured"_qs;
+    trip.recorder = u"R. Hughes"_s;
+    trip.note = u"Survey: every fish was measured"_s;
     return trip;
 }
 
@@ -61,26 +63,26 @@ std::map<QString, std::vector<CountedClass>> talliesOf(const QString& path) {
 }
 
 void recordHake(Connection& connection, const Catalogue& catalogue, const QString& folder) {
-    const int hake = catalogue.species(u"Merluccius"_qs, u"merluccius"_qs);
+    const int hake = catalogue.species(u"Merluccius"_s, u"merluccius"_s);
     std::map<int, std::vector<CountedClass>> byMonth;
-    for (const auto& [period, classes] : talliesOf(folder + u"/hake.csv"_qs)) {
+    for (const auto& [period, classes] : talliesOf(folder + u"/hake.csv"_s)) {
         byMonth[period.section(u'-', 1, 1).toInt()] = classes;
     }
     for (const auto& [month, classes] : byMonth) {
         constexpr int midMonth = 14;
-        Trip trip = surveyTrip(4, u"SURVEY TRAWLER"_qs, u"S-10"_qs, u"Trawl"_qs);
+        Trip trip = surveyTrip(4, u"SURVEY TRAWLER"_s, u"S-10"_s, u"Trawl"_s);
         trip.date = QDate(kYear, month, midMonth);
         recordLengths(connection, catalogue, trip, hake, classes);
     }
 }
 
 void recordGoatfish(Connection& connection, const Catalogue& catalogue, const QString& folder) {
-    Trip trip = surveyTrip(5, u"BAY SURVEY"_qs, u"S-20"_qs, u"Trawl"_qs);
+    Trip trip = surveyTrip(5, u"BAY SURVEY"_s, u"S-20"_s, u"Trawl"_s);
     trip.date = QDate(kYear, 6, 8);
-    trip.latitude = u"14"_qs;
-    trip.longitude = u"120"_qs;
-    recordLengths(connection, catalogue, trip, catalogue.species(u"Upeneus"_qs, u"vittatus"_qs),
-                  talliesOf(folder + u"/goatfish.csv"_qs).begin()->second);
+    trip.latitude = u"14"_s;
+    trip.longitude = u"120"_s;
+    recordLengths(connection, catalogue, trip, catalogue.species(u"Upeneus"_s, u"vittatus"_s),
+                  talliesOf(folder + u"/goatfish.csv"_s).begin()->second);
 }
 
 /// One day's whitefish, as a file of fish has them.
@@ -116,9 +118,9 @@ std::vector<CountedClass> lengthsOf(const std::vector<GonadFish>& fish) {
 }
 
 void recordWhitefish(Connection& connection, const Catalogue& catalogue, const QString& folder) {
-    const int whitefish = catalogue.species(u"Prosopium"_qs, u"williamsonii"_qs);
-    for (const auto& [day, fish] : whitefishByDay(folder + u"/whitefish.csv"_qs)) {
-        Trip trip = surveyTrip(6, u"RIVER SURVEY"_qs, u"S-30"_qs, u"Electrofisher"_qs);
+    const int whitefish = catalogue.species(u"Prosopium"_s, u"williamsonii"_s);
+    for (const auto& [day, fish] : whitefishByDay(folder + u"/whitefish.csv"_s)) {
+        Trip trip = surveyTrip(6, u"RIVER SURVEY"_s, u"S-30"_s, u"Electrofisher"_s);
         trip.date = QDate(kYear, day.month(), day.day());
         trip.catchKg = leadingNumber(samplingWeightText(bodyWeightSum(fish)));
         const int operation = recordTrip(connection, catalogue, trip);

@@ -6,6 +6,8 @@
 
 namespace kelvora::demo {
 
+using namespace Qt::StringLiterals;
+
 /// A fishing trip that was sampled when it was landed.
 struct Trip {
     Port port;
@@ -16,8 +18,8 @@ struct Trip {
     double catchKg = 0;
     QString recorder;
     QString note;
-    QString latitude = QStringLiteral("0");  ///< whole degrees; 0 at both where no position was recorded
-    QString longitude = QStringLiteral("0");
+    QString latitude = u"0"_s;  ///< whole degrees; 0 at both where no position was recorded
+    QString longitude = u"0"_s;
 };
 
 /// Records a trip as the entry screen does, after the checks that the screen makes; returns its number.

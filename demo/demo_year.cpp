@@ -6,10 +6,12 @@
 #include "demo/demo_trip.h"
 #include "operations/operation_checks.h"
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 int demo::recordTrip(Connection& connection, const Catalogue& catalogue, const Trip& trip) {
-    const QString none = QStringLiteral("0");
+    const QString none = u"0"_s;
     const OperationEntry entry{.vesselName = trip.vessel,
                                .registerId = trip.registerId,
                                .method = catalogue.method(trip.fishery.gear),
@@ -22,7 +24,7 @@ int demo::recordTrip(Connection& connection, const Catalogue& catalogue, const T
                                .latitudeMin = none,
                                .longitudeDec = trip.longitude,
                                .longitudeMin = none,
-                               .fishingTime = QStringLiteral("Day"),
+                               .fishingTime = u"Day"_s,
                                .bottomDepth = QString::number(trip.fishery.bottomDepth),
                                .fishingDepth = QString::number(trip.fishery.fishingDepth),
                                .hauls = QString::number(trip.fishery.hauls),
@@ -31,8 +33,8 @@ int demo::recordTrip(Connection& connection, const Catalogue& catalogue, const T
                                .recorder = trip.recorder,
                                .note = trip.note};
     if (const OperationCheck* failed = firstFailed(entry)) {
-        throw DataError(QStringLiteral("%1 on %2: %3")
-                            .arg(trip.port.name, trip.date.toString(Qt::ISODate), failed->message.toString()));
+        throw DataError(
+            u"%1 on %2: %3"_s.arg(trip.port.name, trip.date.toString(Qt::ISODate), failed->message.toString()));
     }
     const int operation = nextOperation(connection);
     connection.execute(insertStatement(entry, operation, catalogue.port(trip.port.name)));
@@ -43,7 +45,7 @@ void makeDemoYear(const QString& path, const QString& sourceFolder) {
     prepareStore(path);
     Connection connection(path);
     const demo::Catalogue catalogue(connection, sourceFolder);
-    const QString data = sourceFolder + QStringLiteral("/demo/data");
+    const QString data = sourceFolder + u"/demo/data"_s;
     demo::recordLandings(connection, catalogue, data);
     demo::recordSurveys(connection, catalogue, data);
 }

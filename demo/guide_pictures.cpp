@@ -19,6 +19,8 @@
 #include <QTest>
 #include <QToolBar>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::guide_pictures {
 
 constexpr QSize kSmallScreen(1366, 768);
@@ -41,16 +43,16 @@ private:
 
     static void save(QWidget& shown, const QString& name) {
         QTest::qWait(50);  // what is to be drawn after a layout
-        const QDir folder(qEnvironmentVariable("KELVORA_PICTURES", QStringLiteral(KELVORA_PICTURES)));
-        QVERIFY(folder.mkpath(QStringLiteral(".")));
-        QVERIFY(shown.grab().save(folder.filePath(name + QStringLiteral(".png"))));
+        const QDir folder(qEnvironmentVariable("KELVORA_PICTURES", u"" KELVORA_PICTURES ""_s));
+        QVERIFY(folder.mkpath(u"."_s));
+        QVERIFY(shown.grab().save(folder.filePath(name + u".png"_s)));
     }
 
     /// A main window with one screen open; from a menu if there is one, from the buttons else.
     test::ScreenDriver open(const QString& caption, const QString& menu = {}) {
-        m_session.login = QStringLiteral("Administrator");
-        m_session.password = QStringLiteral("kelvora");
-        m_session.userName = QStringLiteral("R. Hughes");
+        m_session.login = u"Administrator"_s;
+        m_session.password = u"kelvora"_s;
+        m_session.userName = u"R. Hughes"_s;
         m_window = std::make_unique<MainWindow>(context());
         m_window->resize(kSmallScreen);
         m_window->show();
@@ -80,8 +82,8 @@ private:
 
     /// Says which operations are to be found: those of a port.
     static void find(const test::ScreenDriver& hand, const QString& port) {
-        hand.choose(QStringLiteral("Criterion"), QStringLiteral("Sampling Port"));
-        hand.choose(QStringLiteral("Value"), port);
+        hand.choose(u"Criterion"_s, u"Sampling Port"_s);
+        hand.choose(u"Value"_s, port);
     }
 
     test::TemporaryStore m_store;
@@ -92,11 +94,11 @@ private:
 
 private Q_SLOTS:
     void initTestCase() {
-        m_path = m_store.file(QStringLiteral("demo.sqlite"));
-        makeDemoYear(m_path, QStringLiteral(KELVORA_SOURCE_FOLDER));
-        QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+        m_path = m_store.file(u"demo.sqlite"_s);
+        makeDemoYear(m_path, u"" KELVORA_SOURCE_FOLDER ""_s);
+        QApplication::setFont(QFont(u"DejaVu Sans"_s, 9));
         QApplication::setCursorFlashTime(0);
-        QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/kelvora.svg")));
+        QApplication::setWindowIcon(QIcon(u":/icons/kelvora.svg"_s));
         // The same screens as other desktops show them, to be looked at by the developers.
         const QString look = qEnvironmentVariable("KELVORA_LOOK");
         if (look == u"dark") {
@@ -110,148 +112,147 @@ private Q_SLOTS:
     void signIn() {
         LoginDialog login(context());
         login.show();
-        test::ScreenDriver(&login).edit(u"PASSWORD"_qs)->setText(u"kelvora"_qs);
-        save(login, u"login"_qs);
+        test::ScreenDriver(&login).edit(u"PASSWORD"_s)->setText(u"kelvora"_s);
+        save(login, u"login"_s);
     }
 
     void referenceLists() {
-        const auto hand = open(u"General Information"_qs);
-        const auto ports = hand.within(u"New sampling port"_qs);
-        ports.choose(u"State/Province"_qs, u"England"_qs);
-        ports.type(u"Sampling port"_qs, u"Polperro"_qs);
-        savePage(u"general_information"_qs);
-        hand.openTab(u"Target Species"_qs);
-        m_dialogs.expectOpenFile(QStringLiteral(KELVORA_SOURCE_FOLDER "/tests/files/species_import_world_fishes.csv"));
-        hand.within(u"IMPORT"_qs).press(u"Import"_qs);
-        hand.within(u"IMPORT"_qs).edit(u"Species file"_qs)->setText(u"/home/sampler/species.csv"_qs);
-        savePage(u"species"_qs);
-        hand.openTab(u"Fishing Vessel"_qs);
-        m_dialogs.expectOpenFile(QStringLiteral(KELVORA_SOURCE_FOLDER "/demo/data/vessels.csv"));
-        const auto import = hand.within(u"Vessel import"_qs);
-        import.press(u"Import"_qs);
-        import.edit(u"Vessel file"_qs)->setText(u"/home/sampler/vessels.csv"_qs);
-        savePage(u"vessels"_qs);
+        const auto hand = open(u"General Information"_s);
+        const auto ports = hand.within(u"New sampling port"_s);
+        ports.choose(u"State/Province"_s, u"England"_s);
+        ports.type(u"Sampling port"_s, u"Polperro"_s);
+        savePage(u"general_information"_s);
+        hand.openTab(u"Target Species"_s);
+        m_dialogs.expectOpenFile(u"" KELVORA_SOURCE_FOLDER "/tests/files/species_import_world_fishes.csv"_s);
+        hand.within(u"IMPORT"_s).press(u"Import"_s);
+        hand.within(u"IMPORT"_s).edit(u"Species file"_s)->setText(u"/home/sampler/species.csv"_s);
+        savePage(u"species"_s);
+        hand.openTab(u"Fishing Vessel"_s);
+        m_dialogs.expectOpenFile(u"" KELVORA_SOURCE_FOLDER "/demo/data/vessels.csv"_s);
+        const auto import = hand.within(u"Vessel import"_s);
+        import.press(u"Import"_s);
+        import.edit(u"Vessel file"_s)->setText(u"/home/sampler/vessels.csv"_s);
+        savePage(u"vessels"_s);
     }
 
     void operation() {
-        const auto hand = open(u"Fishing Operation"_qs);
+        const auto hand = open(u"Fishing Operation"_s);
         fillOperation(hand);
-        savePage(u"fishing_operation"_qs);
+        savePage(u"fishing_operation"_s);
     }
 
     void composition() {
-        const auto hand = open(u"Species Composition"_qs);
-        find(hand, u"Looe"_qs);
-        hand.press(u"Search"_qs);
-        hand.move(u"Result"_qs, u"Next"_qs);
-        savePage(u"find_operation"_qs);
-        hand.openTab(u"Species Composition"_qs);
-        const auto group = hand.within(u"Sampling group"_qs);
-        group.type(u"Group"_qs, u"Small fish"_qs);
-        group.type(u"Total weight"_qs, u"48"_qs);
+        const auto hand = open(u"Species Composition"_s);
+        find(hand, u"Looe"_s);
+        hand.press(u"Search"_s);
+        hand.move(u"Result"_s, u"Next"_s);
+        savePage(u"find_operation"_s);
+        hand.openTab(u"Species Composition"_s);
+        const auto group = hand.within(u"Sampling group"_s);
+        group.type(u"Group"_s, u"Small fish"_s);
+        group.type(u"Total weight"_s, u"48"_s);
         for (const auto& [species, weight] :
-             {std::pair{u"Merlangius merlangus"_qs, u"3.6"_qs}, std::pair{u"Microstomus kitt"_qs, u"1.25"_qs}}) {
-            group.choose(u"Species"_qs, species);
-            group.type(u"Weight"_qs, weight);
-            group.press(u"ADD"_qs);
+             {std::pair{u"Merlangius merlangus"_s, u"3.6"_s}, std::pair{u"Microstomus kitt"_s, u"1.25"_s}}) {
+            group.choose(u"Species"_s, species);
+            group.type(u"Weight"_s, weight);
+            group.press(u"ADD"_s);
         }
-        savePage(u"species_composition"_qs);
+        savePage(u"species_composition"_s);
     }
 
     void lengths() {
-        const auto hand = open(u"Length Frequency"_qs);
-        find(hand, u"Looe"_qs);
-        hand.press(u"Search"_qs);
-        hand.move(u"Result"_qs, u"Next"_qs);
-        hand.openTab(u"Length Frequency"_qs);
-        const BoundList* species = hand.list(u"Species"_qs);
-        hand.choose(u"Species"_qs, species->itemText(0));
-        hand.type(u"Class Interval"_qs, u"1"_qs);
-        hand.type(u"Sampling weight"_qs, u"14.2"_qs);
-        hand.type(u"Lower limit(cm)"_qs, u"11"_qs);
-        hand.press(u"START INPUT>>"_qs);
-        for (const auto& count : {u"3"_qs, u"8"_qs, u"17"_qs, u"26"_qs, u"19"_qs}) {
-            hand.edit(u"Frequency"_qs)->setText(count);
-            hand.key(u"Frequency"_qs, Qt::Key_Return);
+        const auto hand = open(u"Length Frequency"_s);
+        find(hand, u"Looe"_s);
+        hand.press(u"Search"_s);
+        hand.move(u"Result"_s, u"Next"_s);
+        hand.openTab(u"Length Frequency"_s);
+        const BoundList* species = hand.list(u"Species"_s);
+        hand.choose(u"Species"_s, species->itemText(0));
+        hand.type(u"Class Interval"_s, u"1"_s);
+        hand.type(u"Sampling weight"_s, u"14.2"_s);
+        hand.type(u"Lower limit(cm)"_s, u"11"_s);
+        hand.press(u"START INPUT>>"_s);
+        for (const auto& count : {u"3"_s, u"8"_s, u"17"_s, u"26"_s, u"19"_s}) {
+            hand.edit(u"Frequency"_s)->setText(count);
+            hand.key(u"Frequency"_s, Qt::Key_Return);
         }
-        savePage(u"length_frequency"_qs);
+        savePage(u"length_frequency"_s);
     }
 
     void gonads() {
-        const auto hand = open(u"Gonad Maturity"_qs);
-        find(hand, u"Lower Duncan River"_qs);
-        hand.press(u"Search"_qs);
-        hand.openTab(u"Gonad Maturity Detail"_qs);
-        hand.choose(u"Species"_qs, u"Prosopium williamsonii"_qs);
-        hand.press(u"ADD SAMPLING >>"_qs);
-        m_dialogs.expectOpenFile(
-            QStringLiteral(KELVORA_SOURCE_FOLDER "/tests/files/gonad_import_mountain_whitefish.csv"));
-        hand.press(u"IMPORT"_qs);
-        savePage(u"gonad_maturity"_qs);
+        const auto hand = open(u"Gonad Maturity"_s);
+        find(hand, u"Lower Duncan River"_s);
+        hand.press(u"Search"_s);
+        hand.openTab(u"Gonad Maturity Detail"_s);
+        hand.choose(u"Species"_s, u"Prosopium williamsonii"_s);
+        hand.press(u"ADD SAMPLING >>"_s);
+        m_dialogs.expectOpenFile(u"" KELVORA_SOURCE_FOLDER "/tests/files/gonad_import_mountain_whitefish.csv"_s);
+        hand.press(u"IMPORT"_s);
+        savePage(u"gonad_maturity"_s);
     }
 
     void search_data() {
         QTest::addColumn<QString>("port");
         QTest::addColumn<QString>("tab");
-        QTest::newRow("search_composition") << u"Looe"_qs << u"Species Composition"_qs;
-        QTest::newRow("search_lengths") << u"Salerno"_qs << u"Length Frequency"_qs;
-        QTest::newRow("search_gonads") << u"Lower Duncan River"_qs << u"Gonad Matuarity"_qs;
+        QTest::newRow("search_composition") << u"Looe"_s << u"Species Composition"_s;
+        QTest::newRow("search_lengths") << u"Salerno"_s << u"Length Frequency"_s;
+        QTest::newRow("search_gonads") << u"Lower Duncan River"_s << u"Gonad Matuarity"_s;
     }
     void search() {
         QFETCH(const QString, port);
         QFETCH(const QString, tab);
-        const auto hand = open(u"Search"_qs, u"Main Menu"_qs);
+        const auto hand = open(u"Search"_s, u"Main Menu"_s);
         find(hand, port);
-        hand.press(u"SEARCH"_qs);
-        if (port == u"Looe"_qs) {
-            hand.move(u"Result"_qs, u"Next"_qs);  // its first operation is of one species only
+        hand.press(u"SEARCH"_s);
+        if (port == u"Looe"_s) {
+            hand.move(u"Result"_s, u"Next"_s);  // its first operation is of one species only
         }
         hand.openTab(tab);
         savePage(QString::fromLatin1(QTest::currentDataTag()));
     }
 
     void changePassword() {
-        open(u"Change password"_qs, u"Main Menu"_qs);
-        savePage(u"change_password"_qs);
+        open(u"Change password"_s, u"Main Menu"_s);
+        savePage(u"change_password"_s);
     }
 
     void catchSummary() {
-        const auto hand = open(u"Fishing Information"_qs, u"Report"_qs);
-        hand.choose(u"Year"_qs, u"2017"_qs);
-        hand.press(u"Search"_qs);
-        hand.press(u"By Month"_qs);
-        savePage(u"catch_report"_qs);
+        const auto hand = open(u"Fishing Information"_s, u"Report"_s);
+        hand.choose(u"Year"_s, u"2017"_s);
+        hand.press(u"Search"_s);
+        hand.press(u"By Month"_s);
+        savePage(u"catch_report"_s);
     }
 
     void speciesReport() {
-        const auto hand = open(u"Species composition"_qs, u"Report"_qs);
+        const auto hand = open(u"Species composition"_s, u"Report"_s);
         chooseSpeciesOfLooe(hand);
-        savePage(u"species_report"_qs);
+        savePage(u"species_report"_s);
     }
 
     void lengthReport() {
-        const auto hand = open(u"Length Frequency"_qs, u"Report"_qs);
-        hand.choose(u"Year"_qs, u"2017"_qs);
-        hand.choose(u"Species"_qs, u"Merluccius merluccius"_qs);
-        hand.press(u"Search"_qs);
-        savePage(u"length_report"_qs);
+        const auto hand = open(u"Length Frequency"_s, u"Report"_s);
+        hand.choose(u"Year"_s, u"2017"_s);
+        hand.choose(u"Species"_s, u"Merluccius merluccius"_s);
+        hand.press(u"Search"_s);
+        savePage(u"length_report"_s);
     }
 
     void gonadReport() {
-        const auto hand = open(u"Gonad Maturity"_qs, u"Report"_qs);
-        hand.choose(u"Year"_qs, u"2017"_qs);
-        hand.choose(u"Species"_qs, u"Prosopium williamsonii"_qs);
-        hand.press(u"Search"_qs);
-        hand.openTab(u"FEMALE"_qs);
-        savePage(u"gonad_report"_qs);
+        const auto hand = open(u"Gonad Maturity"_s, u"Report"_s);
+        hand.choose(u"Year"_s, u"2017"_s);
+        hand.choose(u"Species"_s, u"Prosopium williamsonii"_s);
+        hand.press(u"Search"_s);
+        hand.openTab(u"FEMALE"_s);
+        savePage(u"gonad_report"_s);
     }
 
     void darkMode() {
         QApplication::setPalette(QPalette(kDarkWindow));
         applyStyle(*qApp);
-        const auto hand = open(u"Species composition"_qs, u"Report"_qs);
+        const auto hand = open(u"Species composition"_s, u"Report"_s);
         chooseSpeciesOfLooe(hand);
-        savePage(u"dark_mode"_qs);
+        savePage(u"dark_mode"_s);
         m_window.reset();
         QApplication::setPalette(QPalette(QColor(0xf0, 0xf0, 0xf0)));
         applyStyle(*qApp);
@@ -259,8 +260,8 @@ private Q_SLOTS:
 
     void largeText() {
         enlargeText();
-        fillOperation(open(u"Fishing Operation"_qs));
-        savePage(u"large_text"_qs);
+        fillOperation(open(u"Fishing Operation"_s));
+        savePage(u"large_text"_s);
         QVERIFY(m_dialogs.done());
     }
 
@@ -268,26 +269,26 @@ private Q_SLOTS:
 
 private:
     static void fillOperation(const test::ScreenDriver& hand) {
-        hand.choose(u"Vessel Name"_qs, u"TYPHOON"_qs);
-        hand.choose(u"Fishing Gear"_qs, u"Trawl"_qs);
-        hand.choose(u"Fishing Method"_qs, u"Bottom otter trawl"_qs);
-        hand.choose(u"Fishing Area"_qs, u"VIIe"_qs);
-        hand.choose(u"Landing State/Province"_qs, u"England"_qs);
-        hand.choose(u"Landing Port"_qs, u"Looe"_qs);
-        hand.type(u"Sampling Date"_qs, u"11/12/2017"_qs);
-        hand.type(u"Bottom Depth(Meter)"_qs, u"64"_qs);
-        hand.type(u"Fishing Depth(Meter)"_qs, u"64"_qs);
-        hand.type(u"No of haul per Trip(haul)"_qs, u"3"_qs);
-        hand.type(u"Duration of Trip(days)"_qs, u"1"_qs);
-        hand.type(u"Total Catch (kg/trip)"_qs, u"212.5"_qs);
-        hand.type(u"Note"_qs, u"Half of the catch was sold before the sampler came on board."_qs);
+        hand.choose(u"Vessel Name"_s, u"TYPHOON"_s);
+        hand.choose(u"Fishing Gear"_s, u"Trawl"_s);
+        hand.choose(u"Fishing Method"_s, u"Bottom otter trawl"_s);
+        hand.choose(u"Fishing Area"_s, u"VIIe"_s);
+        hand.choose(u"Landing State/Province"_s, u"England"_s);
+        hand.choose(u"Landing Port"_s, u"Looe"_s);
+        hand.type(u"Sampling Date"_s, u"11/12/2017"_s);
+        hand.type(u"Bottom Depth(Meter)"_s, u"64"_s);
+        hand.type(u"Fishing Depth(Meter)"_s, u"64"_s);
+        hand.type(u"No of haul per Trip(haul)"_s, u"3"_s);
+        hand.type(u"Duration of Trip(days)"_s, u"1"_s);
+        hand.type(u"Total Catch (kg/trip)"_s, u"212.5"_s);
+        hand.type(u"Note"_s, u"Half of the catch was sold before the sampler came on board."_s);
     }
 
     static void chooseSpeciesOfLooe(const test::ScreenDriver& hand) {
-        hand.choose(u"Year"_qs, u"2017"_qs);
-        hand.press(u"Search"_qs);
-        hand.press(u"By sampling Port"_qs);
-        hand.choose(u"By sampling Port"_qs, u"Looe"_qs);
+        hand.choose(u"Year"_s, u"2017"_s);
+        hand.press(u"Search"_s);
+        hand.press(u"By sampling Port"_s);
+        hand.choose(u"By sampling Port"_s, u"Looe"_s);
     }
 };
 

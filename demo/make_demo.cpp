@@ -8,6 +8,8 @@
 #include <cstdio>
 #include <exception>
 
+using namespace Qt::StringLiterals;
+
 /// Makes the demonstration's data file in place of the one that is there: "make_demo FILE".
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
@@ -17,10 +19,10 @@ int main(int argc, char** argv) {
     }
     // Built beside its place, so that a start that was cut off leaves no half a year.
     const QString path = QFile::decodeName(argv[1]);
-    const QString unfinished = path + QStringLiteral(".part");
+    const QString unfinished = path + u".part"_s;
     QFile::remove(unfinished);
     try {
-        kelvora::makeDemoYear(unfinished, QStringLiteral(KELVORA_SOURCE_FOLDER));
+        kelvora::makeDemoYear(unfinished, u"" KELVORA_SOURCE_FOLDER ""_s);
     } catch (const std::exception& e) {
         std::fprintf(stderr, "%s\n", e.what());
         return 1;

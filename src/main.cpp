@@ -11,6 +11,8 @@
 #include <cstdio>
 #include <cstring>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Answers "--version" and "--help", for which no display is needed. Returns whether there was anything to answer.
@@ -40,11 +42,11 @@ int main(int argc, char** argv) {
         return 0;
     }
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Kelvora"));
+    QApplication::setApplicationName(u"Kelvora"_s);
     QApplication::setApplicationVersion(kelvora::kVersion);
     // The name of the desktop entry, by which a desktop finds the icon of a running window.
-    QApplication::setDesktopFileName(QStringLiteral("kelvora"));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/kelvora.svg")));
+    QApplication::setDesktopFileName(u"kelvora"_s);
+    QApplication::setWindowIcon(QIcon(u":/icons/kelvora.svg"_s));
     QApplication::setQuitOnLastWindowClosed(false);
     kelvora::applyStyle(application);
 

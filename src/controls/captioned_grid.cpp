@@ -14,6 +14,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 /// A source under the captions and alignments of the grid.
@@ -144,14 +146,14 @@ void Grid::resizeEvent(QResizeEvent* event) {
 void Grid::copySelection() const {
     QModelIndexList rows = selectionModel()->selectedRows();
     std::ranges::sort(rows, {}, &QModelIndex::row);
-    static const QRegularExpression lineBreakOrTab(QStringLiteral("[\\t\\r\\n]+"));
+    static const QRegularExpression lineBreakOrTab(u"[\\t\\r\\n]+"_s);
     QStringList lines;
     for (const QModelIndex& row : rows) {
         QStringList texts;
         for (int column = 0; column < m_presented->columnCount(); ++column) {
             if (!isColumnHidden(column)) {
                 // A note of several lines stays one cell in a spreadsheet.
-                texts.append(text(row.row(), column).replace(lineBreakOrTab, QStringLiteral(" ")));
+                texts.append(text(row.row(), column).replace(lineBreakOrTab, u" "_s));
             }
         }
         lines.append(texts.join(u'\t'));
@@ -197,7 +199,7 @@ CaptionedGrid::CaptionedGrid(const QString& caption, QWidget* parent)
 void CaptionedGrid::setCaption(const QString& caption) {
     // The caption may hold a name: thousands of characters must not widen the screen, and an "&" in it is no mnemonic.
     const int room = fontMetrics().averageCharWidth() * 54;
-    setTitle(fontMetrics().elidedText(caption, Qt::ElideMiddle, room).replace(u'&', QStringLiteral("&&")));
+    setTitle(fontMetrics().elidedText(caption, Qt::ElideMiddle, room).replace(u'&', u"&&"_s));
     m_grid->setAccessibleName(caption);
 }
 

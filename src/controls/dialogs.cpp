@@ -5,13 +5,15 @@
 #include <QInputDialog>
 #include <QMessageBox>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
 /// A name of thousands of characters must not push the buttons off the screen.
 QString fitting(const QString& text) {
     constexpr qsizetype most = 900;
-    return text.size() <= most ? text : text.first(most) + QStringLiteral("…");
+    return text.size() <= most ? text : text.first(most) + u"…"_s;
 }
 
 QMessageBox::StandardButton show(const QString& title, const QString& text, QMessageBox::Icon icon,
@@ -24,7 +26,7 @@ QMessageBox::StandardButton show(const QString& title, const QString& text, QMes
 }
 
 QString csvFilter() {
-    return QStringLiteral("CSV File (*.csv *.CSV *.Csv)");
+    return u"CSV File (*.csv *.CSV *.Csv)"_s;
 }
 
 std::optional<QString> unlessCancelled(const QString& path) {
@@ -60,13 +62,13 @@ std::optional<QString> ModalDialogs::saveCsvFile() {
 }
 
 std::optional<QString> ModalDialogs::savePictureFile() {
-    const QStringList filters{QStringLiteral("PNG picture (*.png)"), QStringLiteral("SVG drawing (*.svg)")};
+    const QStringList filters{u"PNG picture (*.png)"_s, u"SVG drawing (*.svg)"_s};
     QFileDialog dialog(QApplication::activeWindow());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilters(filters);
-    dialog.setDefaultSuffix(QStringLiteral("png"));
+    dialog.setDefaultSuffix(u"png"_s);
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& filter) {
-        dialog.setDefaultSuffix(filter == filters[1] ? QStringLiteral("svg") : QStringLiteral("png"));
+        dialog.setDefaultSuffix(filter == filters[1] ? u"svg"_s : u"png"_s);
     });
     return dialog.exec() == QDialog::Accepted ? unlessCancelled(dialog.selectedFiles().value(0)) : std::nullopt;
 }

@@ -7,6 +7,8 @@
 #include <QPushButton>
 #include <QStyle>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 ValueLabel::ValueLabel(QWidget* parent) : QLabel(parent) {
@@ -56,7 +58,7 @@ void nameList(QComboBox* list, const QString& name) {
 
 void showStars(QLineEdit* field) {
     field->setEchoMode(QLineEdit::Password);
-    field->setStyleSheet(QStringLiteral("lineedit-password-character: 42"));  // "*"
+    field->setStyleSheet(u"lineedit-password-character: 42"_s);  // "*"
 }
 
 QLineEdit* numberField(const QString& text) {

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -39,11 +41,11 @@ QIcon arrowIcon(const QPalette& palette, bool backwards, bool end) {
 
 RecordNavigator::RecordNavigator(const QString& name, QWidget* parent)
     : QFrame(parent),
-      m_first(addButton(tr("First"), true, true)),
-      m_previous(addButton(tr("Previous"), true, false)),
+      m_first(addButton(u"First"_s, true, true)),
+      m_previous(addButton(u"Previous"_s, true, false)),
       m_label(new ValueLabel(this)),
-      m_next(addButton(tr("Next"), false, false)),
-      m_last(addButton(tr("Last"), false, true)) {
+      m_next(addButton(u"Next"_s, false, false)),
+      m_last(addButton(u"Last"_s, false, true)) {
     setAccessibleName(name);
     setFrameShape(QFrame::StyledPanel);
     m_label->setAlignment(Qt::AlignCenter);

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -45,7 +47,7 @@ QPalette paletteOf(const Colours& c) {
 /// style's own rings vanish on a dark ground.
 class CalmStyle : public QProxyStyle {
 public:
-    CalmStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+    CalmStyle() : QProxyStyle(u"Fusion"_s) {}
 
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* result) const override {

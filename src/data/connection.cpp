@@ -9,6 +9,8 @@
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -31,7 +33,7 @@ QVariant valueOf(const SQLite::Column& column) {
 
 /// The name of a column. The engine numbers one that two tables of a nested join have ("stateid:1").
 QString columnName(const SQLite::Statement& query, int column) {
-    static const QRegularExpression number(QStringLiteral(":\\d+$"));
+    static const QRegularExpression number(u":\\d+$"_s);
     return QString::fromUtf8(query.getColumnName(column)).remove(number);
 }
 
@@ -71,7 +73,7 @@ Connection::Connection(const QString& path, Patience patience) {
         registerFunctions(*m_database);
     } catch (const SQLite::Exception& e) {
         const QString reason = plainReason(e.getErrorCode(), QString::fromUtf8(e.what()));
-        throw DataError(QStringLiteral("The data file cannot be opened: %1.\n\n%2").arg(reason, path), reason);
+        throw DataError(u"The data file cannot be opened: %1.\n\n%2"_s.arg(reason, path), reason);
     }
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -82,7 +84,7 @@ ResultSet pivoted(const Crosstab& crosstab, const ResultSet& rows) {
         result.columns.push_back(QString::fromStdString(header));
     }
     for (const auto& [key, position] : columnKeys) {
-        result.columns.push_back(key[0].isValid() ? displayText(key[0]) : QStringLiteral("<>"));
+        result.columns.push_back(key[0].isValid() ? displayText(key[0]) : u"<>"_s);
     }
     for (const auto& [key, position] : rowKeys) {
         result.rows.push_back(key);

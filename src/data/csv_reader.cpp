@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QStringConverter>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -110,15 +112,14 @@ QString decodedText(const QByteArray& bytes) {
 QByteArray readImportFile(const QString& path) {
     constexpr qint64 most = qint64{64} * 1024 * 1024;
     const auto fail = [&path](const QString& reason) {
-        throw DataError(
-            QStringLiteral("The file cannot be read: %1.\n\n%2").arg(reason, QDir::toNativeSeparators(path)), reason);
+        throw DataError(u"The file cannot be read: %1.\n\n%2"_s.arg(reason, QDir::toNativeSeparators(path)), reason);
     };
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         fail(file.errorString());
     }
     if (file.size() > most) {
-        fail(QStringLiteral("it is too large for an import file"));
+        fail(u"it is too large for an import file"_s);
     }
     QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError) {

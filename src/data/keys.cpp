@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -11,8 +13,8 @@ namespace {
 int following(Connection& connection, const Sql& query, QStringView alias, const char* what, int first = 1) {
     const double largest = connection.query(query).number(0, alias).value_or(0);
     if (largest >= kLargestKey) {
-        throw DataError(QStringLiteral("The data file is full: it holds at most %1 %2. Nothing was stored.")
-                            .arg(QString::number(kLargestKey), QString::fromLatin1(what)));
+        throw DataError(u"The data file is full: it holds at most %1 %2. Nothing was stored."_s.arg(
+            QString::number(kLargestKey), QString::fromLatin1(what)));
     }
     return std::max(static_cast<int>(largest) + 1, first);
 }

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -135,7 +137,7 @@ QString plainText(double value) {
         return std::isnan(value) ? QString() : QString::fromLatin1(value < 0 ? "-inf" : "inf");
     }
     if (value == 0) {
-        return QStringLiteral("0");
+        return u"0"_s;
     }
     const Decimal d = decimal(value);
     const bool extreme = d.exponent >= 21 || d.exponent < -9;

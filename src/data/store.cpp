@@ -11,28 +11,29 @@
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Transaction.h>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
 /// Behind the name of a data file: the engine's own record of an unfinished save.
-const QString kJournal = QStringLiteral("-journal");
+const QString kJournal = u"-journal"_s;
 
 [[noreturn]] void refuse(const QString& path, const QString& reason) {
-    throw DataError(QStringLiteral("The data file cannot be used: %1.\n\nIt was left as it is:\n%2")
-                        .arg(reason, QDir::toNativeSeparators(path)));
+    throw DataError(u"The data file cannot be used: %1.\n\nIt was left as it is:\n%2"_s.arg(
+        reason, QDir::toNativeSeparators(path)));
 }
 
 [[noreturn]] void cannotCreate(const QString& path, const QString& reason) {
-    throw DataError(
-        QStringLiteral("The data file cannot be created: %1.\n\n%2").arg(reason, QDir::toNativeSeparators(path)));
+    throw DataError(u"The data file cannot be created: %1.\n\n%2"_s.arg(reason, QDir::toNativeSeparators(path)));
 }
 
 /// Built beside its place and renamed when it is whole, so that a power cut never leaves half a data file.
 void create(const QString& path) {
     if (!QDir().mkpath(QFileInfo(path).absolutePath())) {
-        cannotCreate(path, QStringLiteral("its folder cannot be made"));
+        cannotCreate(path, u"its folder cannot be made"_s);
     }
-    const QString unfinished = path + QStringLiteral(".new");
+    const QString unfinished = path + u".new"_s;
     // Left from a start that was cut off, or from a data file that was taken away: a journal without its file would be
     // played back into the new one.
     for (const QString& leftover : {unfinished, unfinished + kJournal, path + kJournal}) {
@@ -51,7 +52,7 @@ void create(const QString& path) {
     }
     if (!QFile::rename(unfinished, path)) {
         QFile::remove(unfinished);
-        cannotCreate(path, QStringLiteral("its folder may not be written to"));
+        cannotCreate(path, u"its folder may not be written to"_s);
     }
 }
 
@@ -60,28 +61,28 @@ void checkHeader(const QString& path) {
     constexpr qint64 headerSize = 100;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        refuse(path, QStringLiteral("it cannot be read (%1)").arg(file.errorString()));
+        refuse(path, u"it cannot be read (%1)"_s.arg(file.errorString()));
     }
     const QByteArray header = file.read(headerSize);
     if (header.isEmpty()) {
-        refuse(path, QStringLiteral("it is empty"));
+        refuse(path, u"it is empty"_s);
     }
     if (header.size() < headerSize || !header.startsWith(QByteArrayLiteral("SQLite format 3\0"))) {
-        refuse(path, QStringLiteral("it is not a database"));
+        refuse(path, u"it is not a database"_s);
     }
     const auto number = [&header](int at) { return qFromBigEndian<quint32>(header.constData() + at); };
     if (number(68) != kApplicationId) {
-        refuse(path, QStringLiteral("it belongs to another program"));
+        refuse(path, u"it belongs to another program"_s);
     }
     if (number(60) > kSchemaVersion) {
-        refuse(path, QStringLiteral("it was made by a newer version of this program"));
+        refuse(path, u"it was made by a newer version of this program"_s);
     }
     const quint32 stored = qFromBigEndian<quint16>(header.constData() + 16);
     const qint64 pageSize = stored == 1 ? 65536 : stored;
     // With a journal beside it the last save was interrupted; the engine mends that when it opens the file.
     const bool interrupted = QFile::exists(path + kJournal);
     if (!interrupted && file.size() < pageSize * qint64{number(28)}) {
-        refuse(path, QStringLiteral("its end is missing"));
+        refuse(path, u"its end is missing"_s);
     }
 }
 
@@ -97,7 +98,7 @@ QString tableFault(const QString& path) {
             same = found.text(i, u"name") == declared.section(u' ', 0, 0);
         }
         if (!same) {
-            return QStringLiteral("its table %1 is not as it should be").arg(name);
+            return u"its table %1 is not as it should be"_s.arg(name);
         }
     }
     return {};
@@ -106,8 +107,7 @@ QString tableFault(const QString& path) {
 }  // namespace
 
 QString defaultStorePath() {
-    return QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation))
-        .filePath(QStringLiteral("kelvora_db.sqlite"));
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).filePath(u"kelvora_db.sqlite"_s);
 }
 
 void prepareStore(const QString& path) {
@@ -117,7 +117,7 @@ void prepareStore(const QString& path) {
         return;
     }
     if (!file.isFile()) {
-        refuse(path, QStringLiteral("it is not a file"));
+        refuse(path, u"it is not a file"_s);
     }
     checkHeader(path);
     QString fault;

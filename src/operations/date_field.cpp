@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -15,21 +17,21 @@ namespace {
 /// any separators or none, the month as a number or by its name, the year with two digits being the last one of that
 /// ending up to this one (samples are of the past). Invalid if it is none of these.
 QDate dateWritten(const QString& written, const QString& format) {
-    static const QRegularExpression separators(u"[^\\p{L}\\p{N}]+"_qs);
-    static const QRegularExpression yearInFront(u"^\\d{4}\\b"_qs);
+    static const QRegularExpression separators(u"[^\\p{L}\\p{N}]+"_s);
+    static const QRegularExpression yearInFront(u"^\\d{4}\\b"_s);
     const QString parts = written.split(separators, Qt::SkipEmptyParts).join(u' ');
-    QStringList order{u"y"_qs, u"M"_qs, u"d"_qs};
+    QStringList order{u"y"_s, u"M"_s, u"d"_s};
     if (!parts.contains(yearInFront)) {
         std::ranges::sort(order, {}, [&](const QString& part) { return format.indexOf(part); });
     }
     const QString spaced = order.join(u' ');
-    const QString digits = order.join(QString()).replace(u'd', u"dd"_qs).replace(u'M', u"MM"_qs);
+    const QString digits = order.join(QString()).replace(u'd', u"dd"_s).replace(u'M', u"MM"_s);
     for (QString form :
-         {spaced, QString(spaced).replace(u'M', u"MMM"_qs), QString(spaced).replace(u'M', u"MMMM"_qs), digits}) {
-        if (const QDate read = QLocale().toDate(parts, form.replace(u'y', u"yyyy"_qs)); read.isValid()) {
+         {spaced, QString(spaced).replace(u'M', u"MMM"_s), QString(spaced).replace(u'M', u"MMMM"_s), digits}) {
+        if (const QDate read = QLocale().toDate(parts, form.replace(u'y', u"yyyy"_s)); read.isValid()) {
             return read;
         }
-        if (const QDate read = QLocale().toDate(parts, form.replace(u"yyyy"_qs, u"yy"_qs)); read.isValid()) {
+        if (const QDate read = QLocale().toDate(parts, form.replace(u"yyyy"_s, u"yy"_s)); read.isValid()) {
             return read.addYears((QDate::currentDate().year() - read.year()) / 100 * 100);
         }
     }
@@ -41,7 +43,7 @@ QDate dateWritten(const QString& written, const QString& format) {
 DateField::DateField(QWidget* parent) : QDateEdit(QDate::currentDate(), parent) {
     QString format = QLocale().dateFormat(QLocale::ShortFormat);
     if (!format.contains(u"yyyy")) {
-        format.replace(u"yy"_qs, u"yyyy"_qs);
+        format.replace(u"yy"_s, u"yyyy"_s);
     }
     setDisplayFormat(format);
     setCalendarPopup(true);

@@ -5,14 +5,14 @@
 
 #include <QGridLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
 QString detailText(const Detail& detail, const ResultSet& result, int row) {
     const QString text = operationText(result, row, detail.column);
-    return detail.minutes.isEmpty()
-               ? text
-               : QStringLiteral("Dec ") + text + QStringLiteral(" Min ") + operationText(result, row, detail.minutes);
+    return detail.minutes.isEmpty() ? text : u"Dec "_s + text + u" Min "_s + operationText(result, row, detail.minutes);
 }
 
 }  // namespace

@@ -14,6 +14,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 FinderPanel::FinderPanel(const QString& numberCaption, Connection& connection, Context context, QWidget* parent)
@@ -21,9 +23,9 @@ FinderPanel::FinderPanel(const QString& numberCaption, Connection& connection, C
       m_connection(connection),
       m_context(std::move(context)),
       m_numberCaption(numberCaption),
-      m_search(new QGroupBox(tr("Search"), this)),
+      m_search(new QGroupBox(u"Search"_s, this)),
       m_fields(new SearchFields(connection, m_context.dialogs)),
-      m_navigator(new RecordNavigator(tr("Result"))),
+      m_navigator(new RecordNavigator(u"Result"_s)),
       m_number(new ValueLabel),
       m_details(new OperationDetails) {
     auto* button = new SearchButton;
@@ -100,7 +102,7 @@ void FinderPanel::onSearch() {
     m_found = search ? m_connection.query(numbersOnly(*search)) : ResultSet();
     m_navigator->setRowCount(m_found.rowCount());
     if (m_found.isEmpty()) {
-        m_navigator->setCaption(tr("[No Record]"));
+        m_navigator->setCaption(u"[No Record]"_s);
     }
 }
 
@@ -109,7 +111,7 @@ void FinderPanel::onArrived(int row) {
         return;
     }
     const bool shown = runGuarded(m_context.dialogs, [&] {
-        m_navigator->setCaption(tr("Result %1 Of %2").arg(row + 1).arg(m_found.rowCount()));
+        m_navigator->setCaption(u"Result %1 Of %2"_s.arg(row + 1).arg(m_found.rowCount()));
         setOperation(m_found.integer(row, u"optid").value());
     });
     if (!shown) {

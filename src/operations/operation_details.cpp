@@ -3,6 +3,8 @@
 #include <QGridLayout>
 #include <QGroupBox>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -20,30 +22,30 @@ QGridLayout* detailForm(QWidget* parent) {
 }  // namespace
 
 OperationDetails::OperationDetails(QWidget* parent) : QWidget(parent) {
-    auto* location = new QGroupBox(tr("Sampling Location"), this);
+    auto* location = new QGroupBox(u"Sampling Location"_s, this);
     QGridLayout* locationForm = detailForm(location);
-    m_fields.add(locationForm, 0, {{tr("Landing State/Province"), QStringLiteral("statename")}});
-    m_fields.add(locationForm, 2, {{tr("Sampling Port"), QStringLiteral("samplingname")}});
+    m_fields.add(locationForm, 0, {{u"Landing State/Province"_s, u"statename"_s}});
+    m_fields.add(locationForm, 2, {{u"Sampling Port"_s, u"samplingname"_s}});
 
-    auto* operation = new QGroupBox(tr("Operation"), this);
+    auto* operation = new QGroupBox(u"Operation"_s, this);
     QGridLayout* form = detailForm(operation);
     m_fields.add(form, 0,
-                 {{tr("Date"), QStringLiteral("optdate")},
-                  {tr("Vessel"), QStringLiteral("vesselname")},
-                  {tr("Fishing Gear"), QStringLiteral("guname")},
-                  {tr("Fishing Method"), QStringLiteral("methodname")},
-                  {tr("Fishing area"), QStringLiteral("aname")},
-                  {tr("Latitude"), QStringLiteral("lat_dec"), QStringLiteral("lat_min")},
-                  {tr("Longtitude"), QStringLiteral("lon_dec"), QStringLiteral("lon_min")},
-                  {tr("Recorder"), QStringLiteral("interviewer")}});
+                 {{u"Date"_s, u"optdate"_s},
+                  {u"Vessel"_s, u"vesselname"_s},
+                  {u"Fishing Gear"_s, u"guname"_s},
+                  {u"Fishing Method"_s, u"methodname"_s},
+                  {u"Fishing area"_s, u"aname"_s},
+                  {u"Latitude"_s, u"lat_dec"_s, u"lat_min"_s},
+                  {u"Longtitude"_s, u"lon_dec"_s, u"lon_min"_s},
+                  {u"Recorder"_s, u"interviewer"_s}});
     m_fields.add(form, 2,
-                 {{tr("Fishing time"), QStringLiteral("fishingtime")},
-                  {tr("Bottom Depth(Meter)"), QStringLiteral("bdepth")},
-                  {tr("Fishing Depth(Meter)"), QStringLiteral("fdepth")},
-                  {tr("No of haul/Trip"), QStringLiteral("nohaul")},
-                  {tr("Duration of Trip(days)"), QStringLiteral("dulation")},
-                  {tr("Estimate Total Catch(kg)"), QStringLiteral("estotal")},
-                  {tr("Note"), QStringLiteral("note")}});
+                 {{u"Fishing time"_s, u"fishingtime"_s},
+                  {u"Bottom Depth(Meter)"_s, u"bdepth"_s},
+                  {u"Fishing Depth(Meter)"_s, u"fdepth"_s},
+                  {u"No of haul/Trip"_s, u"nohaul"_s},
+                  {u"Duration of Trip(days)"_s, u"dulation"_s},
+                  {u"Estimate Total Catch(kg)"_s, u"estotal"_s},
+                  {u"Note"_s, u"note"_s}});
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

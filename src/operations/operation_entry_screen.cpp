@@ -14,11 +14,13 @@
 #include <algorithm>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
-const QString kConfirm = QStringLiteral("Confirm");
-const QString kNoRecord = QStringLiteral("No Record");
+const QString kConfirm = u"Confirm"_s;
+const QString kNoRecord = u"No Record"_s;
 
 QLabel* heading(const QString& text) {
     auto* label = new QLabel(text);
@@ -40,11 +42,11 @@ std::optional<int> keyAmong(const std::vector<int>& found, const std::optional<i
 }  // namespace
 
 OperationEntryScreen::OperationEntryScreen(const Context& context, Connection::Patience patience)
-    : Screen(QStringLiteral("Fishing Information"), context),
+    : Screen(u"Fishing Information"_s, context),
       m_connection(context.databasePath, patience),
       m_form(new OperationForm(m_connection, dialogs(), context.session.userName)),
-      m_save(new QPushButton(QStringLiteral("&SAVE"))) {
-    auto* clearButton = new QPushButton(QStringLiteral("&CLEAR"));
+      m_save(new QPushButton(u"&SAVE"_s)) {
+    auto* clearButton = new QPushButton(u"&CLEAR"_s);
 
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(10);
@@ -55,7 +57,7 @@ OperationEntryScreen::OperationEntryScreen(const Context& context, Connection::P
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(20, 14, 20, 14);
     layout->setSpacing(14);
-    layout->addWidget(heading(QStringLiteral("FISHING OPERATION")));
+    layout->addWidget(heading(u"FISHING OPERATION"_s));
     layout->addWidget(m_form);
     layout->addLayout(buttons);
     layout->addStretch();
@@ -101,10 +103,10 @@ bool OperationEntryScreen::claimNumber() {
         return true;
     }
     showNextNumber();
-    dialogs().message(QStringLiteral("No. %1 was given to another operation in the meantime. Nothing was stored yet: "
-                                     "this operation now has No. %2, please press SAVE again.")
-                          .arg(number)
-                          .arg(m_form->number().value()));
+    dialogs().message(
+        u"No. %1 was given to another operation in the meantime. Nothing was stored yet: "
+        "this operation now has No. %2, please press SAVE again."_s.arg(number)
+            .arg(m_form->number().value()));
     return false;
 }
 
@@ -155,7 +157,7 @@ void OperationEntryScreen::store(const OperationEntry& entry) {
     Transaction transaction(m_connection);
     m_connection.execute(insertStatement(entry, number, m_portKey));
     transaction.commit();
-    dialogs().message(QStringLiteral("Insert Complete"));
+    dialogs().message(u"Insert Complete"_s);
     context().session.lastSavedOperation = number;
     m_save->setEnabled(false);
 }
@@ -171,7 +173,7 @@ void OperationEntryScreen::clear() {
 void OperationEntryScreen::AddState(const QString& name) {
     const int key = nextState(m_connection);
     const bool added = executeThenAsk(m_connection, Sql("insert into state values(") << key << "," << name << ")", [&] {
-        return dialogs().confirm(kConfirm, QStringLiteral("Are you sure to insert state '") + name + u'\'');
+        return dialogs().confirm(kConfirm, u"Are you sure to insert state '"_s + name + u'\'');
     });
     if (added) {
         m_form->fillStates();
@@ -191,9 +193,8 @@ std::optional<int> OperationEntryScreen::getstateid(const QString& name) {
 void OperationEntryScreen::AddSampling(const QString& name, int stateKey) {
     const int key = nextSamplingPort(m_connection);
     const bool added = executeThenAsk(
-        m_connection, Sql("insert into samplingport values(") << key << "," << name << "," << stateKey << ")", [&] {
-            return dialogs().confirm(kConfirm, QStringLiteral("Are you sure to insert sampling port '") + name + u'\'');
-        });
+        m_connection, Sql("insert into samplingport values(") << key << "," << name << "," << stateKey << ")",
+        [&] { return dialogs().confirm(kConfirm, u"Are you sure to insert sampling port '"_s + name + u'\''); });
     if (added) {
         m_form->fillPorts();
     }
@@ -217,7 +218,7 @@ std::optional<int> OperationEntryScreen::getsamplingid(const QString& stateName,
 
 void OperationEntryScreen::addvessel(const Sql& statement) {
     const bool added = executeThenAsk(m_connection, statement, [this] {
-        return dialogs().confirm(kConfirm, QStringLiteral("Are you sure to insert this fishing vessel? "));
+        return dialogs().confirm(kConfirm, u"Are you sure to insert this fishing vessel? "_s);
     });
     if (added) {
         m_form->fillVessels();

@@ -16,6 +16,8 @@
 
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -24,7 +26,7 @@ constexpr int kFirst = 0;
 constexpr int kSecond = 3;
 constexpr int kThird = 6;
 
-const QString kNoNumber = QStringLiteral("0");
+const QString kNoNumber = u"0"_s;
 
 QLineEdit* zeroField(QWidget* parent, const QString& name = {}) {
     QLineEdit* field = numberField(kNoNumber);
@@ -38,9 +40,9 @@ void addPosition(QGridLayout* form, int row, const QString& caption, QLineEdit* 
                  const QString& direction) {
     auto* position = new QHBoxLayout;
     position->setSpacing(8);
-    position->addWidget(new QLabel(QStringLiteral("Dec")));
+    position->addWidget(new QLabel(u"Dec"_s));
     position->addWidget(dec, 1);
-    position->addWidget(new QLabel(QStringLiteral("Min")));
+    position->addWidget(new QLabel(u"Min"_s));
     position->addWidget(min, 1);
     auto* side = new QLabel(direction);
     side->setFixedWidth(side->fontMetrics().horizontalAdvance(u'N'));
@@ -80,10 +82,10 @@ OperationForm::OperationForm(Connection& connection, Dialogs& dialogs, const QSt
       m_states(new BoundList(this)),
       m_ports(new BoundList(this)),
       m_date(new DateField(this)),
-      m_latitudeDec(zeroField(this, QStringLiteral("Latitude Dec"))),
-      m_latitudeMin(zeroField(this, QStringLiteral("Latitude Min"))),
-      m_longitudeDec(zeroField(this, QStringLiteral("Longtitude Dec"))),
-      m_longitudeMin(zeroField(this, QStringLiteral("Longtitude Min"))),
+      m_latitudeDec(zeroField(this, u"Latitude Dec"_s)),
+      m_latitudeMin(zeroField(this, u"Latitude Min"_s)),
+      m_longitudeDec(zeroField(this, u"Longtitude Dec"_s)),
+      m_longitudeMin(zeroField(this, u"Longtitude Min"_s)),
       m_fishingTime(new QButtonGroup(this)),
       m_bottomDepth(zeroField(this)),
       m_fishingDepth(zeroField(this)),
@@ -111,7 +113,7 @@ OperationForm::OperationForm(Connection& connection, Dialogs& dialogs, const QSt
     addLandingColumn(form);
     addTripColumn(form);
 
-    QLabel* note = addField(form, 6, kFirst, QStringLiteral(" Note"), m_note);
+    QLabel* note = addField(form, 6, kFirst, u" Note"_s, m_note);
     form->addWidget(m_note, 6, kFirst + 1, 1, kThird + 1 - kFirst);
     form->setAlignment(note, Qt::AlignTop);
     m_note->setTabChangesFocus(true);
@@ -123,12 +125,12 @@ OperationForm::OperationForm(Connection& connection, Dialogs& dialogs, const QSt
 }
 
 void OperationForm::addCatchColumn(QGridLayout* form) {
-    addField(form, 0, kFirst, QStringLiteral(" No."), m_number);
-    addField(form, 1, kFirst, QStringLiteral(" Vessel Name"), m_vesselNames);
-    addField(form, 2, kFirst, QStringLiteral(" Vessel Register id"), m_registerIds);
-    addField(form, 3, kFirst, QStringLiteral(" Fishing Gear"), m_gears);
-    addField(form, 4, kFirst, QStringLiteral(" Fishing Method"), m_methods);
-    addField(form, 5, kFirst, QStringLiteral(" Fishing Area"), m_areas);
+    addField(form, 0, kFirst, u" No."_s, m_number);
+    addField(form, 1, kFirst, u" Vessel Name"_s, m_vesselNames);
+    addField(form, 2, kFirst, u" Vessel Register id"_s, m_registerIds);
+    addField(form, 3, kFirst, u" Fishing Gear"_s, m_gears);
+    addField(form, 4, kFirst, u" Fishing Method"_s, m_methods);
+    addField(form, 5, kFirst, u" Fishing Area"_s, m_areas);
     m_number->setReadOnly(true);
     // The number is there to be read and copied; typing starts with the vessel.
     m_number->setFocusPolicy(Qt::ClickFocus);
@@ -138,16 +140,16 @@ void OperationForm::addCatchColumn(QGridLayout* form) {
 }
 
 void OperationForm::addLandingColumn(QGridLayout* form) {
-    addField(form, 0, kSecond, QStringLiteral(" Landing State/Province"), m_states);
-    addField(form, 1, kSecond, QStringLiteral(" Landing Port"), m_ports);
-    addField(form, 2, kSecond, QStringLiteral(" Sampling Date"), m_date);
-    addPosition(form, 3, QStringLiteral("Latitude"), m_latitudeDec, m_latitudeMin, QStringLiteral("N"));
-    addPosition(form, 4, QStringLiteral("Longtitude"), m_longitudeDec, m_longitudeMin, QStringLiteral("E"));
+    addField(form, 0, kSecond, u" Landing State/Province"_s, m_states);
+    addField(form, 1, kSecond, u" Landing Port"_s, m_ports);
+    addField(form, 2, kSecond, u" Sampling Date"_s, m_date);
+    addPosition(form, 3, u"Latitude"_s, m_latitudeDec, m_latitudeMin, u"N"_s);
+    addPosition(form, 4, u"Longtitude"_s, m_longitudeDec, m_longitudeMin, u"E"_s);
 
     auto* options = new QHBoxLayout;
     options->setSpacing(14);
     QWidget* before = m_longitudeMin;
-    for (const QString& time : {QStringLiteral("Day"), QStringLiteral("Night"), QStringLiteral("Day and Night")}) {
+    for (const QString& time : {u"Day"_s, u"Night"_s, u"Day and Night"_s}) {
         auto* option = new QRadioButton(time, this);
         m_fishingTime->addButton(option);
         options->addWidget(option);
@@ -156,19 +158,19 @@ void OperationForm::addLandingColumn(QGridLayout* form) {
     }
     options->addStretch();
     m_fishingTime->buttons().first()->setChecked(true);
-    auto* label = new QLabel(QStringLiteral("Fishing time"));
+    auto* label = new QLabel(u"Fishing time"_s);
     label->setBuddy(m_fishingTime->buttons().first());
     form->addWidget(label, 5, kSecond);
     form->addLayout(options, 5, kSecond + 1);
 }
 
 void OperationForm::addTripColumn(QGridLayout* form) {
-    addField(form, 0, kThird, QStringLiteral(" Bottom Depth(Meter)"), m_bottomDepth);
-    addField(form, 1, kThird, QStringLiteral(" Fishing Depth(Meter)"), m_fishingDepth);
-    addField(form, 2, kThird, QStringLiteral(" No of haul per Trip(haul)"), m_hauls);
-    addField(form, 3, kThird, QStringLiteral(" Duration of Trip(days)"), m_duration);
-    addField(form, 4, kThird, QStringLiteral(" Total Catch (kg/trip)"), m_totalCatch);
-    addField(form, 5, kThird, QStringLiteral(" Recorder"), m_recorder);
+    addField(form, 0, kThird, u" Bottom Depth(Meter)"_s, m_bottomDepth);
+    addField(form, 1, kThird, u" Fishing Depth(Meter)"_s, m_fishingDepth);
+    addField(form, 2, kThird, u" No of haul per Trip(haul)"_s, m_hauls);
+    addField(form, 3, kThird, u" Duration of Trip(days)"_s, m_duration);
+    addField(form, 4, kThird, u" Total Catch (kg/trip)"_s, m_totalCatch);
+    addField(form, 5, kThird, u" Recorder"_s, m_recorder);
 }
 
 void OperationForm::connectLists() {
@@ -184,7 +186,7 @@ void OperationForm::connectLists() {
             }));
     m_ports->setOpenCheck([this] {
         if (isBlank(m_states->text())) {
-            m_dialogs.message(QStringLiteral("ERROR"), QStringLiteral(" Please input state first"));
+            m_dialogs.message(u"ERROR"_s, u" Please input state first"_s);
             return false;
         }
         return true;
@@ -217,8 +219,8 @@ void OperationForm::fillLists() {
 
 void OperationForm::fillVessels() {
     ResultSet vessels = m_connection.query(Sql("select * from vessel order by vesselname"));
-    const QString name = QStringLiteral("vesselname");
-    const QString registerId = QStringLiteral("vesselid");
+    const QString name = u"vesselname"_s;
+    const QString registerId = u"vesselid"_s;
     m_registerIds->setSource(std::make_unique<ResultModel>(vessels), registerId, name);
     m_vesselNames->setSource(std::make_unique<ResultModel>(std::move(vessels)), name, registerId);
 }
@@ -226,32 +228,31 @@ void OperationForm::fillVessels() {
 void OperationForm::fillGears() {
     m_gears->setSource(m_connection.model(Sql("select * from fishing_gear where gearid in "
                                               "(select gearid from Fishing_method )order by guname")),
-                       QStringLiteral("guname"), QStringLiteral("gearid"));
+                       u"guname"_s, u"gearid"_s);
 }
 
 void OperationForm::fillMethods() {
     if (const auto gear = chosenKey(*m_gears)) {
         m_methods->setSource(m_connection.model(Sql("select * from Fishing_method where gearid = ") << *gear),
-                             QStringLiteral("methodname"), QStringLiteral("methodid"));
+                             u"methodname"_s, u"methodid"_s);
     }
 }
 
 void OperationForm::fillAreasAndMethods() {
-    m_areas->setSource(m_connection.model(Sql("select * from Fishing_area order by aname")), QStringLiteral("aname"),
-                       QStringLiteral("aname"));
+    m_areas->setSource(m_connection.model(Sql("select * from Fishing_area order by aname")), u"aname"_s, u"aname"_s);
     fillMethods();
 }
 
 void OperationForm::fillStates() {
-    m_states->setSource(m_connection.model(Sql("select * from state order by statename")), QStringLiteral("statename"),
-                        QStringLiteral("stateid"));
+    m_states->setSource(m_connection.model(Sql("select * from state order by statename")), u"statename"_s,
+                        u"stateid"_s);
 }
 
 void OperationForm::fillPorts() {
     if (const auto state = chosenState()) {
         m_ports->setSource(m_connection.model(Sql("select * from samplingport where stateid = ")
                                               << *state << " order by samplingname"),
-                           QStringLiteral("samplingname"), QStringLiteral("samplingid"));
+                           u"samplingname"_s, u"samplingid"_s);
         return;
     }
     const QString kept = m_ports->text();

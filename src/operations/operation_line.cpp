@@ -2,6 +2,8 @@
 
 #include "operations/finder_panel.h"
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 OperationLine::OperationLine(const FinderPanel& finder) {
@@ -10,8 +12,8 @@ OperationLine::OperationLine(const FinderPanel& finder) {
     setFont(strong);
     const auto show = [this, &finder] {
         const QString number = finder.currentOperation();
-        setText(number.isEmpty() ? tr("No fishing operation is chosen: find one on the tab \"Fishing Operation\".")
-                                 : QStringLiteral("%1 %2").arg(finder.numberCaption(), number));
+        setText(number.isEmpty() ? u"No fishing operation is chosen: find one on the tab \"Fishing Operation\"."_s
+                                 : u"%1 %2"_s.arg(finder.numberCaption(), number));
     };
     connect(&finder, &FinderPanel::operationChanged, this, show);
     show();

@@ -2,6 +2,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 Sql operationFields() {
@@ -27,20 +29,15 @@ std::span<const SearchCriterion> searchCriteria() {
     // An operation stores the name of its vessel, so vessels are matched by their shown name and not by their key, the
     // register id. Areas are shown by their description, and matched by their name.
     static const std::array<SearchCriterion, 5> criteria = {{
-        {QStringLiteral("State/Province"), "select * from state order by statename", QStringLiteral("statename"),
-         QStringLiteral("stateid"), false,
+        {u"State/Province"_s, "select * from state order by statename", u"statename"_s, u"stateid"_s, false,
          [](const QVariant& key) { return Sql(" where  samplingport.stateid = ") << key.toLongLong(); }},
-        {QStringLiteral("Sampling Port"), "select * from samplingport order by samplingname",
-         QStringLiteral("samplingname"), QStringLiteral("samplingid"), false,
-         [](const QVariant& key) { return Sql(" where fishoperation.portid = ") << key.toLongLong(); }},
-        {QStringLiteral("Fishing Area"), "select * from fishing_area order by aname", QStringLiteral("describ"),
-         QStringLiteral("aname"), false,
+        {u"Sampling Port"_s, "select * from samplingport order by samplingname", u"samplingname"_s, u"samplingid"_s,
+         false, [](const QVariant& key) { return Sql(" where fishoperation.portid = ") << key.toLongLong(); }},
+        {u"Fishing Area"_s, "select * from fishing_area order by aname", u"describ"_s, u"aname"_s, false,
          [](const QVariant& key) { return Sql(" where fishoperation.areaid = ") << key.toString(); }},
-        {QStringLiteral("Vessel"), "select * from vessel order by vesselname", QStringLiteral("vesselname"),
-         QStringLiteral("vesselid"), true,
+        {u"Vessel"_s, "select * from vessel order by vesselname", u"vesselname"_s, u"vesselid"_s, true,
          [](const QVariant& name) { return Sql(" where fishoperation.vesselid = ") << name.toString(); }},
-        {QStringLiteral("Fishing Gear"), "select * from Fishing_gear order by guname", QStringLiteral("guname"),
-         QStringLiteral("gearid"), false,
+        {u"Fishing Gear"_s, "select * from Fishing_gear order by guname", u"guname"_s, u"gearid"_s, false,
          [](const QVariant& key) { return Sql(" where Fishing_method.gearid = ") << key.toLongLong(); }},
     }};
     return criteria;

@@ -9,6 +9,8 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -28,9 +30,9 @@ SearchFields::SearchFields(Connection& connection, Dialogs& dialogs, QWidget* pa
       m_dialogs(dialogs),
       m_criterion(new FixedList(criterionCaptions(), this)),
       m_value(new BoundList(this)) {
-    nameList(m_criterion, tr("Criterion"));
+    nameList(m_criterion, u"Criterion"_s);
     m_criterion->setMinimumWidth(200);
-    nameList(m_value, tr("Value"));
+    nameList(m_value, u"Value"_s);
 
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

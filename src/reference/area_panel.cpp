@@ -9,23 +9,25 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 AreaPanel::AreaPanel(Connection& connection, Dialogs& dialogs)
     : ReferencePanel(connection, dialogs),
       m_name(new QLineEdit),
       m_description(new QLineEdit),
-      m_areas(new RecordGrid(tr("Fishing Area"), {{tr("Area"), 1500}, {tr("Description"), 2900}})) {
+      m_areas(new RecordGrid(u"Fishing Area"_s, {{u"Area"_s, 1500}, {u"Description"_s, 2900}})) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
 
-    auto* entry = new QGroupBox(tr("New fishing area"));
+    auto* entry = new QGroupBox(u"New fishing area"_s);
     layout->addWidget(entry);
     auto* form = new QGridLayout(entry);
-    addField(form, 0, 0, tr(" Area Name"), m_name);
+    addField(form, 0, 0, u" Area Name"_s, m_name);
     form->addWidget(m_name, 0, 1, 1, 2);
-    addField(form, 1, 0, tr(" Description"), m_description);
-    auto* addButton = new QPushButton(tr("Add"));
+    addField(form, 1, 0, u" Description"_s, m_description);
+    auto* addButton = new QPushButton(u"Add"_s);
     form->addWidget(addButton, 1, 2);
 
     layout->addWidget(m_areas, 1);
@@ -48,12 +50,12 @@ void AreaPanel::RefreshAreaGrid() {
 
 void AreaPanel::add() {
     if (m_name->text().isEmpty()) {
-        dialogs().message(tr("Please insert fishing area"));
+        dialogs().message(u"Please insert fishing area"_s);
         m_name->setFocus();
         return;
     }
     if (m_description->text().isEmpty()) {
-        dialogs().message(tr("Please insert description"));
+        dialogs().message(u"Please insert description"_s);
         m_description->setFocus();
         return;
     }
@@ -64,27 +66,26 @@ void AreaPanel::add() {
 
 void AreaPanel::AddArea(const QString& name, const QString& description) {
     if (finds(Sql("select * from fishing_area where aname =") << name)) {
-        dialogs().message(tr("ERROR"), tr("Fishing area repeat please try again"));
+        dialogs().message(u"ERROR"_s, u"Fishing area repeat please try again"_s);
         return;
     }
     const Sql statement = Sql("insert into fishing_area(aname,describ) values(") << name << "," << description << ")";
-    const bool stored = confirmAfterExecute(statement, tr("Are you sure to insert this fishing area? "));
-    dialogs().message(tr("RESULT"),
-                      stored ? tr("Insert fishing area Complete") : tr("Insert fishing area not Complete"));
+    const bool stored = confirmAfterExecute(statement, u"Are you sure to insert this fishing area? "_s);
+    dialogs().message(u"RESULT"_s, stored ? u"Insert fishing area Complete"_s : u"Insert fishing area not Complete"_s);
 }
 
 void AreaPanel::deleteArea(const QString& name) {
     if (finds(Sql("select * from fishoperation where areaid = ") << name)) {
-        dialogs().message(tr("ERROR"), tr("Can not delete because this area used in Fishing Operation"));
+        dialogs().message(u"ERROR"_s, u"Can not delete because this area used in Fishing Operation"_s);
         return;
     }
     if (!finds(Sql("select * from fishing_area where aname = ") << name << " ")) {
-        dialogs().message(tr("ERROR"), tr("It's doesn't have this area"));
+        dialogs().message(u"ERROR"_s, u"It's doesn't have this area"_s);
         clearEntry();
         return;
     }
     if (confirmAfterExecute(Sql("delete from fishing_area where aname = ") << name,
-                            tr("Do you want to delete this area?"))) {
+                            u"Do you want to delete this area?"_s)) {
         m_areas->setCaption({});
         RefreshAreaGrid();
         clearEntry();

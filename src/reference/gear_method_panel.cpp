@@ -11,24 +11,26 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 GearMethodPanel::GearMethodPanel(Connection& connection, Dialogs& dialogs)
     : ReferencePanel(connection, dialogs),
       m_gear(new BoundList),
       m_method(new QLineEdit),
-      m_methods(new RecordGrid(tr("Fishing Gear and Method"),
-                               {{tr("No."), 500}, {tr("Fishing gear"), 2000}, {tr("Method"), 2000}})) {
+      m_methods(new RecordGrid(u"Fishing Gear and Method"_s,
+                               {{u"No."_s, 500}, {u"Fishing gear"_s, 2000}, {u"Method"_s, 2000}})) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
 
-    auto* entry = new QGroupBox(tr("New fishing method"));
+    auto* entry = new QGroupBox(u"New fishing method"_s);
     layout->addWidget(entry);
     auto* form = new QGridLayout(entry);
-    addField(form, 0, 0, tr(" Fishing gear"), m_gear);
+    addField(form, 0, 0, u" Fishing gear"_s, m_gear);
     form->addWidget(m_gear, 0, 1, 1, 2);
-    addField(form, 1, 0, tr(" Fishing Method"), m_method);
-    auto* addButton = new QPushButton(tr("Add"));
+    addField(form, 1, 0, u" Fishing Method"_s, m_method);
+    auto* addButton = new QPushButton(u"Add"_s);
     form->addWidget(addButton, 1, 2);
 
     layout->addWidget(m_methods, 1);
@@ -50,8 +52,7 @@ void GearMethodPanel::RefreshGearMethodGrid() {
 }
 
 void GearMethodPanel::RefreshMethodGearList() {
-    m_gear->setSource(connection().model(Sql("select * from fishing_gear order by guname")), QStringLiteral("guname"),
-                      QStringLiteral("gearid"));
+    m_gear->setSource(connection().model(Sql("select * from fishing_gear order by guname")), u"guname"_s, u"gearid"_s);
 }
 
 void GearMethodPanel::add() {
@@ -72,8 +73,8 @@ void GearMethodPanel::add() {
 void GearMethodPanel::AddGear(const QString& name) {
     const int id = nextGear(connection());
     const Sql statement = Sql("insert into Fishing_gear(gearid,guname) values(") << id << "," << name << ")";
-    if (!confirmAfterExecute(statement, tr("Are you sure to insert fishing gear '%1'?").arg(name))) {
-        dialogs().message(tr("RESULT"), tr("Insert fishing gear not Complete"));
+    if (!confirmAfterExecute(statement, u"Are you sure to insert fishing gear '%1'?"_s.arg(name))) {
+        dialogs().message(u"RESULT"_s, u"Insert fishing gear not Complete"_s);
         return;
     }
     RefreshMethodGearList();
@@ -83,7 +84,7 @@ void GearMethodPanel::AddGear(const QString& name) {
 
 void GearMethodPanel::AddMethod(const QString& name, int gearid) {
     if (finds(Sql("select * from Fishing_method where gearid = ") << gearid << " and methodname = " << name)) {
-        dialogs().message(tr("Error!"), tr("fishing method repeat please try again!"));
+        dialogs().message(u"Error!"_s, u"fishing method repeat please try again!"_s);
         return;
     }
     const int id = nextMethod(connection());
@@ -99,7 +100,7 @@ void GearMethodPanel::deleteMethod() {
     }
     if (finds(Sql("select * from fishoperation where fishing_method = ") << m_selectedMethod) ||
         finds(Sql("select  * from vessel where gear = ") << m_selectedMethod)) {
-        dialogs().message(tr("Can not delete fishing gear because this gear used in another table"));
+        dialogs().message(u"Can not delete fishing gear because this gear used in another table"_s);
         return;
     }
     connection().execute(Sql("delete from fishing_method where methodid = ") << m_selectedMethod);

@@ -10,10 +10,12 @@
 #include <QGridLayout>
 #include <QTabWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 GeneralInformationScreen::GeneralInformationScreen(const Context& context)
-    : Screen(tr("General Information"), context),
+    : Screen(u"General Information"_s, context),
       m_connection(context.databasePath),
       m_methods(new GearMethodPanel(m_connection, dialogs())),
       m_areas(new AreaPanel(m_connection, dialogs())),
@@ -23,9 +25,9 @@ GeneralInformationScreen::GeneralInformationScreen(const Context& context)
     auto* layout = new QVBoxLayout(this);
     auto* tabs = new QTabWidget;
     layout->addWidget(tabs);
-    tabs->addTab(generalTab(), tr("General"));
-    tabs->addTab(m_species, tr("Target Species"));
-    tabs->addTab(m_vessels, tr("Fishing Vessel"));
+    tabs->addTab(generalTab(), u"General"_s);
+    tabs->addTab(m_species, u"Target Species"_s);
+    tabs->addTab(m_vessels, u"Fishing Vessel"_s);
 
     // A gear that was named on one tab can be chosen on the other at once.
     connect(m_methods, &GearMethodPanel::gearAdded, this,

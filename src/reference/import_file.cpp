@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 bool headerFits(const ImportLayout& layout, const QStringList& fields) {
@@ -30,8 +32,7 @@ QString unevenRecord(const ImportLayout& layout, const std::vector<CsvRecord>& r
     if (uneven == records.end()) {
         return {};
     }
-    return QStringLiteral("Line %1 does not hold %2 fields, but %3. Nothing was loaded.")
-        .arg(uneven->line)
+    return u"Line %1 does not hold %2 fields, but %3. Nothing was loaded."_s.arg(uneven->line)
         .arg(layout.width())
         .arg(uneven->fields.size());
 }
@@ -41,26 +42,25 @@ QString counted(qsizetype number) {
 }
 
 QString outcomeLine(const ImportOutcome& outcome) {
-    return QStringLiteral("stored %1, already known %2, refused %3")
-        .arg(counted(outcome.stored), counted(outcome.known), counted(static_cast<qsizetype>(outcome.refused.size())));
+    return u"stored %1, already known %2, refused %3"_s.arg(counted(outcome.stored), counted(outcome.known),
+                                                            counted(static_cast<qsizetype>(outcome.refused.size())));
 }
 
 QString refusalText(const std::vector<RefusedRecord>& refused) {
     constexpr std::size_t most = 10;
     constexpr qsizetype longest = 40;  // letters of a name, so that ten lines fit into a box
     QStringList lines = {
-        QStringLiteral("Not stored, since a number is missing or not numeric: %1. These rows stay in the preview.\n")
-            .arg(counted(static_cast<qsizetype>(refused.size())))};
+        u"Not stored, since a number is missing or not numeric: %1. These rows stay in the preview.\n"_s.arg(
+            counted(static_cast<qsizetype>(refused.size())))};
     for (std::size_t i = 0; i < std::min(most, refused.size()); ++i) {
         const auto& [record, columns] = refused[i];
         const QString name = record.fields.first().simplified();
-        lines.append(QStringLiteral("line %1, %2: %3")
-                         .arg(QString::number(record.line),
-                              name.size() <= longest ? name : name.first(longest) + QStringLiteral("…"),
-                              columns.join(QStringLiteral(", "))));
+        lines.append(u"line %1, %2: %3"_s.arg(QString::number(record.line),
+                                              name.size() <= longest ? name : name.first(longest) + u"…"_s,
+                                              columns.join(u", "_s)));
     }
     if (refused.size() > most) {
-        lines.append(QStringLiteral("and %1 more").arg(counted(static_cast<qsizetype>(refused.size() - most))));
+        lines.append(u"and %1 more"_s.arg(counted(static_cast<qsizetype>(refused.size() - most))));
     }
     return lines.join(u'\n');
 }

@@ -18,6 +18,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -93,10 +95,10 @@ ImportPreview::ImportPreview(const ImportLayout& layout, const Captions& caption
     auto* file = new QHBoxLayout;
     rows->addLayout(file);
     m_path->setAccessibleName(captions.file);
-    m_path->setPlaceholderText(tr("No file chosen"));
+    m_path->setPlaceholderText(u"No file chosen"_s);
     m_path->setReadOnly(true);
     file->addWidget(m_path, 1);
-    auto* import = new QPushButton(tr("Import"));
+    auto* import = new QPushButton(u"Import"_s);
     file->addWidget(import);
 
     m_grid->setItemDelegate(new RowHighlight(m_grid));
@@ -145,22 +147,22 @@ void ImportPreview::chooseFile() {
 }
 
 bool ImportPreview::read(const QString& path) {
-    if (!path.endsWith(u".csv"_qs, Qt::CaseSensitive)) {
-        dialogs().message(tr("Error file type .csv only try again"));
+    if (!path.endsWith(u".csv"_s, Qt::CaseSensitive)) {
+        dialogs().message(u"Error file type .csv only try again"_s);
         return false;
     }
     std::vector<CsvRecord> records = parseCsv(decodedText(readImportFile(path)));
     if (records.empty()) {
-        dialogs().message(tr("No data in this file"));
+        dialogs().message(u"No data in this file"_s);
         return true;
     }
     if (!headerFits(m_layout, records.front().fields)) {
-        dialogs().message(tr("ERROR"), tr("Error File Format"));
+        dialogs().message(u"ERROR"_s, u"Error File Format"_s);
         return false;
     }
     const QString uneven = unevenRecord(m_layout, records);
     if (!uneven.isEmpty()) {
-        dialogs().message(tr("ERROR"), uneven);
+        dialogs().message(u"ERROR"_s, uneven);
         return false;
     }
     records.erase(records.begin());
@@ -184,7 +186,7 @@ void ImportPreview::show(std::vector<CsvRecord> records) {
     m_table->setRows(std::move(rows));
     m_save->setEnabled(!blank);
     m_remove->setEnabled(!blank);
-    m_line->setText(tr("rows: %1").arg(counted(static_cast<qsizetype>(m_records.size()))));
+    m_line->setText(u"rows: %1"_s.arg(counted(static_cast<qsizetype>(m_records.size()))));
     if (!blank) {
         m_grid->setCurrentRow(0);
     }
@@ -192,7 +194,7 @@ void ImportPreview::show(std::vector<CsvRecord> records) {
 
 void ImportPreview::save() {
     const QString count = QString::number(m_records.size());
-    if (!dialogs().confirm(tr("CONFIRM"), tr("Are you sure to insert '%1' data").arg(count))) {
+    if (!dialogs().confirm(u"CONFIRM"_s, u"Are you sure to insert '%1' data"_s.arg(count))) {
         return;
     }
     const ImportOutcome outcome = storeAll();
@@ -208,14 +210,14 @@ void ImportPreview::save() {
     m_line->setText(outcomeLine(outcome));
     refreshStored();
     if (!outcome.refused.empty()) {
-        dialogs().message(tr("ERROR"), refusalText(outcome.refused));
+        dialogs().message(u"ERROR"_s, refusalText(outcome.refused));
     }
 }
 
 ImportOutcome ImportPreview::storeAll() {
     ImportOutcome outcome;
     Transaction transaction(connection());
-    Progress progress(tr("Storing the rows…"), static_cast<int>(m_records.size()));
+    Progress progress(u"Storing the rows…"_s, static_cast<int>(m_records.size()));
     for (const CsvRecord& record : m_records) {
         store(record, outcome);
         progress.step();
@@ -232,7 +234,7 @@ void ImportPreview::removeRow() {
     m_records.erase(m_records.begin() + row);
     m_table->removeRow(row);
     m_grid->setCurrentRow(std::min(row, m_table->rowCount() - 1));
-    m_line->setText(tr("rows: %1").arg(counted(static_cast<qsizetype>(m_records.size()))));
+    m_line->setText(u"rows: %1"_s.arg(counted(static_cast<qsizetype>(m_records.size()))));
 }
 
 void ImportPreview::clear() {

@@ -6,13 +6,15 @@
 #include <QLayout>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 RecordGrid::RecordGrid(const QString& caption, GridColumns columns)
     : CaptionedGrid(caption),
       m_columns(std::move(columns)),
       m_navigator(addNavigator(caption)),
-      m_delete(addButton(tr("Delete"))) {
+      m_delete(addButton(u"Delete"_s)) {
     m_delete->setEnabled(false);
 }
 

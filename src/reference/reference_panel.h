@@ -10,6 +10,8 @@ class QAbstractButton;
 
 namespace kelvora {
 
+using namespace Qt::StringLiterals;
+
 class Dialogs;
 
 /// A part of the "General Information" screen that keeps one reference list, over the screen's connection.
@@ -28,7 +30,7 @@ protected:
     [[nodiscard]] bool finds(const Sql& query) const;
     /// Executes a statement, asks, and keeps or takes back what it did; returns the answer.
     [[nodiscard]] bool confirmAfterExecute(const Sql& statement, const QString& question,
-                                           const QString& title = QStringLiteral("Confirm")) const;
+                                           const QString& title = u"Confirm"_s) const;
 
 private:
     Connection& m_connection;

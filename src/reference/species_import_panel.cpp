@@ -7,11 +7,13 @@
 
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 SpeciesImportPanel::SpeciesImportPanel(SpeciesTab& tab, Connection& connection, Dialogs& dialogs)
     : ImportPreview(speciesLayout(),
-                    {tr("IMPORT"), tr("Species file"), tr("Species import"), tr("SAVE"), tr("DELETE"), tr("CLEAR")},
+                    {u"IMPORT"_s, u"Species file"_s, u"Species import"_s, u"SAVE"_s, u"DELETE"_s, u"CLEAR"_s},
                     connection, dialogs),
       m_tab(tab) {
     clearButton()->setEnabled(false);

@@ -13,6 +13,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 SpeciesTab::SpeciesTab(Connection& connection, Dialogs& dialogs)
@@ -21,23 +23,23 @@ SpeciesTab::SpeciesTab(Connection& connection, Dialogs& dialogs)
       m_genus(new QLineEdit),
       m_species(new QLineEdit),
       m_commonName(new QLineEdit),
-      m_catalogue(new RecordGrid(tr("Target Species"), {{tr("No."), 300, Qt::AlignLeft, true},
-                                                        {tr("Family"), 1400},
-                                                        {tr("Genus"), 1500},
-                                                        {tr("Specie"), 1500},
-                                                        {tr("Common name"), 2000}})) {
+      m_catalogue(new RecordGrid(u"Target Species"_s, {{u"No."_s, 300, Qt::AlignLeft, true},
+                                                       {u"Family"_s, 1400},
+                                                       {u"Genus"_s, 1500},
+                                                       {u"Specie"_s, 1500},
+                                                       {u"Common name"_s, 2000}})) {
     auto* layout = new QHBoxLayout(this);
     auto* catalogue = new QVBoxLayout;
     layout->addLayout(catalogue, 1);
 
-    auto* entry = new QGroupBox(tr("New species"));
+    auto* entry = new QGroupBox(u"New species"_s);
     catalogue->addWidget(entry);
     auto* form = new QGridLayout(entry);
-    addField(form, 0, 0, tr(" Family"), m_family);
-    addField(form, 0, 2, tr(" Genus"), m_genus);
-    addField(form, 1, 0, tr(" Species"), m_species);
-    addField(form, 1, 2, tr(" Common name"), m_commonName);
-    auto* addButton = new QPushButton(tr("&Add"));
+    addField(form, 0, 0, u" Family"_s, m_family);
+    addField(form, 0, 2, u" Genus"_s, m_genus);
+    addField(form, 1, 0, u" Species"_s, m_species);
+    addField(form, 1, 2, u" Common name"_s, m_commonName);
+    auto* addButton = new QPushButton(u"&Add"_s);
     form->addWidget(addButton, 1, 4);
     form->setColumnStretch(1, 1);
     form->setColumnStretch(3, 1);
@@ -71,11 +73,11 @@ void SpeciesTab::add() {
     const QString genus = m_genus->text();
     const QString species = m_species->text();
     if (family.isEmpty() || genus.isEmpty() || species.isEmpty()) {
-        dialogs().message(tr("Please in put Family ,Genus And speices"));
+        dialogs().message(u"Please in put Family ,Genus And speices"_s);
         return;
     }
     if (isStored(family, genus, species)) {
-        dialogs().message(tr("ERROR"), tr("Species repeat please try again"));
+        dialogs().message(u"ERROR"_s, u"Species repeat please try again"_s);
         return;
     }
     AddSpecies(species, genus, family, m_commonName->text());
@@ -104,12 +106,12 @@ void SpeciesTab::deleteSpecies() {
                              Sql("select * from length where spid = "), Sql("select * from gonad where spid = ")};
     for (const Sql& use : uses) {
         if (finds(use << m_selectedSpecies)) {
-            dialogs().message(tr("can't delete this species because this species used another table!"));
+            dialogs().message(u"can't delete this species because this species used another table!"_s);
             return;
         }
     }
     if (confirmAfterExecute(Sql("delete from fish where fishno = ") << m_selectedSpecies,
-                            tr("Are you sure to delete this species"), tr("CONFIRM"))) {
+                            u"Are you sure to delete this species"_s, u"CONFIRM"_s)) {
         m_catalogue->setCaption({});
         RefreshSpeciesGrid();
     }

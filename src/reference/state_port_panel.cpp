@@ -12,25 +12,27 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 StatePortPanel::StatePortPanel(Connection& connection, Dialogs& dialogs)
     : ReferencePanel(connection, dialogs),
       m_state(new BoundList),
       m_port(new QLineEdit),
-      m_ports(new RecordGrid(tr("State/Province and Sampling Port"),
-                             {{tr("State/Province"), 2000}, {tr("Sampling Port"), 2300}})) {
+      m_ports(new RecordGrid(u"State/Province and Sampling Port"_s,
+                             {{u"State/Province"_s, 2000}, {u"Sampling Port"_s, 2300}})) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(m_ports, 1);
 
-    auto* entry = new QGroupBox(tr("New sampling port"));
+    auto* entry = new QGroupBox(u"New sampling port"_s);
     layout->addWidget(entry);
     auto* form = new QGridLayout(entry);
-    addField(form, 0, 0, tr(" State/Province"), m_state);
+    addField(form, 0, 0, u" State/Province"_s, m_state);
     form->addWidget(m_state, 0, 1, 1, 2);
-    addField(form, 1, 0, tr(" Sampling port"), m_port);
-    auto* addButton = new QPushButton(tr("ADD"));
+    addField(form, 1, 0, u" Sampling port"_s, m_port);
+    auto* addButton = new QPushButton(u"ADD"_s);
     form->addWidget(addButton, 1, 2);
 
     onClick(addButton, [this] { add(); });
@@ -49,14 +51,13 @@ void StatePortPanel::RefreshStatePortGrid() {
 }
 
 void StatePortPanel::RefreshStateList() {
-    m_state->setSource(connection().model(Sql("select * from state order by statename")), QStringLiteral("statename"),
-                       QStringLiteral("stateid"));
+    m_state->setSource(connection().model(Sql("select * from state order by statename")), u"statename"_s, u"stateid"_s);
 }
 
 std::optional<int> StatePortPanel::getsamplingid(const QString& stateName, const QString& portName) {
     const std::optional<int> found = samplingid(stateName, portName);
     if (!found) {
-        dialogs().message(tr("No Record"));
+        dialogs().message(u"No Record"_s);
     }
     return found;
 }
@@ -105,25 +106,25 @@ int StatePortPanel::InsertState(const QString& name) {
 
 void StatePortPanel::AddSamplingPort(const QString& portName, int stateid) {
     if (finds(Sql("select * from samplingport where samplingname = ") << portName << "and stateid = " << stateid)) {
-        dialogs().message(tr("ERROR"), tr("sampling port repeat please try again"));
+        dialogs().message(u"ERROR"_s, u"sampling port repeat please try again"_s);
         m_port->clear();
         m_port->setFocus();
         return;
     }
     const int id = nextSamplingPort(connection());
     const Sql statement = Sql("insert into samplingport values(") << id << "," << portName << "," << stateid << ")";
-    if (confirmAfterExecute(statement, tr("Are you sure to insert sampling port '%1'").arg(portName))) {
+    if (confirmAfterExecute(statement, u"Are you sure to insert sampling port '%1'"_s.arg(portName))) {
         RefreshStatePortGrid();
     }
 }
 
 void StatePortPanel::DeleteSamplingPort(int samplingid) {
     if (finds(Sql("select * from fishoperation where portid = ") << samplingid)) {
-        dialogs().message(tr("ERROR"), tr("Can not remove because sampling port used in Fishing Operation"));
+        dialogs().message(u"ERROR"_s, u"Can not remove because sampling port used in Fishing Operation"_s);
         return;
     }
     if (confirmAfterExecute(Sql("delete from samplingport where samplingid = ") << samplingid,
-                            tr("Do you want to remove this sampling port"))) {
+                            u"Do you want to remove this sampling port"_s)) {
         m_ports->setCaption({});
         RefreshStatePortGrid();
         PurgeStatesWithoutPorts();
@@ -136,9 +137,9 @@ void StatePortPanel::PurgeStatesWithoutPorts() {
     for (int row = 0; row < states.rowCount(); ++row) {
         Transaction transaction(connection());
         const Sql statement = Sql("delete from state where stateid = ") << states.integer(row, u"stateid").value_or(0);
-        dialogs().message(QStringLiteral("'%1'").arg(QString::fromStdString(statement.text())));
+        dialogs().message(u"'%1'"_s.arg(QString::fromStdString(statement.text())));
         connection().execute(statement);
-        dialogs().message(tr("Del state"));
+        dialogs().message(u"Del state"_s);
         transaction.commit();
         RefreshStateList();
     }

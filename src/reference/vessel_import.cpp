@@ -5,6 +5,8 @@
 
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -30,17 +32,17 @@ QString newGear(const QString& name, const GearQuestions& questions) {
 }  // namespace
 
 const ImportLayout& vesselLayout() {
-    static const ImportLayout layout = {{{u"vessel name"_qs, u"Vessel name"_qs, 2000},
-                                         {u"vessel register id"_qs, u"Vessel id"_qs, 1500},
-                                         {u"engine type"_qs, u"Engine type"_qs, 1100},
-                                         {u"engine power"_qs, u"Engine power"_qs, 1300},
-                                         {u"length(m)"_qs, u"Vessel length"_qs, 1300},
-                                         {u"state/province"_qs, u"State/Province"_qs, 1300},
-                                         {u"size(GRT)"_qs, u"Size(GRT)"_qs, 1000},
-                                         {u"type of gear"_qs, u"Type of gear"_qs, 1300},
-                                         {u"net length(m)"_qs, u"Net length"_qs, 1000},
-                                         {u"net width(m)"_qs, u"Net width"_qs, 1000},
-                                         {u"mesh size(cm)"_qs, u"Mesh size"_qs, 1000}},
+    static const ImportLayout layout = {{{u"vessel name"_s, u"Vessel name"_s, 2000},
+                                         {u"vessel register id"_s, u"Vessel id"_s, 1500},
+                                         {u"engine type"_s, u"Engine type"_s, 1100},
+                                         {u"engine power"_s, u"Engine power"_s, 1300},
+                                         {u"length(m)"_s, u"Vessel length"_s, 1300},
+                                         {u"state/province"_s, u"State/Province"_s, 1300},
+                                         {u"size(GRT)"_s, u"Size(GRT)"_s, 1000},
+                                         {u"type of gear"_s, u"Type of gear"_s, 1300},
+                                         {u"net length(m)"_s, u"Net length"_s, 1000},
+                                         {u"net width(m)"_s, u"Net width"_s, 1000},
+                                         {u"mesh size(cm)"_s, u"Mesh size"_s, 1000}},
                                         {4, 3, 1, 1, 1, 1}};
     return layout;
 }

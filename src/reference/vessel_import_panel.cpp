@@ -4,13 +4,14 @@
 #include "reference/vessel_import.h"
 #include "reference/vessel_tab.h"
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 VesselImportPanel::VesselImportPanel(VesselTab& tab, Connection& connection, Dialogs& dialogs)
-    : ImportPreview(
-          vesselLayout(),
-          {tr("Vessel import"), tr("Vessel file"), tr("Vessel import"), tr("Save"), tr("Delete"), tr("Clear")},
-          connection, dialogs),
+    : ImportPreview(vesselLayout(),
+                    {u"Vessel import"_s, u"Vessel file"_s, u"Vessel import"_s, u"Save"_s, u"Delete"_s, u"Clear"_s},
+                    connection, dialogs),
       m_tab(tab) {
     leaveFrame();
 }
@@ -27,11 +28,11 @@ void VesselImportPanel::complete(std::vector<CsvRecord>& records) {
     };
     questions.ask = [this](const QString& proposed) {
         return dialogs()
-            .input(tr("New Fishing Gear"), tr("You have to insert new fishing gear"), proposed)
+            .input(u"New Fishing Gear"_s, u"You have to insert new fishing gear"_s, proposed)
             .value_or(QString());
     };
     questions.confirm = [this](const QString& name) {
-        return dialogs().confirm(tr("Are you sure to insert '%1'? ").arg(name));
+        return dialogs().confirm(u"Are you sure to insert '%1'? "_s.arg(name));
     };
     questions.add = [this](const QString& name) { m_tab.AddGearCounted(name); };
     settleGears(records, questions);

@@ -15,16 +15,16 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
 GridColumns registerColumns() {
-    return {{VesselTab::tr("Vessel name"), 1500},    {VesselTab::tr("Register id"), 1000},
-            {VesselTab::tr("Engine type"), 1100},    {VesselTab::tr("Engine power"), 1300},
-            {VesselTab::tr("Vessel length"), 1300},  {VesselTab::tr("State/Province"), 1300},
-            {VesselTab::tr("Size(GRT)"), 1300},      {VesselTab::tr("Type of gear"), 1200},
-            {VesselTab::tr("Net length(m.)"), 1300}, {VesselTab::tr("Net width(m.)"), 1300},
-            {VesselTab::tr("Mesh size(cm.)"), 1300}};
+    return {{u"Vessel name"_s, 1500},   {u"Register id"_s, 1000},   {u"Engine type"_s, 1100},
+            {u"Engine power"_s, 1300},  {u"Vessel length"_s, 1300}, {u"State/Province"_s, 1300},
+            {u"Size(GRT)"_s, 1300},     {u"Type of gear"_s, 1200},  {u"Net length(m.)"_s, 1300},
+            {u"Net width(m.)"_s, 1300}, {u"Mesh size(cm.)"_s, 1300}};
 }
 
 double numberOf(const QLineEdit* field) {
@@ -44,18 +44,18 @@ VesselTab::VesselTab(Connection& connection, Dialogs& dialogs)
       m_size(numberField()),
       m_netLength(new QLineEdit),
       m_meshSize(new QLineEdit),
-      m_engineType(new FixedList({QStringLiteral("In Board"), QStringLiteral("Out Board")})),
+      m_engineType(new FixedList({u"In Board"_s, u"Out Board"_s})),
       m_length(numberField()),
-      m_register(new RecordGrid(tr("FISHING VESSEL"), registerColumns())) {
+      m_register(new RecordGrid(u"FISHING VESSEL"_s, registerColumns())) {
     auto* layout = new QVBoxLayout(this);
-    auto* frame = new QGroupBox(tr("FISHING VESSEL"));
+    auto* frame = new QGroupBox(u"FISHING VESSEL"_s);
     layout->addWidget(frame);
     auto* vessels = new QVBoxLayout(frame);
 
     auto* form = new QGridLayout;
     vessels->addLayout(form);
     placeFields(form);
-    auto* addButton = new QPushButton(tr("&Add"));
+    auto* addButton = new QPushButton(u"&Add"_s);
     form->addWidget(addButton, 3, 5, Qt::AlignRight);
 
     vessels->addSpacing(6);
@@ -77,20 +77,20 @@ VesselTab::VesselTab(Connection& connection, Dialogs& dialogs)
 }
 
 void VesselTab::placeFields(QGridLayout* form) {
-    addField(form, 0, 0, tr(" Vessel name"), m_name);
-    addField(form, 0, 2, tr(" Engine Power (hp)"), m_enginePower);
-    addField(form, 0, 4, tr(" State/Province"), m_state);
+    addField(form, 0, 0, u" Vessel name"_s, m_name);
+    addField(form, 0, 2, u" Engine Power (hp)"_s, m_enginePower);
+    addField(form, 0, 4, u" State/Province"_s, m_state);
 
-    addField(form, 1, 0, tr(" Vessel register id"), m_registerId);
-    addField(form, 1, 2, tr(" Type of Gear"), m_gear);
-    addField(form, 1, 4, tr(" Net width"), m_netWidth);
+    addField(form, 1, 0, u" Vessel register id"_s, m_registerId);
+    addField(form, 1, 2, u" Type of Gear"_s, m_gear);
+    addField(form, 1, 4, u" Net width"_s, m_netWidth);
 
-    addField(form, 2, 0, tr(" Size(GRT)"), m_size);
-    addField(form, 2, 2, tr(" Net length"), m_netLength);
-    addField(form, 2, 4, tr(" Mesh size"), m_meshSize);
+    addField(form, 2, 0, u" Size(GRT)"_s, m_size);
+    addField(form, 2, 2, u" Net length"_s, m_netLength);
+    addField(form, 2, 4, u" Mesh size"_s, m_meshSize);
 
-    addField(form, 3, 0, tr(" Engine type"), m_engineType);
-    addField(form, 3, 2, tr(" Vessel Length(m)"), m_length);
+    addField(form, 3, 0, u" Engine type"_s, m_engineType);
+    addField(form, 3, 2, u" Vessel Length(m)"_s, m_length);
 
     for (const int column : {1, 3, 5}) {
         form->setColumnStretch(column, 1);
@@ -106,8 +106,7 @@ void VesselTab::RefreshVesselGrid() {
 }
 
 void VesselTab::RefreshVesselGearList() {
-    m_gear->setSource(connection().model(Sql("select * from Fishing_gear order by guname")), QStringLiteral("guname"),
-                      QStringLiteral("gearid"));
+    m_gear->setSource(connection().model(Sql("select * from Fishing_gear order by guname")), u"guname"_s, u"gearid"_s);
 }
 
 void VesselTab::add() {
@@ -126,13 +125,13 @@ bool VesselTab::isRefused() {
         QWidget* focus = nullptr;
         QLineEdit* emptied = nullptr;
     };
-    const QString notNumeric = tr("Please input numeric character only");
+    const QString notNumeric = u"Please input numeric character only"_s;
     const auto checks = std::to_array<Check>({
         {m_name->text().isEmpty() && m_registerId->text().isEmpty(),
-         tr("Please input vessel register id and vessel name")},
-        {m_engineType->currentText().isEmpty(), tr("Please select engine type"), m_engineType},
+         u"Please input vessel register id and vessel name"_s},
+        {m_engineType->currentText().isEmpty(), u"Please select engine type"_s, m_engineType},
         // A typed gear that the list does not have has no key to store.
-        {!m_gear->key().isValid(), tr("Please select type of gear")},
+        {!m_gear->key().isValid(), u"Please select type of gear"_s},
         {!isNumeric(m_enginePower->text()), notNumeric, m_enginePower, m_enginePower},
         {!isNumeric(m_size->text()), notNumeric, m_size, m_size},
         {!isNumeric(m_length->text()), notNumeric, m_length, m_length},
@@ -141,7 +140,7 @@ bool VesselTab::isRefused() {
         if (!check.failed) {
             continue;
         }
-        dialogs().message(tr("ERROR"), check.message);
+        dialogs().message(u"ERROR"_s, check.message);
         if (check.emptied != nullptr) {
             check.emptied->clear();
         }
@@ -162,7 +161,7 @@ Sql VesselTab::insertStatement() const {
 }
 
 void VesselTab::addvessel(const Sql& statement) {
-    static_cast<void>(confirmAfterExecute(statement, tr("Are you sure to insert this fishing vessel? ")));
+    static_cast<void>(confirmAfterExecute(statement, u"Are you sure to insert this fishing vessel? "_s));
 }
 
 void VesselTab::addvessel2(const Sql& statement) {
@@ -175,7 +174,7 @@ void VesselTab::AddGearCounted(const QString& name) {
         id = nextGear(connection());
     }
     connection().execute(Sql("insert into Fishing_gear values(") << id << "," << name << ")");
-    dialogs().message(tr("Insert Complete!"));
+    dialogs().message(u"Insert Complete!"_s);
     RefreshVesselGearList();
     Q_EMIT gearAdded();
 }
@@ -191,11 +190,11 @@ void VesselTab::ClearVesselFields() {
 
 void VesselTab::deleteVessel(const QString& name) {
     if (finds(Sql("select * from fishoperation where vesselid = ") << name)) {
-        dialogs().message(tr("ERROR!"), tr("Can not delete because vessel used in another table"));
+        dialogs().message(u"ERROR!"_s, u"Can not delete because vessel used in another table"_s);
         return;
     }
     if (confirmAfterExecute(Sql("delete from vessel where vesselname = ") << name,
-                            tr("Are you sure to delete '%1'?").arg(name))) {
+                            u"Are you sure to delete '%1'?"_s.arg(name))) {
         m_register->setCaption({});
         RefreshVesselGrid();
     }

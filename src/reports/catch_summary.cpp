@@ -3,6 +3,8 @@
 #include "data/dates.h"
 #include "data/numbers.h"
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -14,11 +16,11 @@ constexpr Literal kFromMethods =
     "Fishing_gear.gearid) ON fishoperation.fishing_method = Fishing_method.methodid Where Year(optdate) = ";
 
 CatchGrouping byState() {
-    return {.option = QStringLiteral("By State"),
-            .header = QStringLiteral("State"),
-            .catchHeader = QStringLiteral("Total catch(kg.)"),
-            .word = QStringLiteral("State"),
-            .exportWord = QStringLiteral("State"),
+    return {.option = u"By State"_s,
+            .header = u"State"_s,
+            .catchHeader = u"Total catch(kg.)"_s,
+            .word = u"State"_s,
+            .exportWord = u"State"_s,
             .select =
                 "SELECT state.statename, count(fishoperation.optid),sum(estotal),"
                 "format((sum( fishoperation.estotal)*100)/",
@@ -31,11 +33,11 @@ CatchGrouping byState() {
 }
 
 CatchGrouping bySamplingPort() {
-    return {.option = QStringLiteral("By Sampling Port"),
-            .header = QStringLiteral("Sampling Port"),
-            .catchHeader = QStringLiteral("Total Catch(kg.)"),
-            .word = QStringLiteral("Sampling Port"),
-            .exportWord = QStringLiteral("Sampling Port"),
+    return {.option = u"By Sampling Port"_s,
+            .header = u"Sampling Port"_s,
+            .catchHeader = u"Total Catch(kg.)"_s,
+            .word = u"Sampling Port"_s,
+            .exportWord = u"Sampling Port"_s,
             .select =
                 "SELECT samplingname, count(fishoperation.optid),sum(estotal),"
                 "format((sum( fishoperation.estotal)*100)/",
@@ -48,11 +50,11 @@ CatchGrouping bySamplingPort() {
 }
 
 CatchGrouping byVessel() {
-    return {.option = QStringLiteral("By Vessel"),
-            .header = QStringLiteral("Vessel name"),
-            .catchHeader = QStringLiteral("Total Catch(kg.)"),
-            .word = QStringLiteral("Vessel Name"),
-            .exportWord = QStringLiteral("Vessel name"),
+    return {.option = u"By Vessel"_s,
+            .header = u"Vessel name"_s,
+            .catchHeader = u"Total Catch(kg.)"_s,
+            .word = u"Vessel Name"_s,
+            .exportWord = u"Vessel name"_s,
             .select =
                 "SELECT vessel.vesselname, count(fishoperation.optid),sum( fishoperation.estotal),"
                 "format((sum( fishoperation.estotal)*100)/",
@@ -67,11 +69,11 @@ CatchGrouping byVessel() {
 }
 
 CatchGrouping byFishingMethod() {
-    return {.option = QStringLiteral("By Fishing Method"),
-            .header = QStringLiteral("Fishing gear and method"),
-            .catchHeader = QStringLiteral("Total Catch(kg.)"),
-            .word = QStringLiteral("Fishing Method"),
-            .exportWord = QStringLiteral("Fishing Method"),
+    return {.option = u"By Fishing Method"_s,
+            .header = u"Fishing gear and method"_s,
+            .catchHeader = u"Total Catch(kg.)"_s,
+            .word = u"Fishing Method"_s,
+            .exportWord = u"Fishing Method"_s,
             .select =
                 "SELECT Fishing_gear.guname & '[' & Fishing_method.methodname & ']',"
                 "count( fishoperation.portid),sum( fishoperation.estotal),"
@@ -86,11 +88,11 @@ CatchGrouping byFishingMethod() {
 }
 
 CatchGrouping byFishingGear() {
-    return {.option = QStringLiteral("By Fishing Gear"),
-            .header = QStringLiteral("Fishing Gear"),
-            .catchHeader = QStringLiteral("Total Catch(kg.)"),
-            .word = QStringLiteral("Fishing Gear"),
-            .exportWord = QStringLiteral("Fishing Gear"),
+    return {.option = u"By Fishing Gear"_s,
+            .header = u"Fishing Gear"_s,
+            .catchHeader = u"Total Catch(kg.)"_s,
+            .word = u"Fishing Gear"_s,
+            .exportWord = u"Fishing Gear"_s,
             .select =
                 "SELECT Fishing_gear.guname,count( fishoperation.portid),sum( fishoperation.estotal),"
                 "format((sum( fishoperation.estotal)*100)/",
@@ -103,11 +105,11 @@ CatchGrouping byFishingGear() {
 }
 
 CatchGrouping byMonth() {
-    return {.option = QStringLiteral("By Month"),
-            .header = QStringLiteral("Month"),
-            .catchHeader = QStringLiteral("Total Catch(kg.)"),
-            .word = QStringLiteral("Month"),
-            .exportWord = QStringLiteral("Month"),
+    return {.option = u"By Month"_s,
+            .header = u"Month"_s,
+            .catchHeader = u"Total Catch(kg.)"_s,
+            .word = u"Month"_s,
+            .exportWord = u"Month"_s,
             .select =
                 "SELECT month(fishoperation.optdate), count( fishoperation.portid),"
                 "sum(fishoperation.estotal),format((sum( fishoperation.estotal)*100)/",
@@ -121,11 +123,11 @@ CatchGrouping byMonth() {
 }
 
 CatchGrouping byFishingArea() {
-    return {.option = QStringLiteral("By Fishing Area"),
-            .header = QStringLiteral("Area"),
-            .catchHeader = QStringLiteral("Total Catch(kg.)"),
-            .word = QStringLiteral("Fishing Area"),
-            .exportWord = QStringLiteral("Fishing Area"),
+    return {.option = u"By Fishing Area"_s,
+            .header = u"Area"_s,
+            .catchHeader = u"Total Catch(kg.)"_s,
+            .word = u"Fishing Area"_s,
+            .exportWord = u"Fishing Area"_s,
             .select =
                 "SELECT fishing_area.aname, count(fishoperation.optid),sum( fishoperation.estotal),"
                 "format((sum( fishoperation.estotal)*100)/",
@@ -183,11 +185,11 @@ CsvText catchSummaryCsv(Connection& connection, const CatchGrouping& grouping, i
     if (groups.isEmpty()) {
         return csv;
     }
-    csv.addLine(QStringLiteral("Fishing Operation data In %1 By ").arg(year) + grouping.exportWord);
-    csv.addLine(QStringLiteral("Total catch of this year is ") + total + QStringLiteral("kg."));
+    csv.addLine(u"Fishing Operation data In %1 By "_s.arg(year) + grouping.exportWord);
+    csv.addLine(u"Total catch of this year is "_s + total + u"kg."_s);
     csv.addLine(exportDateLine(today));
     csv.addLine();
-    csv.addLine(grouping.exportWord + QStringLiteral(",Number(Record),Total Catch(kg.),%total catch"));
+    csv.addLine(grouping.exportWord + u",Number(Record),Total Catch(kg.),%total catch"_s);
     for (int row = 0; row < groups.rowCount(); ++row) {
         csv.addValues(
             {groups.text(row, u"c1"), groups.text(row, u"c2"), groups.text(row, u"c3"), groups.text(row, u"c4")});

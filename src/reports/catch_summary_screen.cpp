@@ -15,14 +15,16 @@
 #include <QRadioButton>
 #include <QSplitter>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
 GridColumns columnsOf(const CatchGrouping& grouping) {
     return {{grouping.header, 3000, Qt::AlignLeft},
-            {QStringLiteral("Number(Record)"), 2000, Qt::AlignHCenter},
+            {u"Number(Record)"_s, 2000, Qt::AlignHCenter},
             {grouping.catchHeader, 2000, Qt::AlignHCenter},
-            {QStringLiteral("%total catch"), 2000, Qt::AlignHCenter}};
+            {u"%total catch"_s, 2000, Qt::AlignHCenter}};
 }
 
 /// A grid without data: the four columns, and a blank row if asked for.
@@ -50,15 +52,15 @@ ValueLabel* figure(QWidget* parent) {
 }  // namespace
 
 CatchSummaryScreen::CatchSummaryScreen(const Context& context)
-    : ReportScreen(tr("Number of record and estimate total catch"), context, catchYears()),
+    : ReportScreen(u"Number of record and estimate total catch"_s, context, catchYears()),
       m_search(new SearchButton(this)),
       m_records(figure(this)),
       m_total(figure(this)),
-      m_optionFrame(new QGroupBox(tr("Number of Record and estimate Total catch"), this)),
+      m_optionFrame(new QGroupBox(u"Number of Record and estimate Total catch"_s, this)),
       m_options(new QButtonGroup(this)),
       m_word(figure(this)),
       m_kept(new QLabel(this)),
-      m_grid(new Grid(tr("Result"), this)),
+      m_grid(new Grid(u"Result"_s, this)),
       m_chart(new ReportChart(dialogs(), this)) {
     addOptions();
     auto* layout = new QVBoxLayout(this);
@@ -79,13 +81,13 @@ CatchSummaryScreen::CatchSummaryScreen(const Context& context)
 QLayout* CatchSummaryScreen::yearRow() {
     auto* row = new QGridLayout;
     row->setHorizontalSpacing(8);
-    addField(row, 0, 0, tr("Year"), yearList());
+    addField(row, 0, 0, u"Year"_s, yearList());
     searchOn(m_search);
     row->addWidget(m_search, 0, 2);
     row->setColumnMinimumWidth(3, 24);
-    addField(row, 0, 4, tr("Total Record"), m_records);
+    addField(row, 0, 4, u"Total Record"_s, m_records);
     row->setColumnMinimumWidth(6, 24);
-    addField(row, 0, 7, tr("Total catch of this year (kg.)"), m_total);
+    addField(row, 0, 7, u"Total catch of this year (kg.)"_s, m_total);
     row->setColumnStretch(9, 1);
     return row;
 }
@@ -106,7 +108,7 @@ void CatchSummaryScreen::addOptions() {
 QLayout* CatchSummaryScreen::headingRow() {
     auto* row = new QGridLayout;
     row->setHorizontalSpacing(8);
-    addField(row, 0, 0, tr("Number of Record and estimate Total catch by"), m_word);
+    addField(row, 0, 0, u"Number of Record and estimate Total catch by"_s, m_word);
     row->addWidget(m_kept, 0, 2);
     row->setColumnStretch(3, 1);
     row->addWidget(exportButton(), 0, 4);
@@ -124,7 +126,7 @@ void CatchSummaryScreen::search() {
     }
     const ResultSet totals = catchTotals(db(), *chosen);
     if (totals.integer(0, u"totalc").value_or(0) == 0) {
-        dialogs().message(QStringLiteral("RESULT"), QStringLiteral("No data in this year!"));
+        dialogs().message(u"RESULT"_s, u"No data in this year!"_s);
         showNoData();
         return;
     }
@@ -150,7 +152,7 @@ void CatchSummaryScreen::chooseGrouping(int option) {
             showGroups(groupingAt(option), std::move(groups));
             m_chosen = option;
             if (none) {
-                m_kept->setText(tr("no group in %1, the rows of the grouping before are still shown").arg(*chosen));
+                m_kept->setText(u"no group in %1, the rows of the grouping before are still shown"_s.arg(*chosen));
             } else {
                 draw(*chosen);
             }
@@ -187,9 +189,9 @@ void CatchSummaryScreen::draw(int year) {
     if (picture.groups.size() > kMostBars) {
         picture = largestFirst(std::move(picture));
     }
-    picture.title = tr("Estimated catch %1 by %2").arg(year).arg(m_word->text());
+    picture.title = u"Estimated catch %1 by %2"_s.arg(year).arg(m_word->text());
     picture.groupTitle = groupingAt(m_chosen).header;
-    picture.valueTitle = tr("Estimated catch (kg)");
+    picture.valueTitle = u"Estimated catch (kg)"_s;
     m_chart->draw(std::move(picture));
 }
 

@@ -6,10 +6,12 @@
 #include <QAbstractItemModel>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 void CsvText::addLine(const QString& text) {
-    m_text += text + QStringLiteral("\r\n");
+    m_text += text + u"\r\n"_s;
 }
 
 void CsvText::addValues(const QStringList& values) {
@@ -34,18 +36,18 @@ void CsvText::addGrid(const QAbstractItemModel& grid) {
 }
 
 QString exportDateLine(const QDate& day) {
-    return QStringLiteral("EXPORT Date : ") + shortDate(day);
+    return u"EXPORT Date : "_s + shortDate(day);
 }
 
 QString withCsvEnding(const QString& path) {
     if (!QFileInfo(path).suffix().isEmpty()) {
         return path;
     }
-    return path + (path.endsWith(u'.') ? QStringLiteral("csv") : QStringLiteral(".csv"));
+    return path + (path.endsWith(u'.') ? u"csv"_s : u".csv"_s);
 }
 
 void saveCsv(const QString& path, const CsvText& csv) {
-    writeWholeFile(path, csv.text().toLocal8Bit(), QStringLiteral("The export could not be written"));
+    writeWholeFile(path, csv.text().toLocal8Bit(), u"The export could not be written"_s);
 }
 
 }  // namespace kelvora

@@ -2,6 +2,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -44,8 +46,8 @@ ResultSet stagesByMonth(Connection& connection, int year, int fishno, Sex sex) {
 
 CsvText gonadMaturityCsv(int year, const QString& species, const QAbstractItemModel& sexes, const QDate& today) {
     CsvText csv;
-    csv.addLine(QStringLiteral("Gonad Maturity data In %1").arg(year));
-    csv.addLine(QStringLiteral("Species ") + species);
+    csv.addLine(u"Gonad Maturity data In %1"_s.arg(year));
+    csv.addLine(u"Species "_s + species);
     csv.addLine(exportDateLine(today));
     csv.addGrid(sexes);
     return csv;

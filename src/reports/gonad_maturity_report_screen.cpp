@@ -10,6 +10,8 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -31,23 +33,22 @@ void show(Grid* grid, ResultSet found, GridColumns columns, std::size_t blankCol
 }
 
 void showSexes(Grid* grid, ResultSet found) {
-    GridColumns shown = columns(QStringLiteral("Month/SEX"), found.columns, 1000);
+    GridColumns shown = columns(u"Month/SEX"_s, found.columns, 1000);
     show(grid, std::move(found), std::move(shown), 4);
 }
 
 void showStages(Grid* grid, ResultSet found) {
-    GridColumns shown = columns(QStringLiteral("Month/Stage"), found.columns, 1200);
+    GridColumns shown = columns(u"Month/Stage"_s, found.columns, 1200);
     show(grid, std::move(found), std::move(shown), 2);
 }
 
 }  // namespace
 
 GonadMaturityReportScreen::GonadMaturityReportScreen(const Context& context)
-    : SpeciesReportScreen(tr("Gonad Matuarity Report"), context, gonadYears(), gonadSpecies()),
+    : SpeciesReportScreen(u"Gonad Matuarity Report"_s, context, gonadYears(), gonadSpecies()),
       m_tables(new QTabWidget(this)),
-      m_sexes(addTable(tr("Month by sex"))),
-      m_stages{addTable(QStringLiteral("FEMALE")), addTable(QStringLiteral("MALE")),
-               addTable(QStringLiteral("NONE IDENTIFY"))},
+      m_sexes(addTable(u"Month by sex"_s)),
+      m_stages{addTable(u"FEMALE"_s), addTable(u"MALE"_s), addTable(u"NONE IDENTIFY"_s)},
       m_chart(new ReportChart(dialogs(), this)) {
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(12);
@@ -78,21 +79,21 @@ void GonadMaturityReportScreen::showReport(int year, int fishno) {
     for (std::size_t i = 0; i < m_stages.size(); ++i) {
         showStages(m_stages[i], std::move(stages[i]));
     }
-    m_shown = tr("%1, %2").arg(year).arg(speciesText());
+    m_shown = u"%1, %2"_s.arg(year).arg(speciesText());
     drawFront();
     if (none) {
-        dialogs().message(QStringLiteral("RESULT"), QStringLiteral("No data in this year"));
+        dialogs().message(u"RESULT"_s, u"No data in this year"_s);
     }
 }
 
 /// Draws the table in front.
 void GonadMaturityReportScreen::drawFront() {
-    const QStringList titles{tr("Sexes %1"), tr("Maturity stages of females %1"), tr("Maturity stages of males %1"),
-                             tr("Maturity stages of fish of unidentified sex %1")};
+    const QStringList titles{u"Sexes %1"_s, u"Maturity stages of females %1"_s, u"Maturity stages of males %1"_s,
+                             u"Maturity stages of fish of unidentified sex %1"_s};
     ReportPicture picture = monthsOf(*qobject_cast<Grid*>(m_tables->currentWidget())->model());
     picture.title = titles[m_tables->currentIndex()].arg(m_shown);
-    picture.groupTitle = tr("Month");
-    picture.valueTitle = tr("Number of fish");
+    picture.groupTitle = u"Month"_s;
+    picture.valueTitle = u"Number of fish"_s;
     m_chart->draw(std::move(picture));
 }
 

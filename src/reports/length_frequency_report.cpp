@@ -1,5 +1,7 @@
 #include "reports/length_frequency_report.h"
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 Sql lengthYears() {
@@ -26,8 +28,8 @@ ResultSet lengthsByMonth(Connection& connection, int year, int fishno) {
 
 CsvText lengthFrequencyCsv(int year, const QString& species, const QAbstractItemModel& grid, const QDate& today) {
     CsvText csv;
-    csv.addLine(QStringLiteral("Length Frequency data In %1").arg(year));
-    csv.addLine(QStringLiteral("Species ") + species);
+    csv.addLine(u"Length Frequency data In %1"_s.arg(year));
+    csv.addLine(u"Species "_s + species);
     csv.addLine(exportDateLine(today));
     csv.addGrid(grid);
     return csv;

@@ -9,6 +9,8 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -16,9 +18,9 @@ constexpr int kWidth = 1200;
 
 /// The columns of the length classes, and one of each month behind them.
 GridColumns columns(const std::vector<QString>& found) {
-    GridColumns columns{{QStringLiteral("Lower"), kWidth, Qt::AlignRight},
-                        {QStringLiteral("Upper"), kWidth, Qt::AlignRight},
-                        {QStringLiteral("Mid Length"), kWidth, Qt::AlignRight}};
+    GridColumns columns{{u"Lower"_s, kWidth, Qt::AlignRight},
+                        {u"Upper"_s, kWidth, Qt::AlignRight},
+                        {u"Mid Length"_s, kWidth, Qt::AlignRight}};
     for (auto month = static_cast<std::size_t>(kClassColumns); month < found.size(); ++month) {
         columns.push_back({found[month], kWidth, Qt::AlignRight});
     }
@@ -28,8 +30,8 @@ GridColumns columns(const std::vector<QString>& found) {
 }  // namespace
 
 LengthFrequencyReportScreen::LengthFrequencyReportScreen(const Context& context)
-    : SpeciesReportScreen(tr("Length Frequency Report"), context, lengthYears(), lengthSpecies()),
-      m_grid(new Grid(tr("Result"), this)),
+    : SpeciesReportScreen(u"Length Frequency Report"_s, context, lengthYears(), lengthSpecies()),
+      m_grid(new Grid(u"Result"_s, this)),
       m_chart(new ReportChart(dialogs(), this)) {
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(12);
@@ -44,15 +46,15 @@ void LengthFrequencyReportScreen::showReport(int year, int fishno) {
     if (found.isEmpty()) {
         m_grid->showBlank(columns({}));
         m_chart->draw({});
-        dialogs().message(QStringLiteral("RESULT"), QStringLiteral("No data in this year"));
+        dialogs().message(u"RESULT"_s, u"No data in this year"_s);
         return;
     }
     GridColumns shown = columns(found.columns);
     m_grid->show(std::make_unique<ResultModel>(std::move(found)), std::move(shown));
     ReportPicture picture = histogramOf(*m_grid->model());
-    picture.title = tr("Length frequency %1, %2").arg(year).arg(speciesText());
-    picture.groupTitle = tr("Lower limit of the length class (cm)");
-    picture.valueTitle = tr("Number of fish");
+    picture.title = u"Length frequency %1, %2"_s.arg(year).arg(speciesText());
+    picture.groupTitle = u"Lower limit of the length class (cm)"_s;
+    picture.valueTitle = u"Number of fish"_s;
     m_chart->draw(std::move(picture));
 }
 

@@ -25,6 +25,8 @@
 #include <array>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -69,9 +71,9 @@ QColor colourOf(std::size_t series, const QColor& text) {
 ReportChart::ReportChart(Dialogs& dialogs, QWidget* parent)
     : QChartView(parent),
       m_dialogs(dialogs),
-      m_copy(new QAction(tr("Copy picture"), this)),
-      m_save(new QAction(tr("Save picture as PNG or SVG…"), this)) {
-    setAccessibleName(tr("Picture"));
+      m_copy(new QAction(u"Copy picture"_s, this)),
+      m_save(new QAction(u"Save picture as PNG or SVG…"_s, this)) {
+    setAccessibleName(u"Picture"_s);
     setFocusPolicy(Qt::StrongFocus);
     setRenderHint(QPainter::Antialiasing);
     setFrameShape(QFrame::StyledPanel);
@@ -177,7 +179,7 @@ void ReportChart::addValueAxis() {
     axis->setTickType(QValueAxis::TicksDynamic);
     axis->setTickInterval(scale.step);
     const int decimals = std::max(0, -static_cast<int>(std::floor(std::log10(scale.step))));
-    axis->setLabelFormat(QStringLiteral("%.%1f").arg(decimals));
+    axis->setLabelFormat(u"%.%1f"_s.arg(decimals));
     axis->setTitleText(label(m_picture.valueTitle, qsizetype{kMostBars} * 4));
     chart()->addAxis(axis, m_picture.standing ? Qt::AlignLeft : Qt::AlignBottom);
     chart()->series().first()->attachAxis(axis);
@@ -245,7 +247,7 @@ void ReportChart::paintEvent(QPaintEvent* event) {
         QPainter painter(viewport());
         painter.setPen(palette().color(QPalette::PlaceholderText));
         painter.drawText(viewport()->rect(), static_cast<int>(Qt::AlignCenter) | static_cast<int>(Qt::TextWordWrap),
-                         tr("The picture of the table is drawn here when it has rows."));
+                         u"The picture of the table is drawn here when it has rows."_s);
     }
 }
 
@@ -292,7 +294,7 @@ void ReportChart::save(const QString& path) {
     } else {
         printed().save(&bytes, "PNG");
     }
-    writeWholeFile(path, bytes.data(), QStringLiteral("The picture could not be written"));
+    writeWholeFile(path, bytes.data(), u"The picture could not be written"_s);
 }
 
 QSplitter* besideTable(QWidget* table, ReportChart* chart) {

@@ -11,6 +11,8 @@
 #include <cmath>
 #include <numeric>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -98,7 +100,7 @@ ReportPicture largestFirst(ReportPicture picture) {
         }
     }
     if (groups.size() > kMostBars) {
-        picture.groups.append(QStringLiteral("others"));
+        picture.groups.append(u"others"_s);
         picture.series.front().values.push_back(others);
     }
     return picture;

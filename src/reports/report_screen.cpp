@@ -8,17 +8,19 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 ReportScreen::ReportScreen(const QString& caption, const Context& context, const Sql& years)
     : Screen(caption, context),
       m_db(context.databasePath),
       m_years(new BoundList(this)),
-      m_export(new QPushButton(tr("&EXPORT"), this)) {
+      m_export(new QPushButton(u"&EXPORT"_s, this)) {
     m_years->setMinimumContentsLength(8);
     m_years->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     if (auto found = m_db.model(years); found->rowCount() > 0) {
-        m_years->setSource(std::move(found), QStringLiteral("gyear"), QStringLiteral("gyear"));
+        m_years->setSource(std::move(found), u"gyear"_s, u"gyear"_s);
     }
     searchOnEnterIn(m_years);
 
@@ -35,7 +37,7 @@ std::optional<int> ReportScreen::year() const {
 std::optional<int> ReportScreen::neededYear() const {
     const std::optional<int> chosen = year();
     if (!chosen) {
-        dialogs().message(tr("Please choose a year from the list"));
+        dialogs().message(u"Please choose a year from the list"_s);
         m_years->setFocus();
     }
     return chosen;

@@ -1,5 +1,7 @@
 #include "reports/species_composition_report.h"
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -74,11 +76,11 @@ constexpr Literal kWhere = " Where (((Year([fishoperation].[optdate])) = ";
 constexpr Literal kOrderBy = " ORDER BY fish.genus & ' ' & fish.fishname";
 
 CompositionSubset byState() {
-    return {.option = QStringLiteral("By state"),
+    return {.option = u"By state"_s,
             .choices = kStateChoices,
             .afterYear = "))",
-            .shown = QStringLiteral("statename"),
-            .key = QStringLiteral("stateid"),
+            .shown = u"statename"_s,
+            .key = u"stateid"_s,
             .textKey = false,
             .select = kStateSelect,
             .from = kFromPorts,
@@ -89,11 +91,11 @@ CompositionSubset byState() {
 }
 
 CompositionSubset bySamplingPort() {
-    return {.option = QStringLiteral("By sampling Port"),
+    return {.option = u"By sampling Port"_s,
             .choices = kPortChoices,
             .afterYear = "))",
-            .shown = QStringLiteral("samplingname"),
-            .key = QStringLiteral("samplingid"),
+            .shown = u"samplingname"_s,
+            .key = u"samplingid"_s,
             .textKey = false,
             .select = kPortSelect,
             .from = kFromPorts,
@@ -104,11 +106,11 @@ CompositionSubset bySamplingPort() {
 }
 
 CompositionSubset byVessel() {
-    return {.option = QStringLiteral("By Fishing Vessel"),
+    return {.option = u"By Fishing Vessel"_s,
             .choices = kVesselChoices,
             .afterYear = kEndOfChoices,
-            .shown = QStringLiteral("vesselname"),
-            .key = QStringLiteral("vesselname"),
+            .shown = u"vesselname"_s,
+            .key = u"vesselname"_s,
             .textKey = true,
             .select = kVesselSelect,
             .from = kFromVessels,
@@ -119,11 +121,11 @@ CompositionSubset byVessel() {
 }
 
 CompositionSubset byFishingMethod() {
-    return {.option = QStringLiteral("By Fishing Method"),
+    return {.option = u"By Fishing Method"_s,
             .choices = kMethodChoices,
             .afterYear = kEndOfChoices,
-            .shown = QStringLiteral("gname"),
-            .key = QStringLiteral("methodid"),
+            .shown = u"gname"_s,
+            .key = u"methodid"_s,
             .textKey = false,
             .select = kSelect,
             .from = kFromMethods,
@@ -134,11 +136,11 @@ CompositionSubset byFishingMethod() {
 }
 
 CompositionSubset byFishingGear() {
-    return {.option = QStringLiteral("By Fishing Gear"),
+    return {.option = u"By Fishing Gear"_s,
             .choices = kGearChoices,
             .afterYear = kEndOfChoices,
-            .shown = QStringLiteral("guname"),
-            .key = QStringLiteral("gearid"),
+            .shown = u"guname"_s,
+            .key = u"gearid"_s,
             .textKey = false,
             .select = kGearSelect,
             .from = kFromMethods,
@@ -150,11 +152,11 @@ CompositionSubset byFishingGear() {
 
 /// Its choices come by the number of the month as text: October to December behind January.
 CompositionSubset byMonth() {
-    return {.option = QStringLiteral("By Month"),
+    return {.option = u"By Month"_s,
             .choices = kMonthChoices,
             .afterYear = ")) order by format(optdate,'m');",
-            .shown = QStringLiteral("mn"),
-            .key = QStringLiteral("m1"),
+            .shown = u"mn"_s,
+            .key = u"m1"_s,
             .textKey = false,
             .select = kSelect,
             .from = kFromOperations,
@@ -165,11 +167,11 @@ CompositionSubset byMonth() {
 }
 
 CompositionSubset byFishingArea() {
-    return {.option = QStringLiteral("By Fishing Area"),
+    return {.option = u"By Fishing Area"_s,
             .choices = kAreaChoices,
             .afterYear = kEndOfChoices,
-            .shown = QStringLiteral("areaid"),
-            .key = QStringLiteral("areaid"),
+            .shown = u"areaid"_s,
+            .key = u"areaid"_s,
             .textKey = true,
             .select = kSelect,
             .from = kFromAreas,
@@ -222,7 +224,7 @@ ResultSet compositionOf(Connection& connection, const CompositionSubset& subset,
 
 CsvText compositionCsv(int year, const QString& selection, const QAbstractItemModel& grid, const QDate& today) {
     CsvText csv;
-    csv.addLine(QStringLiteral("Species composition data In %1").arg(year));
+    csv.addLine(u"Species composition data In %1"_s.arg(year));
     csv.addLine(exportDateLine(today));
     if (!selection.isEmpty()) {
         csv.addLine(selection);

@@ -17,13 +17,15 @@
 #include <QRadioButton>
 #include <QSplitter>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
 GridColumns columns() {
-    return {{QStringLiteral("Species"), 3000, Qt::AlignLeft},
-            {QStringLiteral("Composition(Kg.)"), 2000, Qt::AlignRight},
-            {QStringLiteral("%Composition"), 2000, Qt::AlignRight}};
+    return {{u"Species"_s, 3000, Qt::AlignLeft},
+            {u"Composition(Kg.)"_s, 2000, Qt::AlignRight},
+            {u"%Composition"_s, 2000, Qt::AlignRight}};
 }
 
 const CompositionSubset& subsetAt(int option) {
@@ -33,13 +35,13 @@ const CompositionSubset& subsetAt(int option) {
 }  // namespace
 
 SpeciesCompositionReportScreen::SpeciesCompositionReportScreen(const Context& context)
-    : ReportScreen(tr("Species Composition Report"), context, compositionYears()),
-      m_search(new QPushButton(tr("&Search"), this)),
+    : ReportScreen(u"Species Composition Report"_s, context, compositionYears()),
+      m_search(new QPushButton(u"&Search"_s, this)),
       m_total(new ValueLabel(this)),
-      m_optionFrame(new QGroupBox(tr("Species composition of"), this)),
+      m_optionFrame(new QGroupBox(u"Species composition of"_s, this)),
       m_options(new QButtonGroup(this)),
       m_message(new QLabel(this)),
-      m_grid(new Grid(tr("Result"), this)),
+      m_grid(new Grid(u"Result"_s, this)),
       m_chart(new ReportChart(dialogs(), this)) {
     addOptions();
     auto* layout = new QVBoxLayout(this);
@@ -59,7 +61,7 @@ SpeciesCompositionReportScreen::SpeciesCompositionReportScreen(const Context& co
 QLayout* SpeciesCompositionReportScreen::yearRow() {
     auto* row = new QGridLayout;
     row->setHorizontalSpacing(8);
-    addField(row, 0, 0, tr("Year"), yearList());
+    addField(row, 0, 0, u"Year"_s, yearList());
     searchOn(m_search);
     m_search->setAutoDefault(false);
     row->addWidget(m_search, 0, 2);
@@ -67,7 +69,7 @@ QLayout* SpeciesCompositionReportScreen::yearRow() {
     QFont bold = m_total->font();
     bold.setBold(true);
     m_total->setFont(bold);
-    addField(row, 0, 4, tr("Total catch of this year(kg.)"), m_total);
+    addField(row, 0, 4, u"Total catch of this year(kg.)"_s, m_total);
     row->setColumnStretch(5, 1);
     return row;
 }
@@ -117,7 +119,7 @@ void SpeciesCompositionReportScreen::search() {
         return;
     }
     m_total->setText(compositionTotal(db(), *chosen));
-    m_message->setText(QStringLiteral("click option button to see data"));
+    m_message->setText(u"click option button to see data"_s);
     for (QAbstractButton* option : m_options->buttons()) {
         option->setEnabled(true);
     }
@@ -125,7 +127,7 @@ void SpeciesCompositionReportScreen::search() {
 
 void SpeciesCompositionReportScreen::showNoData(int year) {
     m_total->clear();
-    m_message->setText(QStringLiteral("No data in %1").arg(year));
+    m_message->setText(u"No data in %1"_s.arg(year));
     m_selected = -1;
     selectOption(m_selected);
     for (QAbstractButton* option : m_options->buttons()) {
@@ -153,7 +155,7 @@ void SpeciesCompositionReportScreen::chooseOption(int option) {
         if (found->rowCount() > 0) {
             choices->setSource(std::move(found), subset.shown, subset.key);
         } else {
-            choices->setText(QStringLiteral("No data"));
+            choices->setText(u"No data"_s);
         }
         m_selected = option;
     });
@@ -189,7 +191,7 @@ void SpeciesCompositionReportScreen::showComposition(int option) {
     exportButton()->setEnabled(!found.isEmpty());
     if (found.isEmpty()) {
         showNoSpecies();
-        dialogs().message(QStringLiteral("No data"));
+        dialogs().message(u"No data"_s);
         return;
     }
     m_grid->show(std::make_unique<ResultModel>(std::move(found)), columns());
@@ -203,9 +205,9 @@ void SpeciesCompositionReportScreen::showNoSpecies() {
 
 void SpeciesCompositionReportScreen::draw(int year, const QString& selection) {
     ReportPicture picture = largestFirst(barsOf(*m_grid->model(), 1));
-    picture.title = tr("Species composition %1, %2").arg(year).arg(selection);
-    picture.groupTitle = tr("Species");
-    picture.valueTitle = tr("Estimated catch (kg)");
+    picture.title = u"Species composition %1, %2"_s.arg(year).arg(selection);
+    picture.groupTitle = u"Species"_s;
+    picture.valueTitle = u"Estimated catch (kg)"_s;
     m_chart->draw(std::move(picture));
 }
 

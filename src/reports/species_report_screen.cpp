@@ -6,16 +6,18 @@
 #include <QGridLayout>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 SpeciesReportScreen::SpeciesReportScreen(const QString& caption, const Context& context, const Sql& years,
                                          const Sql& species)
     : ReportScreen(caption, context, years),
       m_species(new BoundList(this)),
-      m_search(new QPushButton(tr("&Search"), this)) {
+      m_search(new QPushButton(u"&Search"_s, this)) {
     m_species->setMinimumContentsLength(32);
     m_species->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    m_species->setSource(db().model(species), QStringLiteral("sp"), QStringLiteral("fishno"));
+    m_species->setSource(db().model(species), u"sp"_s, u"fishno"_s);
     searchOnEnterIn(m_species);
     searchOn(m_search);
     m_search->setAutoDefault(false);
@@ -30,9 +32,9 @@ QString SpeciesReportScreen::speciesText() const {
 QLayout* SpeciesReportScreen::choiceRow() {
     auto* row = new QGridLayout;
     row->setHorizontalSpacing(8);
-    addField(row, 0, 0, tr("Year"), yearList());
+    addField(row, 0, 0, u"Year"_s, yearList());
     row->setColumnMinimumWidth(2, 16);
-    addField(row, 0, 3, tr("Species"), m_species);
+    addField(row, 0, 3, u"Species"_s, m_species);
     row->addWidget(m_search, 0, 5);
     row->setColumnStretch(6, 1);
     row->addWidget(exportButton(), 0, 7);

@@ -5,6 +5,8 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 void writeWholeFile(const QString& path, const QByteArray& bytes, const QString& refusal) {
@@ -12,7 +14,7 @@ void writeWholeFile(const QString& path, const QByteArray& bytes, const QString&
     // A commit alone does not notice that the last bytes, written when the file is closed, found no room on the disk.
     const bool written = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(bytes) == bytes.size();
     if (!written || !file.commit()) {
-        const QString message = QStringLiteral("%1: %2.\n\n%3");
+        const QString message = u"%1: %2.\n\n%3"_s;
         throw std::runtime_error(
             message.arg(refusal, file.errorString(), QDir::toNativeSeparators(path)).toStdString());
     }

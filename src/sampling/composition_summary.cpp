@@ -1,12 +1,14 @@
 #include "sampling/composition_summary.h"
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
 GridColumns columns() {
-    return {{QStringLiteral("Species"), 2600, Qt::AlignHCenter},
-            {QStringLiteral("Composition"), 1700, Qt::AlignHCenter},
-            {QStringLiteral("%Composition"), 1700, Qt::AlignHCenter}};
+    return {{u"Species"_s, 2600, Qt::AlignHCenter},
+            {u"Composition"_s, 1700, Qt::AlignHCenter},
+            {u"%Composition"_s, 1700, Qt::AlignHCenter}};
 }
 
 }  // namespace
@@ -23,7 +25,7 @@ ResultSet compositionOf(Connection& connection, int operation) {
         << " group by   fish.fishno,fish.genus & ' ' & fish.fishname  order by fish.genus & ' ' & fish.fishname ASC");
 }
 
-CompositionSummary::CompositionSummary(QWidget* parent) : CaptionedGrid(tr("Composition"), parent) {
+CompositionSummary::CompositionSummary(QWidget* parent) : CaptionedGrid(u"Composition"_s, parent) {
     reset();
 }
 

@@ -12,27 +12,29 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 FishFields::FishFields(Connection& connection)
     : m_form(new QGridLayout(this)),
-      m_sex(new FixedList({tr("Male"), tr("Female"), tr("Juvenile")})),
+      m_sex(new FixedList({u"Male"_s, u"Female"_s, u"Juvenile"_s})),
       m_stage(new BoundList) {
     m_form->setContentsMargins({});
     m_form->setVerticalSpacing(8);
-    addMeasurement(tr("TL(mm)"), {}, &GonadFish::tl);
-    addMeasurement(tr("BL(mm)"), {}, &GonadFish::bl);
-    addMeasurement(tr("FL(mm)"), {}, &GonadFish::fl);
-    addMeasurement(tr("SL(mm)"), {}, &GonadFish::sl);
-    addMeasurement(tr("BW"), tr("g"), &GonadFish::bw);
-    addRow(tr("SEX"), m_sex);
-    addRow(tr("Stage"), m_stage);
-    addMeasurement(tr("GW"), tr("g"), &GonadFish::gw);
+    addMeasurement(u"TL(mm)"_s, {}, &GonadFish::tl);
+    addMeasurement(u"BL(mm)"_s, {}, &GonadFish::bl);
+    addMeasurement(u"FL(mm)"_s, {}, &GonadFish::fl);
+    addMeasurement(u"SL(mm)"_s, {}, &GonadFish::sl);
+    addMeasurement(u"BW"_s, u"g"_s, &GonadFish::bw);
+    addRow(u"SEX"_s, m_sex);
+    addRow(u"Stage"_s, m_stage);
+    addMeasurement(u"GW"_s, u"g"_s, &GonadFish::gw);
     m_form->setColumnStretch(1, 1);
 
     m_stage->setSource(
         connection.model(Sql("SELECT stageid,stageid & '-' & stagename as stname FROM gonad_stage order by stageid")),
-        u"stname"_qs, u"stageid"_qs);
+        u"stname"_s, u"stageid"_s);
     // A list of offers would swallow the next key, and the number alone says which stage is meant.
     m_stage->setCompleter(nullptr);
     connect(m_stage->lineEdit(), &QLineEdit::textEdited, this, &FishFields::onStageTyped);

@@ -19,6 +19,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -36,13 +38,13 @@ GonadEntryPanel::GonadEntryPanel(const FinderPanel& finder, Connection& connecti
       m_dialogs(context.dialogs),
       m_species(new BoundList),
       m_weight(numberField()),
-      m_start(keyButton(tr("&ADD SAMPLING >>"))),
-      m_import(keyButton(tr("&IMPORT"))),
+      m_start(keyButton(u"&ADD SAMPLING >>"_s)),
+      m_import(keyButton(u"&IMPORT"_s)),
       m_fields(new FishFields(connection)),
-      m_next(keyButton(tr("&NEXT>>"))),
+      m_next(keyButton(u"&NEXT>>"_s)),
       m_grid(new MeasuredFishGrid(context.dialogs)),
-      m_save(keyButton(tr("&SAVE"))),
-      m_clear(keyButton(tr("&CLEAR"))) {
+      m_save(keyButton(u"&SAVE"_s)),
+      m_clear(keyButton(u"&CLEAR"_s)) {
     auto* layout = new QGridLayout(this);
     layout->setHorizontalSpacing(24);
     layout->setVerticalSpacing(12);
@@ -63,11 +65,11 @@ QWidget* GonadEntryPanel::createSampleLine() {
     m_species->setMinimumWidth(320);
     m_species->setMaximumWidth(480);
     form->setColumnMinimumWidth(0, m_fields->captionWidth());
-    addField(form, 0, 0, tr("Species"), m_species);
+    addField(form, 0, 0, u"Species"_s, m_species);
     form->setColumnMinimumWidth(2, 12);
-    addField(form, 0, 3, tr("Sampling weight"), m_weight);
+    addField(form, 0, 3, u"Sampling weight"_s, m_weight);
     m_weight->setMaximumWidth(140);
-    form->addWidget(new QLabel(tr("kg")), 0, 5);
+    form->addWidget(new QLabel(u"kg"_s), 0, 5);
     form->setColumnMinimumWidth(6, 12);
     form->addWidget(m_start, 0, 7);
     form->addWidget(m_import, 0, 8);
@@ -147,7 +149,7 @@ void GonadEntryPanel::onStart() {
 }
 
 void GonadEntryPanel::onNext() {
-    if (!m_dialogs.confirm(kGonadTitle.toString(), tr("Are you sure to add this sampling"))) {
+    if (!m_dialogs.confirm(kGonadTitle.toString(), u"Are you sure to add this sampling"_s)) {
         return;
     }
     const GonadFish fish = m_fields->fish();
@@ -177,12 +179,12 @@ void GonadEntryPanel::onImport() {
 void GonadEntryPanel::importFile(const QString& path) {
     const QByteArray bytes = readImportFile(path);
     if (bytes.isEmpty()) {
-        m_dialogs.message(tr("No data in this file"));
+        m_dialogs.message(u"No data in this file"_s);
         return;
     }
     std::optional<std::vector<GonadFish>> fish = importedFish(decodedText(bytes));
     if (!fish) {
-        m_dialogs.message(tr("ERROR"), tr("Error File Format"));
+        m_dialogs.message(u"ERROR"_s, u"Error File Format"_s);
         return;
     }
     m_grid->setFish(std::move(*fish));
@@ -192,7 +194,7 @@ void GonadEntryPanel::importFile(const QString& path) {
 
 void GonadEntryPanel::onSave() {
     const std::optional<GonadSample> sample = sampleToStore();
-    if (!sample || !m_dialogs.confirm(tr("Confirm"), tr("Are you sure to add this data to database"))) {
+    if (!sample || !m_dialogs.confirm(u"Confirm"_s, u"Are you sure to add this data to database"_s)) {
         return;
     }
     const int storedBefore = m_stored.fish;
@@ -204,9 +206,8 @@ void GonadEntryPanel::onSave() {
         // The rest belongs to the sample whose first fish are stored, so to the same species.
         m_species->setEnabled(m_stored.isEmpty());
         m_dialogs.message(
-            tr("%1 of %2 fish are stored: %3.\n\nThe others are still in the grid. Press SAVE again to store "
-               "them.")
-                .arg(QString::number(m_stored.fish), QString::number(all), reasonOf(failure)));
+            u"%1 of %2 fish are stored: %3.\n\nThe others are still in the grid. Press SAVE again to store "
+            "them."_s.arg(QString::number(m_stored.fish), QString::number(all), reasonOf(failure)));
         return;
     }
     endSample();
@@ -219,12 +220,12 @@ std::optional<GonadSample> GonadEntryPanel::sampleToStore() {
         return std::nullopt;
     }
     if (m_grid->fish().empty() && m_stored.isEmpty()) {
-        m_dialogs.message(tr("There is no fish in the grid. Nothing was stored."));
+        m_dialogs.message(u"There is no fish in the grid. Nothing was stored."_s);
         return std::nullopt;
     }
     const std::optional<double> weight = toNumber(m_weight->text());
     if (!weight || *weight < 0) {
-        m_dialogs.message(kGonadTitle.toString(), tr("Please input Sampling weight in numeric"));
+        m_dialogs.message(kGonadTitle.toString(), u"Please input Sampling weight in numeric"_s);
         showWeight();
         m_weight->setFocus(Qt::TabFocusReason);
         return std::nullopt;
@@ -233,7 +234,7 @@ std::optional<GonadSample> GonadEntryPanel::sampleToStore() {
 }
 
 void GonadEntryPanel::store(const GonadSample& sample) {
-    Progress progress(tr("Storing the fish…"), static_cast<int>(sample.fish.size()));
+    Progress progress(u"Storing the fish…"_s, static_cast<int>(sample.fish.size()));
     storeGonadSample(m_connection, sample, m_stored, [&progress] { progress.step(); });
 }
 
@@ -248,7 +249,7 @@ void GonadEntryPanel::endSample() {
     m_grid->setFish({});
     m_species->setText({});
     m_species->setEnabled(true);
-    m_weight->setText(u"0"_qs);
+    m_weight->setText(u"0"_s);
     m_fields->setLocked(true);
     m_next->setEnabled(false);
     m_import->setEnabled(false);
@@ -257,12 +258,12 @@ void GonadEntryPanel::endSample() {
 
 bool GonadEntryPanel::hasSpecies() {
     if (!m_species->key().isValid()) {
-        m_dialogs.message(tr("select species"));
+        m_dialogs.message(u"select species"_s);
         return false;
     }
     if (m_operation != m_finder.operation()) {
         // The finder stands on an operation that was deleted meanwhile.
-        m_dialogs.message(tr("Please choose a fishing operation first"));
+        m_dialogs.message(u"Please choose a fishing operation first"_s);
         return false;
     }
     return true;

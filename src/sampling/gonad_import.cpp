@@ -5,6 +5,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -45,12 +47,12 @@ bool startsWithHeader(const QStringList& fields) {
 }  // namespace
 
 QString importedSex(const QString& code) {
-    static const QStringList female = {u"Female"_qs, u"F"_qs, u"FEMALE"_qs, u"female"_qs, u"f"_qs};
-    static const QStringList male = {u"Male"_qs, u"M"_qs, u"MALE"_qs, u"male"_qs, u"m"_qs};
+    static const QStringList female = {u"Female"_s, u"F"_s, u"FEMALE"_s, u"female"_s, u"f"_s};
+    static const QStringList male = {u"Male"_s, u"M"_s, u"MALE"_s, u"male"_s, u"m"_s};
     if (female.contains(code)) {
         return female.first();
     }
-    return male.contains(code) ? male.first() : u"None"_qs;
+    return male.contains(code) ? male.first() : u"None"_s;
 }
 
 std::optional<std::vector<GonadFish>> importedFish(QStringView text) {

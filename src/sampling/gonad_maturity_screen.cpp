@@ -6,16 +6,18 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 GonadMaturityScreen::GonadMaturityScreen(const Context& context)
-    : Screen(tr("Gonad Matuarity Detail"), context),
+    : Screen(u"Gonad Matuarity Detail"_s, context),
       m_connection(context.databasePath, Connection::Patience::Long),
-      m_finder(new FinderPanel(tr("Fishing Information No."), m_connection, context)),
+      m_finder(new FinderPanel(u"Fishing Information No."_s, m_connection, context)),
       m_entry(new GonadEntryPanel(*m_finder, m_connection, context)) {
     auto* tabs = new QTabWidget;
-    tabs->addTab(m_finder, tr("Fishing Operation"));
-    tabs->addTab(m_entry, tr("Gonad Maturity Detail"));
+    tabs->addTab(m_finder, u"Fishing Operation"_s);
+    tabs->addTab(m_entry, u"Gonad Maturity Detail"_s);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(tabs);
 

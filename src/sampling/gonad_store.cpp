@@ -4,6 +4,8 @@
 #include "data/numbers.h"
 #include "data/transaction.h"
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -16,7 +18,7 @@ void executeAndCommit(Connection& connection, const Sql& sql) {
 /// Fish of an operation that has been deleted meanwhile would turn up in the next operation that gets its number.
 void requireOperation(Connection& connection, int operation) {
     if (connection.query(Sql("select optid from fishoperation where optid = ") << operation).isEmpty()) {
-        const QString reason = u"fishing operation no. %1 has been deleted"_qs.arg(operation);
+        const QString reason = u"fishing operation no. %1 has been deleted"_s.arg(operation);
         throw DataError(reason, reason);
     }
 }
@@ -25,7 +27,7 @@ void requireOperation(Connection& connection, int operation) {
 int lastNumber(Connection& connection, const GonadSample& sample) {
     const int stored = nextFish(connection, sample.operation, sample.species) - 1;
     if (static_cast<int>(sample.fish.size()) > kLargestKey - stored) {
-        const QString reason = u"a species has at most %1 fish in an operation, and %2 are stored already"_qs;
+        const QString reason = u"a species has at most %1 fish in an operation, and %2 are stored already"_s;
         throw DataError(reason.arg(kLargestKey).arg(stored), reason.arg(kLargestKey).arg(stored));
     }
     return stored;

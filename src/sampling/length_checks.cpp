@@ -8,6 +8,8 @@
 #include <cmath>
 #include <span>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -34,22 +36,22 @@ bool startsInTable(const LengthStart& start) {
 }
 
 QString intervalMessage(const LengthStart& /*start*/) {
-    return QStringLiteral("Please input class interval: a number greater than 0");
+    return u"Please input class interval: a number greater than 0"_s;
 }
 
 const std::array<StartCheck, 5>& checks() {
     static const std::array<StartCheck, 5> all = {{
         {Field::Species, [](const LengthStart& start) { return start.species.has_value(); },
-         [](const LengthStart&) { return QStringLiteral("Please select species"); }},
+         [](const LengthStart&) { return u"Please select species"_s; }},
         {Field::Operation, [](const LengthStart& start) { return start.operation.has_value(); },
-         [](const LengthStart&) { return QStringLiteral("Please select fishing operation"); }},
+         [](const LengthStart&) { return u"Please select fishing operation"_s; }},
         {Field::Interval, [](const LengthStart& start) { return isInterval(start.interval); }, intervalMessage},
         {Field::Weight, [](const LengthStart& start) { return isNotNegative(start.weight); },
-         [](const LengthStart&) { return QStringLiteral("Please input sampling weight: a number not below 0"); }},
+         [](const LengthStart&) { return u"Please input sampling weight: a number not below 0"_s; }},
         {Field::LowerLimit, startsInTable,
          [](const LengthStart& start) {
-             return QStringLiteral("Please input lower limit: a number from 0 to below %1")
-                 .arg(plainText(classTable(leadingNumber(start.interval)).back().upper));
+             return u"Please input lower limit: a number from 0 to below %1"_s.arg(
+                 plainText(classTable(leadingNumber(start.interval)).back().upper));
          }},
     }};
     return all;

@@ -3,16 +3,18 @@
 #include "controls/text_table.h"
 #include "data/numbers.h"
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
 enum ClassColumn { Lower, Upper, Middle, Frequency, ClassColumnCount };
 
 GridColumns classColumns() {
-    return {{QStringLiteral("Lower"), 1200, Qt::AlignRight},
-            {QStringLiteral("Upper"), 1200, Qt::AlignRight},
-            {QStringLiteral("Mid-Length"), 1500, Qt::AlignRight},
-            {QStringLiteral("Frequency"), 1500, Qt::AlignRight}};
+    return {{u"Lower"_s, 1200, Qt::AlignRight},
+            {u"Upper"_s, 1200, Qt::AlignRight},
+            {u"Mid-Length"_s, 1500, Qt::AlignRight},
+            {u"Frequency"_s, 1500, Qt::AlignRight}};
 }
 
 QStringList rowOf(const LengthClass& c, const QString& frequency = {}) {
@@ -35,7 +37,7 @@ void LengthClassGrid::showTable(double interval) {
         rows.push_back(rowOf(c));
     }
     rows.emplace_back();
-    rows.push_back({QStringLiteral("TOTAL")});
+    rows.push_back({u"TOTAL"_s});
     m_rows->setRows(std::move(rows));
     scrollToTop();
 }

@@ -14,6 +14,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -30,14 +32,14 @@ LengthEntryPanel::LengthEntryPanel(const FinderPanel& finder, Connection& connec
       m_interval(numberField()),
       m_weight(numberField()),
       m_lowerLimit(numberField()),
-      m_start(keyButton(tr("&START INPUT>>"))),
+      m_start(keyButton(u"&START INPUT>>"_s)),
       m_frame(new QFrame),
       m_currentClass(new ValueLabel),
       m_frequency(numberField()),
-      m_finish(keyButton(tr("&FINISH"))),
-      m_save(keyButton(tr("SA&VE"))),
-      m_clear(keyButton(tr("&CLEAR"))),
-      m_grid(new LengthClassGrid(tr("Length classes"))) {
+      m_finish(keyButton(u"&FINISH"_s)),
+      m_save(keyButton(u"SA&VE"_s)),
+      m_clear(keyButton(u"&CLEAR"_s)),
+      m_grid(new LengthClassGrid(u"Length classes"_s)) {
     auto* layout = new QGridLayout(this);
     layout->addWidget(new OperationLine(m_finder), 0, 0, 1, 2);
     layout->addWidget(createForm(), 1, 0);
@@ -58,12 +60,12 @@ QWidget* LengthEntryPanel::createForm() {
     auto* layout = new QGridLayout(form);
     layout->setContentsMargins(0, 0, kInset, 0);
     // The boxes stand above those of the frame, whose caption is the longest.
-    layout->setColumnMinimumWidth(0, fontMetrics().horizontalAdvance(tr("Lower-Upper Length")) + kInset);
+    layout->setColumnMinimumWidth(0, fontMetrics().horizontalAdvance(u"Lower-Upper Length"_s) + kInset);
     layout->setColumnStretch(1, 1);
-    addField(layout, 0, 0, tr("Species"), m_species);
-    addField(layout, 1, 0, tr("Class Interval"), m_interval);
-    addField(layout, 2, 0, tr("Sampling weight"), m_weight);
-    addField(layout, 3, 0, tr("Lower limit(cm)"), m_lowerLimit);
+    addField(layout, 0, 0, u"Species"_s, m_species);
+    addField(layout, 1, 0, u"Class Interval"_s, m_interval);
+    addField(layout, 2, 0, u"Sampling weight"_s, m_weight);
+    addField(layout, 3, 0, u"Lower limit(cm)"_s, m_lowerLimit);
     layout->addWidget(m_start, 4, 1, Qt::AlignRight);
     return form;
 }
@@ -74,14 +76,14 @@ QFrame* LengthEntryPanel::createFrequencyFrame() {
     large.setBold(true);
     m_currentClass->setFont(large);
     m_frequency->setFont(large);
-    m_frequency->setAccessibleName(tr("Frequency"));
-    m_frequency->setPlaceholderText(tr("Frequency"));
+    m_frequency->setAccessibleName(u"Frequency"_s);
+    m_frequency->setPlaceholderText(u"Frequency"_s);
 
     m_frame->setFrameShape(QFrame::StyledPanel);
     auto* layout = new QGridLayout(m_frame);
     layout->setContentsMargins(kInset - 1, kInset, kInset - 1, kInset);
     layout->setColumnStretch(1, 1);
-    addField(layout, 0, 0, tr("Lower-Upper Length"), m_currentClass);
+    addField(layout, 0, 0, u"Lower-Upper Length"_s, m_currentClass);
     layout->addWidget(m_frequency, 1, 1);
     layout->addWidget(m_finish, 2, 1, Qt::AlignRight);
     return m_frame;
@@ -172,8 +174,8 @@ bool LengthEntryPanel::giveWay(int operation, int species) {
     if (!hasLengthSample(m_connection, operation, species)) {
         return true;
     }
-    if (!m_context.dialogs.confirm(tr("CONFORM"),
-                                   tr("This species have lenght frequency data in database. Do you want to update?"))) {
+    if (!m_context.dialogs.confirm(u"CONFORM"_s,
+                                   u"This species have lenght frequency data in database. Do you want to update?"_s)) {
         return false;
     }
     deleteLengthSample(m_connection, operation, species);
@@ -182,7 +184,7 @@ bool LengthEntryPanel::giveWay(int operation, int species) {
 
 void LengthEntryPanel::startAt(const LengthClass& first) {
     m_current = first;
-    m_currentClass->setText(plainText(first.lower) + QStringLiteral(" - ") + plainText(first.upper));
+    m_currentClass->setText(plainText(first.lower) + u" - "_s + plainText(first.upper));
     m_grid->startWith(first);
     m_finish->setEnabled(false);
     m_frame->show();
@@ -198,7 +200,7 @@ void LengthEntryPanel::onFrequency() {
         return;
     }
     if (!isFrequency(typed)) {
-        m_context.dialogs.message(tr("ERROR"), tr("Numeric Only"));
+        m_context.dialogs.message(u"ERROR"_s, u"Numeric Only"_s);
         m_frequency->clear();
         m_frequency->setFocus();
         return;
@@ -232,14 +234,14 @@ bool LengthEntryPanel::mayBeSaved(const std::vector<CountedClass>& classes) {
     const auto [operation, started] = std::pair(*start.operation, m_startedOperation.value_or(0));
     QString problem;
     if (operation != started) {
-        problem = tr("This sample belongs to fishing operation no. %1: go back to it to save").arg(started);
+        problem = u"This sample belongs to fishing operation no. %1: go back to it to save"_s.arg(started);
     } else if (classes.empty()) {
-        problem = tr("There is no length class with a frequency to save");
+        problem = u"There is no length class with a frequency to save"_s;
     } else if (hasLengthSample(m_connection, operation, *start.species)) {
-        problem = tr("This species has a length sample in this operation already");
+        problem = u"This species has a length sample in this operation already"_s;
     }
     if (!problem.isEmpty()) {
-        m_context.dialogs.message(tr("ERROR"), problem);
+        m_context.dialogs.message(u"ERROR"_s, problem);
     }
     return problem.isEmpty();
 }
@@ -247,7 +249,7 @@ bool LengthEntryPanel::mayBeSaved(const std::vector<CountedClass>& classes) {
 void LengthEntryPanel::onSave() {
     onSpeciesChosen();
     const std::vector<CountedClass> classes = m_grid->counted();
-    if (!mayBeSaved(classes) || !m_context.dialogs.confirm(tr("Confirm"), tr("Are you sure to insert this data"))) {
+    if (!mayBeSaved(classes) || !m_context.dialogs.confirm(u"Confirm"_s, u"Are you sure to insert this data"_s)) {
         return;
     }
     storeLengthSample(m_connection, {m_finder.operation().value(), species().value(), leadingNumber(m_weight->text()),
@@ -289,7 +291,7 @@ QLineEdit* LengthEntryPanel::boxOf(LengthRefusal::Field field) const {
 }
 
 void LengthEntryPanel::refuse(const LengthRefusal& refusal) {
-    m_context.dialogs.message(tr("ERROR"), refusal.message);
+    m_context.dialogs.message(u"ERROR"_s, refusal.message);
     if (QLineEdit* box = boxOf(refusal.field)) {
         box->setFocus();
         box->selectAll();

@@ -6,16 +6,18 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 LengthFrequencyScreen::LengthFrequencyScreen(const Context& context)
-    : Screen(tr("Length Frequency"), context),
+    : Screen(u"Length Frequency"_s, context),
       m_connection(context.databasePath),
-      m_finder(new FinderPanel(tr("Fishing Information No."), m_connection, context)),
+      m_finder(new FinderPanel(u"Fishing Information No."_s, m_connection, context)),
       m_entry(new LengthEntryPanel(*m_finder, m_connection, context)) {
     auto* tabs = new QTabWidget;
-    tabs->addTab(m_finder, tr("Fishing Operation"));
-    tabs->addTab(m_entry, tr("Length Frequency"));
+    tabs->addTab(m_finder, u"Fishing Operation"_s);
+    tabs->addTab(m_entry, u"Length Frequency"_s);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(tabs);
 

@@ -11,15 +11,15 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
 GridColumns fishColumns() {
-    return {{QObject::tr("No."), 500, Qt::AlignRight},    {QObject::tr("TL(mm)"), 800, Qt::AlignRight},
-            {QObject::tr("BL(mm)"), 800, Qt::AlignRight}, {QObject::tr("FL(mm)"), 800, Qt::AlignRight},
-            {QObject::tr("SL(mm)"), 800, Qt::AlignRight}, {QObject::tr("BW(g)"), 800, Qt::AlignRight},
-            {QObject::tr("SEX"), 800, Qt::AlignHCenter},  {QObject::tr("STAGE"), 700, Qt::AlignHCenter},
-            {QObject::tr("GW(g)"), 800, Qt::AlignRight}};
+    return {{u"No."_s, 500, Qt::AlignRight},    {u"TL(mm)"_s, 800, Qt::AlignRight},  {u"BL(mm)"_s, 800, Qt::AlignRight},
+            {u"FL(mm)"_s, 800, Qt::AlignRight}, {u"SL(mm)"_s, 800, Qt::AlignRight},  {u"BW(g)"_s, 800, Qt::AlignRight},
+            {u"SEX"_s, 800, Qt::AlignHCenter},  {u"STAGE"_s, 700, Qt::AlignHCenter}, {u"GW(g)"_s, 800, Qt::AlignRight}};
 }
 
 QStringList gridRow(std::size_t number, const GonadFish& fish) {
@@ -30,11 +30,11 @@ QStringList gridRow(std::size_t number, const GonadFish& fish) {
 
 MeasuredFishGrid::MeasuredFishGrid(Dialogs& dialogs)
     : m_dialogs(dialogs),
-      m_grid(new Grid(tr("Measured fish"))),
+      m_grid(new Grid(u"Measured fish"_s)),
       m_rows(new TextTable(static_cast<int>(fishColumns().size()), this)) {
     m_grid->show(m_rows, fishColumns());
     m_grid->installEventFilter(this);
-    auto* note = new QLabel(tr("* Double Click for delete row"));
+    auto* note = new QLabel(u"* Double Click for delete row"_s);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(m_grid, 1);
@@ -75,7 +75,7 @@ void MeasuredFishGrid::askAndDelete(int row) {
         return;
     }
     runGuarded(m_dialogs, [&] {
-        if (!m_dialogs.confirm(tr("Confirm"), tr("Are you sure for delete sampling '%1'").arg(row + 1))) {
+        if (!m_dialogs.confirm(u"Confirm"_s, u"Are you sure for delete sampling '%1'"_s.arg(row + 1))) {
             return;
         }
         m_fish.erase(m_fish.begin() + row);

@@ -16,14 +16,16 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
 enum PendingColumn { Species, Weight, Key, PendingColumnCount };
 
 GridColumns pendingColumns() {
-    return {{QStringLiteral("Species"), 3400, Qt::AlignLeft},
-            {QStringLiteral(" Weight(kg.)"), 1300, Qt::AlignHCenter},
+    return {{u"Species"_s, 3400, Qt::AlignLeft},
+            {u" Weight(kg.)"_s, 1300, Qt::AlignHCenter},
             {QString(), 0, Qt::AlignLeft, true}};
 }
 
@@ -38,27 +40,27 @@ PendingGroupPanel::PendingGroupPanel(const FinderPanel& finder, Connection& conn
       m_sample(new ValueLabel),
       m_species(new BoundList),
       m_weight(numberField()),
-      m_list(new Grid(tr("Pending group"))),
+      m_list(new Grid(u"Pending group"_s)),
       m_rows(PendingColumnCount),
-      m_save(new QPushButton(tr("&SAVE"))),
-      m_clear(new QPushButton(tr("&CLEAR"))) {
+      m_save(new QPushButton(u"&SAVE"_s)),
+      m_clear(new QPushButton(u"&CLEAR"_s)) {
     fillSpecies(*m_species, connection);
     m_list->show(&m_rows, pendingColumns());
-    auto* add = new QPushButton(tr("A&DD"));
+    auto* add = new QPushButton(u"A&DD"_s);
 
     auto* form = new QGridLayout;
     form->setColumnStretch(1, 1);
     m_total->setMaximumWidth(m_total->minimumWidth());
     m_weight->setMaximumWidth(m_weight->minimumWidth());
-    addField(form, 0, 0, tr("Group"), m_group);
-    addField(form, 0, 2, tr("Total weight "), m_total);
-    addField(form, 1, 0, tr("Species"), m_species);
-    addField(form, 1, 2, tr("Weight"), m_weight);
+    addField(form, 0, 0, u"Group"_s, m_group);
+    addField(form, 0, 2, u"Total weight "_s, m_total);
+    addField(form, 1, 0, u"Species"_s, m_species);
+    addField(form, 1, 2, u"Weight"_s, m_weight);
     form->addWidget(add, 1, 4);
 
     auto* sum = new QGridLayout;
     sum->setColumnStretch(1, 1);
-    addField(sum, 0, 0, tr("Total Sampling weight"), m_sample);
+    addField(sum, 0, 0, u"Total Sampling weight"_s, m_sample);
     sum->addWidget(m_save, 0, 2);
     sum->addWidget(m_clear, 0, 3);
 
@@ -107,9 +109,9 @@ void PendingGroupPanel::refuse(const QString& title, const QString& text, QWidge
 bool PendingGroupPanel::askName() {
     const bool asks = m_group->text().trimmed().isEmpty();
     const QString name =
-        asks ? m_context.dialogs.input(tr("Please input groupname")).value_or(QString()) : m_group->text();
+        asks ? m_context.dialogs.input(u"Please input groupname"_s).value_or(QString()) : m_group->text();
     if (const auto problem = groupNameProblem(name)) {
-        refuse(tr("ERROR"), *problem, m_group);
+        refuse(u"ERROR"_s, *problem, m_group);
         return false;
     }
     if (asks) {
@@ -122,9 +124,9 @@ bool PendingGroupPanel::askName() {
 bool PendingGroupPanel::askTotal() {
     const bool asks = m_total->text().isEmpty();
     const QString typed =
-        asks ? m_context.dialogs.input(tr("Please input total sampling weight!")).value_or(QString()) : m_total->text();
+        asks ? m_context.dialogs.input(u"Please input total sampling weight!"_s).value_or(QString()) : m_total->text();
     if (const auto problem = totalWeightProblem(typed)) {
-        refuse(tr("ERROR"), *problem, m_total);
+        refuse(u"ERROR"_s, *problem, m_total);
         return false;
     }
     if (asks) {
@@ -140,26 +142,26 @@ void PendingGroupPanel::onAdd() {
     }
     const std::optional<ChosenSpecies> species = chosenSpecies(*m_species);
     if (!species) {
-        refuse(tr("ERROR"), tr("Please select species!"), m_species);
+        refuse(u"ERROR"_s, u"Please select species!"_s, m_species);
         return;
     }
     if (m_weight->text().isEmpty()) {
-        refuse(tr("ERROR"), tr("Please input weight!"), m_weight);
+        refuse(u"ERROR"_s, u"Please input weight!"_s, m_weight);
         return;
     }
     if (const auto problem = weightProblem(m_weight->text())) {
-        refuse(tr("ERROR"), *problem, m_weight);
+        refuse(u"ERROR"_s, *problem, m_weight);
         return;
     }
     const double together = sampleWith(sample(), leadingNumber(m_weight->text()));
     if (roomInGroup(total(), together) < 0) {
         m_weight->clear();
-        refuse(tr("ERROR"), tr("Over weight! not over '%1' kg.").arg(plainText(roomInGroup(total(), sample()))),
+        refuse(u"ERROR"_s, u"Over weight! not over '%1' kg."_s.arg(plainText(roomInGroup(total(), sample()))),
                m_weight);
         return;
     }
     if (isListed(species->name)) {
-        refuse(tr("ERROR"), tr("Species Repeat please try again"), m_species);
+        refuse(u"ERROR"_s, u"Species Repeat please try again"_s, m_species);
         return;
     }
     m_rows.setRow(listed(), {species->name, m_weight->text(), QString::number(species->number)});
@@ -176,7 +178,7 @@ bool PendingGroupPanel::chooseFreeName(int operation) {
     if (!hasGroup(m_connection, operation, m_group->text())) {
         return true;
     }
-    m_context.dialogs.message(tr("ERROR!"), tr("Group repeat please change new group"));
+    m_context.dialogs.message(u"ERROR!"_s, u"Group repeat please change new group"_s);
     m_group->clear();
     m_group->setEnabled(true);
     m_group->setFocus();
@@ -186,7 +188,7 @@ bool PendingGroupPanel::chooseFreeName(int operation) {
 void PendingGroupPanel::onSave() {
     const std::optional<int> operation = m_finder.operation();
     if (!operation) {
-        m_context.dialogs.message(tr("ERROR"), tr("Please choose a fishing operation for this group"));
+        m_context.dialogs.message(u"ERROR"_s, u"Please choose a fishing operation for this group"_s);
         return;
     }
     // The boxes may have been changed since the last species was listed.
@@ -194,11 +196,11 @@ void PendingGroupPanel::onSave() {
                                          {totalWeightProblem(m_total->text()), m_total},
                                          {sampleProblem(total(), sample()), m_weight}}) {
         if (problem) {
-            refuse(tr("ERROR"), *problem, field);
+            refuse(u"ERROR"_s, *problem, field);
             return;
         }
     }
-    if (!m_context.dialogs.confirm(tr("CONFIRM"), tr("Are you sure to 'SAVE' this group")) ||
+    if (!m_context.dialogs.confirm(u"CONFIRM"_s, u"Are you sure to 'SAVE' this group"_s) ||
         !chooseFreeName(*operation)) {
         return;
     }

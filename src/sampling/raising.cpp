@@ -3,6 +3,8 @@
 #include "data/numbers.h"
 #include "data/result_set.h"
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 double raisingFactor(double total, double sample) {
@@ -20,10 +22,10 @@ double roomInGroup(double total, double sample) {
 std::optional<QString> weightProblem(const QString& typed) {
     const std::optional<double> weight = toNumber(typed);
     if (!weight) {
-        return QStringLiteral("Please input weight in numeric only");
+        return u"Please input weight in numeric only"_s;
     }
     if (*weight < 0) {
-        return QStringLiteral("A weight cannot be negative");
+        return u"A weight cannot be negative"_s;
     }
     return std::nullopt;
 }
@@ -31,10 +33,10 @@ std::optional<QString> weightProblem(const QString& typed) {
 std::optional<QString> totalWeightProblem(const QString& typed) {
     const std::optional<double> total = toNumber(typed);
     if (!total) {
-        return QStringLiteral("Please input total weight in numeric only");
+        return u"Please input total weight in numeric only"_s;
     }
     if (*total <= 0) {
-        return QStringLiteral("The total weight of a group must be greater than 0");
+        return u"The total weight of a group must be greater than 0"_s;
     }
     return std::nullopt;
 }
@@ -42,23 +44,22 @@ std::optional<QString> totalWeightProblem(const QString& typed) {
 std::optional<QString> groupNameProblem(const QString& name) {
     const QString plain = name.trimmed();
     if (plain.isEmpty()) {
-        return QStringLiteral("Please input groupname");
+        return u"Please input groupname"_s;
     }
     if (sameText(plain, kSingleSpeciesGroup)) {
-        return QStringLiteral(
-            "'Single species' is the group of the species weighed whole: please give this group"
-            " another name");
+        return u"'Single species' is the group of the species weighed whole: please give this group"
+               " another name"_s;
     }
     return std::nullopt;
 }
 
 std::optional<QString> sampleProblem(double total, double sample) {
     if (sample == 0) {
-        return QStringLiteral("The weights of the sample sum to 0: it cannot be raised to the total weight");
+        return u"The weights of the sample sum to 0: it cannot be raised to the total weight"_s;
     }
     if (roomInGroup(total, sample) < 0) {
-        return QStringLiteral("The sample weighs '%1' kg., more than the '%2' kg. of the whole group")
-            .arg(plainText(sample), plainText(total));
+        return u"The sample weighs '%1' kg., more than the '%2' kg. of the whole group"_s.arg(plainText(sample),
+                                                                                              plainText(total));
     }
     return std::nullopt;
 }

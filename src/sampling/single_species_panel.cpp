@@ -17,35 +17,37 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
 GridColumns columns() {
-    return {{QStringLiteral("Species"), 3000, Qt::AlignLeft}, {QStringLiteral("Weight(kg)"), 1300, Qt::AlignHCenter}};
+    return {{u"Species"_s, 3000, Qt::AlignLeft}, {u"Weight(kg)"_s, 1300, Qt::AlignHCenter}};
 }
 
 }  // namespace
 
 SingleSpeciesPanel::SingleSpeciesPanel(const FinderPanel& finder, Connection& connection, const Context& context)
-    : QGroupBox(tr("Single species")),
+    : QGroupBox(u"Single species"_s),
       m_finder(finder),
       m_connection(connection),
       m_context(context),
       m_species(new BoundList),
       m_weight(numberField()),
-      m_stored(new CaptionedGrid(tr("Total catch in weight of single species"))),
-      m_navigator(m_stored->addNavigator(tr("Single species record"))),
-      m_delete(m_stored->addButton(tr("X"))) {
+      m_stored(new CaptionedGrid(u"Total catch in weight of single species"_s)),
+      m_navigator(m_stored->addNavigator(u"Single species record"_s)),
+      m_delete(m_stored->addButton(u"X"_s)) {
     fillSpecies(*m_species, connection);
-    auto* add = new QPushButton(tr("&Add"));
-    m_delete->setToolTip(tr("Delete this species"));
+    auto* add = new QPushButton(u"&Add"_s);
+    m_delete->setToolTip(u"Delete this species"_s);
     m_delete->setMaximumWidth(40);
 
     auto* form = new QGridLayout;
-    addField(form, 0, 0, tr("Species"), m_species);
+    addField(form, 0, 0, u"Species"_s, m_species);
     form->removeWidget(m_species);
     form->addWidget(m_species, 0, 1, 1, 2);
-    addField(form, 1, 0, tr("Weight"), m_weight);
+    addField(form, 1, 0, u"Weight"_s, m_weight);
     form->addWidget(add, 1, 2);
     form->setColumnStretch(1, 1);
     m_stored->layout()->setContentsMargins(0, 0, 0, 0);
@@ -90,20 +92,20 @@ void SingleSpeciesPanel::onAdd() {
         return;
     }
     if (m_weight->text().isEmpty()) {
-        refuse(tr("ERROR!"), tr("Please input weight"), m_weight);
+        refuse(u"ERROR!"_s, u"Please input weight"_s, m_weight);
         return;
     }
     if (const auto problem = weightProblem(m_weight->text())) {
-        refuse(tr("ERROR!"), *problem, m_weight);
+        refuse(u"ERROR!"_s, *problem, m_weight);
         return;
     }
     const std::optional<ChosenSpecies> species = chosenSpecies(*m_species);
     if (!species) {
-        refuse(tr("ERROR!"), tr("Please select species!"), m_species);
+        refuse(u"ERROR!"_s, u"Please select species!"_s, m_species);
         return;
     }
     if (hasSingleSpecies(m_connection, *operation, species->number)) {
-        m_context.dialogs.message(tr("This species is in database already! please try again"));
+        m_context.dialogs.message(u"This species is in database already! please try again"_s);
         return;
     }
     storeSingleSpecies(m_connection, *operation, species->number, leadingNumber(m_weight->text()));

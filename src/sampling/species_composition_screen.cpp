@@ -11,19 +11,21 @@
 #include <QLabel>
 #include <QTabWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 SpeciesCompositionScreen::SpeciesCompositionScreen(const Context& context)
-    : Screen(tr("Species Composition"), context),
+    : Screen(u"Species Composition"_s, context),
       m_connection(context.databasePath, Connection::Patience::Long),
-      m_finder(new FinderPanel(tr("Fishing operation no."), m_connection, context)),
+      m_finder(new FinderPanel(u"Fishing operation no."_s, m_connection, context)),
       m_singleSpecies(new SingleSpeciesPanel(*m_finder, m_connection, context)),
       m_pendingGroup(new PendingGroupPanel(*m_finder, m_connection, context)),
       m_storedGroups(new StoredGroupsPanel(*m_finder, m_connection, context)),
       m_summary(new CompositionSummary) {
     auto* tabs = new QTabWidget;
-    tabs->addTab(m_finder, tr("Fishing Operation"));
-    tabs->addTab(createCompositionTab(), tr("Species Composition"));
+    tabs->addTab(m_finder, u"Fishing Operation"_s);
+    tabs->addTab(createCompositionTab(), u"Species Composition"_s);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(tabs);
 
@@ -36,7 +38,7 @@ SpeciesCompositionScreen::SpeciesCompositionScreen(const Context& context)
 }
 
 QWidget* SpeciesCompositionScreen::createCompositionTab() {
-    auto* group = new QGroupBox(tr("Sampling group"));
+    auto* group = new QGroupBox(u"Sampling group"_s);
     auto* groupLayout = new QVBoxLayout(group);
     groupLayout->addWidget(m_pendingGroup, 1);
     groupLayout->addSpacing(8);

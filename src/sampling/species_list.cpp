@@ -2,11 +2,13 @@
 
 #include "controls/bound_list.h"
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 void fillSpecies(BoundList& list, Connection& connection) {
     list.setSource(connection.model(Sql("select  fishno,genus &  ' ' & fishname as sp  from fish where fishno <> 0")),
-                   QStringLiteral("sp"), QStringLiteral("fishno"));
+                   u"sp"_s, u"fishno"_s);
 }
 
 void fillCaughtSpecies(BoundList& list, Connection& connection, int operation) {
@@ -14,7 +16,7 @@ void fillCaughtSpecies(BoundList& list, Connection& connection, int operation) {
                                         " FROM fish INNER JOIN group_composition ON fish.fishno ="
                                         " group_composition.spid where optid = ")
                                     << operation << " order by fish.genus & ' ' & fish.fishname"),
-                   QStringLiteral("Species"), QStringLiteral("spid"));
+                   u"Species"_s, u"spid"_s);
 }
 
 std::optional<ChosenSpecies> chosenSpecies(const BoundList& list) {

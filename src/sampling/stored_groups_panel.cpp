@@ -12,13 +12,15 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
 GridColumns groupColumns() {
-    return {{QStringLiteral("species"), 2600, Qt::AlignLeft},
-            {QStringLiteral("Sampling Weight"), 1500, Qt::AlignHCenter},
-            {QStringLiteral("estimate total catch"), 1700, Qt::AlignHCenter}};
+    return {{u"species"_s, 2600, Qt::AlignLeft},
+            {u"Sampling Weight"_s, 1500, Qt::AlignHCenter},
+            {u"estimate total catch"_s, 1700, Qt::AlignHCenter}};
 }
 
 }  // namespace
@@ -27,10 +29,10 @@ StoredGroupsPanel::StoredGroupsPanel(const FinderPanel& finder, Connection& conn
     : m_finder(finder),
       m_connection(connection),
       m_context(context),
-      m_navigator(new RecordNavigator(tr("Group record"))),
-      m_delete(new QPushButton(tr("X"))),
+      m_navigator(new RecordNavigator(u"Group record"_s)),
+      m_delete(new QPushButton(u"X"_s)),
       m_stored(new CaptionedGrid(QString())) {
-    m_delete->setToolTip(tr("Delete this group"));
+    m_delete->setToolTip(u"Delete this group"_s);
     m_delete->setMaximumWidth(40);
     m_stored->layout()->setContentsMargins(0, 0, 0, 0);
 
@@ -52,7 +54,7 @@ void StoredGroupsPanel::refresh(int operation) {
                                   << operation << " and groupid <> 1 order by groupid");
     m_navigator->setRowCount(m_groups.rowCount());
     if (m_groups.isEmpty()) {
-        m_navigator->setCaption(tr("No Group Data"));
+        m_navigator->setCaption(u"No Group Data"_s);
     }
 }
 
@@ -64,7 +66,7 @@ void StoredGroupsPanel::reset() {
 void StoredGroupsPanel::showNone() {
     m_navigator->setCaption({});
     m_delete->setEnabled(false);
-    m_stored->setCaption(tr("Total catch in weight of sampling group"));
+    m_stored->setCaption(u"Total catch in weight of sampling group"_s);
     m_stored->grid()->show(std::make_unique<TextTable>(3), groupColumns());
 }
 
@@ -78,11 +80,10 @@ void StoredGroupsPanel::showGroup(int operation, int row) {
         << group << ") And ((group_composition.optid) = " << operation << "))"
         << " ORDER BY fish.genus & ' ' & fish.fishname");
     const QString name = m_groups.text(row, u"groupname");
-    m_navigator->setCaption(QStringLiteral("Record %1/%2 ").arg(row + 1).arg(m_groups.rowCount()) + name +
-                            QStringLiteral(" [Total weight ") + m_groups.text(row, u"totalsampling") +
-                            QStringLiteral(" kg.]"));
+    m_navigator->setCaption(u"Record %1/%2 "_s.arg(row + 1).arg(m_groups.rowCount()) + name + u" [Total weight "_s +
+                            m_groups.text(row, u"totalsampling") + u" kg.]"_s);
     m_delete->setEnabled(true);
-    m_stored->setCaption(QStringLiteral("Total catch in weight of ") + name + QStringLiteral(" (kg.)"));
+    m_stored->setCaption(u"Total catch in weight of "_s + name + u" (kg.)"_s);
     m_stored->grid()->show(std::move(species), groupColumns());
 }
 
@@ -96,7 +97,7 @@ void StoredGroupsPanel::onArrived(int row) {
 
 void StoredGroupsPanel::onDelete() {
     const std::optional<int> operation = m_finder.operation();
-    if (!operation || !m_context.dialogs.confirm(tr("Are you sure to delete this group?"))) {
+    if (!operation || !m_context.dialogs.confirm(u"Are you sure to delete this group?"_s)) {
         return;
     }
     deleteGroup(m_connection, *operation, m_groups.integer(m_navigator->row(), u"groupid").value());

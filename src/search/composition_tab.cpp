@@ -12,19 +12,21 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
 GridColumns groupColumns() {
-    return {{QStringLiteral("Species"), 2600},
-            {QStringLiteral("Total weight(kg.)"), 2000, Qt::AlignHCenter},
-            {QStringLiteral("Estimate total catch(kg.)"), 2100, Qt::AlignHCenter}};
+    return {{u"Species"_s, 2600},
+            {u"Total weight(kg.)"_s, 2000, Qt::AlignHCenter},
+            {u"Estimate total catch(kg.)"_s, 2100, Qt::AlignHCenter}};
 }
 
 GridColumns noGroupColumns() {
-    return {{QStringLiteral("Species"), 2600},
-            {QStringLiteral("Sampling weight(kg.)"), 2000, Qt::AlignHCenter},
-            {QStringLiteral("Estimate total catch(kg.)"), 2100, Qt::AlignHCenter}};
+    return {{u"Species"_s, 2600},
+            {u"Sampling weight(kg.)"_s, 2000, Qt::AlignHCenter},
+            {u"Estimate total catch(kg.)"_s, 2100, Qt::AlignHCenter}};
 }
 
 }  // namespace
@@ -32,13 +34,13 @@ GridColumns noGroupColumns() {
 CompositionTab::CompositionTab(Connection& connection, Dialogs& dialogs)
     : SampleTab(connection, dialogs),
       m_summary(new CompositionSummary),
-      m_navigator(new RecordNavigator(QStringLiteral("Group record"))),
-      m_delete(deleteButton(QStringLiteral("Delete group"))),
-      m_group(new Grid(QStringLiteral("Group"))) {
+      m_navigator(new RecordNavigator(u"Group record"_s)),
+      m_delete(deleteButton(u"Delete group"_s)),
+      m_group(new Grid(u"Group"_s)) {
     auto* record = new QHBoxLayout;
     record->addWidget(m_navigator, 1);
     record->addWidget(m_delete);
-    auto* group = new QGroupBox(QStringLiteral("Group"));
+    auto* group = new QGroupBox(u"Group"_s);
     auto* groupLayout = new QVBoxLayout(group);
     groupLayout->setSpacing(8);
     groupLayout->addLayout(record);
@@ -67,7 +69,7 @@ void CompositionTab::reload() {
 
 void CompositionTab::onArrived(int row) {
     if (row < 0) {
-        showNone(operation() ? QStringLiteral("No data") : QString());
+        showNone(operation() ? u"No data"_s : QString());
     } else if (!runGuarded(dialogs(), [&] { showGroup(row); })) {
         showNone({});
     }
@@ -80,9 +82,9 @@ void CompositionTab::showGroup(int row) {
             " fish.fishno = group_composition.spid Where group_composition.groupid = ")
         << currentGroup() << " And group_composition.optid = " << operation().value()
         << " ORDER BY fish.genus & ' ' & fish.fishname");
-    m_navigator->setCaption(QStringLiteral("Record %1/%2 ").arg(row + 1).arg(m_groups.rowCount()) +
-                            m_groups.text(row, u"groupname") + QStringLiteral(" [Total weight ") +
-                            m_groups.text(row, u"totalsampling") + QStringLiteral(" kg.]"));
+    m_navigator->setCaption(u"Record %1/%2 "_s.arg(row + 1).arg(m_groups.rowCount()) +
+                            m_groups.text(row, u"groupname") + u" [Total weight "_s +
+                            m_groups.text(row, u"totalsampling") + u" kg.]"_s);
     m_group->show(std::move(species), groupColumns());
     m_delete->setEnabled(true);
 }
@@ -94,7 +96,7 @@ void CompositionTab::showNone(const QString& caption) {
 }
 
 void CompositionTab::onDelete() {
-    if (!dialogs().confirm(QStringLiteral("Are you sure to delete this group?"))) {
+    if (!dialogs().confirm(u"Are you sure to delete this group?"_s)) {
         return;
     }
     const int group = currentGroup();

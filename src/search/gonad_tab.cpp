@@ -14,14 +14,15 @@
 #include <QGridLayout>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
 GridColumns fishColumns() {
-    GridColumns columns = {{QStringLiteral("No."), 500, Qt::AlignHCenter}};
-    for (const auto& caption : {QStringLiteral("TL(cm)"), QStringLiteral("BL(cm)"), QStringLiteral("FL(cm)"),
-                                QStringLiteral("SL(cm)"), QStringLiteral("BW(g)"), QStringLiteral("SEX"),
-                                QStringLiteral("STAGE"), QStringLiteral("GW(g)"), QStringLiteral("GSI")}) {
+    GridColumns columns = {{u"No."_s, 500, Qt::AlignHCenter}};
+    for (const auto& caption :
+         {u"TL(cm)"_s, u"BL(cm)"_s, u"FL(cm)"_s, u"SL(cm)"_s, u"BW(g)"_s, u"SEX"_s, u"STAGE"_s, u"GW(g)"_s, u"GSI"_s}) {
         columns.push_back({caption, 800, Qt::AlignHCenter});
     }
     return columns;
@@ -31,19 +32,19 @@ GridColumns fishColumns() {
 
 GonadTab::GonadTab(Connection& connection, Dialogs& dialogs)
     : SampleTab(connection, dialogs),
-      m_navigator(new RecordNavigator(QStringLiteral("Gonad record"))),
-      m_delete(deleteButton(QStringLiteral("Delete gonad sample"))),
+      m_navigator(new RecordNavigator(u"Gonad record"_s)),
+      m_delete(deleteButton(u"Delete gonad sample"_s)),
       m_weight(new ValueLabel),
-      m_fish(new Grid(QStringLiteral("Measured fish"))),
+      m_fish(new Grid(u"Measured fish"_s)),
       m_fields(new FishFields(connection)),
-      m_add(new QPushButton(QStringLiteral("&ADD"))) {
+      m_add(new QPushButton(u"&ADD"_s)) {
     auto* sampleForm = new QGridLayout;
     sampleForm->setHorizontalSpacing(12);
     sampleForm->setVerticalSpacing(8);
     sampleForm->setColumnStretch(2, 1);
     sampleForm->addWidget(m_navigator, 0, 0, 1, 3);
     sampleForm->addWidget(m_delete, 0, 3);
-    addField(sampleForm, 1, 0, QStringLiteral("Sampling weight"), m_weight);
+    addField(sampleForm, 1, 0, u"Sampling weight"_s, m_weight);
     m_weight->setMinimumWidth(m_weight->sizeHint().width());
     sampleForm->addWidget(m_fish, 2, 0, 1, 4);
     sampleForm->setRowStretch(2, 1);
@@ -84,7 +85,7 @@ void GonadTab::onArrived(int row) {
 }
 
 void GonadTab::showSample(int row) {
-    m_navigator->setCaption(QStringLiteral("Species%1/%2 ").arg(row + 1).arg(m_samples.rowCount()) +
+    m_navigator->setCaption(u"Species%1/%2 "_s.arg(row + 1).arg(m_samples.rowCount()) +
                             m_samples.text(row, u"Species"));
     const ResultSet stored = connection().query(sample());
     m_weight->setText(stored.isEmpty() ? QString() : stored.text(0, u"samplingw"));
@@ -120,7 +121,7 @@ void GonadTab::setUsable(bool usable) {
 }
 
 void GonadTab::onAdd() {
-    if (!dialogs().confirm(kGonadTitle.toString(), QStringLiteral("Are you sure to add this sampling"))) {
+    if (!dialogs().confirm(kGonadTitle.toString(), u"Are you sure to add this sampling"_s)) {
         return;
     }
     const GonadFish fish = m_fields->fish();
@@ -143,7 +144,7 @@ void GonadTab::onAdd() {
 }
 
 void GonadTab::onDelete() {
-    const bool sure = dialogs().confirm(QStringLiteral("CONFIRM"), QStringLiteral("Are you sure to delete?"));
+    const bool sure = dialogs().confirm(u"CONFIRM"_s, u"Are you sure to delete?"_s);
     if (sure && isStored(sample())) {
         deleteGonadSample(connection(), operation().value(), species());
         reload();

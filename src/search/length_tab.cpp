@@ -17,32 +17,34 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
-const QString kError = QStringLiteral("ERROR");
+const QString kError = u"ERROR"_s;
 
 GridColumns classColumns() {
-    return {{QStringLiteral("Lower(cm.)"), 1500, Qt::AlignHCenter},
-            {QStringLiteral("Upper(cm.)"), 1500, Qt::AlignHCenter},
-            {QStringLiteral("Mid-length(cm.)"), 1500, Qt::AlignHCenter},
-            {QStringLiteral("Frequency"), 1500, Qt::AlignHCenter}};
+    return {{u"Lower(cm.)"_s, 1500, Qt::AlignHCenter},
+            {u"Upper(cm.)"_s, 1500, Qt::AlignHCenter},
+            {u"Mid-length(cm.)"_s, 1500, Qt::AlignHCenter},
+            {u"Frequency"_s, 1500, Qt::AlignHCenter}};
 }
 
 }  // namespace
 
 LengthTab::LengthTab(Connection& connection, Dialogs& dialogs)
     : SampleTab(connection, dialogs),
-      m_navigator(new RecordNavigator(QStringLiteral("Length record"))),
-      m_delete(deleteButton(QStringLiteral("Delete length sample"))),
-      m_classes(new Grid(QStringLiteral("Length classes"))),
+      m_navigator(new RecordNavigator(u"Length record"_s)),
+      m_delete(deleteButton(u"Delete length sample"_s)),
+      m_classes(new Grid(u"Length classes"_s)),
       m_weight(numberField()),
-      m_update(new QPushButton(QStringLiteral("&Update"))),
+      m_update(new QPushButton(u"&Update"_s)),
       m_interval(new ValueLabel),
-      m_addFrame(new QGroupBox(QStringLiteral("Lower-Upper Length"))),
+      m_addFrame(new QGroupBox(u"Lower-Upper Length"_s)),
       m_nextLabel(new ValueLabel),
       m_frequency(numberField()),
-      m_add(new QPushButton(QStringLiteral("&ADD"))) {
+      m_add(new QPushButton(u"&ADD"_s)) {
     auto* record = new QHBoxLayout;
     record->addWidget(m_navigator, 1);
     record->addWidget(m_delete);
@@ -69,15 +71,15 @@ QLayout* LengthTab::sampleForm() {
     form->setHorizontalSpacing(12);
     form->setVerticalSpacing(8);
     form->setColumnStretch(1, 1);
-    addField(form, 0, 0, QStringLiteral("Sample weight (kg.)"), m_weight);
+    addField(form, 0, 0, u"Sample weight (kg.)"_s, m_weight);
     form->addWidget(m_update, 0, 2);
-    addField(form, 1, 0, QStringLiteral("Class Interval"), m_interval);
+    addField(form, 1, 0, u"Class Interval"_s, m_interval);
 
     auto* add = new QGridLayout(m_addFrame);
     add->setHorizontalSpacing(12);
     add->setColumnStretch(1, 1);
-    addField(add, 0, 0, QStringLiteral("Next class"), m_nextLabel);
-    addField(add, 1, 0, QStringLiteral("Frequency"), m_frequency);
+    addField(add, 0, 0, u"Next class"_s, m_nextLabel);
+    addField(add, 1, 0, u"Frequency"_s, m_frequency);
     add->addWidget(m_add, 1, 2);
     form->addWidget(m_addFrame, 2, 0, 1, 3);
     form->setRowStretch(3, 1);
@@ -101,7 +103,7 @@ void LengthTab::onArrived(int row) {
 }
 
 void LengthTab::showSample(int row) {
-    m_navigator->setCaption(QStringLiteral("Species %1 / %2 ").arg(row + 1).arg(m_samples.rowCount()) +
+    m_navigator->setCaption(u"Species %1 / %2 "_s.arg(row + 1).arg(m_samples.rowCount()) +
                             m_samples.text(row, u"Species"));
     showWeight();
     const ResultSet fish = connection().query(Sql("select * from fish where fishno = ") << species());
@@ -135,9 +137,9 @@ void LengthTab::showNextClass(const ResultSet& classes) {
     const std::optional<double> upper =
         classes.isEmpty() ? std::nullopt : classes.number(classes.rowCount() - 1, u"upper1");
     if (!upper) {
-        m_nextLabel->setText(tr("none: this sample has no classes"));
+        m_nextLabel->setText(u"none: this sample has no classes"_s);
     } else if (interval <= 0) {
-        m_nextLabel->setText(tr("none: this species has no class interval"));
+        m_nextLabel->setText(u"none: this species has no class interval"_s);
     } else {
         m_next = nextClass(*upper, interval);
         m_nextLabel->setText(plainText(m_next->lower) + u'-' + plainText(m_next->upper));
@@ -168,7 +170,7 @@ void LengthTab::setUsable(bool usable) {
 void LengthTab::onUpdate() {
     const double weight = leadingNumber(m_weight->text());
     if (weight < 0 || !std::isfinite(weight)) {
-        dialogs().message(kError, tr("Please input sample weight: a number not below 0"));
+        dialogs().message(kError, u"Please input sample weight: a number not below 0"_s);
         m_weight->setFocus();
         return;
     }
@@ -176,13 +178,13 @@ void LengthTab::onUpdate() {
         connection().execute(Sql("update length set weight = ")
                              << weight << " where optid = " << operation().value() << " and spid = " << species());
         showWeight();
-        dialogs().message(QStringLiteral("RESULT"), QStringLiteral("Update complete!"));
+        dialogs().message(u"RESULT"_s, u"Update complete!"_s);
     }
 }
 
 void LengthTab::onAdd() {
     if (!isFrequency(m_frequency->text())) {
-        dialogs().message(kError, QStringLiteral("Numeric Only"));
+        dialogs().message(kError, u"Numeric Only"_s);
         m_frequency->clear();
         m_frequency->setFocus();
         return;
@@ -198,7 +200,7 @@ void LengthTab::onAdd() {
 }
 
 void LengthTab::onDelete() {
-    if (dialogs().confirm(QStringLiteral("Are you sure to delete?")) && isStored(sample())) {
+    if (dialogs().confirm(u"Are you sure to delete?"_s) && isStored(sample())) {
         deleteLengthSample(connection(), operation().value(), species());
         reload();
     }

@@ -5,6 +5,8 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -41,7 +43,7 @@ void select(QRadioButton& option, bool on) {
 
 }  // namespace
 
-OperationFrame::OperationFrame(QWidget* parent) : QGroupBox(QStringLiteral("Fishing Operation"), parent) {
+OperationFrame::OperationFrame(QWidget* parent) : QGroupBox(u"Fishing Operation"_s, parent) {
     auto* form = new QGridLayout(this);
     form->setHorizontalSpacing(12);
     form->setVerticalSpacing(3);
@@ -53,28 +55,26 @@ OperationFrame::OperationFrame(QWidget* parent) : QGroupBox(QStringLiteral("Fish
     }
 
     m_fields.add(form, kFirst,
-                 {{QStringLiteral(" No."), QStringLiteral("optid")},
-                  {QStringLiteral(" Vessel Name"), QStringLiteral("vesselname")},
-                  {QStringLiteral(" Vessel Register id"), QStringLiteral("vid")},
-                  {QStringLiteral(" Fishing Gear"), QStringLiteral("guname")},
-                  {QStringLiteral(" Fishing Method"), QStringLiteral("methodname")},
-                  {QStringLiteral(" Fishing Area"), QStringLiteral("aname")},
-                  {QStringLiteral(" Note"), QStringLiteral("note")}});
-    m_fields.add(form, kSecond,
-                 {{QStringLiteral(" State/Province"), QStringLiteral("statename")},
-                  {QStringLiteral(" Sampling Port"), QStringLiteral("samplingname")},
-                  {QStringLiteral(" Date"), QStringLiteral("optdate")}});
-    addPosition(form, 3, QStringLiteral("Fishing Ground Latitude"), QStringLiteral("Latitude"), QStringLiteral("lat"));
-    addPosition(form, 4, QStringLiteral("Fishing Ground Longtitude"), QStringLiteral("Longtitude"),
-                QStringLiteral("lon"));
+                 {{u" No."_s, u"optid"_s},
+                  {u" Vessel Name"_s, u"vesselname"_s},
+                  {u" Vessel Register id"_s, u"vid"_s},
+                  {u" Fishing Gear"_s, u"guname"_s},
+                  {u" Fishing Method"_s, u"methodname"_s},
+                  {u" Fishing Area"_s, u"aname"_s},
+                  {u" Note"_s, u"note"_s}});
+    m_fields.add(
+        form, kSecond,
+        {{u" State/Province"_s, u"statename"_s}, {u" Sampling Port"_s, u"samplingname"_s}, {u" Date"_s, u"optdate"_s}});
+    addPosition(form, 3, u"Fishing Ground Latitude"_s, u"Latitude"_s, u"lat"_s);
+    addPosition(form, 4, u"Fishing Ground Longtitude"_s, u"Longtitude"_s, u"lon"_s);
     addFishingTime(form, 5);
     m_fields.add(form, kThird,
-                 {{QStringLiteral(" Bottom Depth(Meter)"), QStringLiteral("bdepth")},
-                  {QStringLiteral(" Fishing Depth(Meter)"), QStringLiteral("fdepth")},
-                  {QStringLiteral(" No of haul per Trip(haul)"), QStringLiteral("nohaul")},
-                  {QStringLiteral(" Duration of Trip(days)"), QStringLiteral("dulation")},
-                  {QStringLiteral(" Estimate Total Catch(kg/trip)"), QStringLiteral("estotal")},
-                  {QStringLiteral(" Recorder"), QStringLiteral("interviewer")}});
+                 {{u" Bottom Depth(Meter)"_s, u"bdepth"_s},
+                  {u" Fishing Depth(Meter)"_s, u"fdepth"_s},
+                  {u" No of haul per Trip(haul)"_s, u"nohaul"_s},
+                  {u" Duration of Trip(days)"_s, u"dulation"_s},
+                  {u" Estimate Total Catch(kg/trip)"_s, u"estotal"_s},
+                  {u" Recorder"_s, u"interviewer"_s}});
     for (int row = 0; row <= kNoteRow; ++row) {
         form->setRowMinimumHeight(row, fontMetrics().height() + 6);
     }
@@ -86,8 +86,7 @@ void OperationFrame::addPosition(QGridLayout* form, int row, const QString& capt
                                  const QString& column) {
     auto* position = new QHBoxLayout;
     position->setSpacing(6);
-    for (const auto& [part, suffix] :
-         {std::pair{QStringLiteral("Dec"), QStringLiteral("_dec")}, {QStringLiteral("Min"), QStringLiteral("_min")}}) {
+    for (const auto& [part, suffix] : {std::pair{u"Dec"_s, u"_dec"_s}, {u"Min"_s, u"_min"_s}}) {
         QLineEdit* box = angleBox(name + u' ' + part);
         position->addWidget(new QLabel(part));
         position->addWidget(box);
@@ -103,7 +102,7 @@ void OperationFrame::addPosition(QGridLayout* form, int row, const QString& capt
 void OperationFrame::addFishingTime(QGridLayout* form, int row) {
     auto* options = new QHBoxLayout;
     options->setSpacing(10);
-    const std::array captions = {QStringLiteral("Day"), QStringLiteral("Night"), QStringLiteral("Day and Night")};
+    const std::array captions = {u"Day"_s, u"Night"_s, u"Day and Night"_s};
     for (std::size_t i = 0; i < captions.size(); ++i) {
         m_times[i] = new QRadioButton(captions[i]);
         // Without an operation none is selected.
@@ -112,7 +111,7 @@ void OperationFrame::addFishingTime(QGridLayout* form, int row) {
         options->addWidget(m_times[i]);
     }
     options->addStretch();
-    auto* label = new QLabel(QStringLiteral("Fishing time"));
+    auto* label = new QLabel(u"Fishing time"_s);
     label->setBuddy(m_times.front());
     form->addWidget(label, row, kSecond);
     form->addLayout(options, row, kSecond + 1);
@@ -123,7 +122,7 @@ void OperationFrame::fill(const ResultSet& result, int row) {
     for (const Angle& angle : m_angles) {
         angle.box->setText(operationText(result, row, angle.column));
     }
-    const QString time = operationText(result, row, QStringLiteral("fishingtime"));
+    const QString time = operationText(result, row, u"fishingtime"_s);
     const bool night = sameText(time, u"Night");
     const bool day = sameText(time, u"Day");
     select(*m_times[0], day);

@@ -14,15 +14,17 @@
 #include <QPushButton>
 #include <QTabWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 SearchScreen::SearchScreen(const Context& context, Connection::Patience patience)
-    : Screen(QStringLiteral("Search"), context),
+    : Screen(u"Search"_s, context),
       m_connection(context.databasePath, patience),
       m_fields(new SearchFields(m_connection, dialogs())),
-      m_searchButton(new QPushButton(QStringLiteral("SEARCH"))),
-      m_delete(new QPushButton(QStringLiteral("&DELETE"))),
-      m_navigator(new RecordNavigator(QStringLiteral("Result"))),
+      m_searchButton(new QPushButton(u"SEARCH"_s)),
+      m_delete(new QPushButton(u"&DELETE"_s)),
+      m_navigator(new RecordNavigator(u"Result"_s)),
       m_frame(new OperationFrame) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(12, 10, 12, 10);
@@ -60,9 +62,9 @@ QWidget* SearchScreen::searchPanel() {
 
 QTabWidget* SearchScreen::sampleTabs() {
     auto* tabs = new QTabWidget;
-    addTab(tabs, new CompositionTab(m_connection, dialogs()), QStringLiteral("&Species Composition"));
-    addTab(tabs, new LengthTab(m_connection, dialogs()), QStringLiteral(" Length Frequency"));
-    addTab(tabs, new GonadTab(m_connection, dialogs()), QStringLiteral("Gonad Matuarity"));
+    addTab(tabs, new CompositionTab(m_connection, dialogs()), u"&Species Composition"_s);
+    addTab(tabs, new LengthTab(m_connection, dialogs()), u" Length Frequency"_s);
+    addTab(tabs, new GonadTab(m_connection, dialogs()), u"Gonad Matuarity"_s);
     return tabs;
 }
 
@@ -90,11 +92,11 @@ void SearchScreen::runSearch() {
 
 void SearchScreen::onArrived(int row) {
     if (row < 0) {
-        m_navigator->setCaption(QStringLiteral("[No Record]"));
+        m_navigator->setCaption(u"[No Record]"_s);
         clearOperation();
         return;
     }
-    m_navigator->setCaption(QStringLiteral("RESULT: [%1 / %2]").arg(row + 1).arg(m_found.size()));
+    m_navigator->setCaption(u"RESULT: [%1 / %2]"_s.arg(row + 1).arg(m_found.size()));
     refresh(m_found.at(static_cast<std::size_t>(row)));
 }
 
@@ -137,9 +139,9 @@ ResultSet SearchScreen::detailsOf(int operation) {
 
 /// The operation was deleted, or one of the names that it is found by, while it was in the result.
 void SearchScreen::reportGone(int operation) {
-    dialogs().message(QStringLiteral("Operation No. %1 is not found any more: it, or a name it refers to, was changed "
-                                     "or deleted elsewhere. The search is made again.")
-                          .arg(operation));
+    dialogs().message(
+        u"Operation No. %1 is not found any more: it, or a name it refers to, was changed "
+        "or deleted elsewhere. The search is made again."_s.arg(operation));
     runSearch();
 }
 
@@ -147,15 +149,14 @@ void SearchScreen::onOutdated() {
     const int operation = m_operation.value();
     if (!detailsOf(operation).isEmpty()) {
         dialogs().message(
-            QStringLiteral("This sample is not stored any more: it was deleted elsewhere. The samples of "
-                           "the operation are shown as they are now."));
+            u"This sample is not stored any more: it was deleted elsewhere. The samples of "
+            "the operation are shown as they are now."_s);
     }
     refresh(operation);
 }
 
 void SearchScreen::onDelete() {
-    if (!dialogs().confirm(QStringLiteral("CONFIRM"),
-                           QStringLiteral("Are you sure to delete all data in this operation?"))) {
+    if (!dialogs().confirm(u"CONFIRM"_s, u"Are you sure to delete all data in this operation?"_s)) {
         return;
     }
     if (deleteOperation(m_connection, m_operation.value())) {

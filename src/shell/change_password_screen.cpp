@@ -7,6 +7,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -19,7 +21,7 @@ QLineEdit* passwordField(const QString& text) {
 }  // namespace
 
 ChangePasswordScreen::ChangePasswordScreen(const Context& context)
-    : Screen(QStringLiteral("CHANGE PASSWORD"), context),
+    : Screen(u"CHANGE PASSWORD"_s, context),
       m_db(context.databasePath),
       m_userName(new QLineEdit(context.session.userName)),
       m_login(new QLineEdit(context.session.login)),
@@ -36,11 +38,11 @@ ChangePasswordScreen::ChangePasswordScreen(const Context& context)
     auto* form = new QGridLayout;
     form->setHorizontalSpacing(14);
     form->setVerticalSpacing(10);
-    addField(form, 0, 0, QStringLiteral("Username"), m_userName);
-    addField(form, 1, 0, QStringLiteral("Login name"), m_login);
-    addField(form, 2, 0, QStringLiteral("Password"), m_password);
-    addField(form, 3, 0, QStringLiteral("Re-password"), m_repeated);
-    auto* change = new QPushButton(QStringLiteral("C&HANGE PASSWORD"));
+    addField(form, 0, 0, u"Username"_s, m_userName);
+    addField(form, 1, 0, u"Login name"_s, m_login);
+    addField(form, 2, 0, u"Password"_s, m_password);
+    addField(form, 3, 0, u"Re-password"_s, m_repeated);
+    auto* change = new QPushButton(u"C&HANGE PASSWORD"_s);
     form->addWidget(change, 4, 1, Qt::AlignRight);
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(24, 24, 24, 24);
@@ -60,12 +62,12 @@ void ChangePasswordScreen::changePassword() {
         return;
     }
     if (m_password->text() != m_repeated->text()) {
-        dialogs().message(QStringLiteral("ERROR"), QStringLiteral("Password not match please retry again"));
+        dialogs().message(u"ERROR"_s, u"Password not match please retry again"_s);
         return;
     }
     m_db.execute(Sql("update kelvora_user set passwd = ")
                  << m_password->text() << ",uname = " << m_userName->text() << " where login = " << m_login->text());
-    dialogs().message(QStringLiteral("Complete"));
+    dialogs().message(u"Complete"_s);
     context().session.userName = m_userName->text();
     context().session.password = m_password->text();
     // The screen is shown in a window of the main window, which goes with it.

@@ -11,30 +11,32 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 LoginDialog::LoginDialog(const Context& context)
     : m_context(context),
       m_connection(context.databasePath),
-      m_login(new QLineEdit(QStringLiteral("Administrator"), this)),
+      m_login(new QLineEdit(u"Administrator"_s, this)),
       m_password(new QLineEdit(this)) {
-    setWindowTitle(QStringLiteral("LOGIN"));
+    setWindowTitle(u"LOGIN"_s);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
 
     constexpr int pictureSize = 112;
     auto* picture = new QLabel(this);
-    picture->setPixmap(QIcon(QStringLiteral(":/icons/kelvora.svg")).pixmap(QSize(pictureSize, pictureSize)));
-    picture->setAccessibleName(QStringLiteral("Kelvora"));
+    picture->setPixmap(QIcon(u":/icons/kelvora.svg"_s).pixmap(QSize(pictureSize, pictureSize)));
+    picture->setAccessibleName(u"Kelvora"_s);
 
     showStars(m_password);
     auto* fields = new QGridLayout;
     fields->setVerticalSpacing(10);
     fields->setHorizontalSpacing(12);
-    addField(fields, 0, 0, QStringLiteral("LOGIN"), m_login);
-    addField(fields, 1, 0, QStringLiteral("PASSWORD"), m_password);
+    addField(fields, 0, 0, u"LOGIN"_s, m_login);
+    addField(fields, 1, 0, u"PASSWORD"_s, m_password);
 
-    auto* logIn = new QPushButton(QStringLiteral("&Log in"), this);
-    auto* cancel = new QPushButton(QStringLiteral("&Cancel"), this);
+    auto* logIn = new QPushButton(u"&Log in"_s, this);
+    auto* cancel = new QPushButton(u"&Cancel"_s, this);
     logIn->setDefault(true);
     cancel->setAutoDefault(false);
     auto* buttons = new QHBoxLayout;
@@ -80,13 +82,13 @@ void LoginDialog::closeEvent(QCloseEvent* event) {
 
 void LoginDialog::signIn() {
     if (m_login->text().isEmpty() || m_password->text().isEmpty()) {
-        m_context.dialogs.message(QStringLiteral("Please input Login and password"));
+        m_context.dialogs.message(u"Please input Login and password"_s);
         return;
     }
     const ResultSet account = m_connection.query(Sql("select * from kelvora_user where login = ")
                                                  << m_login->text() << " and passwd = " << m_password->text());
     if (account.isEmpty()) {
-        m_context.dialogs.message(QStringLiteral("Your Password not correct please Try again "));
+        m_context.dialogs.message(u"Your Password not correct please Try again "_s);
         m_password->clear();
         return;
     }

@@ -28,6 +28,8 @@
 #include <QTabWidget>
 #include <QToolBar>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -75,9 +77,9 @@ MainWindow::MainWindow(const Context& context) : m_context(context), m_area(new 
     if (!QKeySequence::keyBindings(QKeySequence::Close).contains(closing)) {
         new QShortcut(closing, this, m_area, &QMdiArea::closeActiveSubWindow);
     }
-    new QShortcut(u"Ctrl+PgDown"_qs, this, [this] { turnTab(1); });
-    new QShortcut(u"Ctrl+PgUp"_qs, this, [this] { turnTab(-1); });
-    auto* organisation = new QLabel(QStringLiteral(KELVORA_ORGANISATION), this);
+    new QShortcut(u"Ctrl+PgDown"_s, this, [this] { turnTab(1); });
+    new QShortcut(u"Ctrl+PgUp"_s, this, [this] { turnTab(-1); });
+    auto* organisation = new QLabel(u"" KELVORA_ORGANISATION ""_s, this);
     organisation->setTextFormat(Qt::PlainText);
     organisation->setContentsMargins(8, 0, 8, 2);
     statusBar()->addWidget(organisation);
@@ -90,35 +92,35 @@ MainWindow::~MainWindow() {
 }
 
 void MainWindow::addToolBar() {
-    auto* bar = QMainWindow::addToolBar(tr("Screens"));
+    auto* bar = QMainWindow::addToolBar(u"Screens"_s);
     bar->setMovable(false);
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     bar->setIconSize({32, 32});
     for (const Entry& screen : {
-             Entry{u"General Information"_qs, make<GeneralInformationScreen>, u"Ctrl+1"_qs, u"general_information"_qs},
-             Entry{u"Fishing Operation"_qs, make<OperationEntryScreen>, u"Ctrl+2"_qs, u"fishing_operation"_qs},
-             Entry{u"Species Composition"_qs, make<SpeciesCompositionScreen>, u"Ctrl+3"_qs, u"species_composition"_qs},
-             Entry{u"Length Frequency"_qs, make<LengthFrequencyScreen>, u"Ctrl+4"_qs, u"length_frequency"_qs},
-             Entry{u"Gonad Maturity"_qs, make<GonadMaturityScreen>, u"Ctrl+5"_qs, u"gonad_maturity"_qs},
+             Entry{u"General Information"_s, make<GeneralInformationScreen>, u"Ctrl+1"_s, u"general_information"_s},
+             Entry{u"Fishing Operation"_s, make<OperationEntryScreen>, u"Ctrl+2"_s, u"fishing_operation"_s},
+             Entry{u"Species Composition"_s, make<SpeciesCompositionScreen>, u"Ctrl+3"_s, u"species_composition"_s},
+             Entry{u"Length Frequency"_s, make<LengthFrequencyScreen>, u"Ctrl+4"_s, u"length_frequency"_s},
+             Entry{u"Gonad Maturity"_s, make<GonadMaturityScreen>, u"Ctrl+5"_s, u"gonad_maturity"_s},
          }) {
         bar->addAction(addEntry(screen));
     }
     bar->addSeparator();
-    QAction* leave = bar->addAction(QIcon(QStringLiteral(":/icons/exit.svg")), QStringLiteral("Exit"));
+    QAction* leave = bar->addAction(QIcon(u":/icons/exit.svg"_s), u"Exit"_s);
     connect(leave, &QAction::triggered, this, &MainWindow::exit);
 }
 
 void MainWindow::addMenus() {
-    QMenu* main = menuBar()->addMenu(QStringLiteral("&Main Menu"));
-    main->addAction(addEntry({QStringLiteral("Search"), make<SearchScreen>, QKeySequence::Find}));
-    main->addAction(addEntry({QStringLiteral("Change password"), make<ChangePasswordScreen>}));
-    QMenu* report = menuBar()->addMenu(QStringLiteral("&Report"));
-    report->addAction(addEntry({QStringLiteral("Fishing Information"), make<CatchSummaryScreen>}));
-    report->addAction(addEntry({QStringLiteral("Species composition"), make<SpeciesCompositionReportScreen>}));
-    report->addAction(addEntry({QStringLiteral("Length Frequency"), make<LengthFrequencyReportScreen>}));
-    report->addAction(addEntry({QStringLiteral("Gonad Maturity"), make<GonadMaturityReportScreen>}));
-    m_windows = menuBar()->addMenu(QStringLiteral("&Windows"));
+    QMenu* main = menuBar()->addMenu(u"&Main Menu"_s);
+    main->addAction(addEntry({u"Search"_s, make<SearchScreen>, QKeySequence::Find}));
+    main->addAction(addEntry({u"Change password"_s, make<ChangePasswordScreen>}));
+    QMenu* report = menuBar()->addMenu(u"&Report"_s);
+    report->addAction(addEntry({u"Fishing Information"_s, make<CatchSummaryScreen>}));
+    report->addAction(addEntry({u"Species composition"_s, make<SpeciesCompositionReportScreen>}));
+    report->addAction(addEntry({u"Length Frequency"_s, make<LengthFrequencyReportScreen>}));
+    report->addAction(addEntry({u"Gonad Maturity"_s, make<GonadMaturityReportScreen>}));
+    m_windows = menuBar()->addMenu(u"&Windows"_s);
 }
 
 QAction* MainWindow::addEntry(Entry entry) {
@@ -127,8 +129,8 @@ QAction* MainWindow::addEntry(Entry entry) {
     if (entry.icon.isEmpty()) {
         entry.action->setShortcut(entry.key);
     } else {
-        entry.action->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(entry.icon)));
-        entry.action->setToolTip(u"%1 (%2)"_qs.arg(entry.caption, entry.key.toString(QKeySequence::NativeText)));
+        entry.action->setIcon(QIcon(u":/icons/%1.svg"_s.arg(entry.icon)));
+        entry.action->setToolTip(u"%1 (%2)"_s.arg(entry.caption, entry.key.toString(QKeySequence::NativeText)));
         // The button's own key would do nothing while its screen is open behind another.
         new QShortcut(entry.key, this, [this, index] { open(index); });
     }
@@ -190,8 +192,7 @@ void MainWindow::turnTab(int by) {
 }
 
 void MainWindow::exit() {
-    if (m_context.dialogs.confirm(QStringLiteral("Question"), QStringLiteral("Do you want to exit program?"),
-                                  Dialogs::Icon::Question)) {
+    if (m_context.dialogs.confirm(u"Question"_s, u"Do you want to exit program?"_s, Dialogs::Icon::Question)) {
         close();
     }
 }

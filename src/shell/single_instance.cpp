@@ -8,6 +8,8 @@
 #include <QLocalSocket>
 #include <QThread>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 namespace {
 
@@ -20,16 +22,14 @@ QString serverName(const QString& databasePath) {
     QDir().mkpath(file.absolutePath());
     const QString folder = QFileInfo(file.absolutePath()).canonicalFilePath();
     const QByteArray place = (folder + u'/' + file.fileName()).toUtf8();
-    return QStringLiteral("kelvora-") +
+    return u"kelvora-"_s +
            QString::fromLatin1(QCryptographicHash::hash(place, QCryptographicHash::Sha256).toHex().first(24));
 }
 
 }  // namespace
 
 SingleInstance::SingleInstance(const QString& databasePath)
-    : m_server(serverName(databasePath)),
-      m_lock(databasePath + QStringLiteral(".lock")),
-      m_calls(std::make_unique<QLocalServer>()) {
+    : m_server(serverName(databasePath)), m_lock(databasePath + u".lock"_s), m_calls(std::make_unique<QLocalServer>()) {
     // Held all day: its age says nothing, only whether the program that took it still runs.
     m_lock.setStaleLockTime(0);
     m_calls->setSocketOptions(QLocalServer::UserAccessOption);

@@ -13,17 +13,19 @@
 #include <QTest>
 #include <QWheelEvent>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_bound_list {
 
 /// Ports as a query gives them; two of them have the same name.
 std::unique_ptr<ResultModel> ports() {
     const QVariant none;
-    return std::make_unique<ResultModel>(ResultSet{{u"portid"_qs, u"portname"_qs},
-                                                   {{qlonglong{10}, u"Abo"_qs},
-                                                    {qlonglong{11}, u"Bex"_qs},
-                                                    {qlonglong{12}, u"Bex"_qs},
-                                                    {qlonglong{13}, u"Älv"_qs},
-                                                    {none, u"No key"_qs}}});
+    return std::make_unique<ResultModel>(ResultSet{{u"portid"_s, u"portname"_s},
+                                                   {{qlonglong{10}, u"Abo"_s},
+                                                    {qlonglong{11}, u"Bex"_s},
+                                                    {qlonglong{12}, u"Bex"_s},
+                                                    {qlonglong{13}, u"Älv"_s},
+                                                    {none, u"No key"_s}}});
 }
 
 /// The typeable list of ports between two other fields.
@@ -34,17 +36,17 @@ class TestBoundList : public QObject {
     BoundList* m_list = nullptr;
     std::unique_ptr<QSignalSpy> m_chosen;
 
-    void fill() { m_list->setSource(ports(), QStringLiteral("portname"), QStringLiteral("PORTID")); }
-    void type(const QString& text) { test::ScreenDriver(m_window.get()).type(QStringLiteral("Port"), text); }
-    void press(Qt::Key key) { test::ScreenDriver(m_window.get()).key(QStringLiteral("Port"), key); }
+    void fill() { m_list->setSource(ports(), u"portname"_s, u"PORTID"_s); }
+    void type(const QString& text) { test::ScreenDriver(m_window.get()).type(u"Port"_s, text); }
+    void press(Qt::Key key) { test::ScreenDriver(m_window.get()).key(u"Port"_s, key); }
 
 private Q_SLOTS:
     void init() {
         m_window = std::make_unique<QWidget>();
         auto* form = new QGridLayout(m_window.get());
         m_list = new BoundList;
-        addField(form, 0, 0, QStringLiteral(" Port"), m_list);
-        addField(form, 1, 0, QStringLiteral(" Next"), new QLineEdit);
+        addField(form, 0, 0, u" Port"_s, m_list);
+        addField(form, 1, 0, u" Next"_s, new QLineEdit);
         fill();
         m_chosen = std::make_unique<QSignalSpy>(m_list, &BoundList::chosen);
         m_window->show();
@@ -61,13 +63,13 @@ private Q_SLOTS:
         const auto row = [](const char* name, const QString& typed, const QString& text, int key, int announced) {
             QTest::newRow(name) << typed << text << key << announced;
         };
-        row("other letter case", u"aBO"_qs, u"Abo"_qs, 10, 1);
-        row("equal texts: the first", u"bex"_qs, u"Bex"_qs, 11, 1);
-        row("only A to Z are folded", u"älv"_qs, u"älv"_qs, 0, 0);
-        row("a part that is offered", u"ex"_qs, u"ex"_qs, 0, 0);
-        row("a blank behind", u"Abo "_qs, u"Abo "_qs, 0, 0);
-        row("a pattern", u"B*"_qs, u"B*"_qs, 0, 0);
-        row("a row without key", u"no key"_qs, u"No key"_qs, 0, 1);
+        row("other letter case", u"aBO"_s, u"Abo"_s, 10, 1);
+        row("equal texts: the first", u"bex"_s, u"Bex"_s, 11, 1);
+        row("only A to Z are folded", u"älv"_s, u"älv"_s, 0, 0);
+        row("a part that is offered", u"ex"_s, u"ex"_s, 0, 0);
+        row("a blank behind", u"Abo "_s, u"Abo "_s, 0, 0);
+        row("a pattern", u"B*"_s, u"B*"_s, 0, 0);
+        row("a row without key", u"no key"_s, u"No key"_s, 0, 1);
         row("nothing", {}, {}, 0, 0);
     }
     void typed() {
@@ -78,25 +80,25 @@ private Q_SLOTS:
         QCOMPARE(m_list->key().isValid(), key != 0);
         QCOMPARE(m_list->key().toInt(), key);
         QTEST(static_cast<int>(m_chosen->size()), "announced");
-        QVERIFY(test::ScreenDriver(m_window.get()).focused(u"Next"_qs));
+        QVERIFY(test::ScreenDriver(m_window.get()).focused(u"Next"_s));
         QVERIFY(QApplication::activePopupWidget() == nullptr);
     }
 
     void offeredRows() {
         m_list->setFocus();
-        QTest::keyClicks(m_list, u"be"_qs);
+        QTest::keyClicks(m_list, u"be"_s);
         QVERIFY(m_list->completer()->popup()->isVisible());
         press(Qt::Key_Return);
-        QCOMPARE(m_list->text(), u"be"_qs);
+        QCOMPARE(m_list->text(), u"be"_s);
         QCOMPARE(m_chosen->size(), 0);
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab}) {
             m_list->setText({});
             m_list->setFocus();
-            QTest::keyClicks(m_list, u"be"_qs);
+            QTest::keyClicks(m_list, u"be"_s);
             press(Qt::Key_Down);
             press(Qt::Key_Down);
             press(key);
-            QCOMPARE(m_list->text(), u"Bex"_qs);
+            QCOMPARE(m_list->text(), u"Bex"_s);
             QCOMPARE(m_list->key().toInt(), 12);
             QCOMPARE(m_chosen->size(), key == Qt::Key_Return ? 1 : 2);
         }
@@ -105,7 +107,7 @@ private Q_SLOTS:
     void chosenRowWinsOverEqualText() {
         m_list->setFocus();
         m_list->setKey(12);
-        QCOMPARE(m_list->text(), QStringLiteral("Bex"));
+        QCOMPARE(m_list->text(), u"Bex"_s);
         press(Qt::Key_Return);
         press(Qt::Key_Tab);
         QCOMPARE(m_list->key().toInt(), 12);
@@ -117,11 +119,11 @@ private Q_SLOTS:
     }
 
     void passingAShownTextAnnouncesNothing() {
-        m_list->setText(QStringLiteral("abo"));
+        m_list->setText(u"abo"_s);
         m_list->setFocus();
         press(Qt::Key_Return);
         press(Qt::Key_Tab);
-        QCOMPARE(m_list->text(), QStringLiteral("abo"));
+        QCOMPARE(m_list->text(), u"abo"_s);
         QCOMPARE(m_list->key().toInt(), 10);
         QCOMPARE(m_chosen->size(), 0);
     }
@@ -131,7 +133,7 @@ private Q_SLOTS:
         m_list->setKey(99);
         m_list->setKey(QVariant());
         QCOMPARE(m_list->row(), -1);
-        m_list->setKey(u"11"_qs);
+        m_list->setKey(u"11"_s);
         QCOMPARE(m_list->row(), 1);
         m_list->setText({});
         QVERIFY(!m_list->key().isValid());
@@ -140,9 +142,9 @@ private Q_SLOTS:
         m_list->setKey(12);
         fill();
         QCOMPARE(m_list->key().toInt(), 12);
-        m_list->setText(u"Cay"_qs);
+        m_list->setText(u"Cay"_s);
         fill();
-        QCOMPARE(m_list->text(), u"Cay"_qs);
+        QCOMPARE(m_list->text(), u"Cay"_s);
         QCOMPARE(m_list->row(), -1);
         QCOMPARE(m_chosen->size(), 0);
         QCOMPARE(m_list->findChildren<QCompleter*>().size(), 1);
@@ -150,14 +152,14 @@ private Q_SLOTS:
         m_list->clearSource();
         QCOMPARE(m_list->count(), 0);
         QCOMPARE(m_list->text(), QString());
-        type(u"Abo"_qs);
+        type(u"Abo"_s);
         QCOMPARE(m_list->row(), -1);
         fill();
         QCOMPARE(m_list->key().toInt(), 10);
     }
 
     void wheelNeedsTheFocus() {
-        FixedList fixed({u"Day"_qs, u"Night"_qs}, m_window.get());
+        FixedList fixed({u"Day"_s, u"Night"_s}, m_window.get());
         fixed.show();
         for (QComboBox* list : {static_cast<QComboBox*>(m_list), static_cast<QComboBox*>(&fixed)}) {
             for (const bool focus : {false, true}) {
@@ -174,8 +176,8 @@ private Q_SLOTS:
 
     void longTextsDoNotWiden() {
         const int width = m_list->sizeHint().width();
-        const ResultSet rows{{u"name"_qs}, {{QString(10'000, u'W')}}};
-        m_list->setSource(std::make_unique<ResultModel>(rows), u"name"_qs, u"name"_qs);
+        const ResultSet rows{{u"name"_s}, {{QString(10'000, u'W')}}};
+        m_list->setSource(std::make_unique<ResultModel>(rows), u"name"_s, u"name"_s);
         QCOMPARE(m_list->sizeHint().width(), width);
     }
 };

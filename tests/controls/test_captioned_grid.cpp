@@ -12,6 +12,8 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_captioned_grid {
 
 /// A grid of vessels with its navigator.
@@ -26,7 +28,7 @@ class TestCaptionedGrid : public QObject {
     static std::unique_ptr<TextTable> vessels(int rows) {
         auto table = std::make_unique<TextTable>(3);
         for (int i = 0; i < rows; ++i) {
-            table->appendRow({QStringLiteral("R-%1").arg(i), QStringLiteral("Vessel %1").arg(i), QString::number(i)});
+            table->appendRow({u"R-%1"_s.arg(i), u"Vessel %1"_s.arg(i), QString::number(i)});
         }
         return table;
     }
@@ -41,10 +43,10 @@ class TestCaptionedGrid : public QObject {
 
 private Q_SLOTS:
     void init() {
-        m_columns = {{u" Register ID"_qs, 1500}, {u"Vessel name"_qs, 3000}, {u"GRT"_qs, 1500, Qt::AlignHCenter}};
-        m_frame = std::make_unique<CaptionedGrid>(QStringLiteral("FISHING VESSEL"));
+        m_columns = {{u" Register ID"_s, 1500}, {u"Vessel name"_s, 3000}, {u"GRT"_s, 1500, Qt::AlignHCenter}};
+        m_frame = std::make_unique<CaptionedGrid>(u"FISHING VESSEL"_s);
         m_grid = m_frame->grid();
-        m_navigator = m_frame->addNavigator(QStringLiteral("Vessels"));
+        m_navigator = m_frame->addNavigator(u"Vessels"_s);
         m_frame->resize(600, 300);
         static_cast<QWidget*>(m_frame.get())->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_frame.get()));
@@ -53,10 +55,10 @@ private Q_SLOTS:
 
     void captions() {
         show(2);
-        QCOMPARE(m_grid->headers(), QStringList({u"Register ID"_qs, u"Vessel name"_qs, u"GRT"_qs}));
-        QCOMPARE(m_grid->text(1, 1), QStringLiteral("Vessel 1"));
-        m_frame->setCaption(QStringLiteral("VESSEL"));
-        QCOMPARE(m_grid->accessibleName(), QStringLiteral("VESSEL"));
+        QCOMPARE(m_grid->headers(), QStringList({u"Register ID"_s, u"Vessel name"_s, u"GRT"_s}));
+        QCOMPARE(m_grid->text(1, 1), u"Vessel 1"_s);
+        m_frame->setCaption(u"VESSEL"_s);
+        QCOMPARE(m_grid->accessibleName(), u"VESSEL"_s);
     }
 
     /// The given widths where there is little room, else as wide as the window in their proportion.
@@ -71,7 +73,7 @@ private Q_SLOTS:
             QCOMPARE(m_grid->columnWidth(1), grows ? room / 2 : 3000 / 15 * dpi / 96);
             QCOMPARE(m_grid->horizontalHeader()->length() == room, grows);
         }
-        Grid shownLater(u"Result"_qs);
+        Grid shownLater(u"Result"_s);
         shownLater.show(vessels(1), m_columns);
         shownLater.resize(900, 200);
         shownLater.setVisible(true);
@@ -81,15 +83,14 @@ private Q_SLOTS:
 
     void copiesRowsInTheirOrder() {
         auto table = vessels(4);
-        table->setRow(2, {u"R-2"_qs, u"two\r\nlines\tand a tab"_qs});
+        table->setRow(2, {u"R-2"_s, u"two\r\nlines\tand a tab"_s});
         m_columns[0].hidden = true;
         m_grid->show(std::move(table), m_columns);
         clickRow(3);
         clickRow(2, Qt::ControlModifier);
         clickRow(0, Qt::ControlModifier);
         QTest::keyClick(m_grid, Qt::Key_C, Qt::ControlModifier);
-        QCOMPARE(QGuiApplication::clipboard()->text(),
-                 QStringLiteral("Vessel 0\t0\ntwo lines and a tab\t\nVessel 3\t3"));
+        QCOMPARE(QGuiApplication::clipboard()->text(), u"Vessel 0\t0\ntwo lines and a tab\t\nVessel 3\t3"_s);
     }
 
     void neverEditsInPlace() {
@@ -97,7 +98,7 @@ private Q_SLOTS:
         m_grid->show(std::move(editable), m_columns);
         clickRow(0);
         QTest::keyClick(m_grid, Qt::Key_F2);
-        QTest::keyClicks(m_grid, QStringLiteral("x"));
+        QTest::keyClicks(m_grid, u"x"_s);
         QTest::mouseDClick(m_grid->viewport(), Qt::LeftButton, {}, m_grid->visualRect(m_grid->currentIndex()).center());
         QVERIFY(m_grid->findChild<QLineEdit*>() == nullptr);
     }
@@ -154,20 +155,20 @@ private Q_SLOTS:
     void sourcesOfAScreenAndOwnOnes() {
         {
             TextTable kept(2);
-            kept.setRows({{u"a"_qs, u"b"_qs, u"too much"_qs}, {u"c"_qs}});
-            m_grid->show(&kept, {{u"One"_qs}, {u"Two"_qs}});
-            QCOMPARE(m_grid->headers(), QStringList({u"One"_qs, u"Two"_qs}));
+            kept.setRows({{u"a"_s, u"b"_s, u"too much"_s}, {u"c"_s}});
+            m_grid->show(&kept, {{u"One"_s}, {u"Two"_s}});
+            QCOMPARE(m_grid->headers(), QStringList({u"One"_s, u"Two"_s}));
             m_grid->setCurrentRow(1);
             kept.removeRow(0);
             QCOMPARE(m_grid->currentRow(), 0);
-            QCOMPARE(m_grid->text(0, 0) + m_grid->text(0, 1), QStringLiteral("c"));
+            QCOMPARE(m_grid->text(0, 0) + m_grid->text(0, 1), u"c"_s);
             show(2);
-            m_grid->show(&kept, {{u"One"_qs}, {u"Two"_qs}});
+            m_grid->show(&kept, {{u"One"_s}, {u"Two"_s}});
         }
         // The screen's own table goes before the grid, as members go before child widgets.
         QCOMPARE(m_grid->rowCount(), 0);
         show(2);
-        QCOMPARE(m_grid->text(1, 0), QStringLiteral("R-1"));
+        QCOMPARE(m_grid->text(1, 0), u"R-1"_s);
     }
 };
 

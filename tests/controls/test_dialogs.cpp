@@ -7,6 +7,8 @@
 #include <QTest>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_dialogs {
 
 /// The boxes themselves, as keys find them.
@@ -17,14 +19,14 @@ private Q_SLOTS:
     void enterGoesOnEscapeDoesNot() {
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
             QTimer::singleShot(50, this, [key] { QTest::keyClick(QApplication::activeModalWidget(), key); });
-            QCOMPARE(ModalDialogs().confirm(u"GONAD"_qs, u"Are you sure?"_qs, Dialogs::Icon::None),
+            QCOMPARE(ModalDialogs().confirm(u"GONAD"_s, u"Are you sure?"_s, Dialogs::Icon::None),
                      key == Qt::Key_Return);
         }
     }
 
     void progress() {
         constexpr int steps = 4;
-        Progress progress(QStringLiteral("Storing…"), steps);
+        Progress progress(u"Storing…"_s, steps);
         progress.step();
         QVERIFY(QApplication::activeModalWidget() == nullptr);
         QTest::qSleep(600);

@@ -4,6 +4,8 @@
 #include <QAccessible>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_fields {
 
 /// Values to read, whatever their text is.
@@ -15,7 +17,7 @@ private Q_SLOTS:
         ValueLabel empty;
         empty.resize(200, 30);
         for (const QString& text :
-             {u"Otter board"_qs, u"<b></b>"_qs, u"&"_qs, QString(10'000, u'W'), u"a\nb\n"_qs.repeated(2'500)}) {
+             {u"Otter board"_s, u"<b></b>"_s, u"&"_s, QString(10'000, u'W'), u"a\nb\n"_s.repeated(2'500)}) {
             ValueLabel label;
             label.setText(text);
             QCOMPARE(label.sizeHint(), empty.sizeHint());

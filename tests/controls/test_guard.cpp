@@ -7,12 +7,14 @@
 #include <QPushButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_guard {
 
 /// A screen whose button runs a handler.
 class OneButton : public Screen {
 public:
-    OneButton(const Context& context, const std::function<void()>& handler) : Screen(QStringLiteral("Test"), context) {
+    OneButton(const Context& context, const std::function<void()>& handler) : Screen(u"Test"_s, context) {
         onClick(&m_button, handler);
     }
     void press() { m_button.click(); }
@@ -28,16 +30,16 @@ class TestGuard : public QObject {
 private Q_SLOTS:
     void failures() {
         test::TemporaryStore store;
-        std::function<void()> fail = [] { throw DataError(u"Älv: zu voll"_qs); };
+        std::function<void()> fail = [] { throw DataError(u"Älv: zu voll"_s); };
         int ended = 0;
         OneButton screen(store.context(), [&] {
             fail();
             ++ended;
         });
-        store.dialogs.expectMessage(u"Älv: zu voll"_qs);
+        store.dialogs.expectMessage(u"Älv: zu voll"_s);
         screen.press();
         fail = [] { throw std::out_of_range("no column x"); };
-        store.dialogs.expectMessage(u"no column x"_qs);
+        store.dialogs.expectMessage(u"no column x"_s);
         screen.press();
         QVERIFY(store.dialogs.done());
         QCOMPARE(ended, 0);

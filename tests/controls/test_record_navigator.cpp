@@ -6,6 +6,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_record_navigator {
 
 /// First, previous, next and last.
@@ -24,7 +26,7 @@ class TestRecordNavigator : public QObject {
 
 private Q_SLOTS:
     void walk() {
-        RecordNavigator navigator(u"Result"_qs);
+        RecordNavigator navigator(u"Result"_s);
         QSignalSpy arrived(&navigator, &RecordNavigator::arrived);
         const auto rowsGoneTo = [&] {
             QList<int> rows;
@@ -34,12 +36,12 @@ private Q_SLOTS:
             return rows;
         };
         navigator.moveTo(2);
-        QCOMPARE(enabled(navigator), u"----"_qs);
+        QCOMPARE(enabled(navigator), u"----"_s);
         QCOMPARE(rowsGoneTo(), QList<int>());
         navigator.setRowCount(4);
-        QCOMPARE(enabled(navigator), u"--NL"_qs);
-        for (const auto& [button, then] : {std::pair{u"Next"_qs, u"FPNL"_qs}, std::pair{u"Last"_qs, u"FP--"_qs},
-                                           std::pair{u"Previous"_qs, u"FPNL"_qs}, std::pair{u"First"_qs, u"--NL"_qs}}) {
+        QCOMPARE(enabled(navigator), u"--NL"_s);
+        for (const auto& [button, then] : {std::pair{u"Next"_s, u"FPNL"_s}, std::pair{u"Last"_s, u"FP--"_s},
+                                           std::pair{u"Previous"_s, u"FPNL"_s}, std::pair{u"First"_s, u"--NL"_s}}) {
             test::ScreenDriver(&navigator).press(button);
             QCOMPARE(enabled(navigator), then);
         }
@@ -49,14 +51,14 @@ private Q_SLOTS:
         navigator.moveTo(-5);
         QCOMPARE(rowsGoneTo(), QList<int>({3, 0}));
         navigator.setRowCount(1);
-        QCOMPARE(enabled(navigator), u"----"_qs);
+        QCOMPARE(enabled(navigator), u"----"_s);
         navigator.setRowCount(0);
         QCOMPARE(rowsGoneTo(), QList<int>({0, -1}));
         QCOMPARE(navigator.row(), -1);
     }
 
     void longCaptionsDoNotWiden() {
-        RecordNavigator navigator(QStringLiteral("Result"));
+        RecordNavigator navigator(u"Result"_s);
         const QSize size = navigator.sizeHint();
         navigator.setCaption(QString(10'000, u'W'));
         QCOMPARE(navigator.caption().size(), 10'000);

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_crosstab {
 
 /// Crosstabs of odd values; the reports themselves are tried on stored samples.
@@ -27,16 +29,16 @@ private Q_SLOTS:
         const QVariant null;
         // Of texts that differ in letter case only, the first one found is shown.
         const ResultSet rows{{{}, {}, {}},
-                             {{u"Y"_qs, 10.0, -2.0},
-                              {u"x"_qs, qlonglong{2}, 0.1},
-                              {u"X"_qs, 2.0, 0.2},
-                              {u"y"_qs, u"B"_qs, null},
-                              {u"y"_qs, u"b"_qs, qlonglong{4}},
+                             {{u"Y"_s, 10.0, -2.0},
+                              {u"x"_s, qlonglong{2}, 0.1},
+                              {u"X"_s, 2.0, 0.2},
+                              {u"y"_s, u"B"_s, null},
+                              {u"y"_s, u"b"_s, qlonglong{4}},
                               {null, null, 1.0}}};
         QCOMPARE(lines(pivoted({Crosstab::Aggregate::Sum, {"Row"}, {1}, 1, {}}, rows)),
-                 (QStringList{u"Row|<>|2|10|B"_qs, u"|1|||"_qs, u"x||0.3||"_qs, u"Y|||-2|4"_qs}));
+                 (QStringList{u"Row|<>|2|10|B"_s, u"|1|||"_s, u"x||0.3||"_s, u"Y|||-2|4"_s}));
         QCOMPARE(lines(pivoted({Crosstab::Aggregate::Count, {"Row"}, {1}, -1, {}}, rows)),
-                 (QStringList{u"Row|B|10|2|<>"_qs, u"||||1"_qs, u"x|||2|"_qs, u"Y|1|1||"_qs}));
+                 (QStringList{u"Row|B|10|2|<>"_s, u"||||1"_s, u"x|||2|"_s, u"Y|1|1||"_s}));
     }
 
     void malformed() {

@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_dialect {
 
 /// The program's statements on the data file's engine.
@@ -122,7 +124,7 @@ private Q_SLOTS:
         for (const char* day : {"2004-12-31", "2003-12-31", "2005-01-01", "2004-01-01", "2004-10-09", "9999-06-01"}) {
             ++optid;
             m_store->addOperation(optid, 1 + optid % 3, QString::fromLatin1(day), 1 + optid % 3, 100.0 * optid,
-                                  u"Sea Star"_qs, u"A1"_qs);
+                                  u"Sea Star"_s, u"A1"_s);
         }
         m_store->execute(
             "insert into group_composition values (1, 1, 1, 5, 5), (1, 2, 2, 5, 5), (4, 3, 3, 5, 5), (6, 4, 1, 1, "
@@ -168,7 +170,7 @@ private Q_SLOTS:
             const Sql sql = Sql("select optid from fishoperation ") << before << 2004 << behind;
             QStringList found = m_store->rows(sql);
             found.sort();
-            QVERIFY2(found == QStringList({u"1"_qs, u"4"_qs, u"5"_qs}), sql.text().c_str());
+            QVERIFY2(found == QStringList({u"1"_s, u"4"_s, u"5"_s}), sql.text().c_str());
             const QString plan = m_store->rows(Sql("explain query plan ") << sql).join(u'\n');
             QVERIFY2(plan.contains(u"operation_by_date (optdate>? AND optdate<?)"), qPrintable(plan));
         }

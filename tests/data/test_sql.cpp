@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_sql {
 
 /// Typed values in statements: whatever was typed is stored and found as it is.
@@ -13,7 +15,7 @@ class TestSql : public QObject {
 private Q_SLOTS:
     void statementText() {
         const Sql sql = Sql("insert into t values(")
-                        << 7 << "," << 10.25 << "," << QStringLiteral("O'Hara") << "," << QDate(2026, 11, 22) << ")";
+                        << 7 << "," << 10.25 << "," << u"O'Hara"_s << "," << QDate(2026, 11, 22) << ")";
         QCOMPARE(sql.text(), std::string("insert into t values(7,10.25,'O''Hara','2026-11-22')"));
         QVERIFY_EXCEPTION_THROWN(Sql("select ") << std::numeric_limits<double>::infinity(), std::invalid_argument);
     }
@@ -21,9 +23,9 @@ private Q_SLOTS:
     /// Also where the dialect takes a statement apart. A null character is left out: no statement can carry it.
     void hostileTextsRoundTrip() {
         for (const QString& text :
-             {u"'; drop table state; --"_qs,
-              u"a & b year(optdate) = 2004 TRANSFORM sum(x) group by y PIVOT ' [x] \" \\ %;("_qs,
-              u"ปลาทู 鯖 Ålesund مرسى"_qs, QString(10'000, u'\''), u"a"_qs + QChar(u'\0') + u"b' or '1' = '1"_qs}) {
+             {u"'; drop table state; --"_s,
+              u"a & b year(optdate) = 2004 TRANSFORM sum(x) group by y PIVOT ' [x] \" \\ %;("_s,
+              u"ปลาทู 鯖 Ålesund مرسى"_s, QString(10'000, u'\''), u"a"_s + QChar(u'\0') + u"b' or '1' = '1"_s}) {
             test::TemporaryStore store;
             store.db().execute(Sql("insert into state values(1,") << text << ")");
             const QStringList whole{QString(text).remove(QChar(u'\0'))};
@@ -40,22 +42,22 @@ private Q_SLOTS:
             store.db().execute(Sql("insert into fish(fishno, genus, fishname, classinterval) values (")
                                << number << ", 'G', " << name << "," << interval << ")");
         };
-        insert(1, u"year"_qs, 3);
-        QVERIFY_EXCEPTION_THROWN(insert(1, u"again"_qs, 4), DataError);
-        insert(2, u"?"_qs, 0.1);
+        insert(1, u"year"_s, 3);
+        QVERIFY_EXCEPTION_THROWN(insert(1, u"again"_s, 4), DataError);
+        insert(2, u"?"_s, 0.1);
         insert(3, QString(), -1e15);
         const auto found = [&](const Sql& condition) {
             return store.rows(Sql("select fishno, classinterval / 2, genus & ' ' & fishname as n from fish where ")
                               << condition);
         };
-        QCOMPARE(found(Sql("fishname = ") << u"YEAR"_qs), QStringList{u"1|1.5|G year"_qs});
-        QCOMPARE(found(Sql("fishname = ") << u"?"_qs), QStringList{u"2|0.05|G ?"_qs});
-        QCOMPARE(found(Sql("fishname = ") << u"again"_qs), QStringList());
+        QCOMPARE(found(Sql("fishname = ") << u"YEAR"_s), QStringList{u"1|1.5|G year"_s});
+        QCOMPARE(found(Sql("fishname = ") << u"?"_s), QStringList{u"2|0.05|G ?"_s});
+        QCOMPARE(found(Sql("fishname = ") << u"again"_s), QStringList());
         QCOMPARE(found(Sql("classinterval = ") << -1e15 << " and " << (Sql("fishno = ") << 3)),
-                 QStringList{u"3|-500000000000000|G "_qs});
-        QCOMPARE(store.rows(Sql("select fishno from fish where classinterval = ") << 0.1), QStringList{u"2"_qs});
+                 QStringList{u"3|-500000000000000|G "_s});
+        QCOMPARE(store.rows(Sql("select fishno from fish where classinterval = ") << 0.1), QStringList{u"2"_s});
         QCOMPARE(store.rows(Sql("select ") << 7.0 << " / 2, " << 7.5 << " / 2, " << 7 << " / 2"),
-                 QStringList{u"3|3.75|3"_qs});
+                 QStringList{u"3|3.75|3"_s});
         // A statement left half-way by its failure does not keep the file locked.
         Connection other(store.path());
         other.execute(Sql("insert into state values (") << 9 << ",'Nine')");

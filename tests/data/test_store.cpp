@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_store {
 
 /// The data file at the start of the program.
@@ -29,7 +31,7 @@ class TestStore : public QObject {
         } catch (const DataError& e) {
             return QString::fromUtf8(e.what());
         }
-        return QStringLiteral("none");
+        return u"none"_s;
     }
     /// What a power cut in the middle of a long save leaves: the file half changed, its journal beside it.
     static void interruptASave(test::TemporaryStore& store, const QString& file) {
@@ -41,7 +43,7 @@ class TestStore : public QObject {
                 "with recursive n(i) as (select 1 union all select i + 1 from n where i < 5000)"
                 " insert into state select i, 'A name that fills the pages' from n");
             write(file, bytes(store.path()));
-            write(file + u"-journal"_qs, bytes(store.path() + u"-journal"_qs));
+            write(file + u"-journal"_s, bytes(store.path() + u"-journal"_s));
         }
         QVERIFY(bytes(file) != bytes(store.path()));
     }
@@ -49,16 +51,15 @@ class TestStore : public QObject {
 private Q_SLOTS:
     void firstStart() {
         test::TemporaryStore store;
-        const QString path = store.file(u"new folder/älv & co/data.sqlite"_qs);
+        const QString path = store.file(u"new folder/älv & co/data.sqlite"_s);
         prepareStore(path);
         Connection db(path);
         QCOMPARE(db.query(Sql("select * from kelvora_user where login = 'administrator'")).text(0, u"passwd"),
-                 QStringLiteral("kelvora"));
-        QCOMPARE(db.query(Sql("select * from gonad_stage order by stageid")).text(4, u"stagename"),
-                 QStringLiteral("Spent"));
+                 u"kelvora"_s);
+        QCOMPARE(db.query(Sql("select * from gonad_stage order by stageid")).text(4, u"stagename"), u"Spent"_s);
         QCOMPARE(db.query(Sql("select * from fish")).rowCount(), 0);
         QCOMPARE(db.query(Sql("select name from sqlite_master where type = 'table'")).rowCount(), 16);
-        QCOMPARE(QDir(store.file(u"new folder/älv & co"_qs)).entryList(QDir::Files), QStringList{u"data.sqlite"_qs});
+        QCOMPARE(QDir(store.file(u"new folder/älv & co"_s)).entryList(QDir::Files), QStringList{u"data.sqlite"_s});
     }
 
     void refused_data() {
@@ -107,32 +108,32 @@ private Q_SLOTS:
         QVERIFY2(message.contains(reason), qPrintable(message));
         QVERIFY(message.contains(store.path()));
         QCOMPARE(bytes(store.path()), before);
-        QCOMPARE(QDir(store.file({})).entryList(QDir::Files), QStringList{u"kelvora_db.sqlite"_qs});
+        QCOMPARE(QDir(store.file({})).entryList(QDir::Files), QStringList{u"kelvora_db.sqlite"_s});
     }
 
     void noFile() {
         test::TemporaryStore store;
         QVERIFY(refusal(store.file({})).contains(u"it is not a file"));
-        const QString link = store.file(u"link"_qs);
-        QVERIFY(QFile::link(store.file(u"nowhere"_qs), link));
+        const QString link = store.file(u"link"_s);
+        QVERIFY(QFile::link(store.file(u"nowhere"_s), link));
         QVERIFY(refusal(link).contains(u"it is not a file"));
-        QVERIFY(refusal(store.path() + u"/below/a.file"_qs).contains(u"its folder cannot be made"));
+        QVERIFY(refusal(store.path() + u"/below/a.file"_s).contains(u"its folder cannot be made"));
         store.execute("begin exclusive");
         QVERIFY(refusal(store.path()).contains(u"another program is using the data file"));
     }
 
     void leftoversOfAFirstStart() {
         test::TemporaryStore store;
-        const QString path = store.file(u"data.sqlite"_qs);
-        write(path + u".new"_qs, "half a file");
+        const QString path = store.file(u"data.sqlite"_s);
+        write(path + u".new"_s, "half a file");
         prepareStore(path);
-        QVERIFY(!QFile::exists(path + u".new"_qs));
+        QVERIFY(!QFile::exists(path + u".new"_s));
         QCOMPARE(Connection(path).query(Sql("select * from gonad_stage")).rowCount(), 5);
     }
 
     void interruptedSave() {
         test::TemporaryStore store;
-        const QString path = store.file(u"cut.sqlite"_qs);
+        const QString path = store.file(u"cut.sqlite"_s);
         interruptASave(store, path);
         prepareStore(path);
         {
@@ -145,7 +146,7 @@ private Q_SLOTS:
         interruptASave(store, path);
         QVERIFY(QFile::remove(path));
         prepareStore(path);
-        QCOMPARE(Connection(path).query(Sql("select uname from kelvora_user")).text(0, u"uname"), u"Administrator"_qs);
+        QCOMPARE(Connection(path).query(Sql("select uname from kelvora_user")).text(0, u"uname"), u"Administrator"_s);
     }
 };
 

@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_transaction {
 
 /// Saving: all or nothing, and nothing left open.
@@ -57,13 +59,13 @@ private Q_SLOTS:
         QVERIFY(!executeThenAsk(m_store->db(), insert(1), answer(false)));
         QCOMPARE(stored(), QStringList());
         QVERIFY(executeThenAsk(m_store->db(), insert(1), answer(true)));
-        QCOMPARE(stored(), QStringList{u"1"_qs});
+        QCOMPARE(stored(), QStringList{u"1"_s});
         const QString message = failure([&] { executeThenAsk(m_store->db(), insert(1), neverAsked); });
         QVERIFY2(message.startsWith(u"Nothing was stored or deleted: this key is already stored."),
                  qPrintable(message));
         QVERIFY(message.contains(u"insert into state(stateid) values(1)"));
         QVERIFY_EXCEPTION_THROWN(executeThenAsk(m_store->db(), insert(2), neverAsked), std::runtime_error);
-        QCOMPARE(stored(), QStringList{u"1"_qs});
+        QCOMPARE(stored(), QStringList{u"1"_s});
     }
 
     void fileReadByAnotherProgramAtTheCommit() {
@@ -87,14 +89,14 @@ private Q_SLOTS:
         QVERIFY(message.startsWith(u"Nothing was stored or deleted"));
         QVERIFY2(message.size() < 300, qPrintable(message));
         QVERIFY(failure([this] {
-                    const Connection nowhere(m_store->file(u"nowhere/data.sqlite"_qs));
+                    const Connection nowhere(m_store->file(u"nowhere/data.sqlite"_s));
                 }).contains(u"nowhere/data.sqlite"));
     }
 
     void valuesOfAResult() {
         const ResultSet result = m_store->db().query(Sql(
             "select null as n, 7 as Whole, 10.5 as part, ' 12 ' as t, 'x' as word, '2004-02-29' as day, 3e9 as big"));
-        QCOMPARE(result.text(0, u"N") + result.text(0, u"WHOLE") + result.text(0, u"part"), QStringLiteral("710.5"));
+        QCOMPARE(result.text(0, u"N") + result.text(0, u"WHOLE") + result.text(0, u"part"), u"710.5"_s);
         QCOMPARE(result.integer(0, u"whole"), std::optional(7));
         QCOMPARE(result.integer(0, u"t"), std::optional(12));
         QCOMPARE(result.number(0, u"part"), std::optional(10.5));

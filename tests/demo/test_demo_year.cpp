@@ -14,6 +14,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_demo_year {
 
 constexpr int kYear = 2017;
@@ -34,14 +36,14 @@ class TestDemoYear : public QObject {
 
 private Q_SLOTS:
     void initTestCase() {
-        makeDemoYear(path(), QStringLiteral(KELVORA_SOURCE_FOLDER));
+        makeDemoYear(path(), u"" KELVORA_SOURCE_FOLDER ""_s);
         prepareStore(path());
         m_db = std::make_unique<Connection>(path());
     }
 
     void comesOutTheSameEveryTime() {
-        const QString again = m_store.file(QStringLiteral("again.sqlite"));
-        makeDemoYear(again, QStringLiteral(KELVORA_SOURCE_FOLDER));
+        const QString again = m_store.file(u"again.sqlite"_s);
+        makeDemoYear(again, u"" KELVORA_SOURCE_FOLDER ""_s);
         QFile first(path());
         QFile second(again);
         QVERIFY(first.open(QIODevice::ReadOnly) && second.open(QIODevice::ReadOnly));
@@ -111,7 +113,7 @@ private Q_SLOTS:
     }
 
 private:
-    [[nodiscard]] QString path() const { return m_store.file(QStringLiteral("demo.sqlite")); }
+    [[nodiscard]] QString path() const { return m_store.file(u"demo.sqlite"_s); }
 
     test::TemporaryStore m_store;
     std::unique_ptr<Connection> m_db;

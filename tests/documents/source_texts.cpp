@@ -2,6 +2,8 @@
 
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test {
 namespace {
 
@@ -9,27 +11,25 @@ namespace {
 /// strings, characters, ends of statements.
 const QRegularExpression& pieces() {
     static const QRegularExpression all(
-        QStringLiteral(R"re((?<skip>//[^\n]*|/\*.*?\*/|^[ \t]*#[^\n]*|(?<![0-9a-fA-F])'(?:[^'\\\n]|\\.)+'))re"
-                       R"re(|R"(?<delimiter>[a-z]*)\((?<raw>.*?)\)\k<delimiter>")re"
-                       R"re(|"(?<text>(?:[^"\\\n]|\\.)*)")re"
-                       R"re(|(?<end>[;{}]))re"),
+        uR"re((?<skip>//[^\n]*|/\*.*?\*/|^[ \t]*#[^\n]*|(?<![0-9a-fA-F])'(?:[^'\\\n]|\\.)+'))re"
+        R"re(|R"(?<delimiter>[a-z]*)\((?<raw>.*?)\)\k<delimiter>")re"
+        R"re(|"(?<text>(?:[^"\\\n]|\\.)*)")re"
+        R"re(|(?<end>[;{}]))re"_s,
         QRegularExpression::MultilineOption | QRegularExpression::DotMatchesEverythingOption);
     return all;
 }
 
 QString unescaped(QString text) {
-    return text.replace(QStringLiteral("\\n"), QStringLiteral("\n"))
-        .replace(QStringLiteral("\\\""), QStringLiteral("\""))
-        .replace(QStringLiteral("\\'"), QStringLiteral("'"));
+    return text.replace(u"\\n"_s, u"\n"_s).replace(u"\\\""_s, u"\""_s).replace(u"\\'"_s, u"'"_s);
 }
 
 }  // namespace
 
 QList<SourceText> textsOf(const QString& source) {
     static const QRegularExpression box(
-        QStringLiteral(R"re(\b(message|confirm|confirmAfterExecute|input|refuse|cannotCreate)\()re"));
-    static const QRegularExpression fault(QStringLiteral(R"re(\b(qFatal|std::invalid_argument)\()re"));
-    static const QRegularExpression between(QStringLiteral(R"re(^\s*$)re"));
+        uR"re(\b(message|confirm|confirmAfterExecute|input|refuse|cannotCreate)\()re"_s);
+    static const QRegularExpression fault(uR"re(\b(qFatal|std::invalid_argument)\()re"_s);
+    static const QRegularExpression between(uR"re(^\s*$)re"_s);
     QList<SourceText> texts;
     qsizetype statement = 0;    // where the statement begins
     qsizetype first = 0;        // its first text
@@ -45,12 +45,11 @@ QList<SourceText> textsOf(const QString& source) {
     };
     for (auto found = pieces().globalMatch(source); found.hasNext();) {
         const QRegularExpressionMatch piece = found.next();
-        if (piece.hasCaptured(QStringLiteral("end"))) {
+        if (piece.hasCaptured(u"end"_s)) {
             endStatement(piece.capturedEnd());
-        } else if (piece.hasCaptured(QStringLiteral("text")) || piece.hasCaptured(QStringLiteral("raw"))) {
-            const QString text = piece.hasCaptured(QStringLiteral("raw"))
-                                     ? piece.captured(QStringLiteral("raw"))
-                                     : unescaped(piece.captured(QStringLiteral("text")));
+        } else if (piece.hasCaptured(u"text"_s) || piece.hasCaptured(u"raw"_s)) {
+            const QString text =
+                piece.hasCaptured(u"raw"_s) ? piece.captured(u"raw"_s) : unescaped(piece.captured(u"text"_s));
             const bool follows =
                 behindText >= 0 &&
                 between.match(source.sliced(behindText, piece.capturedStart() - behindText)).hasMatch();

@@ -9,11 +9,13 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_documents {
 
 using test::SourceText;
 
-const QString kSources = QStringLiteral(KELVORA_SOURCE_FOLDER);
+const QString kSources = u"" KELVORA_SOURCE_FOLDER ""_s;
 
 QString contentOf(const QString& path) {
     QFile file(path);
@@ -28,7 +30,7 @@ QStringList filesIn(const QString& folder, const QStringList& patterns) {
     QStringList paths;
     for (QDirIterator it(kSources + folder, patterns, QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
         const QString path = it.next();
-        if (!path.startsWith(kSources + u"/build/"_qs)) {
+        if (!path.startsWith(kSources + u"/build/"_s)) {
             paths.append(path);
         }
     }
@@ -37,12 +39,12 @@ QStringList filesIn(const QString& folder, const QStringList& patterns) {
 
 /// A text as it is compared: what is filled in is "…", any blanks are one.
 QString compared(QString text) {
-    return text.replace(QRegularExpression(u"%[1-9]"_qs), u"…"_qs).simplified();
+    return text.replace(QRegularExpression(u"%[1-9]"_s), u"…"_s).simplified();
 }
 
 /// The anchor that a heading has in a page.
 QString anchorOf(const QString& heading) {
-    return heading.trimmed().toLower().remove(QRegularExpression(u"[^\\w\\- ]"_qs)).replace(u' ', u'-');
+    return heading.trimmed().toLower().remove(QRegularExpression(u"[^\\w\\- ]"_s)).replace(u' ', u'-');
 }
 
 /// Every line of the program's texts that is wanted stands on the pages; that there are more than the fewest says that
@@ -51,13 +53,13 @@ void verifyExplained(const QString& pages, int fewest,
                      const std::function<bool(const SourceText& text, const QString& line)>& wanted) {
     QStringList missing;
     int lines = 0;
-    for (const QString& path : filesIn(u"/src"_qs, {u"*.cpp"_qs})) {
+    for (const QString& path : filesIn(u"/src"_s, {u"*.cpp"_s})) {
         for (const SourceText& text : test::textsOf(contentOf(path))) {
             for (const QString& part : text.text.split(u'\n')) {
                 const QString line = compared(part);
-                if (!path.endsWith(u"/main.cpp"_qs) && wanted(text, line)) {
+                if (!path.endsWith(u"/main.cpp"_s) && wanted(text, line)) {
                     ++lines;
-                    missing += pages.contains(line) ? QStringList() : QStringList(path + u": "_qs + line);
+                    missing += pages.contains(line) ? QStringList() : QStringList(path + u": "_s + line);
                 }
             }
         }
@@ -72,9 +74,9 @@ class TestDocuments : public QObject {
 private Q_SLOTS:
     /// What a box says stands in the guide's list of messages, or on the page about a data file that is refused.
     void everyMessageIsExplained() {
-        static const QRegularExpression statement(u"\\b(select|insert into|delete from)\\b"_qs);
-        const QString folder = kSources + u"/docs/guide/"_qs;
-        const QString listed = compared(contentOf(folder + u"messages.md"_qs) + contentOf(folder + u"data-file.md"_qs));
+        static const QRegularExpression statement(u"\\b(select|insert into|delete from)\\b"_s);
+        const QString folder = kSources + u"/docs/guide/"_s;
+        const QString listed = compared(contentOf(folder + u"messages.md"_s) + contentOf(folder + u"data-file.md"_s));
         verifyExplained(listed, 80, [](const SourceText& text, const QString& line) {
             return text.inBox && !statement.match(line).hasMatch();
         });
@@ -83,15 +85,15 @@ private Q_SLOTS:
     /// Every sentence that the program can show stands on some page of the guide, so that it can be looked up.
     void everySentenceIsInTheGuide() {
         QString guide;
-        for (const QString& page : filesIn(u"/docs/guide"_qs, {u"*.md"_qs})) {
+        for (const QString& page : filesIn(u"/docs/guide"_s, {u"*.md"_s})) {
             guide += contentOf(page) + u'\n';
         }
         static const QRegularExpression sentence(
-            u"^[A-Za-z'…]\\S*( \\S+){4,}$|^([Pp]lease|Are you|Do you|Can not|can't|No data|Numeric)\\b"_qs);
+            u"^[A-Za-z'…]\\S*( \\S+){4,}$|^([Pp]lease|Are you|Do you|Can not|can't|No data|Numeric)\\b"_s);
         static const QRegularExpression code(
             u"[=_]|::|'#|^(select|insert|update|delete|from|where|and|or|order|inner|group "
             u"by|transform|create|pragma|with recursive|"
-            "format)\\b"_qs,
+            "format)\\b"_s,
             QRegularExpression::CaseInsensitiveOption);
         verifyExplained(compared(guide), 60, [](const SourceText& text, const QString& line) {
             return sentence.match(line).hasMatch() && !code.match(line).hasMatch() && !text.ofAFault;
@@ -100,25 +102,25 @@ private Q_SLOTS:
 
     /// Links inside the project lead to a file, and to a heading where they name one.
     void everyLinkLeadsSomewhere() {
-        static const QRegularExpression link(uR"re(\]\(([^)\s]+)\))re"_qs);
-        static const QRegularExpression heading(u"^#+ (.*)$"_qs, QRegularExpression::MultilineOption);
+        static const QRegularExpression link(uR"re(\]\(([^)\s]+)\))re"_s);
+        static const QRegularExpression heading(u"^#+ (.*)$"_s, QRegularExpression::MultilineOption);
         int links = 0;
-        for (const QString& page : filesIn({}, {u"*.md"_qs})) {
+        for (const QString& page : filesIn({}, {u"*.md"_s})) {
             for (auto found = link.globalMatch(contentOf(page)); found.hasNext();) {
                 const QString target = found.next().captured(1);
-                if (target.contains(u"://"_qs)) {
+                if (target.contains(u"://"_s)) {
                     continue;
                 }
                 ++links;
                 const QString file = target.section(u'#', 0, 0);
                 const QString path = file.isEmpty() ? page : QFileInfo(page).dir().filePath(file);
-                QVERIFY2(QFileInfo::exists(path), qPrintable(page + u": "_qs + target));
+                QVERIFY2(QFileInfo::exists(path), qPrintable(page + u": "_s + target));
                 if (target.contains(u'#')) {
                     QStringList anchors;
                     for (auto line = heading.globalMatch(contentOf(path)); line.hasNext();) {
                         anchors.append(anchorOf(line.next().captured(1)));
                     }
-                    QVERIFY2(anchors.contains(target.section(u'#', 1)), qPrintable(page + u": "_qs + target));
+                    QVERIFY2(anchors.contains(target.section(u'#', 1)), qPrintable(page + u": "_s + target));
                 }
             }
         }
@@ -128,10 +130,10 @@ private Q_SLOTS:
     /// A picture that no page shows was forgotten when the page was changed.
     void everyPictureIsShown() {
         QString pages;
-        for (const QString& page : filesIn({}, {u"*.md"_qs})) {
+        for (const QString& page : filesIn({}, {u"*.md"_s})) {
             pages += contentOf(page);
         }
-        for (const QString& picture : filesIn(u"/docs"_qs, {u"*.png"_qs})) {
+        for (const QString& picture : filesIn(u"/docs"_s, {u"*.png"_s})) {
             QVERIFY2(pages.contains(QFileInfo(picture).fileName()), qPrintable(picture));
         }
     }

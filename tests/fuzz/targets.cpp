@@ -12,6 +12,8 @@
 #include <cstring>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::fuzz {
 namespace {
 
@@ -27,7 +29,7 @@ QString written(const std::vector<CsvRecord>& records) {
     for (const CsvRecord& record : records) {
         QStringList quoted;
         for (QString field : record.fields) {
-            quoted.append(u'"' + field.replace(u'"', QStringLiteral("\"\"")) + u'"');
+            quoted.append(u'"' + field.replace(u'"', u"\"\""_s) + u'"');
         }
         text += quoted.join(u',') + u'\n';
     }
@@ -59,7 +61,7 @@ void tryNumber(double value) {
     require(rounded && std::fabs(*rounded - value) <= 0.005 + std::fabs(value) * 1e-14, "two decimals are near");
 }
 
-double numberIn(const QByteArray& bytes) {
+double numberOf(const QByteArray& bytes) {
     double value = 0;
     std::memcpy(&value, bytes.constData(), std::min(sizeof value, static_cast<std::size_t>(bytes.size())));
     return value;
@@ -90,14 +92,14 @@ void tryCsv(const QByteArray& bytes) {
 }
 
 void trySql(const QByteArray& bytes) {
-    static Connection db(QStringLiteral(":memory:"));
+    static Connection db(u":memory:"_s);
     const QString text = QString::fromUtf8(bytes);
     const QString stored = QString(text).remove(QChar(u'\0'));
     require(db.query(Sql("select ") << text << " as t, 7 as n").text(0, u"t") == stored, "a text is a value");
     // Behind a join, where the dialect takes the statement apart.
     require(db.query(Sql("select ") << text << " & '|' & " << text << " as t").text(0, u"t") == stored + u'|' + stored,
             "a text is a value in a join");
-    const double value = numberIn(bytes);
+    const double value = numberOf(bytes);
     if (const double read = asRead(value); std::isfinite(read)) {
         const double found = db.query(Sql("select ") << value << " as n").number(0, u"n").value();
         // Numbers as they come in sampling are exact; of those with an exponent the engine misses the last digits.
@@ -128,7 +130,7 @@ void tryNumbers(const QByteArray& bytes) {
         tryNumber(*number);
     }
     require(!std::isnan(leadingNumber(text)), "a leading number is one");
-    tryNumber(numberIn(bytes));
+    tryNumber(numberOf(bytes));
 }
 
 }  // namespace kelvora::fuzz

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test::day {
 namespace {
 
-const QString kSingle = QStringLiteral("1");
+const QString kSingle = u"1"_s;
 
 bool isLike(const Row& row, const Row& like) {
     return std::equal(like.begin(), like.end(), row.begin(),
@@ -15,7 +17,7 @@ bool isLike(const Row& row, const Row& like) {
 
 /// With two decimals: "12.50".
 QString fixed(long long hundredths) {
-    return u"%1.%2"_qs.arg(hundredths / 100).arg(hundredths % 100, 2, 10, QChar(u'0'));
+    return u"%1.%2"_s.arg(hundredths / 100).arg(hundredths % 100, 2, 10, QChar(u'0'));
 }
 
 /// The quotient of two whole numbers, rounded half up.
@@ -66,7 +68,7 @@ QString Model::nextKey(const Row& like, int first) const {
 }
 
 QString Model::speciesName(const QString& species) const {
-    const Row fish = rows({u"fish"_qs, species}).front();
+    const Row fish = rows({u"fish"_s, species}).front();
     return fish[3] + u' ' + fish[4];
 }
 
@@ -76,43 +78,43 @@ void Model::addGroup(const QString& operation, const QString& name, int total, c
         sample += weight;
     }
     const long long factor = rounded(static_cast<long long>(total) * 100, sample);
-    const QString group = nextKey({u"group_main"_qs, {}, operation}, 2);
-    add({u"group_main"_qs, group, operation, name, decimal(total)});
+    const QString group = nextKey({u"group_main"_s, {}, operation}, 2);
+    add({u"group_main"_s, group, operation, name, decimal(total)});
     for (const auto& [species, weight] : weights) {
-        add({u"group_composition"_qs, operation, species, group, decimal(weight), decimal(weight / 100 * factor)});
+        add({u"group_composition"_s, operation, species, group, decimal(weight), decimal(weight / 100 * factor)});
     }
 }
 
 void Model::addSingleSpecies(const QString& operation, const QString& species, int weight) {
-    const Row group = {u"group_main"_qs, kSingle, operation};
+    const Row group = {u"group_main"_s, kSingle, operation};
     if (!has(group)) {
-        add(group + Row{u"Single species"_qs, u"0"_qs});
+        add(group + Row{u"Single species"_s, u"0"_s});
     }
     QString& total = row(group)[4];
     total = decimal(hundredths(total) + weight);
-    add({u"group_composition"_qs, operation, species, kSingle, decimal(weight), decimal(weight)});
+    add({u"group_composition"_s, operation, species, kSingle, decimal(weight), decimal(weight)});
 }
 
 void Model::removeSingleSpecies(const QString& operation, const QString& species) {
-    const Row group = {u"group_main"_qs, kSingle, operation};
-    const Row weighed = {u"group_composition"_qs, operation, species, kSingle};
+    const Row group = {u"group_main"_s, kSingle, operation};
+    const Row weighed = {u"group_composition"_s, operation, species, kSingle};
     QString& total = row(group)[4];
     total = decimal(hundredths(total) - hundredths(row(weighed)[4]));
     remove(weighed);
-    if (!has({u"group_composition"_qs, operation, {}, kSingle})) {
+    if (!has({u"group_composition"_s, operation, {}, kSingle})) {
         remove(group);
     }
 }
 
 void Model::addClass(const QString& operation, const QString& species, int lower, const QString& frequency) {
-    const int upper = lower + row({u"fish"_qs, species})[6].toInt();
-    add({u"length_detail"_qs, operation, species, QString::number(lower), QString::number(upper),
+    const int upper = lower + row({u"fish"_s, species})[6].toInt();
+    add({u"length_detail"_s, operation, species, QString::number(lower), QString::number(upper),
          decimal((lower + upper) * 100 / 2), frequency});
 }
 
 void Model::addFish(const QString& operation, const QString& species, const QStringList& measures) {
-    const auto number = rows({u"gonad_detail"_qs, operation, species}).size() + 1;
-    add(Row{u"gonad_detail"_qs, operation, species, QString::number(number)} + measures);
+    const auto number = rows({u"gonad_detail"_s, operation, species}).size() + 1;
+    add(Row{u"gonad_detail"_s, operation, species, QString::number(number)} + measures);
 }
 
 QStringList Model::file() const {
@@ -127,10 +129,10 @@ QStringList Model::file() const {
 QStringList Model::catchByState(int year) const {
     std::map<QString, std::pair<int, long long>> groups;
     long long all = 0;
-    for (const Row& operation : rows({u"operation"_qs})) {
+    for (const Row& operation : rows({u"operation"_s})) {
         if (operation[4].startsWith(QString::number(year))) {
-            const Row port = rows({u"port"_qs, operation[2]}).front();
-            auto& [count, sum] = groups[rows({u"state"_qs, port[3]}).front()[2]];
+            const Row port = rows({u"port"_s, operation[2]}).front();
+            auto& [count, sum] = groups[rows({u"state"_s, port[3]}).front()[2]];
             ++count;
             sum += hundredths(operation[15]);
             all += hundredths(operation[15]);
@@ -148,7 +150,7 @@ QStringList Model::catchByState(int year) const {
 QStringList Model::composition(const QString& operation) const {
     std::map<QString, long long> sums;
     long long all = 0;
-    for (const Row& weighed : rows({u"group_composition"_qs, operation})) {
+    for (const Row& weighed : rows({u"group_composition"_s, operation})) {
         sums[speciesName(weighed[2])] += hundredths(weighed[5]);
         all += hundredths(weighed[5]);
     }

@@ -10,6 +10,8 @@
 
 namespace kelvora::test::day {
 
+using namespace Qt::StringLiterals;
+
 /// A sampler who does one thing after another at the real screens, chosen by chance, and writes into the model what the
 /// file must hold after it.
 class Sampler {
@@ -24,7 +26,7 @@ public:
     ScreenDriver open(const QString& action, const QString& title, const QString& tab = {});
     /// The search screen with an operation on it.
     ScreenDriver openSearch(const QString& operation, const QString& tab) {
-        return openOn(operation, u"Search"_qs, u"Search"_qs, tab);
+        return openOn(operation, u"Search"_s, u"Search"_s, tab);
     }
 
 private:

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test::cut {
 namespace {
 
@@ -34,14 +36,14 @@ void cutAtWrite(int which) {
 }  // namespace
 
 const std::vector<QStringList>& saves() {
-    const QString fish = u"gonad_detail|%1|3|%2|100|100|100|100|100|Male|2|2.5|2.5"_qs;
+    const QString fish = u"gonad_detail|%1|3|%2|100|100|100|100|100|Male|2|2.5|2.5"_s;
     static const std::vector<QStringList> all = {
-        {u"operation|%1|2|Port Sampler|"_qs + QDate::currentDate().toString(Qt::ISODate) +
-         u"|2|0|0|0|0|0|0|Day|0|0|120.5|rain|Sea Star|A2"_qs},
-        {u"group_main|1|%1|Single species|4"_qs, u"group_composition|%1|3|1|4|4"_qs},
-        {u"group_main|2|%1|Mixed|60"_qs, u"group_composition|%1|3|2|4|60"_qs},
-        {u"length|%1|3|1.5"_qs, u"length_detail|%1|3|10|12|11|3"_qs},
-        {u"gonad|%1|3|0.3"_qs, fish.arg(u"%1"_qs, u"1"_qs), fish.arg(u"%1"_qs, u"2"_qs), fish.arg(u"%1"_qs, u"3"_qs)},
+        {u"operation|%1|2|Port Sampler|"_s + QDate::currentDate().toString(Qt::ISODate) +
+         u"|2|0|0|0|0|0|0|Day|0|0|120.5|rain|Sea Star|A2"_s},
+        {u"group_main|1|%1|Single species|4"_s, u"group_composition|%1|3|1|4|4"_s},
+        {u"group_main|2|%1|Mixed|60"_s, u"group_composition|%1|3|2|4|60"_s},
+        {u"length|%1|3|1.5"_s, u"length_detail|%1|3|10|12|11|3"_s},
+        {u"gonad|%1|3|0.3"_s, fish.arg(u"%1"_s, u"1"_s), fish.arg(u"%1"_s, u"2"_s), fish.arg(u"%1"_s, u"3"_s)},
     };
     return all;
 }
@@ -52,11 +54,11 @@ void sampleUntilKilled(const QString& path) {
     }
     // Every species has its class interval.
     Action lengths = action("lengths");
-    lengths.steps.remove(u"Class Interval = 2; "_qs);
+    lengths.steps.remove(u"Class Interval = 2; "_s);
     const std::vector<Action> works{action("an operation"), action("a single species"), action("a group"), lengths,
                                     action("fish")};
     Session session;
-    session.userName = u"Port Sampler"_qs;
+    session.userName = u"Port Sampler"_s;
     RecordingDialogs dialogs;
     while (true) {
         // The screens stay open, and are opened anew for the next operation: its number is asked of the file.

@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_corpora {
 
 using Target = void (*)(const QByteArray&);
@@ -23,7 +25,7 @@ private Q_SLOTS:
                                                                      {"dialect", &fuzz::tryDialect},
                                                                      {"numbers", &fuzz::tryNumbers}};
         for (const auto& [name, target] : targets) {
-            QDirIterator files(QStringLiteral(KELVORA_CORPORA "/") + QLatin1String(name), QDir::Files);
+            QDirIterator files(u"" KELVORA_CORPORA "/"_s + QLatin1String(name), QDir::Files);
             QVERIFY(files.hasNext());
             while (files.hasNext()) {
                 const QString path = files.next();

@@ -14,6 +14,8 @@
 #include <QRandomGenerator>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_damage {
 
 /// A data file that something has happened to: it is refused in plain words and stays as it is, byte for byte, or it
@@ -81,7 +83,7 @@ class TestDamage : public QObject {
     }
 
     test::TemporaryStore m_store;
-    QString m_path = m_store.file(u"damaged.sqlite"_qs);
+    QString m_path = m_store.file(u"damaged.sqlite"_s);
     QByteArray m_whole;
 
 private Q_SLOTS:

@@ -14,10 +14,12 @@
 #include <QRegularExpression>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_hostile_fields {
 
 /// Stands in every hostile text, so that what became of it is found in the file.
-const QString kMark = u"Ж"_qs;
+const QString kMark = u"Ж"_s;
 
 QStringList hostileTexts() {
     QStringList texts;
@@ -51,7 +53,7 @@ QStringList hostileTexts() {
                                  u"\u0661\u0662"}) {
         texts.append(QString::fromUtf16(text));
     }
-    texts.append(u"Ж"_qs + QChar(u'\0') + u"behind"_qs);
+    texts.append(u"Ж"_s + QChar(u'\0') + u"behind"_s);
     texts.append(kMark + QString(100'000, u'W'));
     texts.append(QString(100'000, u'9'));
     texts.append(QString(50'000, u'\''));
@@ -60,11 +62,11 @@ QStringList hostileTexts() {
 
 std::vector<test::Action> allActions() {
     std::vector<test::Action> all = test::actions();
-    const QString year = u"Year = 2004"_qs;
-    all.push_back({"catch summary", &test::make<CatchSummaryScreen>, {}, {}, year, u"Search"_qs});
-    all.push_back({"composition report", &test::make<SpeciesCompositionReportScreen>, {}, {}, year, u"Search"_qs});
-    all.push_back({"length report", &test::make<LengthFrequencyReportScreen>, {}, {}, year, u"Search"_qs});
-    all.push_back({"gonad report", &test::make<GonadMaturityReportScreen>, {}, {}, year, u"Search"_qs});
+    const QString year = u"Year = 2004"_s;
+    all.push_back({"catch summary", &test::make<CatchSummaryScreen>, {}, {}, year, u"Search"_s});
+    all.push_back({"composition report", &test::make<SpeciesCompositionReportScreen>, {}, {}, year, u"Search"_s});
+    all.push_back({"length report", &test::make<LengthFrequencyReportScreen>, {}, {}, year, u"Search"_s});
+    all.push_back({"gonad report", &test::make<GonadMaturityReportScreen>, {}, {}, year, u"Search"_s});
     return all;
 }
 
@@ -97,7 +99,7 @@ class TestHostileFields : public QObject {
     }
 
     static void checkSaid(const QStringList& said, const QString& where) {
-        static const QRegularExpression failure(u"could not be read|stored or deleted|Invalid|optional"_qs);
+        static const QRegularExpression failure(u"could not be read|stored or deleted|Invalid|optional"_s);
         if (const QString all = said.join(u'\n'); all.contains(failure)) {
             qFatal("%s: %s", qPrintable(where), qPrintable(all.left(400)));
         }
@@ -108,18 +110,18 @@ class TestHostileFields : public QObject {
         for (const QString& row : desk.stored()) {
             const bool inPart = row.contains(kMark) && !row.contains(whole);
             const QStringList cells = row.split(u'|');
-            if (inPart || cells.contains(u"inf"_qs) || cells.contains(u"-inf"_qs)) {
+            if (inPart || cells.contains(u"inf"_s) || cells.contains(u"-inf"_s)) {
                 qFatal("%s: stored in part, or no number: %s", qPrintable(where), qPrintable(row.left(400)));
             }
         }
-        if (desk.store.rows("pragma integrity_check") != QStringList{u"ok"_qs}) {
+        if (desk.store.rows("pragma integrity_check") != QStringList{u"ok"_s}) {
             qFatal("%s: the file is damaged", qPrintable(where));
         }
     }
 
     static void tryField(const test::Action& action, int number, const QString& text) {
         test::Desk desk(action);
-        const QString where = u"%1, field %2, \"%3\""_qs.arg(QLatin1String(action.name)).arg(number).arg(text.left(30));
+        const QString where = u"%1, field %2, \"%3\""_s.arg(QLatin1String(action.name)).arg(number).arg(text.left(30));
         desk.dialogs.typed = text;
         const QString taken = paste(fieldsOf(*desk.screen).at(number), text);
         desk.frame.press(action.button);
@@ -157,8 +159,8 @@ private Q_SLOTS:
             for (QLineEdit* field : dialog.findChildren<QLineEdit*>()) {
                 paste(field, text);
             }
-            test::ScreenDriver(&dialog).press(u"Log in"_qs);
-            QCOMPARE(dialogs.said, QStringList{u"Kelvora: Your Password not correct please Try again "_qs});
+            test::ScreenDriver(&dialog).press(u"Log in"_s);
+            QCOMPARE(dialogs.said, QStringList{u"Kelvora: Your Password not correct please Try again "_s});
             QVERIFY(store.session.login.isEmpty());
         }
     }

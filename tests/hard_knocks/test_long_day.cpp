@@ -7,6 +7,8 @@
 
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_long_day {
 
 /// A day of a sampler who does one thing after another at all screens: after each the file holds what a model of its
@@ -16,7 +18,7 @@ class TestLongDay : public QObject {
 
     /// Megabytes in memory.
     static double resident() {
-        QFile file(u"/proc/self/statm"_qs);
+        QFile file(u"/proc/self/statm"_s);
         if (!file.open(QIODevice::ReadOnly)) {
             return 0;
         }
@@ -38,7 +40,7 @@ private Q_SLOTS:
             QStringList file = store.wholeFile();
             file.sort();
             const QStringList model = sampler.model().file();
-            QVERIFY2(file == model, qPrintable(u"step %1, %2; model and file:\n"_qs.arg(step).arg(what) +
+            QVERIFY2(file == model, qPrintable(u"step %1, %2; model and file:\n"_s.arg(step).arg(what) +
                                                test::changes(model, file).join(u'\n')));
             before = step == morning ? resident() : before;
         }
@@ -63,19 +65,19 @@ private:
             const QStringList expected = sampler.model().catchByState(year);
             if (!expected.isEmpty()) {
                 const auto hand =
-                    sampler.open(u"Fishing Information"_qs, u"Number of record and estimate total catch"_qs);
-                hand.enter(u"Year = %1; Search"_qs.arg(year));
-                QCOMPARE(hand.rows(u"Result"_qs), expected);
+                    sampler.open(u"Fishing Information"_s, u"Number of record and estimate total catch"_s);
+                hand.enter(u"Year = %1; Search"_s.arg(year));
+                QCOMPARE(hand.rows(u"Result"_s), expected);
             }
         }
-        for (const auto& operation : sampler.model().rows({u"operation"_qs})) {
+        for (const auto& operation : sampler.model().rows({u"operation"_s})) {
             const QStringList expected = sampler.model().composition(operation[1]);
             if (expected.isEmpty()) {
                 continue;
             }
-            const auto hand = sampler.openSearch(operation[1], u"Species Composition"_qs);
-            QCOMPARE(hand.text(u"No."_qs), operation[1]);
-            QCOMPARE(hand.rows(u"Composition"_qs), expected);
+            const auto hand = sampler.openSearch(operation[1], u"Species Composition"_s);
+            QCOMPARE(hand.text(u"No."_s), operation[1]);
+            QCOMPARE(hand.rows(u"Composition"_s), expected);
         }
     }
 };

@@ -12,6 +12,8 @@
 #include <QTableView>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_obstacles {
 
 using test::Desk;
@@ -28,7 +30,7 @@ QStringList shownOn(const QWidget& screen) {
             }
         } else {
             all.append(widget->property("text").toString() + widget->property("currentText").toString());
-            all.append(widget->inherits("QAbstractButton") && widget->isEnabled() ? u"on"_qs : u"off"_qs);
+            all.append(widget->inherits("QAbstractButton") && widget->isEnabled() ? u"on"_s : u"off"_s);
         }
     }
     return all;
@@ -153,10 +155,10 @@ private Q_SLOTS:
         CatchSummaryScreen screen({store.path(), store.session, dialogs});
         screen.show();
         const test::ScreenDriver hand(&screen);
-        hand.enter(u"Year = 2004; Search"_qs);
+        hand.enter(u"Year = 2004; Search"_s);
         dialogs.path = store.file(file);
         const auto write = [&] {
-            file.endsWith(u"csv") ? hand.press(u"EXPORT"_qs)
+            file.endsWith(u"csv") ? hand.press(u"EXPORT"_s)
                                   : screen.findChild<ReportChart*>()->actions().at(1)->trigger();
             return std::exchange(dialogs.said, {}).join(u'\n');
         };

@@ -14,6 +14,8 @@
 #include <QTest>
 #include <QThread>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_power_cut {
 
 /// The samplers' computer loses its power again and again: after each time the file is sound, every save that the
@@ -34,7 +36,7 @@ class TestPowerCut : public QObject {
         const int count = static_cast<int>(saves.size());
         const auto rows = [&](int save) {
             return QStringList(saves.at(static_cast<std::size_t>(save % count)))
-                .replaceInStrings(u"%1"_qs, QString::number(firstOperation + save / count));
+                .replaceInStrings(u"%1"_s, QString::number(firstOperation + save / count));
         };
         QStringList sure = before;
         for (int save = 0; save < confirmed; ++save) {
@@ -64,7 +66,7 @@ class TestPowerCut : public QObject {
                                QString::number(1 + random.bounded(writesOfTwoOperations)));
         }
         sampler.setProcessEnvironment(environment);
-        sampler.start(QCoreApplication::applicationFilePath(), {u"power_cut"_qs});
+        sampler.start(QCoreApplication::applicationFilePath(), {u"power_cut"_s});
         const int saves = random.bounded(6);
         QByteArray out;
         while ((atWrite || out.count("saved\n") < saves) && sampler.waitForReadyRead(30'000)) {
@@ -83,8 +85,8 @@ class TestPowerCut : public QObject {
     }
 
     // On a disk, where a save takes its time: in memory hardly a cut would hit one.
-    QTemporaryDir m_folder{QCoreApplication::applicationDirPath() + u"/power-cut-XXXXXX"_qs};
-    QString m_path = m_folder.filePath(u"kelvora_db.sqlite"_qs);
+    QTemporaryDir m_folder{QCoreApplication::applicationDirPath() + u"/power-cut-XXXXXX"_s};
+    QString m_path = m_folder.filePath(u"kelvora_db.sqlite"_s);
 
 private Q_SLOTS:
     /// The sampler whose power is cut is this executable, started once more with a data file to work on.
@@ -114,15 +116,15 @@ private Q_SLOTS:
                                  .value();
             const int saved = workUntilCut(random, cut % 2 == 0);
             confirmed += saved;
-            journals += QFile::exists(m_path + u"-journal"_qs) ? 1 : 0;
+            journals += QFile::exists(m_path + u"-journal"_s) ? 1 : 0;
 
             // The program starts on the file as the cut left it, without a word.
             test::ScriptedDialogs dialogs;
             QVERIFY(Program(m_path, dialogs).start());
-            QCOMPARE(Connection(m_path).query(Sql("pragma integrity_check")).text(0, u"integrity_check"), u"ok"_qs);
+            QCOMPARE(Connection(m_path).query(Sql("pragma integrity_check")).text(0, u"integrity_check"), u"ok"_s);
             const QList<QStringList> contents = allowed(before, next, saved);
             const auto found = contents.indexOf(file());
-            QVERIFY2(found >= 0, qPrintable(u"cut %1, %2 saved; file:\n"_qs.arg(cut).arg(saved) + file().join(u'\n')));
+            QVERIFY2(found >= 0, qPrintable(u"cut %1, %2 saved; file:\n"_s.arg(cut).arg(saved) + file().join(u'\n')));
             underWay += found > 0 ? 1 : 0;
             parts += found > 0 && found < contents.size() - 1 ? 1 : 0;
         }

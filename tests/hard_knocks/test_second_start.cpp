@@ -11,6 +11,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_second_start {
 
 template <typename Window>
@@ -31,14 +33,14 @@ class TestSecondStart : public QObject {
     /// The program, started by a user whose data folder is a folder of the test's.
     struct Started {
         Started(const test::TemporaryStore& store, const QString& folder)
-            : dataFile(store.file(folder + u"/Kelvora/kelvora_db.sqlite"_qs)) {
+            : dataFile(store.file(folder + u"/Kelvora/kelvora_db.sqlite"_s)) {
             QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-            environment.insert(u"XDG_DATA_HOME"_qs, store.file(folder));
-            environment.insert(u"TMPDIR"_qs, store.file({}));
-            environment.insert(u"QT_QPA_PLATFORM"_qs, u"offscreen"_qs);
+            environment.insert(u"XDG_DATA_HOME"_s, store.file(folder));
+            environment.insert(u"TMPDIR"_s, store.file({}));
+            environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
             process.setProcessEnvironment(environment);
             process.setProcessChannelMode(QProcess::ForwardedChannels);
-            process.start(QStringLiteral(KELVORA_PROGRAM), QStringList());
+            process.start(u"" KELVORA_PROGRAM ""_s, QStringList());
         }
         ~Started() {
             process.kill();
@@ -56,30 +58,30 @@ class TestSecondStart : public QObject {
 private Q_SLOTS:
     void theProgramItself() {
         const test::TemporaryStore store;
-        Started first(store, u"sampler"_qs);
-        QTRY_VERIFY(QFile::exists(first.dataFile));
-        QVERIFY(Started(store, u"sampler"_qs).left());
-        QVERIFY(Started(store, u"sampler"_qs).left());
+        Started first(store, u"sampler"_s);
+        QVERIFY(QTest::qWaitFor([&] { return QFile::exists(first.dataFile); }));
+        QVERIFY(Started(store, u"sampler"_s).left());
+        QVERIFY(Started(store, u"sampler"_s).left());
         QCOMPARE(first.process.state(), QProcess::Running);
 
         // Another sampler's data folder is another program.
-        Started other(store, u"colleague"_qs);
-        QTRY_VERIFY(QFile::exists(other.dataFile));
+        Started other(store, u"colleague"_s);
+        QVERIFY(QTest::qWaitFor([&] { return QFile::exists(other.dataFile); }));
         QCOMPARE(other.process.state(), QProcess::Running);
 
         first.process.kill();
         QVERIFY(first.process.waitForFinished());
-        QVERIFY(QFile::exists(first.dataFile + u".lock"_qs));
+        QVERIFY(QFile::exists(first.dataFile + u".lock"_s));
         QVERIFY(QFile::remove(first.dataFile));
-        Started next(store, u"sampler"_qs);
-        QTRY_VERIFY(QFile::exists(next.dataFile));
-        QVERIFY(Started(store, u"sampler"_qs).left());
+        Started next(store, u"sampler"_s);
+        QVERIFY(QTest::qWaitFor([&] { return QFile::exists(next.dataFile); }));
+        QVERIFY(Started(store, u"sampler"_s).left());
         QCOMPARE(next.process.state(), QProcess::Running);
     }
 
     void aLockThatNobodyAnswersFor() {
         const test::TemporaryStore store;
-        QLockFile left(store.path() + u".lock"_qs);
+        QLockFile left(store.path() + u".lock"_s);
         left.setStaleLockTime(0);
         QVERIFY(left.tryLock());
         SingleInstance next(store.path());
@@ -99,7 +101,7 @@ private Q_SLOTS:
         const auto startAgain = [&](const QString& path) {
             const int before = static_cast<int>(again.count());
             QVERIFY(!SingleInstance(path).claim());
-            QTRY_COMPARE(again.count(), before + 1);
+            QVERIFY(QTest::qWaitFor([&] { return again.count() == before + 1; }));
         };
         auto* login = shownWindow<LoginDialog>();
         QVERIFY(login != nullptr);
@@ -108,12 +110,12 @@ private Q_SLOTS:
         QVERIFY(login->isVisible() && !login->isMinimized());
 
         const test::ScreenDriver hand(login);
-        hand.enter(u"PASSWORD = kelvora; Log in"_qs);
+        hand.enter(u"PASSWORD = kelvora; Log in"_s);
         auto* window = shownWindow<MainWindow>();
         QVERIFY(window != nullptr);
         window->setWindowState(window->windowState() | Qt::WindowMinimized);
         // The same data file, written another way.
-        startAgain(store.file(u"./kelvora_db.sqlite"_qs));
+        startAgain(store.file(u"./kelvora_db.sqlite"_s));
         QVERIFY(window->isVisible() && !window->isMinimized() && window->isMaximized());
         QVERIFY(!login->isVisible());
     }

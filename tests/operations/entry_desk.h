@@ -11,19 +11,21 @@
 
 namespace kelvora::test {
 
-inline const QString kState = u"Landing State/Province"_qs;
-inline const QString kPort = u"Landing Port"_qs;
-inline const QString kRegisterId = u"Vessel Register id"_qs;
-inline const QString kVesselName = u"Vessel Name"_qs;
-inline const QString kConfirm = u"Confirm"_qs;
-inline const QString kVesselQuestion = u"Are you sure to insert this fishing vessel? "_qs;
+using namespace Qt::StringLiterals;
+
+inline const QString kState = u"Landing State/Province"_s;
+inline const QString kPort = u"Landing Port"_s;
+inline const QString kRegisterId = u"Vessel Register id"_s;
+inline const QString kVesselName = u"Vessel Name"_s;
+inline const QString kConfirm = u"Confirm"_s;
+inline const QString kVesselQuestion = u"Are you sure to insert this fishing vessel? "_s;
 
 inline QString stateQuestion(const QString& name) {
-    return u"Are you sure to insert state '"_qs + name + u'\'';
+    return u"Are you sure to insert state '"_s + name + u'\'';
 }
 
 inline QString portQuestion(const QString& name) {
-    return u"Are you sure to insert sampling port '"_qs + name + u'\'';
+    return u"Are you sure to insert sampling port '"_s + name + u'\'';
 }
 
 /// The entry screen on a file with a few reference rows.
@@ -42,17 +44,17 @@ struct Desk {
 
     /// Everything that a sampler has to fill in, every text stored already.
     void fill() const {
-        at().choose(kRegisterId, u"R-1"_qs);
-        at().choose(u"Fishing Gear"_qs, u"Trawl"_qs);
-        at().choose(u"Fishing Method"_qs, u"Pair"_qs);
-        at().choose(u"Fishing Area"_qs, u"A2"_qs);
-        at().choose(kState, u"Alpha"_qs);
-        at().choose(kPort, u"Bex"_qs);
-        at().type(u"Total Catch (kg/trip)"_qs, u"120.50"_qs);
+        at().choose(kRegisterId, u"R-1"_s);
+        at().choose(u"Fishing Gear"_s, u"Trawl"_s);
+        at().choose(u"Fishing Method"_s, u"Pair"_s);
+        at().choose(u"Fishing Area"_s, u"A2"_s);
+        at().choose(kState, u"Alpha"_s);
+        at().choose(kPort, u"Bex"_s);
+        at().type(u"Total Catch (kg/trip)"_s, u"120.50"_s);
     }
-    void save() const { at().press(u"SAVE"_qs); }
+    void save() const { at().press(u"SAVE"_s); }
     void saveWell() {
-        store.dialogs.expectMessage(u"Insert Complete"_qs);
+        store.dialogs.expectMessage(u"Insert Complete"_s);
         save();
     }
     QStringList storedPorts() { return store.rows("select portid from fishoperation order by optid"); }

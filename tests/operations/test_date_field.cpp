@@ -5,6 +5,8 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_date_field {
 
 /// The date as it is typed: with the separators of the language, without, with two digits of the year.
@@ -17,17 +19,17 @@ private Q_SLOTS:
         QTest::addColumn<QString>("keys");
         QTest::addColumn<QDate>("date");
         const QDate january(2017, 1, 15);
-        QTest::newRow("as written") << u"en_GB"_qs << u"15/01/2017"_qs << january;
-        QTest::newRow("digits alone") << u"en_GB"_qs << u"15012017"_qs << january;
-        QTest::newRow("year of the century before") << u"en_GB"_qs << u"31/12/99"_qs << QDate(1999, 12, 31);
-        QTest::newRow("day that the month before lacks") << u"en_GB"_qs << u"31/12/2016"_qs << QDate(2016, 12, 31);
-        QTest::newRow("month first") << u"en_US"_qs << u"1/15/2017"_qs << january;
-        QTest::newRow("year first") << u"ja_JP"_qs << u"2017/01/15"_qs << january;
-        QTest::newRow("points") << u"de_DE"_qs << u"15.01.2017"_qs << january;
-        QTest::newRow("month by name") << u"C"_qs << u"15 Jan 2017"_qs << january;
-        QTest::newRow("month by number instead") << u"C"_qs << u"15/01/2017"_qs << january;
-        QTest::newRow("blanks, short parts and year") << u"en_GB"_qs << u"5 1 17"_qs << QDate(2017, 1, 5);
-        QTest::newRow("year first elsewhere") << u"en_GB"_qs << u"2017-01-15"_qs << january;
+        QTest::newRow("as written") << u"en_GB"_s << u"15/01/2017"_s << january;
+        QTest::newRow("digits alone") << u"en_GB"_s << u"15012017"_s << january;
+        QTest::newRow("year of the century before") << u"en_GB"_s << u"31/12/99"_s << QDate(1999, 12, 31);
+        QTest::newRow("day that the month before lacks") << u"en_GB"_s << u"31/12/2016"_s << QDate(2016, 12, 31);
+        QTest::newRow("month first") << u"en_US"_s << u"1/15/2017"_s << january;
+        QTest::newRow("year first") << u"ja_JP"_s << u"2017/01/15"_s << january;
+        QTest::newRow("points") << u"de_DE"_s << u"15.01.2017"_s << january;
+        QTest::newRow("month by name") << u"C"_s << u"15 Jan 2017"_s << january;
+        QTest::newRow("month by number instead") << u"C"_s << u"15/01/2017"_s << january;
+        QTest::newRow("blanks, short parts and year") << u"en_GB"_s << u"5 1 17"_s << QDate(2017, 1, 5);
+        QTest::newRow("year first elsewhere") << u"en_GB"_s << u"2017-01-15"_s << january;
     }
     void typed() {
         QFETCH(QString, language);

@@ -9,26 +9,28 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_finder {
 
-const QString kCriterion = u"Criterion"_qs;
-const QString kValue = u"Value"_qs;
-const QString kResult = u"Result"_qs;
-const QString kVessel = u"Vessel"_qs;
-const QString kState = u"State/Province"_qs;
+const QString kCriterion = u"Criterion"_s;
+const QString kValue = u"Value"_s;
+const QString kResult = u"Result"_s;
+const QString kVessel = u"Vessel"_s;
+const QString kState = u"State/Province"_s;
 
 /// The panel over three operations: 1 and 2 in state Alpha, 3 in state Beta.
 struct Finder {
     explicit Finder(bool firstCriterion = false, int lastSaved = 0) {
         store.addReferenceRows();
-        store.addOperation(1, 1, u"2004-03-09"_qs, 1, 120.5, u"Sea Star"_qs, u"A1"_qs);
-        store.addOperation(2, 2, u"2004-04-01"_qs, 3, 80, u"Blue Fin"_qs, u"A2"_qs);
-        store.addOperation(3, 3, u"2004-05-01"_qs, 2, 60, u"Sea Star"_qs, u"A1"_qs);
+        store.addOperation(1, 1, u"2004-03-09"_s, 1, 120.5, u"Sea Star"_s, u"A1"_s);
+        store.addOperation(2, 2, u"2004-04-01"_s, 3, 80, u"Blue Fin"_s, u"A2"_s);
+        store.addOperation(3, 3, u"2004-05-01"_s, 2, 60, u"Sea Star"_s, u"A1"_s);
         store.session.lastSavedOperation = lastSaved;
         open(firstCriterion);
     }
     void open(bool firstCriterion) {
-        panel = std::make_unique<FinderPanel>(u"Fishing operation no."_qs, store.db(), store.context());
+        panel = std::make_unique<FinderPanel>(u"Fishing operation no."_s, store.db(), store.context());
         line = std::make_unique<OperationLine>(*panel);
         panel->open(firstCriterion);
     }
@@ -36,18 +38,18 @@ struct Finder {
     void search(const QString& criterion, const QString& value) const {
         hand().choose(kCriterion, criterion);
         hand().choose(kValue, value);
-        hand().press(u"Search"_qs);
+        hand().press(u"Search"_s);
     }
     void searchTyped(const QString& value) const {
         hand().type(kValue, value);
-        hand().press(u"Search"_qs);
+        hand().press(u"Search"_s);
     }
     [[nodiscard]] QString caption() const { return hand().navigator(kResult)->caption(); }
     /// The numbers of all operations of the result, in its order.
     [[nodiscard]] QString found() const {
         QStringList numbers{panel->currentOperation()};
         while (numbers.size() < hand().navigator(kResult)->rowCount()) {
-            hand().move(kResult, u"Next"_qs);
+            hand().move(kResult, u"Next"_s);
             numbers.append(panel->currentOperation());
         }
         return numbers.join(u' ');
@@ -65,11 +67,11 @@ private Q_SLOTS:
     void criteria_data() {
         QTest::addColumn<QString>("value");
         QTest::addColumn<QString>("operations");
-        QTest::newRow("State/Province") << u"Alpha"_qs << u"1 2"_qs;
-        QTest::newRow("Sampling Port") << u"Cay"_qs << u"3"_qs;
-        QTest::newRow("Fishing Area") << u"north bank"_qs << u"1 3"_qs;
-        QTest::newRow("Vessel") << u"Sea Star"_qs << u"1 3"_qs;
-        QTest::newRow("Fishing Gear") << u"Trawl"_qs << u"1 3"_qs;
+        QTest::newRow("State/Province") << u"Alpha"_s << u"1 2"_s;
+        QTest::newRow("Sampling Port") << u"Cay"_s << u"3"_s;
+        QTest::newRow("Fishing Area") << u"north bank"_s << u"1 3"_s;
+        QTest::newRow("Vessel") << u"Sea Star"_s << u"1 3"_s;
+        QTest::newRow("Fishing Gear") << u"Trawl"_s << u"1 3"_s;
     }
     void criteria() {
         QFETCH(QString, value);
@@ -77,35 +79,35 @@ private Q_SLOTS:
         const Finder finder;
         finder.search(QString::fromLatin1(QTest::currentDataTag()), value);
         const qsizetype count = operations.split(u' ').size();
-        QCOMPARE(finder.caption(), u"Result 1 Of %1"_qs.arg(count));
+        QCOMPARE(finder.caption(), u"Result 1 Of %1"_s.arg(count));
         QCOMPARE(finder.found(), operations);
-        QCOMPARE(finder.caption(), u"Result %1 Of %1"_qs.arg(count));
+        QCOMPARE(finder.caption(), u"Result %1 Of %1"_s.arg(count));
     }
 
     void details() {
         Finder finder;
         finder.store.execute("update fishoperation set estotal = 0.1, note = null where optid = 1");
         const QSignalSpy loaded(finder.panel.get(), &FinderPanel::loaded);
-        finder.search(u"Sampling Port"_qs, u"Abo"_qs);
+        finder.search(u"Sampling Port"_s, u"Abo"_s);
         QCOMPARE(loaded.count(), 1);
-        const std::vector<std::pair<QString, QString>> expected = {{u"Fishing operation no."_qs, u"1"_qs},
-                                                                   {u"Landing State/Province"_qs, u"Alpha"_qs},
-                                                                   {u"Sampling Port"_qs, u"Abo"_qs},
-                                                                   {u"Date"_qs, u"09/03/2004"_qs},
-                                                                   {kVessel, u"Sea Star"_qs},
-                                                                   {u"Fishing Gear"_qs, u"Trawl"_qs},
-                                                                   {u"Fishing Method"_qs, u"Otter board"_qs},
-                                                                   {u"Fishing area"_qs, u"A1"_qs},
-                                                                   {u"Latitude"_qs, u"Dec 12 Min 30"_qs},
-                                                                   {u"Longtitude"_qs, u"Dec 100 Min 15"_qs},
-                                                                   {u"Fishing time"_qs, u"Day"_qs},
-                                                                   {u"Bottom Depth(Meter)"_qs, u"40"_qs},
-                                                                   {u"Fishing Depth(Meter)"_qs, u"35"_qs},
-                                                                   {u"No of haul/Trip"_qs, u"3"_qs},
-                                                                   {u"Duration of Trip(days)"_qs, u"2"_qs},
-                                                                   {u"Estimate Total Catch(kg)"_qs, u"0.1"_qs},
-                                                                   {u"Recorder"_qs, u"Port Sampler"_qs},
-                                                                   {u"Note"_qs, QString()}};
+        const std::vector<std::pair<QString, QString>> expected = {{u"Fishing operation no."_s, u"1"_s},
+                                                                   {u"Landing State/Province"_s, u"Alpha"_s},
+                                                                   {u"Sampling Port"_s, u"Abo"_s},
+                                                                   {u"Date"_s, u"09/03/2004"_s},
+                                                                   {kVessel, u"Sea Star"_s},
+                                                                   {u"Fishing Gear"_s, u"Trawl"_s},
+                                                                   {u"Fishing Method"_s, u"Otter board"_s},
+                                                                   {u"Fishing area"_s, u"A1"_s},
+                                                                   {u"Latitude"_s, u"Dec 12 Min 30"_s},
+                                                                   {u"Longtitude"_s, u"Dec 100 Min 15"_s},
+                                                                   {u"Fishing time"_s, u"Day"_s},
+                                                                   {u"Bottom Depth(Meter)"_s, u"40"_s},
+                                                                   {u"Fishing Depth(Meter)"_s, u"35"_s},
+                                                                   {u"No of haul/Trip"_s, u"3"_s},
+                                                                   {u"Duration of Trip(days)"_s, u"2"_s},
+                                                                   {u"Estimate Total Catch(kg)"_s, u"0.1"_s},
+                                                                   {u"Recorder"_s, u"Port Sampler"_s},
+                                                                   {u"Note"_s, QString()}};
         for (const auto& [caption, text] : expected) {
             QCOMPARE(finder.hand().text(caption), text);
         }
@@ -124,22 +126,22 @@ private Q_SLOTS:
     /// After the criterion was chosen again, moving in the former result loads operations again.
     void formerResultStaysUsable() {
         const Finder finder;
-        finder.search(kState, u"Alpha"_qs);
-        finder.hand().choose(kValue, u"Beta"_qs);
+        finder.search(kState, u"Alpha"_s);
+        finder.hand().choose(kValue, u"Beta"_s);
         QCOMPARE(finder.panel->currentOperation(), QString());
-        finder.hand().move(kResult, u"Next"_qs);
-        QCOMPARE(finder.panel->currentOperation(), u"2"_qs);
-        QCOMPARE(finder.caption(), u"Result 2 Of 2"_qs);
+        finder.hand().move(kResult, u"Next"_s);
+        QCOMPARE(finder.panel->currentOperation(), u"2"_s);
+        QCOMPARE(finder.caption(), u"Result 2 Of 2"_s);
     }
 
     void typedValues() {
         const Finder finder;
-        finder.hand().choose(kCriterion, u"Fishing Area"_qs);
-        finder.searchTyped(u"SOUTH bank"_qs);
-        QCOMPARE(finder.found(), u"2"_qs);
+        finder.hand().choose(kCriterion, u"Fishing Area"_s);
+        finder.searchTyped(u"SOUTH bank"_s);
+        QCOMPARE(finder.found(), u"2"_s);
         // Neither the details nor the number of what was found before stay behind.
-        finder.searchTyped(u"1 or 1=1"_qs);
-        QCOMPARE(finder.caption(), u"[No Record]"_qs);
+        finder.searchTyped(u"1 or 1=1"_s);
+        QCOMPARE(finder.caption(), u"[No Record]"_s);
         QCOMPARE(finder.panel->currentOperation() + finder.hand().text(kVessel), QString());
         finder.searchTyped(QString());
         QCOMPARE(finder.caption(), QString());
@@ -150,17 +152,17 @@ private Q_SLOTS:
              {Literal("delete from samplingport"), Literal("delete from state"), Literal("delete from vessel"),
               Literal("delete from fishing_area"), Literal("delete from Fishing_method")}) {
             Finder finder;
-            finder.hand().choose(kCriterion, u"Fishing Gear"_qs);
-            finder.hand().choose(kValue, u"Gill net"_qs);
+            finder.hand().choose(kCriterion, u"Fishing Gear"_s);
+            finder.hand().choose(kValue, u"Gill net"_s);
             finder.store.execute(loss);
-            finder.hand().press(u"Search"_qs);
-            QCOMPARE(finder.caption(), u"[No Record]"_qs);
+            finder.hand().press(u"Search"_s);
+            QCOMPARE(finder.caption(), u"[No Record]"_s);
         }
     }
 
     void hostileNames() {
         for (const QString& name :
-             {u"O'Hara's '; drop table fishoperation; -- 100 % \\ \"tuna\" [x] & y"_qs, QString(10'000, u'\'')}) {
+             {u"O'Hara's '; drop table fishoperation; -- 100 % \\ \"tuna\" [x] & y"_s, QString(10'000, u'\'')}) {
             Finder finder;
             Connection& db = finder.store.db();
             db.execute(Sql("update vessel set vesselname = ") << name << " where vesselname = 'Sea Star'");
@@ -168,10 +170,10 @@ private Q_SLOTS:
             db.execute(Sql("update fishoperation set vesselid = ")
                        << name << ", areaid = " << name << " where optid = 1");
             finder.search(kVessel, name);
-            QCOMPARE(finder.found(), u"1"_qs);
+            QCOMPARE(finder.found(), u"1"_s);
             QCOMPARE(finder.hand().text(kVessel), name);
-            finder.search(u"Fishing Area"_qs, u"north bank"_qs);
-            QCOMPARE(finder.found(), u"1"_qs);
+            finder.search(u"Fishing Area"_s, u"north bank"_s);
+            QCOMPARE(finder.found(), u"1"_s);
             QVERIFY(finder.panel->sizeHint().width() < 1300);
         }
     }
@@ -180,7 +182,7 @@ private Q_SLOTS:
         const Finder plain;
         QCOMPARE(plain.hand().text(kCriterion), QString());
         QVERIFY(plain.hand().enabled(kValue));
-        plain.hand().press(u"Search"_qs);
+        plain.hand().press(u"Search"_s);
 
         const Finder first(true);
         QCOMPARE(first.hand().text(kCriterion), kState);
@@ -188,24 +190,24 @@ private Q_SLOTS:
 
         Finder saved(true, 2);
         QCOMPARE(saved.panel->operation(), std::optional(2));
-        QCOMPARE(saved.hand().text(kVessel), u"Blue Fin"_qs);
+        QCOMPARE(saved.hand().text(kVessel), u"Blue Fin"_s);
         QVERIFY(!saved.hand().enabled(kCriterion) && !saved.hand().enabled(kValue));
 
         // An operation whose vessel is not registered yet stays current, but has no details.
         saved.store.execute("delete from vessel where vesselname = 'Blue Fin'");
         saved.open(true);
         QCOMPARE(saved.panel->operation(), std::optional(2));
-        QCOMPARE(saved.line->text(), u"Fishing operation no. 2"_qs);
-        QCOMPARE(saved.hand().text(u"Date"_qs), QString());
+        QCOMPARE(saved.line->text(), u"Fishing operation no. 2"_s);
+        QCOMPARE(saved.hand().text(u"Date"_s), QString());
     }
 
     /// A table that cannot be read gives a message, and no operation is current under details that are not its own.
     void failedLoad() {
         Finder finder;
-        finder.search(kState, u"Alpha"_qs);
+        finder.search(kState, u"Alpha"_s);
         finder.store.execute("drop table state");
-        finder.store.dialogs.expectMessageContaining(u"state"_qs);
-        finder.hand().move(kResult, u"Next"_qs);
+        finder.store.dialogs.expectMessageContaining(u"state"_s);
+        finder.hand().move(kResult, u"Next"_s);
         QVERIFY(finder.store.dialogs.done());
         QVERIFY(!finder.panel->operation());
         QVERIFY(finder.line->text().startsWith(u"No fishing operation"));

@@ -4,6 +4,8 @@
 #include <QAbstractButton>
 #include <QDateEdit>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_operation_entry {
 
 using namespace test;
@@ -15,31 +17,29 @@ struct Wrong {
 };
 
 const std::vector<Wrong>& wrongs() {
-    const QString error = u"ERROR"_qs;
-    const QString plain = u"Kelvora"_qs;
-    const QString longitude = u"Longtitude Dec"_qs;
-    const QString range = u"Dec of Longtitude between 92-125"_qs;
+    const QString error = u"ERROR"_s;
+    const QString plain = u"Kelvora"_s;
+    const QString longitude = u"Longtitude Dec"_s;
+    const QString range = u"Dec of Longtitude between 92-125"_s;
     static const std::vector<Wrong> all = {
-        {kState, {}, error, u"please select state  first!"_qs, {}, true},
-        {kPort, {}, error, u"please select sammpling port!"_qs, {}, true},
-        {u"Fishing Area"_qs, u"A9"_qs, error, u"please select fishing area"_qs, u"A9"_qs, true},
-        {kRegisterId, {}, error, u"please select vessel"_qs, {}, true},
-        {u"Latitude Min"_qs, u"x"_qs, plain, u"Please input latitude in number"_qs, u"x"_qs, false},
-        {u"Latitude Dec"_qs, u"26"_qs, error, u"Dec of Latitude between 0-25"_qs, {}, true},
-        {u"Latitude Min"_qs, u"61"_qs, error, u"Min of Latitude between 0-60"_qs, {}, true},
-        {longitude, u"91"_qs, error, range, {}, true},
-        {longitude, u"126"_qs, error, range, {}, true},
-        {u"Longtitude Min"_qs, u"-1"_qs, error, u"Min of Longtitude between 0-60"_qs, {}, true},
-        {longitude, u"abc"_qs, plain, u"Please input longtitude in number"_qs, u"abc"_qs, false},
-        {u"Bottom Depth(Meter)"_qs, u"deep"_qs, plain, u"Please input bottom depth (Meter) in number"_qs, u"0"_qs,
+        {kState, {}, error, u"please select state  first!"_s, {}, true},
+        {kPort, {}, error, u"please select sammpling port!"_s, {}, true},
+        {u"Fishing Area"_s, u"A9"_s, error, u"please select fishing area"_s, u"A9"_s, true},
+        {kRegisterId, {}, error, u"please select vessel"_s, {}, true},
+        {u"Latitude Min"_s, u"x"_s, plain, u"Please input latitude in number"_s, u"x"_s, false},
+        {u"Latitude Dec"_s, u"26"_s, error, u"Dec of Latitude between 0-25"_s, {}, true},
+        {u"Latitude Min"_s, u"61"_s, error, u"Min of Latitude between 0-60"_s, {}, true},
+        {longitude, u"91"_s, error, range, {}, true},
+        {longitude, u"126"_s, error, range, {}, true},
+        {u"Longtitude Min"_s, u"-1"_s, error, u"Min of Longtitude between 0-60"_s, {}, true},
+        {longitude, u"abc"_s, plain, u"Please input longtitude in number"_s, u"abc"_s, false},
+        {u"Bottom Depth(Meter)"_s, u"deep"_s, plain, u"Please input bottom depth (Meter) in number"_s, u"0"_s, false},
+        {u"Fishing Depth(Meter)"_s, {}, plain, u"Please input depth of water (Meter) in number"_s, u"0"_s, false},
+        {u"No of haul per Trip(haul)"_s, u"two"_s, plain, u"Please input number of haul/trip  in number"_s, u"0"_s,
          false},
-        {u"Fishing Depth(Meter)"_qs, {}, plain, u"Please input depth of water (Meter) in number"_qs, u"0"_qs, false},
-        {u"No of haul per Trip(haul)"_qs, u"two"_qs, plain, u"Please input number of haul/trip  in number"_qs, u"0"_qs,
-         false},
-        {u"Duration of Trip(days)"_qs, u"1 2"_qs, plain, u"Please input dulation of trip  in number"_qs, u"0"_qs,
-         false},
-        {u"Total Catch (kg/trip)"_qs, u"0"_qs, plain, u"Please input Estimate Total Catch(kg/trip)"_qs, {}, true},
-        {u"Fishing Method"_qs, u"Purse"_qs, plain, u"Please select fushing method"_qs, u"Purse"_qs, true},
+        {u"Duration of Trip(days)"_s, u"1 2"_s, plain, u"Please input dulation of trip  in number"_s, u"0"_s, false},
+        {u"Total Catch (kg/trip)"_s, u"0"_s, plain, u"Please input Estimate Total Catch(kg/trip)"_s, {}, true},
+        {u"Fishing Method"_s, u"Purse"_s, plain, u"Please select fushing method"_s, u"Purse"_s, true},
     };
     return all;
 }
@@ -62,7 +62,7 @@ private Q_SLOTS:
             for (const Wrong& other : wrongs()) {
                 shown[other.field] = desk.at().text(other.field);
             }
-            desk.at().button(u"SAVE"_qs)->setFocus();
+            desk.at().button(u"SAVE"_s)->setFocus();
             desk.store.dialogs.expectMessage(wrong.title, wrong.message);
             desk.save();
             QVERIFY2(desk.store.dialogs.done(), qPrintable(wrong.message));
@@ -71,8 +71,8 @@ private Q_SLOTS:
                 QCOMPARE(desk.at().text(text.key()), text.value());
             }
             QVERIFY2(desk.at().focused(wrong.field) == wrong.focused, qPrintable(wrong.message));
-            QCOMPARE(desk.operationCount(), u"0"_qs);
-            QVERIFY(desk.at().enabled(u"SAVE"_qs));
+            QCOMPARE(desk.operationCount(), u"0"_s);
+            QVERIFY(desk.at().enabled(u"SAVE"_s));
             QCOMPARE(desk.store.session.lastSavedOperation, 0);
         }
     }
@@ -80,45 +80,44 @@ private Q_SLOTS:
     void savedAndCleared() {
         Desk desk;
         desk.fill();
-        const std::vector<std::pair<QString, QString>> numbers = {{u"Latitude Dec"_qs, u"25"_qs},
-                                                                  {u"Latitude Min"_qs, u"60"_qs},
-                                                                  {u"Longtitude Dec"_qs, u"101"_qs},
-                                                                  {u"Longtitude Min"_qs, u" 7.250"_qs},
-                                                                  {u"Bottom Depth(Meter)"_qs, u"40"_qs},
-                                                                  {u"Fishing Depth(Meter)"_qs, u"35"_qs},
-                                                                  {u"No of haul per Trip(haul)"_qs, u"4"_qs},
-                                                                  {u"Duration of Trip(days)"_qs, u"2.5"_qs},
-                                                                  {u"Total Catch (kg/trip)"_qs, u"1e3"_qs}};
+        const std::vector<std::pair<QString, QString>> numbers = {{u"Latitude Dec"_s, u"25"_s},
+                                                                  {u"Latitude Min"_s, u"60"_s},
+                                                                  {u"Longtitude Dec"_s, u"101"_s},
+                                                                  {u"Longtitude Min"_s, u" 7.250"_s},
+                                                                  {u"Bottom Depth(Meter)"_s, u"40"_s},
+                                                                  {u"Fishing Depth(Meter)"_s, u"35"_s},
+                                                                  {u"No of haul per Trip(haul)"_s, u"4"_s},
+                                                                  {u"Duration of Trip(days)"_s, u"2.5"_s},
+                                                                  {u"Total Catch (kg/trip)"_s, u"1e3"_s}};
         for (const auto& [caption, number] : numbers) {
             desk.at().type(caption, number);
         }
-        desk.at().press(u"Night"_qs);
-        desk.at().type(u"Recorder"_qs, u"Someone"_qs);
-        desk.at().type(u"Note"_qs, u"calm sea"_qs);
-        qobject_cast<QDateEdit*>(desk.at().field(u"Sampling Date"_qs))->setDate(QDate(1999, 12, 31));
-        QCOMPARE(desk.at().text(u"Sampling Date"_qs), u"31/12/1999"_qs);
+        desk.at().press(u"Night"_s);
+        desk.at().type(u"Recorder"_s, u"Someone"_s);
+        desk.at().type(u"Note"_s, u"calm sea"_s);
+        qobject_cast<QDateEdit*>(desk.at().field(u"Sampling Date"_s))->setDate(QDate(1999, 12, 31));
+        QCOMPARE(desk.at().text(u"Sampling Date"_s), u"31/12/1999"_s);
         desk.saveWell();
-        QCOMPARE(
-            desk.store.rows("select * from fishoperation"),
-            QStringList{u"1|2|Someone|1999-12-31|2|25|60|101|7.25|40|35|Night|4|2.5|1000|calm sea|Sea Star|A2"_qs});
+        QCOMPARE(desk.store.rows("select * from fishoperation"),
+                 QStringList{u"1|2|Someone|1999-12-31|2|25|60|101|7.25|40|35|Night|4|2.5|1000|calm sea|Sea Star|A2"_s});
         QCOMPARE(desk.store.session.lastSavedOperation, 1);
-        QVERIFY(!desk.at().enabled(u"SAVE"_qs));
-        QCOMPARE(desk.at().text(kPort), u"Bex"_qs);
+        QVERIFY(!desk.at().enabled(u"SAVE"_s));
+        QCOMPARE(desk.at().text(kPort), u"Bex"_s);
 
-        desk.at().press(u"CLEAR"_qs);
+        desk.at().press(u"CLEAR"_s);
         QCOMPARE(desk.store.session.lastSavedOperation, 0);
-        QVERIFY(desk.at().enabled(u"SAVE"_qs));
+        QVERIFY(desk.at().enabled(u"SAVE"_s));
         QVERIFY(desk.at().focused(kVesselName));
-        QCOMPARE(desk.at().text(u"No."_qs), u"2"_qs);
-        QCOMPARE(desk.at().text(u"Recorder"_qs), u"Port Sampler"_qs);
-        QVERIFY(desk.at().button(u"Day"_qs)->isChecked());
-        QCOMPARE(qobject_cast<QDateEdit*>(desk.at().field(u"Sampling Date"_qs))->date(), QDate::currentDate());
-        for (const QString& empty : {kState, kPort, kRegisterId, kVesselName, u"Fishing Gear"_qs, u"Fishing Method"_qs,
-                                     u"Fishing Area"_qs, u"Note"_qs}) {
+        QCOMPARE(desk.at().text(u"No."_s), u"2"_s);
+        QCOMPARE(desk.at().text(u"Recorder"_s), u"Port Sampler"_s);
+        QVERIFY(desk.at().button(u"Day"_s)->isChecked());
+        QCOMPARE(qobject_cast<QDateEdit*>(desk.at().field(u"Sampling Date"_s))->date(), QDate::currentDate());
+        for (const QString& empty : {kState, kPort, kRegisterId, kVesselName, u"Fishing Gear"_s, u"Fishing Method"_s,
+                                     u"Fishing Area"_s, u"Note"_s}) {
             QCOMPARE(desk.at().text(empty), QString());
         }
         for (const auto& [caption, number] : numbers) {
-            QCOMPARE(desk.at().text(caption), u"0"_qs);
+            QCOMPARE(desk.at().text(caption), u"0"_s);
         }
         desk.fill();
         desk.saveWell();
@@ -129,15 +128,15 @@ private Q_SLOTS:
 
     void hostileTexts() {
         for (const QString& text :
-             {u"O'Hara'); drop table state; -- 50 %1 \\ \"x\" & [y] <b> ปลาทู 鯖 مرسى 🐟"_qs, QString(10'000, u'鯖')}) {
+             {u"O'Hara'); drop table state; -- 50 %1 \\ \"x\" & [y] <b> ปลาทู 鯖 مرسى 🐟"_s, QString(10'000, u'鯖')}) {
             Desk desk;
             desk.store.db().execute(Sql("insert into fishing_area values(") << text << ",'')");
             desk.store.db().execute(Sql("insert into Fishing_method values(8,") << text << ",1)");
             desk.open();
             const int width = desk.screen->minimumSizeHint().width();
             desk.fill();
-            for (const QString& field : {kState, kPort, kRegisterId, kVesselName, u"Fishing Method"_qs,
-                                         u"Fishing Area"_qs, u"Recorder"_qs, u"Note"_qs}) {
+            for (const QString& field : {kState, kPort, kRegisterId, kVesselName, u"Fishing Method"_s,
+                                         u"Fishing Area"_s, u"Recorder"_s, u"Note"_s}) {
                 desk.at().type(field, text);
             }
             desk.store.dialogs.expectConfirm(kConfirm, stateQuestion(text), true);
@@ -149,52 +148,51 @@ private Q_SLOTS:
             QCOMPARE(desk.store.rows("select vesselid from vessel where vesselname is null"), QStringList{text});
             QCOMPARE(desk.store.rows("select vesselid, areaid, fishing_method, interviewer, note, portid"
                                      " from fishoperation"),
-                     QStringList{u"%1|%1|8|%1|%1|4"_qs.arg(text)});
+                     QStringList{u"%1|%1|8|%1|%1|4"_s.arg(text)});
             QCOMPARE(desk.screen->minimumSizeHint().width(), width);
         }
     }
 
     void noNumberLeft() {
         Desk desk;
-        desk.store.addOperation(32'767, 1, u"2026-01-01"_qs, 1, 1, u"Sea Star"_qs, u"A1"_qs);
-        desk.store.dialogs.expectMessageContaining(u"at most 32767 fishing operations"_qs);
+        desk.store.addOperation(32'767, 1, u"2026-01-01"_s, 1, 1, u"Sea Star"_s, u"A1"_s);
+        desk.store.dialogs.expectMessageContaining(u"at most 32767 fishing operations"_s);
         desk.open();
-        QCOMPARE(desk.at().text(u"No."_qs), QString());
+        QCOMPARE(desk.at().text(u"No."_s), QString());
         desk.fill();
-        desk.at().type(kState, u"Gamma"_qs);
-        desk.store.dialogs.expectMessageContaining(u"at most 32767 fishing operations"_qs);
+        desk.at().type(kState, u"Gamma"_s);
+        desk.store.dialogs.expectMessageContaining(u"at most 32767 fishing operations"_s);
         desk.save();
         QVERIFY(desk.store.dialogs.done());
-        QCOMPARE(desk.operationCount(), u"1"_qs);
-        QCOMPARE(desk.at().text(kState), u"Gamma"_qs);
+        QCOMPARE(desk.operationCount(), u"1"_s);
+        QCOMPARE(desk.at().text(kState), u"Gamma"_s);
     }
 
     void numberGivenElsewhere() {
         Desk desk;
         desk.fill();
-        desk.store.addOperation(1, 1, u"2026-01-01"_qs, 1, 1, u"Sea Star"_qs, u"A1"_qs);
-        desk.store.dialogs.expectMessageContaining(u"this operation now has No. 2"_qs);
+        desk.store.addOperation(1, 1, u"2026-01-01"_s, 1, 1, u"Sea Star"_s, u"A1"_s);
+        desk.store.dialogs.expectMessageContaining(u"this operation now has No. 2"_s);
         desk.save();
-        QCOMPARE(desk.operationCount(), u"1"_qs);
+        QCOMPARE(desk.operationCount(), u"1"_s);
         QCOMPARE(desk.store.session.lastSavedOperation, 0);
         desk.saveWell();
-        QCOMPARE(desk.storedPorts(), (QStringList{u"1"_qs, u"2"_qs}));
+        QCOMPARE(desk.storedPorts(), (QStringList{u"1"_s, u"2"_s}));
     }
 
     void tabOrder() {
         const Desk desk;
         QVERIFY(desk.at().focused(kVesselName));
         for (const QString& next :
-             {kRegisterId, u"Fishing Gear"_qs, u"Fishing Method"_qs, u"Fishing Area"_qs, kState, kPort,
-              u"Sampling Date"_qs, u"Latitude Dec"_qs, u"Latitude Min"_qs, u"Longtitude Dec"_qs, u"Longtitude Min"_qs,
-              u"Fishing time"_qs, u"Bottom Depth(Meter)"_qs, u"Fishing Depth(Meter)"_qs,
-              u"No of haul per Trip(haul)"_qs, u"Duration of Trip(days)"_qs, u"Total Catch (kg/trip)"_qs,
-              u"Recorder"_qs, u"Note"_qs}) {
+             {kRegisterId, u"Fishing Gear"_s, u"Fishing Method"_s, u"Fishing Area"_s, kState, kPort, u"Sampling Date"_s,
+              u"Latitude Dec"_s, u"Latitude Min"_s, u"Longtitude Dec"_s, u"Longtitude Min"_s, u"Fishing time"_s,
+              u"Bottom Depth(Meter)"_s, u"Fishing Depth(Meter)"_s, u"No of haul per Trip(haul)"_s,
+              u"Duration of Trip(days)"_s, u"Total Catch (kg/trip)"_s, u"Recorder"_s, u"Note"_s}) {
             QTest::keyClick(desk.screen->focusWidget(), Qt::Key_Tab);
             QVERIFY2(desk.at().focused(next), qPrintable(next));
         }
         QTest::keyClick(desk.screen->focusWidget(), Qt::Key_Tab);
-        QCOMPARE(desk.screen->focusWidget(), static_cast<QWidget*>(desk.at().button(u"SAVE"_qs)));
+        QCOMPARE(desk.screen->focusWidget(), static_cast<QWidget*>(desk.at().button(u"SAVE"_s)));
     }
 };
 

@@ -9,6 +9,8 @@
 
 namespace kelvora::test {
 
+using namespace Qt::StringLiterals;
+
 /// One of the two imports of the "General Information" screen.
 struct ImportDesk : ReferenceScreen {
     ImportDesk(const QString& onTab, QString frameCaption, QString name, bool empty)
@@ -16,31 +18,31 @@ struct ImportDesk : ReferenceScreen {
 
     /// Chooses a file that holds these bytes; the boxes that are to come then are planned by a function.
     template <typename Plan>
-    void importBytes(const QByteArray& bytes, const Plan& plan, const QString& name = u"import.csv"_qs) {
+    void importBytes(const QByteArray& bytes, const Plan& plan, const QString& name = u"import.csv"_s) {
         QFile file(store.file(name));
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
         file.close();
         store.dialogs.expectOpenFile(file.fileName());
         plan(store.dialogs);
-        press(u"Import"_qs);
+        press(u"Import"_s);
     }
     void importBytes(const QByteArray& bytes) {
         importBytes(bytes, [](ScriptedDialogs&) {});
     }
     void importFile(const std::optional<QString>& path) {
         store.dialogs.expectOpenFile(path);
-        press(u"Import"_qs);
+        press(u"Import"_s);
     }
     void press(const QString& button) const { in(frame).press(button); }
     void expectSave(int rows, bool yes = true) {
-        store.dialogs.expectConfirm(u"CONFIRM"_qs, u"Are you sure to insert '%1' data"_qs.arg(rows), yes);
+        store.dialogs.expectConfirm(u"CONFIRM"_s, u"Are you sure to insert '%1' data"_s.arg(rows), yes);
     }
     void save(const QString& button, int rows, bool yes = true) {
         expectSave(rows, yes);
         press(button);
     }
     [[nodiscard]] QStringList previewed() const { return rows(preview); }
-    [[nodiscard]] QString path() const { return text(QString(preview).replace(u"import"_qs, u"file"_qs)); }
+    [[nodiscard]] QString path() const { return text(QString(preview).replace(u"import"_s, u"file"_s)); }
     [[nodiscard]] bool enabled(const QString& button) const { return in(frame).enabled(button); }
     /// Whether a line of the import reads so.
     [[nodiscard]] bool says(const QString& line) const {
@@ -53,7 +55,7 @@ struct ImportDesk : ReferenceScreen {
 
 /// The values of these names in a file of one line of reference results, joined as the rows of a query are.
 inline QString expectedOf(const QString& name, const QString& wanted) {
-    QFile file(QStringLiteral(KELVORA_TEST_FILES "/") + name);
+    QFile file(u"" KELVORA_TEST_FILES "/"_s + name);
     if (!file.open(QIODevice::ReadOnly)) {
         qFatal("no file %s", qPrintable(name));
     }

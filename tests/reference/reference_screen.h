@@ -11,11 +11,13 @@
 
 namespace kelvora::test {
 
+using namespace Qt::StringLiterals;
+
 using Texts = QList<std::pair<QString, QString>>;
 
 /// The "General Information" screen over a data file of its own, with the usual reference rows or without any.
 struct ReferenceScreen {
-    explicit ReferenceScreen(QString onTab = u"General"_qs, bool empty = false) : tab(std::move(onTab)) {
+    explicit ReferenceScreen(QString onTab = u"General"_s, bool empty = false) : tab(std::move(onTab)) {
         if (!empty) {
             store.addReferenceRows();
         }
@@ -30,7 +32,7 @@ struct ReferenceScreen {
         hand().openTab(tab);
     }
     /// Types into the fields of a frame and presses its button.
-    void add(const QString& frame, const Texts& texts, const QString& button = u"Add"_qs) const {
+    void add(const QString& frame, const Texts& texts, const QString& button = u"Add"_s) const {
         for (const auto& [field, text] : texts) {
             in(frame).type(field, text);
         }
@@ -39,11 +41,11 @@ struct ReferenceScreen {
     /// Answers the question of a list's delete button.
     void remove(const QString& list, const QString& title, const QString& question, bool yes = true) {
         store.dialogs.expectConfirm(title, question, yes);
-        in(list).press(u"Delete"_qs);
+        in(list).press(u"Delete"_s);
     }
     void refuseToRemove(const QString& list, const QString& title, const QString& message) {
         store.dialogs.expectMessage(title, message);
-        in(list).press(u"Delete"_qs);
+        in(list).press(u"Delete"_s);
     }
 
     [[nodiscard]] ScreenDriver hand() const { return ScreenDriver(screen.get()); }

@@ -4,6 +4,8 @@
 
 #include <QLineEdit>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_imports {
 
 using test::ScriptedDialogs;
@@ -27,17 +29,17 @@ auto saying(const QString& title, const QString& text) {
 }
 
 void expectGear(ScriptedDialogs& dialogs, const std::optional<QString>& answer) {
-    dialogs.expectInput(u"New Fishing Gear"_qs, u"You have to insert new fishing gear"_qs, answer);
+    dialogs.expectInput(u"New Fishing Gear"_s, u"You have to insert new fishing gear"_s, answer);
 }
 
 struct SpeciesDesk : test::ImportDesk {
     explicit SpeciesDesk(bool empty = false)
-        : ImportDesk(u"Target Species"_qs, u"IMPORT"_qs, u"Species import"_qs, empty) {}
+        : ImportDesk(u"Target Species"_s, u"IMPORT"_s, u"Species import"_s, empty) {}
 };
 
 struct VesselDesk : test::ImportDesk {
     explicit VesselDesk(bool empty = false)
-        : ImportDesk(u"Fishing Vessel"_qs, u"Vessel import"_qs, u"Vessel import"_qs, empty) {}
+        : ImportDesk(u"Fishing Vessel"_s, u"Vessel import"_s, u"Vessel import"_s, empty) {}
     /// The vessels behind the two that are always there.
     QStringList stored() {
         return store.rows("select vesselname, enginepower, vessellength, vesselsize, gear from vessel").mid(2);
@@ -87,29 +89,29 @@ private Q_SLOTS:
             QString gear;  // of the vessels with the unknown name
             QStringList log;
         };
-        const QString longline = u"Longline"_qs, trap = u"Trap"_qs;
+        const QString longline = u"Longline"_s, trap = u"Trap"_s;
         for (const auto& [answer, yes, gear, log] :
-             {Case{u"as proposed"_qs, true, longline, {u"confirm Longline"_qs, u"add Longline"_qs}},
-              {trap, true, trap, {u"confirm Trap"_qs, u"add Trap"_qs}},
-              {u"as proposed"_qs, false, u""_qs, {u"confirm Longline"_qs}},
-              {u"  "_qs, true, u""_qs, {}},
-              {u"GILL NET"_qs, true, u"Gill net"_qs, {}}}) {
+             {Case{u"as proposed"_s, true, longline, {u"confirm Longline"_s, u"add Longline"_s}},
+              {trap, true, trap, {u"confirm Trap"_s, u"add Trap"_s}},
+              {u"as proposed"_s, false, u""_s, {u"confirm Longline"_s}},
+              {u"  "_s, true, u""_s, {}},
+              {u"GILL NET"_s, true, u"Gill net"_s, {}}}) {
             QStringList asked;
             const auto known = [](const QString& name) {
-                const QStringList stored = QStringList{u"Trawl"_qs, u"Gill net"_qs}.filter(name, Qt::CaseInsensitive);
+                const QStringList stored = QStringList{u"Trawl"_s, u"Gill net"_s}.filter(name, Qt::CaseInsensitive);
                 return stored.isEmpty() || name.trimmed().isEmpty() ? std::nullopt : std::optional(stored.first());
             };
             const auto ask = [&, text = answer](const QString& proposed) {
-                asked.append(u"ask "_qs + proposed);
+                asked.append(u"ask "_s + proposed);
                 return text == u"as proposed" ? proposed : text;
             };
             const auto confirm = [&, agrees = yes](const QString& name) {
-                asked.append(u"confirm "_qs + name);
+                asked.append(u"confirm "_s + name);
                 return agrees;
             };
-            const auto add = [&](const QString& name) { asked.append(u"add "_qs + name); };
+            const auto add = [&](const QString& name) { asked.append(u"add "_s + name); };
             std::vector<CsvRecord> vessels;
-            for (const QString& name : {u"trawl"_qs, longline, u"Trawl"_qs, u"LONGLINE"_qs, longline}) {
+            for (const QString& name : {u"trawl"_s, longline, u"Trawl"_s, u"LONGLINE"_s, longline}) {
                 vessels.push_back({1, QStringList(vesselLayout().width())});
                 vessels.back().fields[kGearColumn] = name;
             }
@@ -118,26 +120,26 @@ private Q_SLOTS:
             for (const CsvRecord& record : vessels) {
                 settled.append(record.fields[kGearColumn]);
             }
-            QCOMPARE(settled, (QStringList{u"trawl"_qs, gear, u"Trawl"_qs, gear, gear}));
-            QCOMPARE(asked, QStringList{u"ask Longline"_qs} + log);
+            QCOMPARE(settled, (QStringList{u"trawl"_s, gear, u"Trawl"_s, gear, gear}));
+            QCOMPARE(asked, QStringList{u"ask Longline"_s} + log);
         }
     }
 
     void refusalsNameTenRowsInShort() {
         std::vector<RefusedRecord> refused;
         for (int line = 2; line <= 1'013; ++line) {
-            refused.push_back({{line, {u"Sea\nStar"_qs.repeated(500)}}, {u"Engine power"_qs, u"Size(GRT)"_qs}});
+            refused.push_back({{line, {u"Sea\nStar"_s.repeated(500)}}, {u"Engine power"_s, u"Size(GRT)"_s}});
         }
         const QStringList lines = refusalText(refused).split(u'\n');
-        QCOMPARE(lines.first().section(u": "_qs, 1), u"1,012. These rows stay in the preview."_qs);
+        QCOMPARE(lines.first().section(u": "_s, 1), u"1,012. These rows stay in the preview."_s);
         QCOMPARE(lines.size(), 2 + 10 + 1);
-        QVERIFY(lines[2].startsWith(u"line 2, Sea StarSea Star"_qs));
-        QVERIFY(lines[2].endsWith(u"…: Engine power, Size(GRT)"_qs));
+        QVERIFY(lines[2].startsWith(u"line 2, Sea StarSea Star"_s));
+        QVERIFY(lines[2].endsWith(u"…: Engine power, Size(GRT)"_s));
         QVERIFY(lines[2].size() < 90);
-        QVERIFY(lines[11].startsWith(u"line 11, "_qs));
-        QCOMPARE(lines[12], u"and 1,002 more"_qs);
+        QVERIFY(lines[11].startsWith(u"line 11, "_s));
+        QCOMPARE(lines[12], u"and 1,002 more"_s);
         refused.resize(10);
-        QVERIFY(!refusalText(refused).contains(u"more"_qs));
+        QVERIFY(!refusalText(refused).contains(u"more"_s));
     }
 
     void newSpecies() {
@@ -146,29 +148,29 @@ private Q_SLOTS:
                          "Mullidae,UPENEUS,vittatus,x\nMullidae,Upeneus,sulphureus,\"O'Hara, \"\"gold\"\"\"\n"
                          ",Upeneus,tragula,\nMullidae,upeneus,sulphureus,again\nScaridae,Scarus,ghobban,\n");
         auto* grid = desk.hand().grid(desk.preview);
-        QCOMPARE(grid->headers().join(u'|'), u"Family|Genus|Species|Common name"_qs);
+        QCOMPARE(grid->headers().join(u'|'), u"Family|Genus|Species|Common name"_s);
         grid->setCurrentRow(2);
-        desk.press(u"DELETE"_qs);  // a row without a family stays
+        desk.press(u"DELETE"_s);  // a row without a family stays
         QCOMPARE(grid->rowCount(), 5);
         grid->setCurrentRow(4);
-        desk.press(u"DELETE"_qs);
+        desk.press(u"DELETE"_s);
         QCOMPARE(grid->currentRow(), 3);
-        desk.save(u"SAVE"_qs, 4, false);
-        desk.save(u"SAVE"_qs, 4);
-        QVERIFY(desk.says(u"stored 2, already known 2, refused 0"_qs));
-        QCOMPARE(desk.rows(u"Target Species"_qs).mid(3),
-                 (QStringList{u"4|Mullidae|Upeneus|sulphureus|O'Hara, \"gold\""_qs, u"5||Upeneus|tragula|"_qs}));
-        QCOMPARE(desk.previewed(), QStringList{u"|||"_qs});
+        desk.save(u"SAVE"_s, 4, false);
+        desk.save(u"SAVE"_s, 4);
+        QVERIFY(desk.says(u"stored 2, already known 2, refused 0"_s));
+        QCOMPARE(desk.rows(u"Target Species"_s).mid(3),
+                 (QStringList{u"4|Mullidae|Upeneus|sulphureus|O'Hara, \"gold\""_s, u"5||Upeneus|tragula|"_s}));
+        QCOMPARE(desk.previewed(), QStringList{u"|||"_s});
         QCOMPARE(desk.path(), QString());
-        QVERIFY(!desk.enabled(u"SAVE"_qs) && !desk.enabled(u"DELETE"_qs));
+        QVERIFY(!desk.enabled(u"SAVE"_s) && !desk.enabled(u"DELETE"_s));
     }
 
     void otherSpeciesFiles() {
         SpeciesDesk desk;
-        desk.importBytes("family;genus;species;name\na;b;c;d\n", saying(u"ERROR"_qs, u"Error File Format"_qs));
+        desk.importBytes("family;genus;species;name\na;b;c;d\n", saying(u"ERROR"_s, u"Error File Format"_s));
         desk.importBytes("1,2,3,Common name\na,b,c,d\na,b,c\n",
-                         saying(u"ERROR"_qs, u"Line 3 does not hold 4 fields, but 3. Nothing was loaded."_qs));
-        for (const QString& button : {u"SAVE"_qs, u"DELETE"_qs, u"CLEAR"_qs}) {
+                         saying(u"ERROR"_s, u"Line 3 does not hold 4 fields, but 3. Nothing was loaded."_s));
+        for (const QString& button : {u"SAVE"_s, u"DELETE"_s, u"CLEAR"_s}) {
             QVERIFY2(!desk.enabled(button), qPrintable(button));
         }
     }
@@ -202,23 +204,23 @@ private Q_SLOTS:
     }
 
     void vesselFiles() {
-        const QString osprey = u"Osprey|007|In Board|080|7.50|Alpha|2|Trawl|1|02|3"_qs;
-        const QString hara = u"O'Hara, \"Sea\"|R\n1|Out Board|1|2|Älpha|3|Gill net|||"_qs;
+        const QString osprey = u"Osprey|007|In Board|080|7.50|Alpha|2|Trawl|1|02|3"_s;
+        const QString hara = u"O'Hara, \"Sea\"|R\n1|Out Board|1|2|Älpha|3|Gill net|||"_s;
         const QByteArray quoted = "\"O'Hara, \"\"Sea\"\"\",\"R\n1\",Out Board,1,2,\xC4lpha,3,\"Gill net\",,,\r\n";
         for (const auto& [bytes, rows] : {std::pair{kHeader + quoted + kWhole + "\n\n", QStringList{hara, osprey}},
                                           {kHeader, QStringList{kBlank}}}) {
             VesselDesk desk;
             QCOMPARE(desk.previewed(), QStringList{kBlank});
-            QVERIFY(!desk.enabled(u"Save"_qs));
+            QVERIFY(!desk.enabled(u"Save"_s));
             desk.importBytes(bytes);
             QCOMPARE(desk.previewed(), rows);
-            QCOMPARE(desk.path(), desk.store.file(u"import.csv"_qs));
-            QVERIFY(desk.hand().edit(u"Vessel file"_qs)->isReadOnly());
-            QCOMPARE(desk.enabled(u"Save"_qs), rows.size() > 1);
-            desk.press(u"Clear"_qs);
+            QCOMPARE(desk.path(), desk.store.file(u"import.csv"_s));
+            QVERIFY(desk.hand().edit(u"Vessel file"_s)->isReadOnly());
+            QCOMPARE(desk.enabled(u"Save"_s), rows.size() > 1);
+            desk.press(u"Clear"_s);
             QCOMPARE(desk.previewed(), QStringList{kBlank});
             QCOMPARE(desk.path(), QString());
-            QVERIFY(!desk.enabled(u"Save"_qs) && !desk.enabled(u"Delete"_qs));
+            QVERIFY(!desk.enabled(u"Save"_s) && !desk.enabled(u"Delete"_s));
         }
     }
 
@@ -227,17 +229,17 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("title");
         QTest::addColumn<QString>("message");
-        const QString csv = u"a.csv"_qs, error = u"ERROR"_qs, title = u"Kelvora"_qs;
-        const QString format = u"Error File Format"_qs;
-        const QString ending = u"Error file type .csv only try again"_qs;
-        const QString uneven = u"Line %1 does not hold 11 fields, but %2. Nothing was loaded."_qs;
+        const QString csv = u"a.csv"_s, error = u"ERROR"_s, title = u"Kelvora"_s;
+        const QString format = u"Error File Format"_s;
+        const QString ending = u"Error file type .csv only try again"_s;
+        const QString uneven = u"Line %1 does not hold 11 fields, but %2. Nothing was loaded."_s;
         const QByteArray binary("\x89PNG\r\n\x1A\n\0\0,\xFF,\xFE\0", 16);
-        QTest::newRow("upper-case ending") << u"a.CSV"_qs << kHeader + kWhole << title << ending;
-        QTest::newRow("no ending") << u"csv"_qs << kHeader + kWhole << title << ending;
+        QTest::newRow("upper-case ending") << u"a.CSV"_s << kHeader + kWhole << title << ending;
+        QTest::newRow("no ending") << u"csv"_s << kHeader + kWhole << title << ending;
         QTest::newRow("binary") << csv << binary << error << format;
         QTest::newRow("short header") << csv << QByteArray("vessel name\n") << error << format;
         for (const char* nothing : {"", "\xEF\xBB\xBF", "\n\n"}) {
-            QTest::newRow("nothing") << csv << QByteArray(nothing) << title << u"No data in this file"_qs;
+            QTest::newRow("nothing") << csv << QByteArray(nothing) << title << u"No data in this file"_s;
         }
         // The gear of the first vessel is unknown: nothing is asked about a file that is refused in the end.
         const QByteArray unknown = vessel("A", "1", "2", "3", "Kite");
@@ -259,9 +261,9 @@ private Q_SLOTS:
         QCOMPARE(desk.previewed(), before);
         QVERIFY(desk.path().isEmpty() || message == u"No data in this file");
         desk.importFile(std::nullopt);
-        desk.store.dialogs.expectOpenFile(desk.store.file(u"missing.csv"_qs));
-        desk.store.dialogs.expectMessageContaining(u"The file cannot be read"_qs);
-        desk.press(u"Import"_qs);
+        desk.store.dialogs.expectOpenFile(desk.store.file(u"missing.csv"_s));
+        desk.store.dialogs.expectMessageContaining(u"The file cannot be read"_s);
+        desk.press(u"Import"_s);
         QCOMPARE(desk.path(), QString());
         desk.importBytes(kHeader + kWhole + kWhole);
         QCOMPARE(desk.previewed().size(), 2);
@@ -272,18 +274,18 @@ private Q_SLOTS:
         desk.store.execute("update Fishing_gear set gearid = 3 where gearid = 2");  // the number of gears + 1 is taken
         const QByteArray kyte = vessel("A", "1", "2", "3", "kyte"), kite = vessel("C", "1", "2", "3", "kite'");
         desk.importBytes(kHeader + kyte + vessel("B", "1", "2", "3", "") + kite, [](ScriptedDialogs& dialogs) {
-            expectGear(dialogs, u"Kite'"_qs);
-            dialogs.expectConfirm(u"Kelvora"_qs, u"Are you sure to insert 'Kite''? "_qs, true);
-            dialogs.expectMessage(u"Insert Complete!"_qs);
+            expectGear(dialogs, u"Kite'"_s);
+            dialogs.expectConfirm(u"Kelvora"_s, u"Are you sure to insert 'Kite''? "_s, true);
+            dialogs.expectMessage(u"Insert Complete!"_s);
             expectGear(dialogs, std::nullopt);
         });
-        desk.hand().choose(u"Type of Gear"_qs, u"Kite'"_qs);
-        desk.press(u"Clear"_qs);
-        QCOMPARE(desk.store.rows("select * from Fishing_gear order by gearid").last(), u"4|Kite'"_qs);
+        desk.hand().choose(u"Type of Gear"_s, u"Kite'"_s);
+        desk.press(u"Clear"_s);
+        QCOMPARE(desk.store.rows("select * from Fishing_gear order by gearid").last(), u"4|Kite'"_s);
 
-        desk.importBytes(kHeader + kyte + kite, [](ScriptedDialogs& dialogs) { expectGear(dialogs, u"trawl"_qs); });
-        desk.save(u"Save"_qs, 2);
-        QCOMPARE(desk.stored(), (QStringList{u"A|1|2|3|1"_qs, u"C|1|2|3|4"_qs}));
+        desk.importBytes(kHeader + kyte + kite, [](ScriptedDialogs& dialogs) { expectGear(dialogs, u"trawl"_s); });
+        desk.save(u"Save"_s, 2);
+        QCOMPARE(desk.stored(), (QStringList{u"A|1|2|3|1"_s, u"C|1|2|3|4"_s}));
     }
 
     void savesWhatIsNewAndWhole() {
@@ -291,27 +293,27 @@ private Q_SLOTS:
         desk.importBytes(kHeader + vessel("sea star") + vessel("O'Hara", " 1e1 ", "-2", "0.5") + vessel("Bad", "") +
                              vessel("Taken out") + vessel("Worse", "1", "2 m", "\"1,5\"") + vessel("O'HARA", "7") +
                              vessel("No gear", "1", "2", "3", "") + vessel("Bad", "4"),
-                         [](ScriptedDialogs& dialogs) { expectGear(dialogs, u""_qs); });
+                         [](ScriptedDialogs& dialogs) { expectGear(dialogs, u""_s); });
         desk.hand().grid(desk.preview)->setCurrentRow(3);
-        desk.press(u"Delete"_qs);
-        desk.save(u"Save"_qs, 7, false);
+        desk.press(u"Delete"_s);
+        desk.save(u"Save"_s, 7, false);
         QCOMPARE(desk.stored(), QStringList());
         desk.expectSave(7);
         desk.store.dialogs.expectMessage(
-            u"ERROR"_qs,
+            u"ERROR"_s,
             u"Not stored, since a number is missing or not numeric: 2. These rows stay in the"
-            " preview.\n\nline 4, Bad: Engine power\nline 6, Worse: Vessel length, Size(GRT)"_qs);
-        desk.press(u"Save"_qs);
-        QCOMPARE(desk.stored(), (QStringList{u"O'Hara|10|-2|0.5|1"_qs, u"No gear|1|2|3|0"_qs, u"Bad|4|2|3|1"_qs}));
-        QVERIFY(desk.says(u"stored 3, already known 2, refused 2"_qs));
+            " preview.\n\nline 4, Bad: Engine power\nline 6, Worse: Vessel length, Size(GRT)"_s);
+        desk.press(u"Save"_s);
+        QCOMPARE(desk.stored(), (QStringList{u"O'Hara|10|-2|0.5|1"_s, u"No gear|1|2|3|0"_s, u"Bad|4|2|3|1"_s}));
+        QVERIFY(desk.says(u"stored 3, already known 2, refused 2"_s));
         QCOMPARE(desk.previewed().size(), 2);
-        QCOMPARE(desk.previewed().first().section(u'|', 0, 3), u"Bad|R|In Board|"_qs);
+        QCOMPARE(desk.previewed().first().section(u'|', 0, 3), u"Bad|R|In Board|"_s);
         // The vessel without a gear is not listed.
-        QCOMPARE(desk.rows(u"FISHING VESSEL"_qs).size(), 4);
-        desk.press(u"Delete"_qs);
-        desk.press(u"Delete"_qs);
+        QCOMPARE(desk.rows(u"FISHING VESSEL"_s).size(), 4);
+        desk.press(u"Delete"_s);
+        desk.press(u"Delete"_s);
         QCOMPARE(desk.previewed().size(), 1);
-        QVERIFY(desk.enabled(u"Save"_qs));
+        QVERIFY(desk.enabled(u"Save"_s));
     }
 
     void aSaveThatFailsStoresNothing() {
@@ -321,12 +323,12 @@ private Q_SLOTS:
             "create trigger full before insert on vessel when new.vesselname = 'B'"
             " begin select raise(abort, 'disk'); end");
         desk.expectSave(2);
-        desk.store.dialogs.expectMessageContaining(u"Nothing was stored"_qs);
-        desk.press(u"Save"_qs);
+        desk.store.dialogs.expectMessageContaining(u"Nothing was stored"_s);
+        desk.press(u"Save"_s);
         QCOMPARE(desk.stored(), QStringList());
         QCOMPARE(desk.previewed().size(), 2);
         desk.store.execute("drop trigger full");
-        desk.save(u"Save"_qs, 2);
+        desk.save(u"Save"_s, 2);
         QCOMPARE(desk.stored().size(), 2);
         QCOMPARE(desk.previewed(), QStringList{kBlank});
     }
@@ -334,17 +336,17 @@ private Q_SLOTS:
     void aCatalogueOfTheWorld() {
         SpeciesDesk desk(true);
         for (const QString& outcome :
-             {u"stored 261, already known 0, refused 0"_qs, u"stored 0, already known 261, refused 0"_qs}) {
-            desk.importFile(QStringLiteral(KELVORA_TEST_FILES "/species_import_world_fishes.csv"));
-            desk.save(u"SAVE"_qs, 261);
+             {u"stored 261, already known 0, refused 0"_s, u"stored 0, already known 261, refused 0"_s}) {
+            desk.importFile(u"" KELVORA_TEST_FILES "/species_import_world_fishes.csv"_s);
+            desk.save(u"SAVE"_s, 261);
             QVERIFY(desk.says(outcome));
             QCOMPARE(desk.store.rows("select count(*), max(fishno), count(distinct family), count(distinct genus),"
                                      " sum(common_name like '%''%'), sum(common_name = ''), max(length(common_name))"
                                      " from fish"),
-                     QStringList{test::expectedOf(u"species_summary.csv"_qs,
+                     QStringList{test::expectedOf(u"species_summary.csv"_s,
                                                   u"rows,distinct_ignoring_case,families,genera,"
                                                   "common_names_with_apostrophe,blank_common_names,"
-                                                  "longest_common_name"_qs)});
+                                                  "longest_common_name"_s)});
         }
     }
 
@@ -352,18 +354,18 @@ private Q_SLOTS:
         VesselDesk desk(true);
         desk.store.execute("insert into Fishing_gear values (1, 'Not stated'), (2, 'Scallop dredge')");
         for (const QString& outcome :
-             {u"stored 3,499, already known 747, refused 0"_qs, u"stored 0, already known 4,246, refused 0"_qs}) {
-            desk.importFile(QStringLiteral(KELVORA_TEST_FILES "/vessel_import_uk_10m_and_under.csv"));
+             {u"stored 3,499, already known 747, refused 0"_s, u"stored 0, already known 4,246, refused 0"_s}) {
+            desk.importFile(u"" KELVORA_TEST_FILES "/vessel_import_uk_10m_and_under.csv"_s);
             QCOMPARE(desk.previewed().size(), 4'246);
-            desk.save(u"Save"_qs, 4'246);
+            desk.save(u"Save"_s, 4'246);
             QVERIFY(desk.says(outcome));
             QCOMPARE(desk.store.rows("select count(*), sum(vesselname like '%''%'), sum(enginetype = 'Out Board'),"
                                      " sum(enginetype = 'In Board'), sum(gear = 2), round(sum(enginepower), 2),"
                                      " round(sum(vessellength), 2), round(sum(vesselsize), 2) from vessel"),
-                     QStringList{test::expectedOf(u"vessel_summary.csv"_qs,
+                     QStringList{test::expectedOf(u"vessel_summary.csv"_s,
                                                   u"distinct_names_ignoring_case,names_with_apostrophe,kept_out_board,"
                                                   "kept_in_board,kept_scallop_dredge,kept_sum_engine_power,"
-                                                  "kept_sum_length,kept_sum_size"_qs)});
+                                                  "kept_sum_length,kept_sum_size"_s)});
         }
     }
 };

@@ -4,47 +4,49 @@
 
 #include <QLineEdit>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_reference_lists {
 
 using test::ReferenceScreen;
 
-const QString kPorts = u"State/Province and Sampling Port"_qs;
-const QString kState = u"State/Province"_qs;
-const QString kPort = u"Sampling port"_qs;
-const QString kMethods = u"Fishing Gear and Method"_qs;
-const QString kGear = u"Fishing gear"_qs;
-const QString kMethod = u"Fishing Method"_qs;
-const QString kAreas = u"Fishing Area"_qs;
-const QString kArea = u"Area Name"_qs;
-const QString kDescription = u"Description"_qs;
-const QString kSpecies = u"Target Species"_qs;
-const QString kConfirm = u"Confirm"_qs;
-const QString kDeletePort = u"Do you want to remove this sampling port"_qs;
-const QString kDeleteArea = u"Do you want to delete this area?"_qs;
+const QString kPorts = u"State/Province and Sampling Port"_s;
+const QString kState = u"State/Province"_s;
+const QString kPort = u"Sampling port"_s;
+const QString kMethods = u"Fishing Gear and Method"_s;
+const QString kGear = u"Fishing gear"_s;
+const QString kMethod = u"Fishing Method"_s;
+const QString kAreas = u"Fishing Area"_s;
+const QString kArea = u"Area Name"_s;
+const QString kDescription = u"Description"_s;
+const QString kSpecies = u"Target Species"_s;
+const QString kConfirm = u"Confirm"_s;
+const QString kDeletePort = u"Do you want to remove this sampling port"_s;
+const QString kDeleteArea = u"Do you want to delete this area?"_s;
 
 /// Something new for the lists; what is asked about it is planned before.
 void addPort(ReferenceScreen& screen, const QString& state, const QString& port, std::optional<bool> answer = {}) {
     if (answer) {
-        screen.store.dialogs.expectConfirm(kConfirm, u"Are you sure to insert sampling port '"_qs + port + u"'"_qs,
+        screen.store.dialogs.expectConfirm(kConfirm, u"Are you sure to insert sampling port '"_s + port + u"'"_s,
                                            *answer);
     }
-    screen.add(u"New sampling port"_qs, {{kState, state}, {kPort, port}}, u"ADD"_qs);
+    screen.add(u"New sampling port"_s, {{kState, state}, {kPort, port}}, u"ADD"_s);
 }
 void addMethod(ReferenceScreen& screen, const QString& gear, const QString& method, std::optional<bool> answer = {}) {
     if (answer) {
-        screen.store.dialogs.expectConfirm(kConfirm, u"Are you sure to insert fishing gear '"_qs + gear + u"'?"_qs,
+        screen.store.dialogs.expectConfirm(kConfirm, u"Are you sure to insert fishing gear '"_s + gear + u"'?"_s,
                                            *answer);
     }
-    screen.add(u"New fishing method"_qs, {{kGear, gear}, {kMethod, method}});
+    screen.add(u"New fishing method"_s, {{kGear, gear}, {kMethod, method}});
 }
 void addArea(const ReferenceScreen& screen, const QString& name, const QString& description) {
     screen.hand().edit(kArea)->setText(name);
-    screen.add(u"New fishing area"_qs, {{kDescription, description}});
+    screen.add(u"New fishing area"_s, {{kDescription, description}});
 }
 void addSpecies(const ReferenceScreen& screen, const QStringList& texts) {
     screen.add(
-        u"New species"_qs,
-        {{u"Family"_qs, texts[0]}, {u"Genus"_qs, texts[1]}, {u"Species"_qs, texts[2]}, {u"Common name"_qs, texts[3]}});
+        u"New species"_s,
+        {{u"Family"_s, texts[0]}, {u"Genus"_s, texts[1]}, {u"Species"_s, texts[2]}, {u"Common name"_s, texts[3]}});
 }
 
 /// States with their ports, gears with their methods, areas and species.
@@ -59,15 +61,15 @@ private Q_SLOTS:
             QStringList newStates, newPorts;
         };
         // A new state stays, though its port is declined.
-        for (const Case& added : {Case{u"beta"_qs, u"Dor"_qs, true, {}, {u"4|Dor|2"_qs}},
-                                  {u"Beta"_qs, u"Abo"_qs, true, {}, {u"4|Abo|2"_qs}},
-                                  {u"Beta"_qs, u"Dor"_qs, false, {}, {}},
-                                  {u"Gamma"_qs, u"Dor"_qs, false, {u"3|Gamma"_qs}, {}},
-                                  {u"Cote d'Ivoire; --"_qs,
-                                   u"L'Anse %1 \\ 'x'"_qs,
+        for (const Case& added : {Case{u"beta"_s, u"Dor"_s, true, {}, {u"4|Dor|2"_s}},
+                                  {u"Beta"_s, u"Abo"_s, true, {}, {u"4|Abo|2"_s}},
+                                  {u"Beta"_s, u"Dor"_s, false, {}, {}},
+                                  {u"Gamma"_s, u"Dor"_s, false, {u"3|Gamma"_s}, {}},
+                                  {u"Cote d'Ivoire; --"_s,
+                                   u"L'Anse %1 \\ 'x'"_s,
                                    true,
-                                   {u"3|Cote d'Ivoire; --"_qs},
-                                   {u"4|L'Anse %1 \\ 'x'|3"_qs}}}) {
+                                   {u"3|Cote d'Ivoire; --"_s},
+                                   {u"4|L'Anse %1 \\ 'x'|3"_s}}}) {
             ReferenceScreen screen;
             addPort(screen, added.state, added.port, added.yes);
             QCOMPARE(screen.store.rows("select * from state where stateid > 2"), added.newStates);
@@ -81,51 +83,50 @@ private Q_SLOTS:
 
     void refusedPorts() {
         ReferenceScreen screen;
-        addPort(screen, {}, u"Abo"_qs);
-        addPort(screen, u"Alpha"_qs, {});
-        screen.store.dialogs.expectMessage(u"ERROR"_qs, u"sampling port repeat please try again"_qs);
-        addPort(screen, u"Alpha"_qs, u"abo"_qs);
+        addPort(screen, {}, u"Abo"_s);
+        addPort(screen, u"Alpha"_s, {});
+        screen.store.dialogs.expectMessage(u"ERROR"_s, u"sampling port repeat please try again"_s);
+        addPort(screen, u"Alpha"_s, u"abo"_s);
         QCOMPARE(screen.text(kPort), QString());
         QVERIFY(screen.hand().focused(kPort));
         QCOMPARE(screen.rows(kPorts).size(), 3);
         // A state that came from elsewhere is not stored again.
         screen.store.execute("insert into state values (3, 'Gamma')");
-        addPort(screen, u"Gamma"_qs, u"Dor"_qs, true);
-        QCOMPARE(screen.store.rows("select * from samplingport where samplingid = 4"), QStringList{u"4|Dor|3"_qs});
-        QCOMPARE(screen.store.rows("select count(*) from state"), QStringList{u"3"_qs});
+        addPort(screen, u"Gamma"_s, u"Dor"_s, true);
+        QCOMPARE(screen.store.rows("select * from samplingport where samplingid = 4"), QStringList{u"4|Dor|3"_s});
+        QCOMPARE(screen.store.rows("select count(*) from state"), QStringList{u"3"_s});
     }
 
     void deletedPorts() {
         ReferenceScreen screen;
-        screen.store.addOperation(1, 1, u"2004-03-01"_qs, 1, 10, u"Sea Star"_qs, u"A1"_qs);
-        screen.refuseToRemove(kPorts, u"ERROR"_qs,
-                              u"Can not remove because sampling port used in Fishing Operation"_qs);
-        screen.hand().move(kPorts, u"Next"_qs);
+        screen.store.addOperation(1, 1, u"2004-03-01"_s, 1, 10, u"Sea Star"_s, u"A1"_s);
+        screen.refuseToRemove(kPorts, u"ERROR"_s, u"Can not remove because sampling port used in Fishing Operation"_s);
+        screen.hand().move(kPorts, u"Next"_s);
         screen.remove(kPorts, kConfirm, kDeletePort, false);
-        QCOMPARE(screen.caption(kPorts), u"Bex"_qs);
+        QCOMPARE(screen.caption(kPorts), u"Bex"_s);
         screen.remove(kPorts, kConfirm, kDeletePort);
-        QCOMPARE(screen.caption(kPorts), u"Abo"_qs);
-        QCOMPARE(screen.rows(kPorts), (QStringList{u"Alpha|Abo"_qs, u"Beta|Cay"_qs}));
-        QCOMPARE(screen.store.rows("select count(*) from state"), QStringList{u"2"_qs});
+        QCOMPARE(screen.caption(kPorts), u"Abo"_s);
+        QCOMPARE(screen.rows(kPorts), (QStringList{u"Alpha|Abo"_s, u"Beta|Cay"_s}));
+        QCOMPARE(screen.store.rows("select count(*) from state"), QStringList{u"2"_s});
 
         // With the last port of a state every state without ports goes, and says so.
         screen.store.execute("insert into state values (3, 'Never a port')");
-        screen.hand().move(kPorts, u"Last"_qs);
+        screen.hand().move(kPorts, u"Last"_s);
         screen.store.dialogs.expectConfirm(kConfirm, kDeletePort, true);
         for (const int stateid : {2, 3}) {
-            screen.store.dialogs.expectMessage(u"'delete from state where stateid = %1'"_qs.arg(stateid));
-            screen.store.dialogs.expectMessage(u"Del state"_qs);
+            screen.store.dialogs.expectMessage(u"'delete from state where stateid = %1'"_s.arg(stateid));
+            screen.store.dialogs.expectMessage(u"Del state"_s);
         }
-        screen.in(kPorts).press(u"Delete"_qs);
-        QCOMPARE(screen.store.rows("select * from state"), QStringList{u"1|Alpha"_qs});
+        screen.in(kPorts).press(u"Delete"_s);
+        QCOMPARE(screen.store.rows("select * from state"), QStringList{u"1|Alpha"_s});
         QCOMPARE(screen.hand().list(kState)->count(), 1);
     }
 
     void portsByName() {
         ReferenceScreen screen;
-        QCOMPARE(screen.screen->getsamplingid(u"Beta"_qs, u"Cay"_qs), 3);
-        screen.store.dialogs.expectMessage(u"No Record"_qs);
-        QVERIFY(!screen.screen->getsamplingid(u"Alpha"_qs, u"Cay"_qs));
+        QCOMPARE(screen.screen->getsamplingid(u"Beta"_s, u"Cay"_s), 3);
+        screen.store.dialogs.expectMessage(u"No Record"_s);
+        QVERIFY(!screen.screen->getsamplingid(u"Alpha"_s, u"Cay"_s));
     }
 
     void newMethods() {
@@ -135,16 +136,16 @@ private Q_SLOTS:
             QStringList newGears, newMethods;
         };
         for (const Case& added :
-             {Case{u"trawl"_qs, u"Beam"_qs, {}, {}, {u"4|Beam|1"_qs}},
-              {u"Gill net"_qs, u"Pair"_qs, {}, {}, {u"4|Pair|2"_qs}},
-              {u"Fisher's '%1'"_qs, u"o'clock\\"_qs, true, {u"3|Fisher's '%1'"_qs}, {u"4|o'clock\\|3"_qs}},
-              {u"Trap"_qs, u"Pot"_qs, false, {}, {}},
-              {u"Trap"_qs, u""_qs, {}, {}, {}},
-              {u""_qs, u"Pot"_qs, {}, {}, {}}}) {
+             {Case{u"trawl"_s, u"Beam"_s, {}, {}, {u"4|Beam|1"_s}},
+              {u"Gill net"_s, u"Pair"_s, {}, {}, {u"4|Pair|2"_s}},
+              {u"Fisher's '%1'"_s, u"o'clock\\"_s, true, {u"3|Fisher's '%1'"_s}, {u"4|o'clock\\|3"_s}},
+              {u"Trap"_s, u"Pot"_s, false, {}, {}},
+              {u"Trap"_s, u""_s, {}, {}, {}},
+              {u""_s, u"Pot"_s, {}, {}, {}}}) {
             ReferenceScreen screen;
             if (added.answer == false) {
-                screen.store.dialogs.expectConfirm(kConfirm, u"Are you sure to insert fishing gear 'Trap'?"_qs, false);
-                screen.store.dialogs.expectMessage(u"RESULT"_qs, u"Insert fishing gear not Complete"_qs);
+                screen.store.dialogs.expectConfirm(kConfirm, u"Are you sure to insert fishing gear 'Trap'?"_s, false);
+                screen.store.dialogs.expectMessage(u"RESULT"_s, u"Insert fishing gear not Complete"_s);
             }
             addMethod(screen, added.gear, added.method, added.answer == true ? added.answer : std::nullopt);
             QCOMPARE(screen.store.rows("select * from Fishing_gear where gearid > 2"), added.newGears);
@@ -159,9 +160,9 @@ private Q_SLOTS:
 
     void secondMethodOfAName() {
         ReferenceScreen screen;
-        screen.store.dialogs.expectMessage(u"Error!"_qs, u"fishing method repeat please try again!"_qs);
-        addMethod(screen, u"Trawl"_qs, u"PAIR"_qs);
-        QCOMPARE(screen.text(kMethod), u"PAIR"_qs);
+        screen.store.dialogs.expectMessage(u"Error!"_s, u"fishing method repeat please try again!"_s);
+        addMethod(screen, u"Trawl"_s, u"PAIR"_s);
+        QCOMPARE(screen.text(kMethod), u"PAIR"_s);
         QCOMPARE(screen.rows(kMethods).size(), 3);
     }
 
@@ -170,74 +171,74 @@ private Q_SLOTS:
         ReferenceScreen screen;
         screen.store.execute("insert into Fishing_gear values (3, 'Trap')");
         screen.store.execute("insert into Fishing_method values (4, 'Pot', 3)");
-        screen.store.addOperation(1, 1, u"2004-03-01"_qs, 3, 10, u"Sea Star"_qs, u"A1"_qs);
+        screen.store.addOperation(1, 1, u"2004-03-01"_s, 3, 10, u"Sea Star"_s, u"A1"_s);
         screen.reopen();
         for (int method = 2; method < 4; ++method) {
-            screen.hand().move(kMethods, u"Next"_qs);
-            screen.refuseToRemove(kMethods, u"Kelvora"_qs,
-                                  u"Can not delete fishing gear because this gear used in another table"_qs);
+            screen.hand().move(kMethods, u"Next"_s);
+            screen.refuseToRemove(kMethods, u"Kelvora"_s,
+                                  u"Can not delete fishing gear because this gear used in another table"_s);
         }
-        screen.hand().move(kMethods, u"Last"_qs);
-        screen.in(kMethods).press(u"Delete"_qs);
-        QCOMPARE(screen.store.rows("select methodid from Fishing_method").join(u' '), u"1 2 3"_qs);
+        screen.hand().move(kMethods, u"Last"_s);
+        screen.in(kMethods).press(u"Delete"_s);
+        QCOMPARE(screen.store.rows("select methodid from Fishing_method").join(u' '), u"1 2 3"_s);
         QCOMPARE(screen.rows(kMethods).size(), 3);
-        QCOMPARE(screen.store.rows("select count(*) from Fishing_gear"), QStringList{u"3"_qs});
+        QCOMPARE(screen.store.rows("select count(*) from Fishing_gear"), QStringList{u"3"_s});
     }
 
     void gearsAreOfferedOnBothTabs() {
         ReferenceScreen screen;
-        addMethod(screen, u"Trap"_qs, u"Pot"_qs, true);
-        screen.store.dialogs.expectMessage(u"Insert Complete!"_qs);
-        screen.screen->findChild<VesselTab*>()->AddGearCounted(u"Hook"_qs);
-        for (const QString& list : {kGear, QString(u"Type of Gear"_qs)}) {
+        addMethod(screen, u"Trap"_s, u"Pot"_s, true);
+        screen.store.dialogs.expectMessage(u"Insert Complete!"_s);
+        screen.screen->findChild<VesselTab*>()->AddGearCounted(u"Hook"_s);
+        for (const QString& list : {kGear, QString(u"Type of Gear"_s)}) {
             QCOMPARE(screen.hand().list(list)->count(), 4);
         }
         QCOMPARE(screen.store.rows("select * from Fishing_gear where gearid > 2"),
-                 (QStringList{u"3|Trap"_qs, u"4|Hook"_qs}));
+                 (QStringList{u"3|Trap"_s, u"4|Hook"_s}));
     }
 
     void newAreas() {
         for (const auto& [name, yes] :
-             {std::pair{u"A0"_qs, false}, {u"Fisher's 'A%1'; --"_qs, true}, {QString(10'000, u'x'), true}}) {
+             {std::pair{u"A0"_s, false}, {u"Fisher's 'A%1'; --"_s, true}, {QString(10'000, u'x'), true}}) {
             ReferenceScreen screen;
-            screen.store.dialogs.expectConfirm(kConfirm, u"Are you sure to insert this fishing area? "_qs, yes);
+            screen.store.dialogs.expectConfirm(kConfirm, u"Are you sure to insert this fishing area? "_s, yes);
             screen.store.dialogs.expectMessage(
-                u"RESULT"_qs, yes ? u"Insert fishing area Complete"_qs : u"Insert fishing area not Complete"_qs);
-            addArea(screen, name, u"o'er there"_qs);
-            QCOMPARE(screen.rows(kAreas).contains(name + u"|o'er there"_qs), yes);
+                u"RESULT"_s, yes ? u"Insert fishing area Complete"_s : u"Insert fishing area not Complete"_s);
+            addArea(screen, name, u"o'er there"_s);
+            QCOMPARE(screen.rows(kAreas).contains(name + u"|o'er there"_s), yes);
             QCOMPARE(screen.text(kArea) + screen.text(kDescription), QString());
         }
     }
 
     void refusedAreas() {
         ReferenceScreen screen;
-        screen.store.dialogs.expectMessage(u"Please insert fishing area"_qs);
+        screen.store.dialogs.expectMessage(u"Please insert fishing area"_s);
         addArea(screen, {}, {});
         QVERIFY(screen.hand().focused(kArea));
-        screen.store.dialogs.expectMessage(u"Please insert description"_qs);
-        addArea(screen, u"A3"_qs, {});
+        screen.store.dialogs.expectMessage(u"Please insert description"_s);
+        addArea(screen, u"A3"_s, {});
         QVERIFY(screen.hand().focused(kDescription));
-        QCOMPARE(screen.text(kArea), u"A3"_qs);
-        screen.store.dialogs.expectMessage(u"ERROR"_qs, u"Fishing area repeat please try again"_qs);
-        addArea(screen, u"a1"_qs, u"elsewhere"_qs);
-        QCOMPARE(screen.rows(kAreas), (QStringList{u"A1|north bank"_qs, u"A2|south bank"_qs}));
+        QCOMPARE(screen.text(kArea), u"A3"_s);
+        screen.store.dialogs.expectMessage(u"ERROR"_s, u"Fishing area repeat please try again"_s);
+        addArea(screen, u"a1"_s, u"elsewhere"_s);
+        QCOMPARE(screen.rows(kAreas), (QStringList{u"A1|north bank"_s, u"A2|south bank"_s}));
     }
 
     void deletedAreas() {
         ReferenceScreen screen;
-        screen.store.addOperation(1, 1, u"2004-03-01"_qs, 1, 10, u"Sea Star"_qs, u"A1"_qs);
-        screen.refuseToRemove(kAreas, u"ERROR"_qs, u"Can not delete because this area used in Fishing Operation"_qs);
-        screen.hand().move(kAreas, u"Last"_qs);
+        screen.store.addOperation(1, 1, u"2004-03-01"_s, 1, 10, u"Sea Star"_s, u"A1"_s);
+        screen.refuseToRemove(kAreas, u"ERROR"_s, u"Can not delete because this area used in Fishing Operation"_s);
+        screen.hand().move(kAreas, u"Last"_s);
         screen.remove(kAreas, kConfirm, kDeleteArea, false);
-        QCOMPARE(screen.caption(kAreas), u"A2"_qs);
+        QCOMPARE(screen.caption(kAreas), u"A2"_s);
         screen.remove(kAreas, kConfirm, kDeleteArea);
-        QCOMPARE(screen.store.rows("select aname from fishing_area"), QStringList{u"A1"_qs});
-        QCOMPARE(screen.caption(kAreas), u"A1"_qs);
+        QCOMPARE(screen.store.rows("select aname from fishing_area"), QStringList{u"A1"_s});
+        QCOMPARE(screen.caption(kAreas), u"A1"_s);
 
         screen.store.execute("delete from fishoperation");
         screen.store.execute("delete from fishing_area");
-        screen.hand().type(kArea, u"A3"_qs);
-        screen.refuseToRemove(kAreas, u"ERROR"_qs, u"It's doesn't have this area"_qs);
+        screen.hand().type(kArea, u"A3"_s);
+        screen.refuseToRemove(kAreas, u"ERROR"_s, u"It's doesn't have this area"_s);
         QCOMPARE(screen.text(kArea), QString());
     }
 
@@ -245,28 +246,28 @@ private Q_SLOTS:
         struct Case {
             QString family, genus, species, commonName, title, refusal;
         };
-        const QString needed = u"Please in put Family ,Genus And speices"_qs;
-        const QString title = u"Kelvora"_qs;
-        for (const Case& added : {Case{u"Mullidae"_qs, u"Upeneus"_qs, u"moluccensis"_qs, u""_qs, {}, {}},
-                                  {u"Mulloidae"_qs, u"Upeneus"_qs, u"vittatus"_qs, u"another family"_qs, {}, {}},
-                                  {u"O'Hara"_qs, u"d'Or"_qs, u"l'eau \\ %1"_qs, u"'; --"_qs, {}, {}},
-                                  {u""_qs, u"Upeneus"_qs, u"moluccensis"_qs, u""_qs, title, needed},
-                                  {u"Mullidae"_qs, u""_qs, u"moluccensis"_qs, u""_qs, title, needed},
-                                  {u"Mullidae"_qs, u"Upeneus"_qs, u""_qs, u""_qs, title, needed},
-                                  {u"Mullidae"_qs, u"upeneus"_qs, u"vittatus"_qs, u"x"_qs, u"ERROR"_qs,
-                                   u"Species repeat please try again"_qs}}) {
+        const QString needed = u"Please in put Family ,Genus And speices"_s;
+        const QString title = u"Kelvora"_s;
+        for (const Case& added :
+             {Case{u"Mullidae"_s, u"Upeneus"_s, u"moluccensis"_s, u""_s, {}, {}},
+              {u"Mulloidae"_s, u"Upeneus"_s, u"vittatus"_s, u"another family"_s, {}, {}},
+              {u"O'Hara"_s, u"d'Or"_s, u"l'eau \\ %1"_s, u"'; --"_s, {}, {}},
+              {u""_s, u"Upeneus"_s, u"moluccensis"_s, u""_s, title, needed},
+              {u"Mullidae"_s, u""_s, u"moluccensis"_s, u""_s, title, needed},
+              {u"Mullidae"_s, u"Upeneus"_s, u""_s, u""_s, title, needed},
+              {u"Mullidae"_s, u"upeneus"_s, u"vittatus"_s, u"x"_s, u"ERROR"_s, u"Species repeat please try again"_s}}) {
             const QStringList texts = {added.family, added.genus, added.species, added.commonName};
             ReferenceScreen screen(kSpecies);
             if (!added.refusal.isEmpty()) {
                 screen.store.dialogs.expectMessage(added.title, added.refusal);
             }
             addSpecies(screen, texts);
-            const QString typed = screen.text(u"Family"_qs) + screen.text(u"Genus"_qs) + screen.text(u"Species"_qs) +
-                                  screen.text(u"Common name"_qs);
+            const QString typed = screen.text(u"Family"_s) + screen.text(u"Genus"_s) + screen.text(u"Species"_s) +
+                                  screen.text(u"Common name"_s);
             QCOMPARE(typed, added.refusal.isEmpty() ? QString() : texts.join(QString()));
-            const QString row = u"4|"_qs + texts.join(u'|');
+            const QString row = u"4|"_s + texts.join(u'|');
             QCOMPARE(screen.rows(kSpecies).mid(3), added.refusal.isEmpty() ? QStringList{row} : QStringList());
-            QCOMPARE(screen.store.rows("select classinterval from fish").join(QString()).remove(u"null"_qs), QString());
+            QCOMPARE(screen.store.rows("select classinterval from fish").join(QString()).remove(u"null"_s), QString());
         }
     }
 
@@ -276,18 +277,18 @@ private Q_SLOTS:
              {Literal("insert into group_composition values (1, 1, 1, 2, 2)"),
               Literal("insert into length values (1, 1, 2)"), Literal("insert into gonad values (1, 1, 2)")}) {
             screen.store.execute(sample);
-            screen.refuseToRemove(kSpecies, u"Kelvora"_qs,
-                                  u"can't delete this species because this species used another table!"_qs);
+            screen.refuseToRemove(kSpecies, u"Kelvora"_s,
+                                  u"can't delete this species because this species used another table!"_s);
             screen.store.execute("delete from group_composition");
             screen.store.execute("delete from length");
         }
-        screen.hand().move(kSpecies, u"Next"_qs);
+        screen.hand().move(kSpecies, u"Next"_s);
         for (const bool yes : {false, true}) {
-            QCOMPARE(screen.caption(kSpecies), u"Upeneus vittatus"_qs);
-            screen.remove(kSpecies, u"CONFIRM"_qs, u"Are you sure to delete this species"_qs, yes);
+            QCOMPARE(screen.caption(kSpecies), u"Upeneus vittatus"_s);
+            screen.remove(kSpecies, u"CONFIRM"_s, u"Are you sure to delete this species"_s, yes);
         }
-        QCOMPARE(screen.store.rows("select fishno from fish"), (QStringList{u"1"_qs, u"3"_qs}));
-        QCOMPARE(screen.caption(kSpecies), u"Rastrelliger kanagurta"_qs);
+        QCOMPARE(screen.store.rows("select fishno from fish"), (QStringList{u"1"_s, u"3"_s}));
+        QCOMPARE(screen.caption(kSpecies), u"Rastrelliger kanagurta"_s);
     }
 
     /// The first row of each list, and its last. The row that is reserved for no species is none.
@@ -296,28 +297,28 @@ private Q_SLOTS:
         screen.store.execute("insert into fish(fishno, genus) values (0, 'none')");
         screen.reopen();
         for (const QString& list : {kPorts, kMethods, kAreas, kSpecies}) {
-            QVERIFY2(screen.rows(list).isEmpty() && !screen.in(list).enabled(u"Delete"_qs), qPrintable(list));
+            QVERIFY2(screen.rows(list).isEmpty() && !screen.in(list).enabled(u"Delete"_s), qPrintable(list));
         }
-        addPort(screen, u"Gamma"_qs, u"Dor"_qs, true);
-        QCOMPARE(screen.store.rows("select * from state, samplingport"), QStringList{u"1|Gamma|1|Dor|1"_qs});
-        addMethod(screen, u"Trap"_qs, u"Pot"_qs, true);
-        QCOMPARE(screen.rows(kMethods), QStringList{u"1|Trap|Pot"_qs});
-        addSpecies(screen, {u"Mullidae"_qs, u"Upeneus"_qs, u"vittatus"_qs, u""_qs});
-        QCOMPARE(screen.rows(kSpecies), QStringList{u"1|Mullidae|Upeneus|vittatus|"_qs});
+        addPort(screen, u"Gamma"_s, u"Dor"_s, true);
+        QCOMPARE(screen.store.rows("select * from state, samplingport"), QStringList{u"1|Gamma|1|Dor|1"_s});
+        addMethod(screen, u"Trap"_s, u"Pot"_s, true);
+        QCOMPARE(screen.rows(kMethods), QStringList{u"1|Trap|Pot"_s});
+        addSpecies(screen, {u"Mullidae"_s, u"Upeneus"_s, u"vittatus"_s, u""_s});
+        QCOMPARE(screen.rows(kSpecies), QStringList{u"1|Mullidae|Upeneus|vittatus|"_s});
         screen.store.execute("insert into fishing_area values ('A1', 'north bank')");
         screen.reopen();
-        QCOMPARE(screen.caption(kMethods) + screen.caption(kSpecies), u"PotUpeneus vittatus"_qs);
+        QCOMPARE(screen.caption(kMethods) + screen.caption(kSpecies), u"PotUpeneus vittatus"_s);
 
-        screen.in(kMethods).press(u"Delete"_qs);
+        screen.in(kMethods).press(u"Delete"_s);
         screen.remove(kAreas, kConfirm, kDeleteArea);
         screen.store.dialogs.expectConfirm(kConfirm, kDeletePort, true);
-        screen.store.dialogs.expectMessage(u"'delete from state where stateid = 1'"_qs);
-        screen.store.dialogs.expectMessage(u"Del state"_qs);
-        screen.in(kPorts).press(u"Delete"_qs);
-        screen.in(kPorts).press(u"Delete"_qs);  // nothing left to delete
+        screen.store.dialogs.expectMessage(u"'delete from state where stateid = 1'"_s);
+        screen.store.dialogs.expectMessage(u"Del state"_s);
+        screen.in(kPorts).press(u"Delete"_s);
+        screen.in(kPorts).press(u"Delete"_s);  // nothing left to delete
         QCOMPARE(screen.caption(kPorts) + screen.caption(kMethods) + screen.caption(kAreas), QString());
-        QVERIFY(!screen.in(kMethods).enabled(u"Delete"_qs) && !screen.in(kAreas).enabled(u"Delete"_qs));
-        QCOMPARE(screen.store.rows("select * from Fishing_gear"), QStringList{u"1|Trap"_qs});
+        QVERIFY(!screen.in(kMethods).enabled(u"Delete"_s) && !screen.in(kAreas).enabled(u"Delete"_s));
+        QCOMPARE(screen.store.rows("select * from Fishing_gear"), QStringList{u"1|Trap"_s});
     }
 };
 

@@ -15,21 +15,23 @@
 
 namespace kelvora::test {
 
-inline const QString kYear = u"Year"_qs;
-inline const QString kSearch = u"Search"_qs;
-inline const QString kExport = u"EXPORT"_qs;
-inline const QString kResult = u"Result"_qs;
-inline const QString kMackerel = u"Rastrelliger kanagurta"_qs;
+using namespace Qt::StringLiterals;
+
+inline const QString kYear = u"Year"_s;
+inline const QString kSearch = u"Search"_s;
+inline const QString kExport = u"EXPORT"_s;
+inline const QString kResult = u"Result"_s;
+inline const QString kMackerel = u"Rastrelliger kanagurta"_s;
 
 /// Four operations of 2004, 400 kg in all, the last one on a port, method, vessel and area that are not registered, and
 /// one of 999 kg on the first day of 2005.
 inline void addWorkedYear(TemporaryStore& store) {
     store.addReferenceRows();
-    store.addOperation(1, 1, u"2004-01-10"_qs, 1, 100, u"Sea Star"_qs, u"A1"_qs);
-    store.addOperation(2, 3, u"2004-03-05"_qs, 3, 297.5, u"Blue Fin"_qs, u"A2"_qs);
-    store.addOperation(3, 2, u"2004-03-20"_qs, 2, 2, u"Sea Star"_qs, u"A1"_qs);
-    store.addOperation(4, 99, u"2004-12-31"_qs, 99, 0.5, u"Ghost"_qs, u"A9"_qs);
-    store.addOperation(5, 1, u"2005-01-01"_qs, 1, 999, u"Sea Star"_qs, u"A1"_qs);
+    store.addOperation(1, 1, u"2004-01-10"_s, 1, 100, u"Sea Star"_s, u"A1"_s);
+    store.addOperation(2, 3, u"2004-03-05"_s, 3, 297.5, u"Blue Fin"_s, u"A2"_s);
+    store.addOperation(3, 2, u"2004-03-20"_s, 2, 2, u"Sea Star"_s, u"A1"_s);
+    store.addOperation(4, 99, u"2004-12-31"_s, 99, 0.5, u"Ghost"_s, u"A9"_s);
+    store.addOperation(5, 1, u"2005-01-01"_s, 1, 999, u"Sea Star"_s, u"A1"_s);
 }
 
 inline QByteArray contents(const QString& path) {
@@ -39,7 +41,7 @@ inline QByteArray contents(const QString& path) {
 
 /// The lines of a file of reference results behind its header, or from another line on, each as its fields.
 inline std::vector<QStringList> linesOf(const QString& name, qsizetype first = 1) {
-    const QByteArray file = contents(QStringLiteral(KELVORA_TEST_FILES "/") + name);
+    const QByteArray file = contents(u"" KELVORA_TEST_FILES "/"_s + name);
     std::vector<QStringList> lines;
     for (const QString& line : QString::fromUtf8(file).trimmed().split(u'\n').mid(first)) {
         lines.push_back(line.trimmed().split(u','));
@@ -64,7 +66,7 @@ inline QString barsOn(const ReportChart& chart) {
             for (int i = 0; i < set->count(); ++i) {
                 values << QString::number(set->at(chart.picture().standing ? i : set->count() - 1 - i));
             }
-            lines << set->label() + u": "_qs + values.join(u' ');
+            lines << set->label() + u": "_s + values.join(u' ');
         }
     }
     return lines.join(u';');
@@ -95,7 +97,7 @@ struct Report {
         ui().press(kSearch);
     }
     void search(const QString& year, const QString& species) const {
-        ui().choose(u"Species"_qs, species);
+        ui().choose(u"Species"_s, species);
         search(year);
     }
     [[nodiscard]] QString headers(const QString& grid = kResult) const { return ui().grid(grid)->headers().join(u';'); }
@@ -105,10 +107,10 @@ struct Report {
     [[nodiscard]] QString drawnGroups() const { return chart().picture().groups.join(u';'); }
     [[nodiscard]] bool canExport() const { return ui().enabled(kExport); }
     [[nodiscard]] QByteArray exported() {
-        const QString path = store.file(u"report"_qs);
+        const QString path = store.file(u"report"_s);
         store.dialogs.expectSaveFile(path);
         ui().press(kExport);
-        return contents(path + u".csv"_qs);
+        return contents(path + u".csv"_s);
     }
 
     TemporaryStore store;

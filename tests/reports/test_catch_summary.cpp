@@ -11,18 +11,20 @@
 #include <QLocale>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_catch_summary {
 
 using namespace test;
 using Summary = Report<CatchSummaryScreen>;
 
-const QString kRecords = u"Total Record"_qs;
-const QString kTotal = u"Total catch of this year (kg.)"_qs;
-const QString kWord = u"Number of Record and estimate Total catch by"_qs;
-const QString kByState = u"By State"_qs;
-const QString kByVessel = u"By Vessel"_qs;
-const QString kByMonth = u"By Month"_qs;
-const QString kStateHeaders = u"State;Number(Record);Total catch(kg.);%total catch"_qs;
+const QString kRecords = u"Total Record"_s;
+const QString kTotal = u"Total catch of this year (kg.)"_s;
+const QString kWord = u"Number of Record and estimate Total catch by"_s;
+const QString kByState = u"By State"_s;
+const QString kByVessel = u"By Vessel"_s;
+const QString kByMonth = u"By Month"_s;
+const QString kStateHeaders = u"State;Number(Record);Total catch(kg.);%total catch"_s;
 
 /// The operations of a year by each grouping, and their export, as a sampler asks for them.
 class TestCatchSummary : public QObject {
@@ -31,12 +33,12 @@ class TestCatchSummary : public QObject {
 private Q_SLOTS:
     void opensEmpty() {
         const Summary report;
-        QCOMPARE(report.screen->windowTitle(), u"Number of record and estimate total catch"_qs);
+        QCOMPARE(report.screen->windowTitle(), u"Number of record and estimate total catch"_s);
         QCOMPARE(report.rows() + report.ui().text(kTotal), QString());
         QVERIFY(!report.canExport() && !report.ui().enabled(kByMonth));
-        QCOMPARE(report.ui().list(kYear)->itemText(0) + u' ' + report.ui().list(kYear)->itemText(1), u"2004 2005"_qs);
+        QCOMPARE(report.ui().list(kYear)->itemText(0) + u' ' + report.ui().list(kYear)->itemText(1), u"2004 2005"_s);
         report.ui().press(kSearch);
-        report.ui().type(kYear, u"2003"_qs);
+        report.ui().type(kYear, u"2003"_s);
         report.ui().press(kSearch);
         QCOMPARE(report.ui().text(kRecords), QString());
     }
@@ -62,35 +64,35 @@ private Q_SLOTS:
         QFETCH(QString, rows);
         const QString option = QString::fromLatin1(QTest::currentDataTag());
         Summary report;
-        report.search(u"2004"_qs);
+        report.search(u"2004"_s);
         QVERIFY(report.ui().button(kByState)->isChecked());
-        QCOMPARE(report.ui().text(kRecords) + u' ' + report.ui().text(kTotal), u"4 400"_qs);
+        QCOMPARE(report.ui().text(kRecords) + u' ' + report.ui().text(kTotal), u"4 400"_s);
         if (option != kByState) {
             report.ui().press(option);
         }
         QCOMPARE(report.ui().text(kWord), words[0]);
-        const QString headers = words[1] + u";Number(Record);Total Catch(kg.);%total catch"_qs;
+        const QString headers = words[1] + u";Number(Record);Total Catch(kg.);%total catch"_s;
         QCOMPARE(report.headers(), option == kByState ? kStateHeaders : headers);
         QCOMPARE(report.rows(), rows);
         const QString file =
             u"Fishing Operation data In 2004 By %1\r\nTotal catch of this year is 400kg.\r\n%2\r\n%1"
-            ",Number(Record),Total Catch(kg.),%total catch\r\n%3,\r\n"_qs;
+            ",Number(Record),Total Catch(kg.),%total catch\r\n%3,\r\n"_s;
         QCOMPARE(report.exported(), file.arg(words[2], QString::fromLocal8Bit(exportDay()),
-                                             QString(rows).replace(u'|', u',').replace(u";"_qs, u",\r\n"_qs))
+                                             QString(rows).replace(u'|', u',').replace(u";"_s, u",\r\n"_s))
                                         .toLocal8Bit());
-        report.search(u"2005"_qs);
+        report.search(u"2005"_s);
         QVERIFY(report.ui().button(kByState)->isChecked());
-        QCOMPARE(report.rows(), u"Alpha|1|999|100.00"_qs);
+        QCOMPARE(report.rows(), u"Alpha|1|999|100.00"_s);
     }
 
     void tabFollowsTheReading() {
         const Summary report;
-        report.search(u"2004"_qs);
+        report.search(u"2004"_s);
         report.screen->show();
         report.screen->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(report.screen.get()));
         report.ui().list(kYear)->setFocus();
-        for (const QString& next : {kSearch, kByState, kExport, kResult, u"Picture"_qs, kYear}) {
+        for (const QString& next : {kSearch, kByState, kExport, kResult, u"Picture"_s, kYear}) {
             QTest::keyClick(report.screen->focusWidget(), Qt::Key_Tab);
             const bool isButton = next == kExport || next == kByState;
             QCOMPARE(report.screen->focusWidget(), isButton ? report.ui().button(next) : report.ui().field(next));
@@ -100,14 +102,14 @@ private Q_SLOTS:
     void enterSearches() {
         const Summary report;
         report.screen->show();
-        report.search(u"2005"_qs);
+        report.search(u"2005"_s);
         for (QWidget* field : {report.ui().field(kYear), static_cast<QWidget*>(report.ui().button(kByState)),
                                report.ui().field(kResult), report.ui().field(kSearch)}) {
-            const QString year = report.ui().text(kTotal) == u"400" ? u"2005"_qs : u"2004"_qs;
+            const QString year = report.ui().text(kTotal) == u"400" ? u"2005"_s : u"2004"_s;
             report.ui().choose(kYear, year);
             field->setFocus();
             QTest::keyClick(field, Qt::Key_Return);
-            QCOMPARE(report.ui().text(kTotal), year == u"2004" ? u"400"_qs : u"999"_qs);
+            QCOMPARE(report.ui().text(kTotal), year == u"2004" ? u"400"_s : u"999"_s);
         }
     }
 
@@ -115,34 +117,34 @@ private Q_SLOTS:
     void aYearThatLostItsOperations() {
         Summary report;
         report.screen->show();
-        report.search(u"2004"_qs);
+        report.search(u"2004"_s);
         report.ui().press(kByMonth);
         report.store.execute("delete from fishoperation where optid = 5");
-        report.store.dialogs.expectMessage(u"RESULT"_qs, u"No data in this year!"_qs);
+        report.store.dialogs.expectMessage(u"RESULT"_s, u"No data in this year!"_s);
         report.ui().list(kYear)->setFocus();
         report.ui().list(kYear)->clearEditText();
-        QTest::keyClicks(report.ui().list(kYear), u"2005"_qs);
+        QTest::keyClicks(report.ui().list(kYear), u"2005"_s);
         QWidget* offered = report.ui().list(kYear)->completer()->popup();
         QVERIFY(offered->isVisible());
         QTest::keyClick(offered, Qt::Key_Return);
         QVERIFY(report.store.dialogs.done());
         QCOMPARE(report.ui().text(kRecords) + report.ui().text(kTotal) + report.ui().text(kWord), QString());
         QCOMPARE(report.headers(), kStateHeaders);
-        QCOMPARE(report.rows() + report.drawn(), u"|||"_qs);
+        QCOMPARE(report.rows() + report.drawn(), u"|||"_s);
         QVERIFY(!report.canExport() && report.ui().enabled(kByMonth));
-        report.ui().choose(kYear, u"2004"_qs);
+        report.ui().choose(kYear, u"2004"_s);
         report.ui().press(kByMonth);
-        QCOMPARE(report.rows(), u"January|1|100|;March|2|299.5|;December|1|0.5|"_qs);
+        QCOMPARE(report.rows(), u"January|1|100|;March|2|299.5|;December|1|0.5|"_s);
         QVERIFY(!report.canExport());
     }
 
     void anotherYearWithoutASearchKeepsTheTotal() {
         Summary report;
-        report.search(u"2004"_qs);
-        report.ui().choose(kYear, u"2005"_qs);
+        report.search(u"2004"_s);
+        report.ui().choose(kYear, u"2005"_s);
         report.ui().press(kByMonth);
-        QCOMPARE(report.rows(), u"January|1|999|249.75"_qs);
-        QCOMPARE(report.ui().text(kTotal), u"400"_qs);
+        QCOMPARE(report.rows(), u"January|1|999|249.75"_s);
+        QCOMPARE(report.ui().text(kTotal), u"400"_s);
         const QByteArray file = report.exported();
         QVERIFY(file.startsWith("Fishing Operation data In 2005 By Month\r\nTotal catch of this year is 400kg.\r\n"));
         QVERIFY(file.endsWith("\r\nJanuary,1,999,249.75,\r\n"));
@@ -150,36 +152,36 @@ private Q_SLOTS:
 
     void aGroupingWithoutRowsLeavesTheGrid() {
         Summary report;
-        report.search(u"2004"_qs);
+        report.search(u"2004"_s);
         report.store.execute("delete from vessel");
         report.ui().press(kByVessel);
-        QCOMPARE(report.rows(), u"Alpha|2|102|25.50;Beta|1|297.5|74.38"_qs);
+        QCOMPARE(report.rows(), u"Alpha|2|102|25.50;Beta|1|297.5|74.38"_s);
         QVERIFY(report.headers().startsWith(u"Vessel name;"));
-        QCOMPARE(report.chart().picture().title, u"Estimated catch 2004 by State"_qs);
+        QCOMPARE(report.chart().picture().title, u"Estimated catch 2004 by State"_s);
         QCOMPARE(report.exported(), QByteArray());
     }
 
     void whatFailsLeavesTheScreen() {
         Summary report;
         auto& dialogs = report.store.dialogs;
-        report.search(u"2004"_qs);
+        report.search(u"2004"_s);
         report.store.execute("drop table vessel");
-        dialogs.expectMessageContaining(u"vessel"_qs);
+        dialogs.expectMessageContaining(u"vessel"_s);
         report.ui().press(kByVessel);
         QVERIFY(report.ui().button(kByState)->isChecked());
-        QCOMPARE(report.ui().text(kWord), u"State"_qs);
+        QCOMPARE(report.ui().text(kWord), u"State"_s);
 
         const QStringList before = QDir(report.store.file({})).entryList(QDir::Files);
         dialogs.expectSaveFile(std::nullopt);
         report.ui().press(kExport);
-        dialogs.expectSaveFile(report.store.file(u"no such folder/catch.csv"_qs));
-        dialogs.expectMessageContaining(u"no such folder/catch.csv"_qs);
+        dialogs.expectSaveFile(report.store.file(u"no such folder/catch.csv"_s));
+        dialogs.expectMessageContaining(u"no such folder/catch.csv"_s);
         report.ui().press(kExport);
         QCOMPARE(QDir(report.store.file({})).entryList(QDir::Files), before);
 
         report.ui().type(kYear, QString());
         for (const QString& button : {kByMonth, kExport}) {
-            dialogs.expectMessage(u"Please choose a year from the list"_qs);
+            dialogs.expectMessage(u"Please choose a year from the list"_s);
             report.ui().press(button);
             QVERIFY(report.ui().button(kByState)->isChecked());
         }
@@ -189,23 +191,23 @@ private Q_SLOTS:
     void namesAndTotalsAreExportedAsTheyAre() {
         Summary report;
         report.store.execute("update state set statename = null where stateid = 1");
-        const QString name = u"'; drop table state; -- & [x], \"Ålesund\" %1"_qs;
+        const QString name = u"'; drop table state; -- & [x], \"Ålesund\" %1"_s;
         report.store.db().execute(Sql("update state set statename = ") << name << " where stateid = 2");
         const auto lines = [&](const QString& total) {
             return catchSummaryCsv(report.store.db(), catchGroupings()[0], 2004, total, QDate())
                 .text()
-                .split(u"\r\n"_qs);
+                .split(u"\r\n"_s);
         };
-        QCOMPARE(lines({})[1], u"Total catch of this year is kg."_qs);
-        QCOMPARE(lines({}).mid(5), (QStringList{u",2,102,,"_qs, name + u",1,297.5,,"_qs, QString()}));
-        QCOMPARE(lines(u"1.02"_qs)[5], u",2,102,10000.00,"_qs);
+        QCOMPARE(lines({})[1], u"Total catch of this year is kg."_s);
+        QCOMPARE(lines({}).mid(5), (QStringList{u",2,102,,"_s, name + u",1,297.5,,"_s, QString()}));
+        QCOMPARE(lines(u"1.02"_s)[5], u",2,102,10000.00,"_s);
     }
 
     void monthsAndDatesFollowTheSystem() {
         Summary report;
         const auto export2004 = [&] {
             const CatchGrouping& byMonth = catchGroupings()[5];
-            return catchSummaryCsv(report.store.db(), byMonth, 2004, u"400"_qs, QDate(2026, 11, 16)).text();
+            return catchSummaryCsv(report.store.db(), byMonth, 2004, u"400"_s, QDate(2026, 11, 16)).text();
         };
         QVERIFY(export2004().contains(u"\r\nEXPORT Date : 16/11/2026\r\n"));
         const QLocale before;

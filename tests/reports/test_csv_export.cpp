@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_csv_export {
 
 /// The file that an export becomes: its bytes and its name.
@@ -15,26 +17,26 @@ class TestCsvExport : public QObject {
 private Q_SLOTS:
     void bytes() {
         const QTemporaryDir folder;
-        const QString path = folder.filePath(u"a.csv"_qs);
+        const QString path = folder.filePath(u"a.csv"_s);
         CsvText longer;
         longer.addLine(QString(5'000, u'o'));
         saveCsv(path, longer);
         CsvText csv;
-        csv.addLine(u"Ålesund ปลา"_qs);
+        csv.addLine(u"Ålesund ปลา"_s);
         csv.addLine();
-        csv.addValues({u"Kay, north \"K\""_qs, QString(), u"7"_qs});
+        csv.addValues({u"Kay, north \"K\""_s, QString(), u"7"_s});
         csv.addValues({QString(), QString()});
         saveCsv(path, csv);
         QCOMPARE(test::contents(path), QByteArray("Ålesund ปลา\r\n\r\nKay, north \"K\",,7,\r\n,,\r\n"));
-        QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{u"a.csv"_qs});
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{u"a.csv"_s});
     }
 
     void endings() {
-        QCOMPARE(withCsvEnding(u"/r/catch"_qs), u"/r/catch.csv"_qs);
-        QCOMPARE(withCsvEnding(u"/r.d/catch"_qs), u"/r.d/catch.csv"_qs);
-        QCOMPARE(withCsvEnding(u"/r/catch."_qs), u"/r/catch.csv"_qs);
-        QCOMPARE(withCsvEnding(u"/r/catch.CSV"_qs), u"/r/catch.CSV"_qs);
-        QCOMPARE(withCsvEnding(u"/r/catch.txt"_qs), u"/r/catch.txt"_qs);
+        QCOMPARE(withCsvEnding(u"/r/catch"_s), u"/r/catch.csv"_s);
+        QCOMPARE(withCsvEnding(u"/r.d/catch"_s), u"/r.d/catch.csv"_s);
+        QCOMPARE(withCsvEnding(u"/r/catch."_s), u"/r/catch.csv"_s);
+        QCOMPARE(withCsvEnding(u"/r/catch.CSV"_s), u"/r/catch.CSV"_s);
+        QCOMPARE(withCsvEnding(u"/r/catch.txt"_s), u"/r/catch.txt"_s);
     }
 };
 

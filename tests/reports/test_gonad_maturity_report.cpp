@@ -10,14 +10,16 @@
 
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_gonad_maturity_report {
 
 using namespace test;
 
-const QString kSexes = u"Month by sex"_qs;
-const QString kFemale = u"FEMALE"_qs;
-const QString kMale = u"MALE"_qs;
-const QString kNone = u"NONE IDENTIFY"_qs;
+const QString kSexes = u"Month by sex"_s;
+const QString kFemale = u"FEMALE"_s;
+const QString kMale = u"MALE"_s;
+const QString kNone = u"NONE IDENTIFY"_s;
 
 /// The report over two females and a male of March, a female of January.
 struct Gonads : Report<GonadMaturityReportScreen> {
@@ -31,7 +33,7 @@ struct Gonads : Report<GonadMaturityReportScreen> {
 /// The dated fish of a species as the port office would have counted them: an operation a day, species 7, stages 0 to
 /// 10 by their numbers.
 void addDatedFish(TemporaryStore& store, const QString& species) {
-    const std::map<QChar, QString> sexes{{u'f', u"Female"_qs}, {u'm', u"Male"_qs}, {u'u', u"None"_qs}};
+    const std::map<QChar, QString> sexes{{u'f', u"Female"_s}, {u'm', u"Male"_s}, {u'u', u"None"_s}};
     Transaction transaction(store.db());
     store.execute("insert into fish(fishno, genus, fishname) values (7, 'Examined', 'fish')");
     store.execute("delete from gonad_stage");
@@ -40,7 +42,7 @@ void addDatedFish(TemporaryStore& store, const QString& species) {
     }
     std::map<QString, int> days;
     int number = 0;
-    for (const QStringList& fish : linesOf(u"gonad_dated_fish.csv"_qs)) {
+    for (const QStringList& fish : linesOf(u"gonad_dated_fish.csv"_s)) {
         if (fish[0] != species) {
             continue;
         }
@@ -61,8 +63,8 @@ QStringList cells(const ResultSet& table, int year, const QString& prefix = {}) 
     for (const auto& row : table.rows) {
         for (std::size_t column = 1; column < row.size(); ++column) {
             if (row[column].isValid()) {
-                shown << u"%1 %2|%3|%4"_qs.arg(year).arg(row[0].toString(), prefix + table.columns[column],
-                                                         displayText(row[column]));
+                shown << u"%1 %2|%3|%4"_s.arg(year).arg(row[0].toString(), prefix + table.columns[column],
+                                                        displayText(row[column]));
             }
         }
     }
@@ -76,7 +78,7 @@ QStringList expectedCells(const QString& result, const QString& file) {
         if (line[0] == file) {
             const QString month = line[1].first(4) + u' ' + monthName(line[1].mid(5).toInt());
             expected << month + u'|' +
-                            (line.size() == 5 ? u"%1|%2-s|%3"_qs.arg(line[2], line[3], line[4])
+                            (line.size() == 5 ? u"%1|%2-s|%3"_s.arg(line[2], line[3], line[4])
                                               : line.mid(2).join(u'|'));
         }
     }
@@ -91,30 +93,30 @@ class TestGonadMaturityReport : public QObject {
 private Q_SLOTS:
     void tables() {
         Gonads report;
-        QCOMPARE(report.screen->windowTitle(), u"Gonad Matuarity Report"_qs);
+        QCOMPARE(report.screen->windowTitle(), u"Gonad Matuarity Report"_s);
         QVERIFY(!report.canExport());
-        report.search(u"2004"_qs, kMackerel);
-        QCOMPARE(report.headers(kSexes), u"Month/SEX;Female;Male"_qs);
-        QCOMPARE(report.rows(kSexes), u"January|1|;March|2|1"_qs);
-        QCOMPARE(report.headers(kFemale), u"Month/Stage;1-Immature;3-Ripe"_qs);
-        QCOMPARE(report.rows(kFemale), u"March|1|1;January|1|"_qs);
-        QCOMPARE(report.headers(kMale), u"Month/Stage;2-Maturing"_qs);
-        QCOMPARE(report.rows(kMale), u"March|1"_qs);
-        QCOMPARE(report.rows(kNone), u"|"_qs);
+        report.search(u"2004"_s, kMackerel);
+        QCOMPARE(report.headers(kSexes), u"Month/SEX;Female;Male"_s);
+        QCOMPARE(report.rows(kSexes), u"January|1|;March|2|1"_s);
+        QCOMPARE(report.headers(kFemale), u"Month/Stage;1-Immature;3-Ripe"_s);
+        QCOMPARE(report.rows(kFemale), u"March|1|1;January|1|"_s);
+        QCOMPARE(report.headers(kMale), u"Month/Stage;2-Maturing"_s);
+        QCOMPARE(report.rows(kMale), u"March|1"_s);
+        QCOMPARE(report.rows(kNone), u"|"_s);
         report.front()->setCurrentIndex(3);
         QCOMPARE(report.drawn(), QString());
         QCOMPARE(report.exported(), "Gonad Maturity data In 2004\r\nSpecies Rastrelliger kanagurta\r\n" + exportDay() +
                                         "Month/SEX,Female,Male,\r\nJanuary,1,,\r\nMarch,2,1,\r\n");
-        report.search(u"2005"_qs, kMackerel);
-        QCOMPARE(report.headers(kSexes), u"Month/SEX;Juvenile"_qs);
-        QCOMPARE(report.rows(kFemale), u"|"_qs);
+        report.search(u"2005"_s, kMackerel);
+        QCOMPARE(report.headers(kSexes), u"Month/SEX;Juvenile"_s);
+        QCOMPARE(report.rows(kFemale), u"|"_s);
         QVERIFY(report.canExport());
 
-        report.store.dialogs.expectMessage(u"RESULT"_qs, u"No data in this year"_qs);
-        report.search(u"2004"_qs, u"Upeneus vittatus"_qs);
-        QCOMPARE(report.rows(kSexes) + u' ' + report.headers(kSexes), u"||| ;;;"_qs);
+        report.store.dialogs.expectMessage(u"RESULT"_s, u"No data in this year"_s);
+        report.search(u"2004"_s, u"Upeneus vittatus"_s);
+        QCOMPARE(report.rows(kSexes) + u' ' + report.headers(kSexes), u"||| ;;;"_s);
         for (const QString& table : {kFemale, kMale, kNone}) {
-            QCOMPARE(report.rows(table), u"|"_qs);
+            QCOMPARE(report.rows(table), u"|"_s);
         }
         QVERIFY(!report.canExport());
     }
@@ -126,19 +128,19 @@ private Q_SLOTS:
         report.store.execute(
             "insert into gonad_detail(optid, spid, samplingno, sex, stage) values (1,1,2,'Male',10), (4,1,1,'male',1),"
             " (4,1,2,'None',2), (1,1,3,'None',2), (4,1,3,'Juvenile',1), (4,1,4,'Female',2)");
-        report.search(u"2004"_qs, kMackerel);
-        QCOMPARE(report.headers(kSexes), u"Month/SEX;Female;Juvenile;Male;None"_qs);
-        QCOMPARE(report.rows(kSexes), u"April|1|1|1|1;January|1||1|1;March|2||1|"_qs);
-        QCOMPARE(report.headers(kMale), u"Month/Stage;1-Immature;10-Resting;2-Maturing"_qs);
-        QCOMPARE(report.rows(kMale), u"April|1||;January||1|;March|||1"_qs);
-        QCOMPARE(report.rows(kNone), u"April|1;January|1"_qs);
-        QCOMPARE(report.rows(kFemale), u"March|1||1;January|1||;April||1|"_qs);
+        report.search(u"2004"_s, kMackerel);
+        QCOMPARE(report.headers(kSexes), u"Month/SEX;Female;Juvenile;Male;None"_s);
+        QCOMPARE(report.rows(kSexes), u"April|1|1|1|1;January|1||1|1;March|2||1|"_s);
+        QCOMPARE(report.headers(kMale), u"Month/Stage;1-Immature;10-Resting;2-Maturing"_s);
+        QCOMPARE(report.rows(kMale), u"April|1||;January||1|;March|||1"_s);
+        QCOMPARE(report.rows(kNone), u"April|1;January|1"_s);
+        QCOMPARE(report.rows(kFemale), u"March|1||1;January|1||;April||1|"_s);
 
         // The pictures go by the calendar and by the numbers of the stages.
-        QCOMPARE(report.drawnGroups(), u"Jan;Mar;Apr"_qs);
-        QCOMPARE(report.drawn(), u"Female: 1 2 1;Juvenile: 0 0 1;Male: 1 1 1;None: 1 0 1"_qs);
+        QCOMPARE(report.drawnGroups(), u"Jan;Mar;Apr"_s);
+        QCOMPARE(report.drawn(), u"Female: 1 2 1;Juvenile: 0 0 1;Male: 1 1 1;None: 1 0 1"_s);
         report.front()->setCurrentIndex(2);
-        QCOMPARE(report.drawn(), u"1-Immature: 0 0 1;2-Maturing: 0 1 0;10-Resting: 1 0 0"_qs);
+        QCOMPARE(report.drawn(), u"1-Immature: 0 0 1;2-Maturing: 0 1 0;10-Resting: 1 0 0"_s);
         QCOMPARE(report.chart().chart()->axes().size(), 2);
     }
 
@@ -147,10 +149,10 @@ private Q_SLOTS:
         report.store.execute("update gonad_detail set stage = 0 where optid = 1");
         report.store.execute("update gonad_detail set sex = null, stage = null where optid = 3");
         report.store.execute("delete from gonad_stage where stageid = 2");
-        report.search(u"2004"_qs, kMackerel);
-        QCOMPARE(report.rows(kSexes), u"January||1|;March||1|1"_qs);
-        QCOMPARE(report.rows(kFemale), u"March|1"_qs);
-        QCOMPARE(report.rows(kMale), u"|"_qs);
+        report.search(u"2004"_s, kMackerel);
+        QCOMPARE(report.rows(kSexes), u"January||1|;March||1|1"_s);
+        QCOMPARE(report.rows(kFemale), u"March|1"_s);
+        QCOMPARE(report.rows(kMale), u"|"_s);
     }
 
     void realFish_data() {
@@ -168,15 +170,15 @@ private Q_SLOTS:
         for (int i = 0; i < years.rowCount(); ++i) {
             const int year = *years.integer(i, u"gyear");
             sexes << cells(sexesByMonth(store.db(), year, 7), year);
-            stages << cells(stagesByMonth(store.db(), year, 7, Sex::Female), year, u"Female|"_qs)
-                   << cells(stagesByMonth(store.db(), year, 7, Sex::Male), year, u"Male|"_qs)
-                   << cells(stagesByMonth(store.db(), year, 7, Sex::None), year, u"None|"_qs);
+            stages << cells(stagesByMonth(store.db(), year, 7, Sex::Female), year, u"Female|"_s)
+                   << cells(stagesByMonth(store.db(), year, 7, Sex::Male), year, u"Male|"_s)
+                   << cells(stagesByMonth(store.db(), year, 7, Sex::None), year, u"None|"_s);
         }
         sexes.sort();
         stages.sort();
         QVERIFY(!sexes.isEmpty() && !stages.isEmpty());
-        QCOMPARE(sexes, expectedCells(u"gonad_sex_by_month.csv"_qs, file));
-        QCOMPARE(stages, expectedCells(u"gonad_stage_by_month.csv"_qs, file));
+        QCOMPARE(sexes, expectedCells(u"gonad_sex_by_month.csv"_s, file));
+        QCOMPARE(stages, expectedCells(u"gonad_stage_by_month.csv"_s, file));
     }
 };
 

@@ -9,6 +9,8 @@
 
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_landings {
 
 using test::linesOf;
@@ -24,7 +26,7 @@ void loadLandings(Connection& db) {
     std::map<QString, int> ports;
     std::map<QString, int> species;
     std::map<std::pair<int, int>, std::map<int, double>> landed;
-    for (const QStringList& line : linesOf(u"landings_2017_two_ports.csv"_qs)) {
+    for (const QStringList& line : linesOf(u"landings_2017_two_ports.csv"_s)) {
         const int port = numbered(ports, line[1]);
         landed[{port, line[0].toInt()}][numbered(species, line[5])] += line[7].toDouble() * 1'000;
     }
@@ -74,9 +76,9 @@ private Q_SLOTS:
     void byPortAndByMonth_data() {
         QTest::addColumn<std::map<QString, double>>("kgByGroup");
         QTest::addColumn<int>("operations");
-        QTest::newRow("By Sampling Port") << expected(u"landings_by_port_species.csv"_qs, 0) << 12;
+        QTest::newRow("By Sampling Port") << expected(u"landings_by_port_species.csv"_s, 0) << 12;
         std::map<QString, double> months;
-        for (const auto& [month, kg] : expected(u"landings_by_port_month.csv"_qs, 1)) {
+        for (const auto& [month, kg] : expected(u"landings_by_port_month.csv"_s, 1)) {
             months[QLocale().standaloneMonthName(month.toInt())] = kg;
         }
         QTest::newRow("By Month") << months << 2;
@@ -107,7 +109,7 @@ private Q_SLOTS:
     }
 
     void speciesOfAPort() {
-        const std::vector<QStringList> sums = linesOf(u"landings_by_port_species.csv"_qs);
+        const std::vector<QStringList> sums = linesOf(u"landings_by_port_species.csv"_s);
         double year = 0;
         for (const QStringList& line : sums) {
             year += line[2].toDouble();
@@ -122,7 +124,7 @@ private Q_SLOTS:
             for (const auto& row : compositionOf(m_store.db(), byPort, 2017, key, total.toDouble()).rows) {
                 const double kg = (*line)[2].toDouble();
                 QCOMPARE(ports.text(port, byPort.shown), (*line)[0]);
-                QCOMPARE(row[0].toString(), (*line)[1] + QStringLiteral(" sp."));
+                QCOMPARE(row[0].toString(), (*line)[1] + u" sp."_s);
                 QCOMPARE(row[1].toString(), twoDecimals(kg));
                 QCOMPARE(row[2].toString(), QString::number(kg * 100 / year, 'f', 2));
                 ++line;

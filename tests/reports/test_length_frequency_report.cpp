@@ -10,6 +10,8 @@
 
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_length_frequency_report {
 
 using namespace test;
@@ -33,7 +35,7 @@ void addTally(TemporaryStore& store, const std::vector<QStringList>& tally) {
     for (const QStringList& line : tally) {
         const auto [period, isNew] = periods.try_emplace(line[0], static_cast<int>(periods.size()) + 1);
         if (isNew) {
-            store.addOperation(period->second, 1, (line[0] + u"-15"_qs).first(10), 1, 1, QString(), QString());
+            store.addOperation(period->second, 1, (line[0] + u"-15"_s).first(10), 1, 1, QString(), QString());
             store.db().execute(Sql("insert into length values (") << period->second << ",7,1)");
         }
         store.db().execute(Sql("insert into length_detail values (")
@@ -50,22 +52,22 @@ class TestLengthFrequencyReport : public QObject {
 private Q_SLOTS:
     void classesByMonth() {
         Lengths report;
-        QCOMPARE(report.screen->windowTitle(), u"Length Frequency Report"_qs);
+        QCOMPARE(report.screen->windowTitle(), u"Length Frequency Report"_s);
         QVERIFY(!report.canExport());
         report.ui().press(kSearch);
-        report.search(u"2004"_qs, kMackerel);
-        QCOMPARE(report.headers(), u"Lower;Upper;Mid Length;May;June"_qs);
-        QCOMPARE(report.rows(), u"9.5|10|9.75|0|;10|11|10.5|7|2;10|12|11||1"_qs);
+        report.search(u"2004"_s, kMackerel);
+        QCOMPARE(report.headers(), u"Lower;Upper;Mid Length;May;June"_s);
+        QCOMPARE(report.rows(), u"9.5|10|9.75|0|;10|11|10.5|7|2;10|12|11||1"_s);
         QCOMPARE(report.exported(), "Length Frequency data In 2004\r\nSpecies Rastrelliger kanagurta\r\n" +
                                         exportDay() +
                                         "Lower,Upper,Mid Length,May,June,\r\n9.5,10,9.75,0,,\r\n10,11,10.5,7,2,\r\n"
                                         "10,12,11,,1,\r\n");
-        report.store.dialogs.expectMessage(u"RESULT"_qs, u"No data in this year"_qs);
-        report.search(u"2004"_qs, u"Nemipterus virgatus"_qs);
-        QCOMPARE(report.headers(), u"Lower;Upper;Mid Length"_qs);
-        QCOMPARE(report.rows(), u"||"_qs);
+        report.store.dialogs.expectMessage(u"RESULT"_s, u"No data in this year"_s);
+        report.search(u"2004"_s, u"Nemipterus virgatus"_s);
+        QCOMPARE(report.headers(), u"Lower;Upper;Mid Length"_s);
+        QCOMPARE(report.rows(), u"||"_s);
         QVERIFY(!report.canExport());
-        QCOMPARE(report.ui().text(u"Species"_qs), u"Nemipterus virgatus"_qs);
+        QCOMPARE(report.ui().text(u"Species"_s), u"Nemipterus virgatus"_s);
     }
 
     void monthsGoFromZToAInTheSystemsLanguage() {
@@ -73,25 +75,25 @@ private Q_SLOTS:
         report.store.execute("update fishoperation set optdate = '2004-10-01' where optid = 1");
         report.store.execute("update fishoperation set optdate = '2004-01-01' where optid = 2");
         report.store.execute("update fishoperation set optdate = '2004-03-31' where optid = 3");
-        report.search(u"2004"_qs, kMackerel);
-        QCOMPARE(report.headers(), u"Lower;Upper;Mid Length;October;March;January"_qs);
-        QCOMPARE(report.drawnGroups(), u"9.5;10;10"_qs);
-        QCOMPARE(report.drawn(), u"January: 0 4 0;March: 0 2 1;October: 0 3 0"_qs);
+        report.search(u"2004"_s, kMackerel);
+        QCOMPARE(report.headers(), u"Lower;Upper;Mid Length;October;March;January"_s);
+        QCOMPARE(report.drawnGroups(), u"9.5;10;10"_s);
+        QCOMPARE(report.drawn(), u"January: 0 4 0;March: 0 2 1;October: 0 3 0"_s);
         const QLocale before;
         QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-        report.search(u"2004"_qs, kMackerel);
+        report.search(u"2004"_s, kMackerel);
         QLocale::setDefault(before);
-        QCOMPARE(report.headers(), u"Lower;Upper;Mid Length;Oktober;März;Januar"_qs);
+        QCOMPARE(report.headers(), u"Lower;Upper;Mid Length;Oktober;März;Januar"_s);
     }
 
     void typedSpecies() {
         Lengths report;
-        report.ui().choose(kYear, u"2004"_qs);
-        report.ui().type(u"Species"_qs, u"no such fish"_qs);
+        report.ui().choose(kYear, u"2004"_s);
+        report.ui().type(u"Species"_s, u"no such fish"_s);
         report.ui().press(kSearch);
         QVERIFY(!report.canExport());
-        report.ui().type(u"Species"_qs, u"rastrelliger KANAGURTA"_qs);
-        report.ui().key(u"Species"_qs, Qt::Key_Return);
+        report.ui().type(u"Species"_s, u"rastrelliger KANAGURTA"_s);
+        report.ui().key(u"Species"_s, Qt::Key_Return);
         QVERIFY(report.canExport());
         QVERIFY(report.exported().contains("Species Rastrelliger kanagurta\r\n"));
     }
@@ -101,14 +103,14 @@ private Q_SLOTS:
         report.store.execute("update length_detail set frequency1 = null where optid = 1");
         report.store.execute("update length_detail set lower1 = null, upper1 = null where optid = 3");
         report.store.execute("update fishoperation set optdate = null where optid = 2");
-        report.search(u"2004"_qs, kMackerel);
-        QCOMPARE(report.rows(), u"||10.5||2;||11||1;9.5|10|9.75||;10|11|10.5||"_qs);
+        report.search(u"2004"_s, kMackerel);
+        QCOMPARE(report.rows(), u"||10.5||2;||11||1;9.5|10|9.75||;10|11|10.5||"_s);
     }
 
     void realSets_data() {
         QTest::addColumn<QString>("table");
-        QTest::newRow("european_hake_tally.csv") << u"length_frequency_european_hake.csv"_qs;
-        QTest::newRow("simulated_monthly_tally.csv") << u"length_frequency_simulated_monthly.csv"_qs;
+        QTest::newRow("european_hake_tally.csv") << u"length_frequency_european_hake.csv"_s;
+        QTest::newRow("simulated_monthly_tally.csv") << u"length_frequency_simulated_monthly.csv"_s;
     }
     /// The tables of all years: each of their cells, and not one more.
     void realSets() {

@@ -7,6 +7,8 @@
 #include <QStandardItemModel>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_report_chart {
 
 using namespace test;
@@ -32,13 +34,13 @@ class TestReportChart : public QObject {
 private Q_SLOTS:
     void scales() {
         const std::vector<std::pair<QStringList, QString>> scales = {
-            {{u"x|0"_qs, u"x|0"_qs}, u"0 1 1"_qs},      {{u"x|1"_qs, u"x|2"_qs}, u"0 2 1"_qs},
-            {{u"x|17"_qs, u"x|3"_qs}, u"0 20 5"_qs},    {{u"x|0.5"_qs, u"x|0.21"_qs}, u"0 0.5 0.1"_qs},
-            {{u"x|6146636.9"_qs}, u"0 8e+06 2e+06"_qs}, {{u"x|-7"_qs, u"x|12"_qs}, u"-10 15 5"_qs},
+            {{u"x|0"_s, u"x|0"_s}, u"0 1 1"_s},       {{u"x|1"_s, u"x|2"_s}, u"0 2 1"_s},
+            {{u"x|17"_s, u"x|3"_s}, u"0 20 5"_s},     {{u"x|0.5"_s, u"x|0.21"_s}, u"0 0.5 0.1"_s},
+            {{u"x|6146636.9"_s}, u"0 8e+06 2e+06"_s}, {{u"x|-7"_s, u"x|12"_s}, u"-10 15 5"_s},
         };
         for (const auto& [rows, scale] : scales) {
             const PictureScale found = scaleOf(barsOf(*table(texts("a;b"), rows), 1));
-            QCOMPARE(u"%1 %2 %3"_qs.arg(found.from).arg(found.to).arg(found.step), scale);
+            QCOMPARE(u"%1 %2 %3"_s.arg(found.from).arg(found.to).arg(found.step), scale);
         }
     }
 
@@ -47,10 +49,9 @@ private Q_SLOTS:
         ReportChart chart(store.dialogs);
         chart.resize(500, 300);
         QVERIFY(!chart.actions().at(0)->isEnabled() && !chart.actions().at(1)->isEnabled());
-        ReportPicture picture = barsOf(*table(texts("a;b"), {QStringLiteral("<b>&|3"), QStringLiteral("<b>&|4"),
-                                                             QString(10'000, u'x') + u"|1"_qs}),
-                                       1);
-        picture.title = QStringLiteral("Catch");
+        ReportPicture picture =
+            barsOf(*table(texts("a;b"), {u"<b>&|3"_s, u"<b>&|4"_s, QString(10'000, u'x') + u"|1"_s}), 1);
+        picture.title = u"Catch"_s;
         chart.draw(picture);
         chart.show();
         QCoreApplication::processEvents();
@@ -73,8 +74,8 @@ private Q_SLOTS:
         QCOMPARE(drawing.count("&lt;b&gt;"), 2);
         store.dialogs.expectSavePicture(std::nullopt);
         chart.actions().at(1)->trigger();
-        store.dialogs.expectSavePicture(store.file(QStringLiteral("no such folder/catch.png")));
-        store.dialogs.expectMessageContaining(QStringLiteral("no such folder"));
+        store.dialogs.expectSavePicture(store.file(u"no such folder/catch.png"_s));
+        store.dialogs.expectMessageContaining(u"no such folder"_s);
         chart.actions().at(1)->trigger();
         QVERIFY(store.dialogs.done());
     }

@@ -7,15 +7,17 @@
 #include <QLabel>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_species_composition_report {
 
 using namespace test;
 
-const QString kTotal = u"Total catch of this year(kg.)"_qs;
-const QString kByState = u"By state"_qs;
-const QString kByVessel = u"By Fishing Vessel"_qs;
-const QString kByMonth = u"By Month"_qs;
-const QString kByArea = u"By Fishing Area"_qs;
+const QString kTotal = u"Total catch of this year(kg.)"_s;
+const QString kByState = u"By state"_s;
+const QString kByVessel = u"By Fishing Vessel"_s;
+const QString kByMonth = u"By Month"_s;
+const QString kByArea = u"By Fishing Area"_s;
 
 /// The report over 200 kg of 2004 and 10 kg of 2005.
 struct Composition : Report<SpeciesCompositionReportScreen> {
@@ -47,14 +49,14 @@ class TestSpeciesCompositionReport : public QObject {
 private Q_SLOTS:
     void opensEmpty() {
         const Composition report;
-        QCOMPARE(report.screen->windowTitle(), u"Species Composition Report"_qs);
-        QCOMPARE(report.headers(), u"Species;Composition(Kg.);%Composition"_qs);
+        QCOMPARE(report.screen->windowTitle(), u"Species Composition Report"_s);
+        QCOMPARE(report.headers(), u"Species;Composition(Kg.);%Composition"_s);
         QVERIFY(!report.ui().enabled(kByState) && !report.canExport());
         report.ui().press(kSearch);
         QCOMPARE(report.ui().text(kTotal), QString());
-        report.search(u"2004"_qs);
-        QCOMPARE(report.ui().text(kTotal), u"200.00"_qs);
-        QVERIFY(report.says(u"click option button to see data"_qs));
+        report.search(u"2004"_s);
+        QCOMPARE(report.ui().text(kTotal), u"200.00"_s);
+        QVERIFY(report.says(u"click option button to see data"_s));
         QVERIFY(report.ui().button(kByState)->isEnabled() && !report.canExport());
     }
 
@@ -81,23 +83,23 @@ private Q_SLOTS:
         QFETCH(QString, rows);
         const QString option = QString::fromLatin1(QTest::currentDataTag());
         Composition report;
-        report.search(u"2004"_qs);
+        report.search(u"2004"_s);
         report.ui().press(option);
         QTEST(report.choices(option), "choices");
         report.ui().choose(option, chosen);
         QCOMPARE(report.rows(), rows);
         QCOMPARE(report.drawnGroups(), column(rows, 0).join(u';'));
-        const QString weights = column(rows, 1).join(u' ').remove(u".00"_qs);
-        QCOMPARE(report.drawn(), u"Composition(Kg.): "_qs + weights);
-        const QString file = u"%1:%2\r\nSpecies,Composition(Kg.),%Composition,\r\n%3,\r\n"_qs;
+        const QString weights = column(rows, 1).join(u' ').remove(u".00"_s);
+        QCOMPARE(report.drawn(), u"Composition(Kg.): "_s + weights);
+        const QString file = u"%1:%2\r\nSpecies,Composition(Kg.),%Composition,\r\n%3,\r\n"_s;
         QCOMPARE(report.exported(),
                  "Species composition data In 2004\r\n" + exportDay() +
-                     file.arg(option, chosen, rows.replace(u'|', u',').replace(u";"_qs, u",\r\n"_qs)).toLocal8Bit());
+                     file.arg(option, chosen, rows.replace(u'|', u',').replace(u";"_s, u",\r\n"_s)).toLocal8Bit());
         // Another option empties this one.
         const QString other = option == kByState ? kByMonth : kByState;
         report.ui().press(other);
         QCOMPARE(report.ui().text(option) + report.choices(option), QString());
-        QCOMPARE(report.rows() + report.drawn(), u"||"_qs);
+        QCOMPARE(report.rows() + report.drawn(), u"||"_s);
         QVERIFY(!report.canExport());
     }
 
@@ -111,20 +113,20 @@ private Q_SLOTS:
         db.execute(
             Sql("insert into group_composition(optid, spid, groupid, estotal)"
                 " select 1, fishno, 1, fishno from fish where genus = 'S'"));
-        report.search(u"2004"_qs);
-        report.show(kByState, u"Alpha"_qs);
-        QCOMPARE(report.drawn(), u"Composition(Kg.): 26 25 24 23 22 21 20 19 18 17 16 15 14 13 12 21"_qs);
+        report.search(u"2004"_s);
+        report.show(kByState, u"Alpha"_s);
+        QCOMPARE(report.drawn(), u"Composition(Kg.): 26 25 24 23 22 21 20 19 18 17 16 15 14 13 12 21"_s);
         QVERIFY(report.drawnGroups().startsWith(u"S 26;S 25;"));
         QVERIFY(report.drawnGroups().endsWith(u";S 12;others"));
     }
 
     void anotherYearWithoutASearchKeepsTheTotal() {
         const Composition report;
-        report.search(u"2004"_qs);
-        report.ui().choose(kYear, u"2005"_qs);
-        report.show(kByMonth, u"January"_qs);
-        QCOMPARE(report.rows(), u"Upeneus vittatus|10.00|5.00"_qs);
-        report.ui().type(kYear, u"19"_qs);
+        report.search(u"2004"_s);
+        report.ui().choose(kYear, u"2005"_s);
+        report.show(kByMonth, u"January"_s);
+        QCOMPARE(report.rows(), u"Upeneus vittatus|10.00|5.00"_s);
+        report.ui().type(kYear, u"19"_s);
         report.ui().press(kByState);
         QVERIFY(report.ui().button(kByMonth)->isChecked());
     }
@@ -132,31 +134,31 @@ private Q_SLOTS:
     void whatHasNoSpecies() {
         Composition report;
         report.store.execute("delete from vessel");
-        report.search(u"2004"_qs);
+        report.search(u"2004"_s);
         report.ui().press(kByVessel);
-        QCOMPARE(report.ui().text(kByVessel), u"No data"_qs);
+        QCOMPARE(report.ui().text(kByVessel), u"No data"_s);
         QVERIFY(!report.ui().list(kByVessel)->isEnabled());
-        report.show(kByArea, u"A1"_qs);
-        report.store.dialogs.expectMessage(u"No data"_qs);
-        report.ui().choose(kByArea, u"A9"_qs);
-        QCOMPARE(report.rows(), u"||"_qs);
+        report.show(kByArea, u"A1"_s);
+        report.store.dialogs.expectMessage(u"No data"_s);
+        report.ui().choose(kByArea, u"A9"_s);
+        QCOMPARE(report.rows(), u"||"_s);
         QVERIFY(!report.canExport());
     }
 
     void aYearThatLostItsSpecies() {
         Composition report;
-        report.search(u"2004"_qs);
-        report.show(kByState, u"Alpha"_qs);
+        report.search(u"2004"_s);
+        report.show(kByState, u"Alpha"_s);
         report.store.execute("delete from group_composition where optid = 5");
-        report.search(u"2005"_qs);
-        QVERIFY(report.says(u"No data in 2005"_qs));
-        QCOMPARE(report.rows(), u"||"_qs);
+        report.search(u"2005"_s);
+        QVERIFY(report.says(u"No data in 2005"_s));
+        QCOMPARE(report.rows(), u"||"_s);
         QCOMPARE(report.ui().text(kByState) + report.ui().text(kTotal), QString());
         QVERIFY(!report.ui().button(kByState)->isChecked() && !report.ui().button(kByState)->isEnabled());
         QVERIFY(!report.ui().list(kByState)->isEnabled() && !report.canExport());
-        report.search(u"2004"_qs);
-        report.show(kByState, u"Beta"_qs);
-        QCOMPARE(report.rows(), u"Rastrelliger kanagurta|100.00|50.00"_qs);
+        report.search(u"2004"_s);
+        report.show(kByState, u"Beta"_s);
+        QCOMPARE(report.rows(), u"Rastrelliger kanagurta|100.00|50.00"_s);
     }
 
     void weightsAndNamesThatAreMissing() {
@@ -166,10 +168,10 @@ private Q_SLOTS:
         report.store.execute("update fish set genus = null, fishname = null where fishno = 2");
         report.store.execute("update vessel set vesselname = 'O''Hara & Son' where vesselname = 'Sea Star'");
         report.store.execute("update fishoperation set vesselid = 'o''hara & son' where vesselid = 'Sea Star'");
-        report.search(u"2004"_qs);
-        QCOMPARE(report.ui().text(kTotal), u"0.00"_qs);
-        report.show(kByVessel, u"O'Hara & Son"_qs);
-        QCOMPARE(report.rows(), u" |0.00|;Rastrelliger kanagurta|0.00|"_qs);
+        report.search(u"2004"_s);
+        QCOMPARE(report.ui().text(kTotal), u"0.00"_s);
+        report.show(kByVessel, u"O'Hara & Son"_s);
+        QCOMPARE(report.rows(), u" |0.00|;Rastrelliger kanagurta|0.00|"_s);
     }
 };
 

@@ -12,9 +12,11 @@
 
 namespace kelvora::test {
 
-inline const QString kMackerel = u"Rastrelliger kanagurta"_qs;
-inline const QString kGoatfish = u"Upeneus vittatus"_qs;
-inline const QString kBream = u"Nemipterus virgatus"_qs;
+using namespace Qt::StringLiterals;
+
+inline const QString kMackerel = u"Rastrelliger kanagurta"_s;
+inline const QString kGoatfish = u"Upeneus vittatus"_s;
+inline const QString kBream = u"Nemipterus virgatus"_s;
 
 /// A screen for samples in front of a sampler, over the operations 1 and 2 (state Alpha). It stands on operation 1
 /// unless none was saved last.
@@ -22,8 +24,8 @@ template <typename ScreenClass>
 struct SamplingScreen {
     SamplingScreen(const QString& samplesTab, int lastSaved) : tab(samplesTab) {
         store.addReferenceRows();
-        store.addOperation(1, 1, u"2004-03-09"_qs, 1, 120, u"Sea Star"_qs, u"A1"_qs);
-        store.addOperation(2, 2, u"2004-04-01"_qs, 3, 80, u"Blue Fin"_qs, u"A2"_qs);
+        store.addOperation(1, 1, u"2004-03-09"_s, 1, 120, u"Sea Star"_s, u"A1"_s);
+        store.addOperation(2, 2, u"2004-04-01"_s, 3, 80, u"Blue Fin"_s, u"A2"_s);
         store.session.lastSavedOperation = lastSaved;
         open();
     }
@@ -47,16 +49,16 @@ struct SamplingScreen {
     }
     /// A file that holds these bytes.
     [[nodiscard]] QString written(const QByteArray& bytes) const {
-        QFile file(store.file(u"import.csv"_qs));
+        QFile file(store.file(u"import.csv"_s));
         if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
             qFatal("the file cannot be written");
         }
         return file.fileName();
     }
     void findOperations() const {
-        hand->choose(u"Criterion"_qs, u"State/Province"_qs);
-        hand->choose(u"Value"_qs, u"Alpha"_qs);
-        hand->press(u"Search"_qs);
+        hand->choose(u"Criterion"_s, u"State/Province"_s);
+        hand->choose(u"Value"_s, u"Alpha"_s);
+        hand->press(u"Search"_s);
     }
 
     QString tab;

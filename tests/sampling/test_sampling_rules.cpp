@@ -9,6 +9,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_sampling_rules {
 
 /// How samples are raised, put into classes, checked and read from files, without a screen.
@@ -16,7 +18,7 @@ class TestSamplingRules : public QObject {
     Q_OBJECT
 
     static QString textOf(const std::optional<LengthClass>& c) {
-        return c ? plainText(c->lower) + u' ' + plainText(c->upper) + u' ' + plainText(c->middle()) : u"none"_qs;
+        return c ? plainText(c->lower) + u' ' + plainText(c->upper) + u' ' + plainText(c->middle()) : u"none"_s;
     }
 
 private Q_SLOTS:
@@ -40,7 +42,7 @@ private Q_SLOTS:
         for (int i = 0; i < 200; ++i) {
             upper = nextClass(upper, 0.1).upper;
         }
-        QCOMPARE(plainText(upper), u"20.2"_qs);
+        QCOMPARE(plainText(upper), u"20.2"_s);
     }
 
     void classOfALength() {
@@ -48,38 +50,38 @@ private Q_SLOTS:
             double length, interval;
             QString found;
         };
-        for (const auto& [length, interval, found] : {Case{11.3, 2, u"10 12 11"_qs},
-                                                      {11.999999, 2, u"10 12 11"_qs},
-                                                      {0.1 + 0.2, 0.1, u"0.3 0.4 0.35"_qs},
-                                                      {0.29, 0.1, u"0.2 0.3 0.25"_qs},
-                                                      {95.9, 2, u"94 96 95"_qs},
-                                                      {96, 2, u"none"_qs},
-                                                      {4.8, 0.1, u"none"_qs},
-                                                      {-0.1, 2, u"none"_qs}}) {
+        for (const auto& [length, interval, found] : {Case{11.3, 2, u"10 12 11"_s},
+                                                      {11.999999, 2, u"10 12 11"_s},
+                                                      {0.1 + 0.2, 0.1, u"0.3 0.4 0.35"_s},
+                                                      {0.29, 0.1, u"0.2 0.3 0.25"_s},
+                                                      {95.9, 2, u"94 96 95"_s},
+                                                      {96, 2, u"none"_s},
+                                                      {4.8, 0.1, u"none"_s},
+                                                      {-0.1, 2, u"none"_s}}) {
             QCOMPARE(textOf(classHolding(length, interval)), found);
         }
     }
 
     void startOfALengthSample() {
-        const LengthStart good{2, 1, u"2"_qs, u"0"_qs, u"10"_qs};
+        const LengthStart good{2, 1, u"2"_s, u"0"_s, u"10"_s};
         const auto refusal = [&](auto field, const auto& text) {
             LengthStart start = good;
             start.*field = text;
             const auto refused = startRefusal(start);
             return refused ? refused->message : QString();
         };
-        QCOMPARE(refusal(&LengthStart::weight, u"12.5"_qs), QString());
-        QCOMPARE(startRefusal({}).value().message, u"Please select species"_qs);
-        QCOMPARE(refusal(&LengthStart::operation, std::nullopt), u"Please select fishing operation"_qs);
-        for (const QString& text : {u""_qs, u"0"_qs, u"-2"_qs, u"2cm"_qs, u"1e307"_qs, u"inf"_qs}) {
-            QCOMPARE(refusal(&LengthStart::interval, text), u"Please input class interval: a number greater than 0"_qs);
+        QCOMPARE(refusal(&LengthStart::weight, u"12.5"_s), QString());
+        QCOMPARE(startRefusal({}).value().message, u"Please select species"_s);
+        QCOMPARE(refusal(&LengthStart::operation, std::nullopt), u"Please select fishing operation"_s);
+        for (const QString& text : {u""_s, u"0"_s, u"-2"_s, u"2cm"_s, u"1e307"_s, u"inf"_s}) {
+            QCOMPARE(refusal(&LengthStart::interval, text), u"Please input class interval: a number greater than 0"_s);
         }
-        for (const QString& text : {u""_qs, u"-1"_qs, u"1,5"_qs}) {
-            QCOMPARE(refusal(&LengthStart::weight, text), u"Please input sampling weight: a number not below 0"_qs);
+        for (const QString& text : {u""_s, u"-1"_s, u"1,5"_s}) {
+            QCOMPARE(refusal(&LengthStart::weight, text), u"Please input sampling weight: a number not below 0"_s);
         }
-        for (const QString& text : {u""_qs, u"-1"_qs, u"96"_qs, u"10cm"_qs}) {
+        for (const QString& text : {u""_s, u"-1"_s, u"96"_s, u"10cm"_s}) {
             QCOMPARE(refusal(&LengthStart::lowerLimit, text),
-                     u"Please input lower limit: a number from 0 to below 96"_qs);
+                     u"Please input lower limit: a number from 0 to below 96"_s);
         }
     }
 
@@ -87,39 +89,38 @@ private Q_SLOTS:
         struct Case {
             QString gonad, body, stored;
         };
-        for (const auto& [gonad, body, stored] : {Case{u"12"_qs, u"400"_qs, u"3"_qs},
-                                                  {u"20"_qs, u"300"_qs, u"6.66666666666667"_qs},
-                                                  {u"0.2"_qs, u"112"_qs, u"0.178571428571429"_qs},
-                                                  {u"0.07"_qs, u"1"_qs, u"7"_qs},
-                                                  {u"0"_qs, u"120"_qs, u"0"_qs},
-                                                  {u"12"_qs, u"0"_qs, u"null"_qs},
-                                                  {u"12"_qs, u"-3"_qs, u"null"_qs},
-                                                  {u"12"_qs, u"heavy"_qs, u"null"_qs},
-                                                  {u"1e300"_qs, u"1e-300"_qs, u"null"_qs}}) {
+        for (const auto& [gonad, body, stored] : {Case{u"12"_s, u"400"_s, u"3"_s},
+                                                  {u"20"_s, u"300"_s, u"6.66666666666667"_s},
+                                                  {u"0.2"_s, u"112"_s, u"0.178571428571429"_s},
+                                                  {u"0.07"_s, u"1"_s, u"7"_s},
+                                                  {u"0"_s, u"120"_s, u"0"_s},
+                                                  {u"12"_s, u"0"_s, u"null"_s},
+                                                  {u"12"_s, u"-3"_s, u"null"_s},
+                                                  {u"12"_s, u"heavy"_s, u"null"_s},
+                                                  {u"1e300"_s, u"1e-300"_s, u"null"_s}}) {
             const Sql insert = insertFish(1, 2, 3, {{}, {}, {}, {}, body, {}, {}, gonad});
             QCOMPARE(QString::fromStdString(insert.text()).section(u',', -1).chopped(1), stored);
         }
         // What a file may hold: a stage with its name, a quote, a number with a unit, none at all, one too large.
-        const GonadFish fish = {u"152mm"_qs, u""_qs,        u"1e999"_qs,  u" 7.50"_qs,
-                                u"50"_qs,    u"Fem'ale"_qs, u"3-Ripe"_qs, u"1"_qs};
+        const GonadFish fish = {u"152mm"_s, u""_s, u"1e999"_s, u" 7.50"_s, u"50"_s, u"Fem'ale"_s, u"3-Ripe"_s, u"1"_s};
         QCOMPARE(QString::fromStdString(insertFish(7, 2, 6, fish).text()),
                  u"Insert into gonad_detail(optid,spid,samplingno,tl,bl,fl,sl,bw,sex,stage,gw,gsi) "
-                 "values(7,2,6,152,0,0,7.5,50,'Fem''ale',3,1,2)"_qs);
+                 "values(7,2,6,152,0,0,7.5,50,'Fem''ale',3,1,2)"_s);
     }
 
     void refusedFish() {
         struct Case {
             QString tl, bl, fl, sl, bw, gw, refusal;
         };
-        const QString one = u"1"_qs, wrong = u"x"_qs;
-        for (const Case& fish : {Case{u"152"_qs, u"130"_qs, u"141"_qs, u"0"_qs, u".5"_qs, u"0"_qs, QString()},
-                                 {wrong, wrong, wrong, wrong, wrong, wrong, u"Please input TL in numeric"_qs},
-                                 {one, u""_qs, wrong, wrong, wrong, wrong, u"Please input BL in numeric"_qs},
-                                 {one, one, u"1,5"_qs, wrong, wrong, wrong, u"Please input FL in numeric"_qs},
-                                 {one, one, one, u"-1"_qs, wrong, wrong, u"Please input SL in numeric"_qs},
-                                 {one, one, one, one, u"-5"_qs, wrong, u"Please input BW in numeric"_qs},
-                                 {one, one, one, one, one, u"inf"_qs, u"Please input GW in numeric"_qs},
-                                 {one, one, one, one, u"0"_qs, one, u"BW must be greater than 0"_qs}}) {
+        const QString one = u"1"_s, wrong = u"x"_s;
+        for (const Case& fish : {Case{u"152"_s, u"130"_s, u"141"_s, u"0"_s, u".5"_s, u"0"_s, QString()},
+                                 {wrong, wrong, wrong, wrong, wrong, wrong, u"Please input TL in numeric"_s},
+                                 {one, u""_s, wrong, wrong, wrong, wrong, u"Please input BL in numeric"_s},
+                                 {one, one, u"1,5"_s, wrong, wrong, wrong, u"Please input FL in numeric"_s},
+                                 {one, one, one, u"-1"_s, wrong, wrong, u"Please input SL in numeric"_s},
+                                 {one, one, one, one, u"-5"_s, wrong, u"Please input BW in numeric"_s},
+                                 {one, one, one, one, one, u"inf"_s, u"Please input GW in numeric"_s},
+                                 {one, one, one, one, u"0"_s, one, u"BW must be greater than 0"_s}}) {
             const auto refusal = fishRefusal({fish.tl, fish.bl, fish.fl, fish.sl, fish.bw, {}, {}, fish.gw});
             QCOMPARE(refusal ? refusal->message : QString(), fish.refusal);
         }
@@ -133,8 +134,8 @@ private Q_SLOTS:
             }
             return samplingWeightText(bodyWeightSum(fish));
         };
-        QCOMPARE(of({u"1000.5"_qs, u"4.5"_qs}), u"1.01"_qs);  // 1.005 kg
-        QCOMPARE(of({u"heavy"_qs, u"250 g"_qs}), u"0.25"_qs);
+        QCOMPARE(of({u"1000.5"_s, u"4.5"_s}), u"1.01"_s);  // 1.005 kg
+        QCOMPARE(of({u"heavy"_s, u"250 g"_s}), u"0.25"_s);
     }
 
     void fishFiles_data() {
@@ -143,14 +144,14 @@ private Q_SLOTS:
         const QByteArray header = "TL,BL,FL,SL,BW,SEX,Stage,GW\n";
         const QByteArray first = "152,130,141,128,48.5,F,2,1.2\n";
         const QByteArray second = "160,138,149,135,55,m,1,0.4";
-        const QStringList two = {u"152|130|141|128|48.5|Female|2|1.2"_qs, u"160|138|149|135|55|Male|1|0.4"_qs};
-        const QStringList refused = {u"refused"_qs};
+        const QStringList two = {u"152|130|141|128|48.5|Female|2|1.2"_s, u"160|138|149|135|55|Male|1|0.4"_s};
+        const QStringList refused = {u"refused"_s};
         QTest::newRow("whole") << "\xEF\xBB\xBF" + header + first + second + "\r\n\r\n\n \n" << two;
         QTest::newRow("fish over several lines") << header + "152,130,141,128\n48.5,F,2,1.2\n" + second << two;
         QTest::newRow("quotes") << header + "152,\"130,5\",\"14\"\"1\",128,48.5,F,\"3-Ripe\nrunning\",1.2\n"
-                                << QStringList{u"152|130,5|14\"1|128|48.5|Female|3-Ripe\nrunning|1.2"_qs};
+                                << QStringList{u"152|130,5|14\"1|128|48.5|Female|3-Ripe\nrunning|1.2"_s};
         QTest::newRow("unchecked values") << header + "long,,-3,0x1F,0,J,ripe,\n"
-                                          << QStringList{u"long||-3|0x1F|0|None|ripe|"_qs};
+                                          << QStringList{u"long||-3|0x1F|0|None|ripe|"_s};
         QTest::newRow("header alone") << header << QStringList();
         QTest::newRow("one name of the header right") << "a,b,c,d,e,sex,stage,GW\n" + first + second << two;
         QTest::newRow("names misplaced") << "GW,TL,BL,FL,SL,BW,SEX,Stage\n" + first << refused;
@@ -171,12 +172,12 @@ private Q_SLOTS:
         for (const GonadFish& one : fish.value_or(std::vector<GonadFish>())) {
             lines.append(QStringList{one.tl, one.bl, one.fl, one.sl, one.bw, one.sex, one.stage, one.gw}.join(u'|'));
         }
-        QTEST(fish ? lines : QStringList{u"refused"_qs}, "fish");
+        QTEST(fish ? lines : QStringList{u"refused"_s}, "fish");
     }
 
     void mostFishOfAFile() {
-        const QString header = u"TL,BL,FL,SL,BW,SEX,Stage,GW\n"_qs;
-        const QString fish = u"1,1,1,1,1,F,1,1\n"_qs;
+        const QString header = u"TL,BL,FL,SL,BW,SEX,Stage,GW\n"_s;
+        const QString fish = u"1,1,1,1,1,F,1,1\n"_s;
         const auto most = importedFish(header + fish.repeated(32'767));
         QVERIFY(most && most->size() == 32'767U);
         QVERIFY(!importedFish(header + fish.repeated(32'768)));
@@ -184,10 +185,10 @@ private Q_SLOTS:
 
     void sexes() {
         QStringList read;
-        for (const QString& code : u"Female,F,FEMALE,female,f,Male,M,MALE,male,m,,U,J,MALe,F ,None"_qs.split(u',')) {
+        for (const QString& code : u"Female,F,FEMALE,female,f,Male,M,MALE,male,m,,U,J,MALe,F ,None"_s.split(u',')) {
             read.append(importedSex(code).first(1));
         }
-        QCOMPARE(read.join(QString()), u"FFFFFMMMMMNNNNNN"_qs);
+        QCOMPARE(read.join(QString()), u"FFFFFMMMMMNNNNNN"_s);
     }
 };
 

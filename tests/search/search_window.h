@@ -11,15 +11,17 @@
 
 namespace kelvora::test {
 
+using namespace Qt::StringLiterals;
+
 /// The screen over three operations: 1 and 2 in state Alpha, 3 in state Beta. Operation 1 has samples of every kind:
 /// two single species and a raised group; species 1 with two length classes and species 2 with a sample without any;
 /// four measured fish of species 1, and a sample of species 3 without any.
 struct SearchWindow {
     SearchWindow() {
         store.addReferenceRows();
-        store.addOperation(1, 1, u"2004-03-09"_qs, 1, 120.5, u"Sea Star"_qs, u"A1"_qs);
-        store.addOperation(2, 2, u"2004-04-01"_qs, 3, 80, u"Blue Fin"_qs, u"A2"_qs);
-        store.addOperation(3, 3, u"2004-05-01"_qs, 2, 60, u"Sea Star"_qs, u"A1"_qs);
+        store.addOperation(1, 1, u"2004-03-09"_s, 1, 120.5, u"Sea Star"_s, u"A1"_s);
+        store.addOperation(2, 2, u"2004-04-01"_s, 3, 80, u"Blue Fin"_s, u"A2"_s);
+        store.addOperation(3, 3, u"2004-05-01"_s, 2, 60, u"Sea Star"_s, u"A1"_s);
         store.execute("insert into group_main values (1, 1, 'Single species', 40), (2, 1, 'Trash', 200)");
         store.execute("insert into group_composition values (1, 1, 1, 30, 30), (1, 2, 1, 10, 10), (1, 3, 2, 4, 60)");
         store.execute("update fish set classinterval = 2 where fishno in (1, 2)");
@@ -38,28 +40,28 @@ struct SearchWindow {
     ~SearchWindow() { QVERIFY(store.dialogs.done()); }
 
     void find(const QString& criterion, const QString& value) const {
-        hand->choose(u"Criterion"_qs, criterion);
-        hand->choose(u"Value"_qs, value);
-        hand->press(u"SEARCH"_qs);
+        hand->choose(u"Criterion"_s, criterion);
+        hand->choose(u"Value"_s, value);
+        hand->press(u"SEARCH"_s);
     }
     /// Finds operation 1, and goes to a tab of its samples.
-    void openTab(const QString& tab = u"Species Composition"_qs) const {
-        find(u"State/Province"_qs, u"Alpha"_qs);
+    void openTab(const QString& tab = u"Species Composition"_s) const {
+        find(u"State/Province"_s, u"Alpha"_s);
         hand->openTab(tab);
     }
-    void move(const QString& button) const { hand->move(u"Result"_qs, button); }
+    void move(const QString& button) const { hand->move(u"Result"_s, button); }
     void deleteOperation(bool yes, const QString& problem = {}) {
-        store.dialogs.expectConfirm(u"CONFIRM"_qs, u"Are you sure to delete all data in this operation?"_qs, yes);
+        store.dialogs.expectConfirm(u"CONFIRM"_s, u"Are you sure to delete all data in this operation?"_s, yes);
         if (!problem.isEmpty()) {
             store.dialogs.expectMessageContaining(problem);
         }
-        hand->press(u"DELETE"_qs);
+        hand->press(u"DELETE"_s);
     }
 
-    [[nodiscard]] QString caption(const QString& navigator = u"Result"_qs) const {
+    [[nodiscard]] QString caption(const QString& navigator = u"Result"_s) const {
         return hand->navigator(navigator)->caption();
     }
-    [[nodiscard]] QString number() const { return hand->text(u"No."_qs); }
+    [[nodiscard]] QString number() const { return hand->text(u"No."_s); }
     [[nodiscard]] bool shows(const QString& button) const { return hand->button(button)->isVisibleTo(screen.get()); }
 
     TemporaryStore store;

@@ -3,37 +3,39 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_corrections {
 
-const QString kLengths = u"Length Frequency"_qs;
-const QString kGonads = u"Gonad Matuarity"_qs;
-const QString kClasses = u"Length classes"_qs;
-const QString kFish = u"Measured fish"_qs;
-const QString kWeight = u"Sample weight (kg.)"_qs;
+const QString kLengths = u"Length Frequency"_s;
+const QString kGonads = u"Gonad Matuarity"_s;
+const QString kClasses = u"Length classes"_s;
+const QString kFish = u"Measured fish"_s;
+const QString kWeight = u"Sample weight (kg.)"_s;
 
 struct Samples : test::SearchWindow {
-    explicit Samples(const QString& tab = u"Species Composition"_qs) { openTab(tab); }
+    explicit Samples(const QString& tab = u"Species Composition"_s) { openTab(tab); }
 
     [[nodiscard]] QStringList rows(const QString& grid) const { return hand->rows(grid); }
     /// The captions of a grid's columns.
     [[nodiscard]] QString headers(const QString& grid) const { return hand->grid(grid)->headers().join(u'|'); }
 
     void typeFish(const QString& tl, const QString& bw) const {
-        for (const auto& [field, text] : {std::pair{u"TL(mm)"_qs, tl},
-                                          {u"BL(mm)"_qs, u"190"_qs},
-                                          {u"FL(mm)"_qs, u"190"_qs},
-                                          {u"SL(mm)"_qs, u"190"_qs},
-                                          {u"BW"_qs, bw},
-                                          {u"GW"_qs, u"10"_qs}}) {
+        for (const auto& [field, text] : {std::pair{u"TL(mm)"_s, tl},
+                                          {u"BL(mm)"_s, u"190"_s},
+                                          {u"FL(mm)"_s, u"190"_s},
+                                          {u"SL(mm)"_s, u"190"_s},
+                                          {u"BW"_s, bw},
+                                          {u"GW"_s, u"10"_s}}) {
             hand->type(field, text);
         }
     }
     void addFish(bool yes = true, const QString& problem = {}) {
-        store.dialogs.expectConfirm(u"GONAD"_qs, u"Are you sure to add this sampling"_qs, yes);
+        store.dialogs.expectConfirm(u"GONAD"_s, u"Are you sure to add this sampling"_s, yes);
         if (!problem.isEmpty()) {
             store.dialogs.expectMessageContaining(problem);
         }
-        hand->press(u"ADD"_qs);
+        hand->press(u"ADD"_s);
     }
 };
 
@@ -43,28 +45,28 @@ class TestCorrections : public QObject {
 private Q_SLOTS:
     void composition() {
         Samples samples;
-        QCOMPARE(samples.headers(u"Composition"_qs), u"Species|Composition|%Composition"_qs);
-        QCOMPARE(samples.rows(u"Composition"_qs),
-                 (QStringList{u"Nemipterus virgatus|60.00|60.00"_qs, u"Rastrelliger kanagurta|30.00|30.00"_qs,
-                              u"Upeneus vittatus|10.00|10.00"_qs}));
-        QCOMPARE(samples.caption(u"Group record"_qs), u"Record 1/2 Single species [Total weight 40 kg.]"_qs);
-        QCOMPARE(samples.headers(u"Group"_qs), u"Species|Total weight(kg.)|Estimate total catch(kg.)"_qs);
-        QCOMPARE(samples.rows(u"Group"_qs),
-                 (QStringList{u"Rastrelliger kanagurta|30.00|30.00"_qs, u"Upeneus vittatus|10.00|10.00"_qs}));
-        samples.hand->move(u"Group record"_qs, u"Last"_qs);
-        QCOMPARE(samples.caption(u"Group record"_qs), u"Record 2/2 Trash [Total weight 200 kg.]"_qs);
-        QCOMPARE(samples.rows(u"Group"_qs), QStringList{u"Nemipterus virgatus|4.00|60.00"_qs});
+        QCOMPARE(samples.headers(u"Composition"_s), u"Species|Composition|%Composition"_s);
+        QCOMPARE(samples.rows(u"Composition"_s),
+                 (QStringList{u"Nemipterus virgatus|60.00|60.00"_s, u"Rastrelliger kanagurta|30.00|30.00"_s,
+                              u"Upeneus vittatus|10.00|10.00"_s}));
+        QCOMPARE(samples.caption(u"Group record"_s), u"Record 1/2 Single species [Total weight 40 kg.]"_s);
+        QCOMPARE(samples.headers(u"Group"_s), u"Species|Total weight(kg.)|Estimate total catch(kg.)"_s);
+        QCOMPARE(samples.rows(u"Group"_s),
+                 (QStringList{u"Rastrelliger kanagurta|30.00|30.00"_s, u"Upeneus vittatus|10.00|10.00"_s}));
+        samples.hand->move(u"Group record"_s, u"Last"_s);
+        QCOMPARE(samples.caption(u"Group record"_s), u"Record 2/2 Trash [Total weight 200 kg.]"_s);
+        QCOMPARE(samples.rows(u"Group"_s), QStringList{u"Nemipterus virgatus|4.00|60.00"_s});
 
         for (const QStringList& left :
-             {QStringList{u"Rastrelliger kanagurta|30.00|75.00"_qs, u"Upeneus vittatus|10.00|25.00"_qs},
-              QStringList{u"||"_qs}}) {
-            samples.store.dialogs.expectConfirm(u"Kelvora"_qs, u"Are you sure to delete this group?"_qs, true);
-            samples.hand->press(u"Delete group"_qs);
-            QCOMPARE(samples.rows(u"Composition"_qs), left);
+             {QStringList{u"Rastrelliger kanagurta|30.00|75.00"_s, u"Upeneus vittatus|10.00|25.00"_s},
+              QStringList{u"||"_s}}) {
+            samples.store.dialogs.expectConfirm(u"Kelvora"_s, u"Are you sure to delete this group?"_s, true);
+            samples.hand->press(u"Delete group"_s);
+            QCOMPARE(samples.rows(u"Composition"_s), left);
         }
-        QCOMPARE(samples.caption(u"Group record"_qs), u"No data"_qs);
-        QCOMPARE(samples.headers(u"Group"_qs), u"Species|Sampling weight(kg.)|Estimate total catch(kg.)"_qs);
-        QVERIFY(!samples.hand->enabled(u"Delete group"_qs));
+        QCOMPARE(samples.caption(u"Group record"_s), u"No data"_s);
+        QCOMPARE(samples.headers(u"Group"_s), u"Species|Sampling weight(kg.)|Estimate total catch(kg.)"_s);
+        QVERIFY(!samples.hand->enabled(u"Delete group"_s));
     }
 
     void deletions_data() {
@@ -75,20 +77,20 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("rows");   // how the deleted rows begin
         QTest::addColumn<QString>("navigator");  // and where it stands afterwards
         QTest::addColumn<QString>("caption");
-        QTest::newRow("group") << u"Species Composition"_qs << u"Delete group"_qs << u"Kelvora"_qs
-                               << u"Are you sure to delete this group?"_qs
-                               << QStringList{u"group_main|1|1|"_qs, u"group_composition|1|1|1|"_qs,
-                                              u"group_composition|1|2|1|"_qs}
-                               << u"Group record"_qs << u"Record 1/1 Trash [Total weight 200 kg.]"_qs;
-        QTest::newRow("lengths") << kLengths << u"Delete length sample"_qs << u"Kelvora"_qs
-                                 << u"Are you sure to delete?"_qs
-                                 << QStringList{u"length|1|1|"_qs, u"length_detail|1|1|10|"_qs,
-                                                u"length_detail|1|1|12|"_qs}
-                                 << u"Length record"_qs << u"Species 1 / 1 Upeneus vittatus"_qs;
-        QTest::newRow("fish") << kGonads << u"Delete gonad sample"_qs << u"CONFIRM"_qs << u"Are you sure to delete?"_qs
-                              << QStringList{u"gonad|1|1|"_qs, u"gonad_detail|1|1|1|"_qs, u"gonad_detail|1|1|2|"_qs,
-                                             u"gonad_detail|1|1|3|"_qs, u"gonad_detail|1|1|4|"_qs}
-                              << u"Gonad record"_qs << u"Species1/1 Nemipterus virgatus"_qs;
+        QTest::newRow("group") << u"Species Composition"_s << u"Delete group"_s << u"Kelvora"_s
+                               << u"Are you sure to delete this group?"_s
+                               << QStringList{u"group_main|1|1|"_s, u"group_composition|1|1|1|"_s,
+                                              u"group_composition|1|2|1|"_s}
+                               << u"Group record"_s << u"Record 1/1 Trash [Total weight 200 kg.]"_s;
+        QTest::newRow("lengths") << kLengths << u"Delete length sample"_s << u"Kelvora"_s
+                                 << u"Are you sure to delete?"_s
+                                 << QStringList{u"length|1|1|"_s, u"length_detail|1|1|10|"_s,
+                                                u"length_detail|1|1|12|"_s}
+                                 << u"Length record"_s << u"Species 1 / 1 Upeneus vittatus"_s;
+        QTest::newRow("fish") << kGonads << u"Delete gonad sample"_s << u"CONFIRM"_s << u"Are you sure to delete?"_s
+                              << QStringList{u"gonad|1|1|"_s, u"gonad_detail|1|1|1|"_s, u"gonad_detail|1|1|2|"_s,
+                                             u"gonad_detail|1|1|3|"_s, u"gonad_detail|1|1|4|"_s}
+                              << u"Gonad record"_s << u"Species1/1 Nemipterus virgatus"_s;
     }
     void deletions() {
         QFETCH(QString, tab);
@@ -108,7 +110,7 @@ private Q_SLOTS:
         samples.store.execute("create trigger l before delete on length_detail begin select raise(abort, ''); end");
         samples.store.execute("create trigger f before delete on gonad_detail begin select raise(abort, ''); end");
         samples.store.dialogs.expectConfirm(title, question, true);
-        samples.store.dialogs.expectMessageContaining(u"delete from"_qs);
+        samples.store.dialogs.expectMessageContaining(u"delete from"_s);
         samples.hand->press(button);
         QCOMPARE(samples.store.wholeFile(), all);
         samples.store.execute("drop trigger g");
@@ -128,46 +130,46 @@ private Q_SLOTS:
 
     void lengthSample() {
         const Samples samples(kLengths);
-        QCOMPARE(samples.caption(u"Length record"_qs), u"Species 1 / 2 Rastrelliger kanagurta"_qs);
-        QCOMPARE(samples.hand->text(kWeight), u"2.5"_qs);
-        QCOMPARE(samples.hand->text(u"Class Interval"_qs), u"2"_qs);
-        QCOMPARE(samples.headers(kClasses), u"Lower(cm.)|Upper(cm.)|Mid-length(cm.)|Frequency"_qs);
-        QCOMPARE(samples.rows(kClasses), (QStringList{u"10|12|11|3"_qs, u"12|14|13|7"_qs}));
-        QCOMPARE(samples.hand->text(u"Next class"_qs), u"14-16"_qs);
+        QCOMPARE(samples.caption(u"Length record"_s), u"Species 1 / 2 Rastrelliger kanagurta"_s);
+        QCOMPARE(samples.hand->text(kWeight), u"2.5"_s);
+        QCOMPARE(samples.hand->text(u"Class Interval"_s), u"2"_s);
+        QCOMPARE(samples.headers(kClasses), u"Lower(cm.)|Upper(cm.)|Mid-length(cm.)|Frequency"_s);
+        QCOMPARE(samples.rows(kClasses), (QStringList{u"10|12|11|3"_s, u"12|14|13|7"_s}));
+        QCOMPARE(samples.hand->text(u"Next class"_s), u"14-16"_s);
 
         // A sample without classes has no class to go on from, whatever the species before it had.
-        samples.hand->move(u"Length record"_qs, u"Next"_qs);
-        QCOMPARE(samples.caption(u"Length record"_qs), u"Species 2 / 2 Upeneus vittatus"_qs);
-        QCOMPARE(samples.rows(kClasses), QStringList{u"|||"_qs});
-        QVERIFY(samples.hand->text(u"Next class"_qs).startsWith(u"none"));
-        QVERIFY(!samples.hand->enabled(u"ADD"_qs) && !samples.hand->enabled(u"Frequency"_qs));
+        samples.hand->move(u"Length record"_s, u"Next"_s);
+        QCOMPARE(samples.caption(u"Length record"_s), u"Species 2 / 2 Upeneus vittatus"_s);
+        QCOMPARE(samples.rows(kClasses), QStringList{u"|||"_s});
+        QVERIFY(samples.hand->text(u"Next class"_s).startsWith(u"none"));
+        QVERIFY(!samples.hand->enabled(u"ADD"_s) && !samples.hand->enabled(u"Frequency"_s));
     }
 
     void nextClass() {
         Samples samples(kLengths);
-        for (const QString& wrong : {u""_qs, u"abc"_qs, u"1,5"_qs, u"-1"_qs}) {
-            samples.hand->type(u"Frequency"_qs, wrong);
-            samples.store.dialogs.expectMessage(u"ERROR"_qs, u"Numeric Only"_qs);
-            samples.hand->press(u"ADD"_qs);
-            QCOMPARE(samples.hand->text(u"Frequency"_qs), QString());
+        for (const QString& wrong : {u""_s, u"abc"_s, u"1,5"_s, u"-1"_s}) {
+            samples.hand->type(u"Frequency"_s, wrong);
+            samples.store.dialogs.expectMessage(u"ERROR"_s, u"Numeric Only"_s);
+            samples.hand->press(u"ADD"_s);
+            QCOMPARE(samples.hand->text(u"Frequency"_s), QString());
         }
-        samples.hand->type(u"Frequency"_qs, u"5"_qs);
-        samples.hand->press(u"ADD"_qs);
-        QCOMPARE(samples.rows(kClasses).last(), u"14|16|15|5"_qs);
-        QCOMPARE(samples.hand->text(u"Next class"_qs), u"16-18"_qs);
-        QCOMPARE(samples.hand->text(u"Frequency"_qs), QString());
+        samples.hand->type(u"Frequency"_s, u"5"_s);
+        samples.hand->press(u"ADD"_s);
+        QCOMPARE(samples.rows(kClasses).last(), u"14|16|15|5"_s);
+        QCOMPARE(samples.hand->text(u"Next class"_s), u"16-18"_s);
+        QCOMPARE(samples.hand->text(u"Frequency"_s), QString());
         // A count of 0 is a count; Enter adds as the button does.
-        samples.hand->type(u"Frequency"_qs, u"0"_qs);
-        samples.hand->key(u"Frequency"_qs, Qt::Key_Return);
+        samples.hand->type(u"Frequency"_s, u"0"_s);
+        samples.hand->key(u"Frequency"_s, Qt::Key_Return);
         QCOMPARE(samples.store.rows("select * from length_detail where lower1 > 12"),
-                 (QStringList{u"1|1|14|16|15|5"_qs, u"1|1|16|18|17|0"_qs}));
-        QCOMPARE(samples.hand->text(u"Next class"_qs), u"18-20"_qs);
+                 (QStringList{u"1|1|14|16|15|5"_s, u"1|1|16|18|17|0"_s}));
+        QCOMPARE(samples.hand->text(u"Next class"_s), u"18-20"_s);
 
         samples.store.execute("update fish set classinterval = null");
         for (int interval = 0; interval < 2; ++interval) {
             samples.openTab(kLengths);
-            QVERIFY(samples.hand->text(u"Next class"_qs).contains(u"interval"_qs));
-            QVERIFY(!samples.hand->enabled(u"ADD"_qs));
+            QVERIFY(samples.hand->text(u"Next class"_s).contains(u"interval"_s));
+            QVERIFY(!samples.hand->enabled(u"ADD"_s));
             samples.store.execute("update fish set classinterval = 0");
         }
     }
@@ -175,82 +177,82 @@ private Q_SLOTS:
     void lengthWeight() {
         Samples samples(kLengths);
         const auto stored = [&] { return samples.store.rows("select weight from length order by spid").join(u' '); };
-        for (const QString& wrong : {u"-1"_qs, u"1e999"_qs}) {
+        for (const QString& wrong : {u"-1"_s, u"1e999"_s}) {
             samples.hand->type(kWeight, wrong);
-            samples.store.dialogs.expectMessageContaining(u"not below 0"_qs);
-            samples.hand->press(u"Update"_qs);
+            samples.store.dialogs.expectMessageContaining(u"not below 0"_s);
+            samples.hand->press(u"Update"_s);
             QCOMPARE(samples.hand->text(kWeight), wrong);
         }
-        QCOMPARE(stored(), u"2.5 1"_qs);
+        QCOMPARE(stored(), u"2.5 1"_s);
         for (const auto& [typed, weight] :
-             {std::pair{u"3.25"_qs, u"3.25"_qs}, {u"4 kg"_qs, u"4"_qs}, {u"O'Hara"_qs, u"0"_qs}}) {
+             {std::pair{u"3.25"_s, u"3.25"_s}, {u"4 kg"_s, u"4"_s}, {u"O'Hara"_s, u"0"_s}}) {
             samples.hand->type(kWeight, typed);
-            samples.store.dialogs.expectMessage(u"RESULT"_qs, u"Update complete!"_qs);
-            samples.hand->press(u"Update"_qs);
-            QCOMPARE(stored(), weight + u" 1"_qs);
+            samples.store.dialogs.expectMessage(u"RESULT"_s, u"Update complete!"_s);
+            samples.hand->press(u"Update"_s);
+            QCOMPARE(stored(), weight + u" 1"_s);
             QCOMPARE(samples.hand->text(kWeight), weight);
         }
     }
 
     void gonadSample() {
         const Samples samples(kGonads);
-        QCOMPARE(samples.caption(u"Gonad record"_qs), u"Species1/2 Rastrelliger kanagurta"_qs);
-        QCOMPARE(samples.hand->text(u"Sampling weight"_qs), u"0.4"_qs);
-        QCOMPARE(samples.headers(kFish), u"No.|TL(cm)|BL(cm)|FL(cm)|SL(cm)|BW(g)|SEX|STAGE|GW(g)|GSI"_qs);
+        QCOMPARE(samples.caption(u"Gonad record"_s), u"Species1/2 Rastrelliger kanagurta"_s);
+        QCOMPARE(samples.hand->text(u"Sampling weight"_s), u"0.4"_s);
+        QCOMPARE(samples.headers(kFish), u"No.|TL(cm)|BL(cm)|FL(cm)|SL(cm)|BW(g)|SEX|STAGE|GW(g)|GSI"_s);
         QCOMPARE(
             samples.rows(kFish),
-            (QStringList{u"1|210|200|205|190|200.00|Male|2|12|6.00"_qs, u"2|210|200|205|190|200.00|Female|3|12|6.00"_qs,
-                         u"3|210|200|205|190|200.00|None|0|12|"_qs, u"4|210.5|200|205|190|300.13|Male|2|10|3.33"_qs}));
-        samples.hand->move(u"Gonad record"_qs, u"Next"_qs);
-        QCOMPARE(samples.caption(u"Gonad record"_qs), u"Species2/2 Nemipterus virgatus"_qs);
-        QCOMPARE(samples.rows(kFish), QStringList{u"|||||||||"_qs});
-        QVERIFY(samples.hand->enabled(u"TL(mm)"_qs));
+            (QStringList{u"1|210|200|205|190|200.00|Male|2|12|6.00"_s, u"2|210|200|205|190|200.00|Female|3|12|6.00"_s,
+                         u"3|210|200|205|190|200.00|None|0|12|"_s, u"4|210.5|200|205|190|300.13|Male|2|10|3.33"_s}));
+        samples.hand->move(u"Gonad record"_s, u"Next"_s);
+        QCOMPARE(samples.caption(u"Gonad record"_s), u"Species2/2 Nemipterus virgatus"_s);
+        QCOMPARE(samples.rows(kFish), QStringList{u"|||||||||"_s});
+        QVERIFY(samples.hand->enabled(u"TL(mm)"_s));
     }
 
     void newFish() {
         Samples samples(kGonads);
         const QStringList all = samples.store.wholeFile();
-        samples.typeFish(u"215"_qs, u"200"_qs);
-        samples.hand->choose(u"SEX"_qs, u"Juvenile"_qs);
-        samples.hand->choose(u"Stage"_qs, u"3-Ripe"_qs);
+        samples.typeFish(u"215"_s, u"200"_s);
+        samples.hand->choose(u"SEX"_s, u"Juvenile"_s);
+        samples.hand->choose(u"Stage"_s, u"3-Ripe"_s);
         samples.addFish(false);
         QCOMPARE(samples.store.wholeFile(), all);
         samples.addFish();
         QStringList added = samples.store.wholeFile();
-        QCOMPARE(added.removeAll(u"gonad_detail|1|1|5|215|190|190|190|200|Juvenile|3|10|5"_qs), 1);
+        QCOMPARE(added.removeAll(u"gonad_detail|1|1|5|215|190|190|190|200|Juvenile|3|10|5"_s), 1);
         QCOMPARE(added, all);
-        QCOMPARE(samples.rows(kFish).last(), u"5|215|190|190|190|200.00|Juvenile|3|10|5.00"_qs);
-        QCOMPARE(samples.hand->text(u"TL(mm)"_qs), QString());
+        QCOMPARE(samples.rows(kFish).last(), u"5|215|190|190|190|200.00|Juvenile|3|10|5.00"_s);
+        QCOMPARE(samples.hand->text(u"TL(mm)"_s), QString());
 
         // A fish without a stage has stage 0; the first one of a sample is number 1.
-        samples.hand->move(u"Gonad record"_qs, u"Next"_qs);
-        samples.typeFish(u"1.5"_qs, u"300"_qs);
-        samples.hand->type(u"Stage"_qs, QString());
+        samples.hand->move(u"Gonad record"_s, u"Next"_s);
+        samples.typeFish(u"1.5"_s, u"300"_s);
+        samples.hand->type(u"Stage"_s, QString());
         samples.addFish();
         QCOMPARE(samples.store.rows("select * from gonad_detail where spid = 3"),
-                 QStringList{u"1|3|1|1.5|190|190|190|300|Male|0|10|3.33333333333333"_qs});
+                 QStringList{u"1|3|1|1.5|190|190|190|300|Male|0|10|3.33333333333333"_s});
     }
 
     /// A wrong measurement leaves its field; a fish that could not be stored stays in all of them.
     void refusedFish() {
         Samples samples(kGonads);
         const QStringList all = samples.store.wholeFile();
-        for (const auto& [field, message] : {std::pair{u"BW"_qs, u"BW must be greater than 0"_qs},
-                                             {u"FL(mm)"_qs, u"Please input FL in numeric"_qs},
-                                             {u"TL(mm)"_qs, u"Please input TL in numeric"_qs}}) {
-            samples.typeFish(u"215"_qs, u"200"_qs);
-            samples.hand->type(field, field == u"BW" ? u"0"_qs : u"', '"_qs);
-            samples.store.dialogs.expectConfirm(u"GONAD"_qs, u"Are you sure to add this sampling"_qs, true);
-            samples.store.dialogs.expectMessage(u"GONAD"_qs, message);
-            samples.hand->press(u"ADD"_qs);
+        for (const auto& [field, message] : {std::pair{u"BW"_s, u"BW must be greater than 0"_s},
+                                             {u"FL(mm)"_s, u"Please input FL in numeric"_s},
+                                             {u"TL(mm)"_s, u"Please input TL in numeric"_s}}) {
+            samples.typeFish(u"215"_s, u"200"_s);
+            samples.hand->type(field, field == u"BW" ? u"0"_s : u"', '"_s);
+            samples.store.dialogs.expectConfirm(u"GONAD"_s, u"Are you sure to add this sampling"_s, true);
+            samples.store.dialogs.expectMessage(u"GONAD"_s, message);
+            samples.hand->press(u"ADD"_s);
             QCOMPARE(samples.hand->text(field), QString());
             QVERIFY(samples.hand->focused(field));
         }
-        samples.hand->type(u"TL(mm)"_qs, u"215"_qs);
+        samples.hand->type(u"TL(mm)"_s, u"215"_s);
         samples.store.execute(
             "create trigger refuse before insert on gonad_detail begin select raise(abort, 'no'); end");
-        samples.addFish(true, u"gonad_detail"_qs);
-        QCOMPARE(samples.hand->text(u"TL(mm)"_qs), u"215"_qs);
+        samples.addFish(true, u"gonad_detail"_s);
+        QCOMPARE(samples.hand->text(u"TL(mm)"_s), u"215"_s);
         samples.store.execute("drop trigger refuse");
         QCOMPARE(samples.store.wholeFile(), all);
         samples.addFish();
@@ -260,25 +262,25 @@ private Q_SLOTS:
     /// An operation without samples, and none at all: nothing of the one before stays, and nothing can be pressed.
     void emptyTabs() {
         const Samples samples;
-        samples.move(u"Next"_qs);
+        samples.move(u"Next"_s);
         for (const bool found : {true, false}) {
-            QCOMPARE(samples.rows(u"Composition"_qs) + samples.rows(u"Group"_qs), (QStringList{u"||"_qs, u"||"_qs}));
-            QCOMPARE(samples.rows(kClasses) + samples.rows(kFish), (QStringList{u"|||"_qs, u"|||||||||"_qs}));
-            QCOMPARE(samples.caption(u"Group record"_qs), found ? u"No data"_qs : QString());
-            QCOMPARE(samples.caption(u"Length record"_qs) + samples.caption(u"Gonad record"_qs), QString());
-            for (const QString& field : {kWeight, u"Class Interval"_qs, u"Sampling weight"_qs, u"TL(mm)"_qs}) {
+            QCOMPARE(samples.rows(u"Composition"_s) + samples.rows(u"Group"_s), (QStringList{u"||"_s, u"||"_s}));
+            QCOMPARE(samples.rows(kClasses) + samples.rows(kFish), (QStringList{u"|||"_s, u"|||||||||"_s}));
+            QCOMPARE(samples.caption(u"Group record"_s), found ? u"No data"_s : QString());
+            QCOMPARE(samples.caption(u"Length record"_s) + samples.caption(u"Gonad record"_s), QString());
+            for (const QString& field : {kWeight, u"Class Interval"_s, u"Sampling weight"_s, u"TL(mm)"_s}) {
                 QCOMPARE(samples.hand->text(field), QString());
             }
-            for (const QString& control : {u"Delete group"_qs, u"Update"_qs, kWeight, u"Delete gonad sample"_qs,
-                                           u"TL(mm)"_qs, u"SEX"_qs, u"Stage"_qs, u"GW"_qs}) {
+            for (const QString& control : {u"Delete group"_s, u"Update"_s, kWeight, u"Delete gonad sample"_s,
+                                           u"TL(mm)"_s, u"SEX"_s, u"Stage"_s, u"GW"_s}) {
                 QVERIFY2(!samples.hand->enabled(control), qPrintable(control));
             }
-            QVERIFY(!samples.shows(u"Delete length sample"_qs));
+            QVERIFY(!samples.shows(u"Delete length sample"_s));
             samples.hand->openTab(kGonads);
-            QVERIFY(!samples.hand->enabled(u"ADD"_qs));
+            QVERIFY(!samples.hand->enabled(u"ADD"_s));
             samples.openTab();
-            samples.hand->type(u"Value"_qs, u"nowhere"_qs);
-            samples.hand->press(u"SEARCH"_qs);
+            samples.hand->type(u"Value"_s, u"nowhere"_s);
+            samples.hand->press(u"SEARCH"_s);
         }
     }
 
@@ -287,36 +289,36 @@ private Q_SLOTS:
         Samples samples(kLengths);
         samples.store.execute("delete from length where spid = 1");
         samples.store.execute("delete from length_detail");
-        samples.hand->type(u"Frequency"_qs, u"5"_qs);
-        samples.store.dialogs.expectMessageContaining(u"This sample is not stored any more"_qs);
-        samples.hand->press(u"ADD"_qs);
+        samples.hand->type(u"Frequency"_s, u"5"_s);
+        samples.store.dialogs.expectMessageContaining(u"This sample is not stored any more"_s);
+        samples.hand->press(u"ADD"_s);
         QCOMPARE(samples.store.rows("select * from length_detail"), QStringList());
-        QCOMPARE(samples.caption(u"Length record"_qs), u"Species 1 / 1 Upeneus vittatus"_qs);
+        QCOMPARE(samples.caption(u"Length record"_s), u"Species 1 / 1 Upeneus vittatus"_s);
 
         samples.hand->openTab(kGonads);
         samples.store.execute("delete from fishoperation where optid = 1");
-        samples.typeFish(u"215"_qs, u"200"_qs);
-        samples.addFish(true, u"Operation No. 1 is not found any more"_qs);
-        QCOMPARE(samples.store.rows("select count(*) from gonad_detail"), QStringList{u"4"_qs});
-        QCOMPARE(samples.number(), u"2"_qs);
+        samples.typeFish(u"215"_s, u"200"_s);
+        samples.addFish(true, u"Operation No. 1 is not found any more"_s);
+        QCOMPARE(samples.store.rows("select count(*) from gonad_detail"), QStringList{u"4"_s});
+        QCOMPARE(samples.number(), u"2"_s);
     }
 
     /// Samples that cannot be read are not shown under another operation's.
     void failedLoad() {
         Samples samples;
         samples.store.execute("alter table gonad rename to elsewhere");
-        samples.store.dialogs.expectMessageContaining(u"gonad"_qs);
-        samples.move(u"Next"_qs);
-        QCOMPARE(samples.number() + samples.caption(u"Gonad record"_qs), QString());
-        QCOMPARE(samples.rows(u"Composition"_qs), QStringList{u"||"_qs});
-        QVERIFY(!samples.shows(u"DELETE"_qs));
+        samples.store.dialogs.expectMessageContaining(u"gonad"_s);
+        samples.move(u"Next"_s);
+        QCOMPARE(samples.number() + samples.caption(u"Gonad record"_s), QString());
+        QCOMPARE(samples.rows(u"Composition"_s), QStringList{u"||"_s});
+        QVERIFY(!samples.shows(u"DELETE"_s));
         samples.store.execute("alter table elsewhere rename to gonad");
-        samples.move(u"Previous"_qs);
-        QCOMPARE(samples.number(), u"1"_qs);
+        samples.move(u"Previous"_s);
+        QCOMPARE(samples.number(), u"1"_s);
     }
 
     void hostileNames() {
-        const QString hostile = u"O'Hara's '); drop table fish; -- 100 % %1 %2 \\ \"x\" [y] &z ปลาทู 鯖 <b>Å</b>"_qs;
+        const QString hostile = u"O'Hara's '); drop table fish; -- 100 % %1 %2 \\ \"x\" [y] &z ปลาทู 鯖 <b>Å</b>"_s;
         for (const QString& name : {hostile, QString(10'000, u'W')}) {
             Samples samples;
             Connection& db = samples.store.db();
@@ -326,14 +328,14 @@ private Q_SLOTS:
             db.execute(Sql("update fishing_area set aname = ") << name << " where aname = 'A1'");
             db.execute(Sql("update fishoperation set vesselid = ")
                        << name << ", areaid = " << name << ", note = " << name << " where optid = 1");
-            samples.find(u"Fishing Area"_qs, u"north bank"_qs);
-            QCOMPARE(samples.hand->text(u"Note"_qs), name);
-            samples.find(u"Vessel"_qs, name);
-            QCOMPARE(samples.hand->text(u"Vessel Name"_qs), name);
-            samples.hand->move(u"Group record"_qs, u"Last"_qs);
-            QCOMPARE(samples.caption(u"Group record"_qs), u"Record 2/2 "_qs + name + u" [Total weight 200 kg.]"_qs);
-            QCOMPARE(samples.caption(u"Length record"_qs), u"Species 1 / 2 Rastrelliger "_qs + name);
-            QCOMPARE(samples.caption(u"Gonad record"_qs), u"Species1/2 Rastrelliger "_qs + name);
+            samples.find(u"Fishing Area"_s, u"north bank"_s);
+            QCOMPARE(samples.hand->text(u"Note"_s), name);
+            samples.find(u"Vessel"_s, name);
+            QCOMPARE(samples.hand->text(u"Vessel Name"_s), name);
+            samples.hand->move(u"Group record"_s, u"Last"_s);
+            QCOMPARE(samples.caption(u"Group record"_s), u"Record 2/2 "_s + name + u" [Total weight 200 kg.]"_s);
+            QCOMPARE(samples.caption(u"Length record"_s), u"Species 1 / 2 Rastrelliger "_s + name);
+            QCOMPARE(samples.caption(u"Gonad record"_s), u"Species1/2 Rastrelliger "_s + name);
             const QSize least = samples.screen->minimumSizeHint();
             QVERIFY2(least.width() <= 1340 && least.height() <= 590, "the screen outgrows the main window");
         }

@@ -3,6 +3,8 @@
 
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_operation_search {
 
 class TestOperationSearch : public QObject {
@@ -15,56 +17,56 @@ private Q_SLOTS:
             QStringList operations;
         };
         // Areas are listed by their descriptions and matched by their names; operations store no gear, but a method.
-        for (const auto& [criterion, value, operations] : {Case{u"State/Province"_qs, u"Alpha"_qs, {u"1"_qs, u"2"_qs}},
-                                                           {u"Sampling Port"_qs, u"Cay"_qs, {u"3"_qs}},
-                                                           {u"Fishing Area"_qs, u"north bank"_qs, {u"1"_qs, u"3"_qs}},
-                                                           {u"Vessel"_qs, u"Sea Star"_qs, {u"1"_qs, u"3"_qs}},
-                                                           {u"Fishing Gear"_qs, u"Trawl"_qs, {u"1"_qs, u"3"_qs}}}) {
+        for (const auto& [criterion, value, operations] : {Case{u"State/Province"_s, u"Alpha"_s, {u"1"_s, u"2"_s}},
+                                                           {u"Sampling Port"_s, u"Cay"_s, {u"3"_s}},
+                                                           {u"Fishing Area"_s, u"north bank"_s, {u"1"_s, u"3"_s}},
+                                                           {u"Vessel"_s, u"Sea Star"_s, {u"1"_s, u"3"_s}},
+                                                           {u"Fishing Gear"_s, u"Trawl"_s, {u"1"_s, u"3"_s}}}) {
             const test::SearchWindow search;
             search.find(criterion, value);
             QCOMPARE(search.number(), operations.first());
             if (operations.size() > 1) {
-                search.move(u"Last"_qs);
+                search.move(u"Last"_s);
             }
             QCOMPARE(search.number(), operations.last());
-            QCOMPARE(search.caption(), u"RESULT: [%1 / %1]"_qs.arg(operations.size()));
-            QVERIFY(search.shows(u"DELETE"_qs));
+            QCOMPARE(search.caption(), u"RESULT: [%1 / %1]"_s.arg(operations.size()));
+            QVERIFY(search.shows(u"DELETE"_s));
         }
     }
 
     void details() {
         test::SearchWindow search;
         search.store.execute("update fishoperation set lon_min = 7.5, note = 'calm\nsea' where optid = 2");
-        search.find(u"Vessel"_qs, u"Blue Fin"_qs);
-        for (const auto& [caption, text] : {std::pair{u"No."_qs, u"2"_qs},
-                                            {u"Vessel Name"_qs, u"Blue Fin"_qs},
-                                            {u"Vessel Register id"_qs, u"R-2"_qs},
-                                            {u"Fishing Gear"_qs, u"Gill net"_qs},
-                                            {u"Fishing Method"_qs, u"Drift"_qs},
-                                            {u"Fishing Area"_qs, u"A2"_qs},
-                                            {u"State/Province"_qs, u"Alpha"_qs},
-                                            {u"Sampling Port"_qs, u"Bex"_qs},
-                                            {u"Date"_qs, u"01/04/2004"_qs},
-                                            {u"Fishing Ground Latitude"_qs, u"12"_qs},
-                                            {u"Latitude Dec"_qs, u"12"_qs},
-                                            {u"Latitude Min"_qs, u"30"_qs},
-                                            {u"Longtitude Dec"_qs, u"100"_qs},
-                                            {u"Longtitude Min"_qs, u"7.5"_qs},
-                                            {u"Bottom Depth(Meter)"_qs, u"40"_qs},
-                                            {u"Fishing Depth(Meter)"_qs, u"35"_qs},
-                                            {u"No of haul per Trip(haul)"_qs, u"3"_qs},
-                                            {u"Duration of Trip(days)"_qs, u"2"_qs},
-                                            {u"Estimate Total Catch(kg/trip)"_qs, u"80"_qs},
-                                            {u"Recorder"_qs, u"Port Sampler"_qs},
-                                            {u"Note"_qs, u"calm\nsea"_qs}}) {
+        search.find(u"Vessel"_s, u"Blue Fin"_s);
+        for (const auto& [caption, text] : {std::pair{u"No."_s, u"2"_s},
+                                            {u"Vessel Name"_s, u"Blue Fin"_s},
+                                            {u"Vessel Register id"_s, u"R-2"_s},
+                                            {u"Fishing Gear"_s, u"Gill net"_s},
+                                            {u"Fishing Method"_s, u"Drift"_s},
+                                            {u"Fishing Area"_s, u"A2"_s},
+                                            {u"State/Province"_s, u"Alpha"_s},
+                                            {u"Sampling Port"_s, u"Bex"_s},
+                                            {u"Date"_s, u"01/04/2004"_s},
+                                            {u"Fishing Ground Latitude"_s, u"12"_s},
+                                            {u"Latitude Dec"_s, u"12"_s},
+                                            {u"Latitude Min"_s, u"30"_s},
+                                            {u"Longtitude Dec"_s, u"100"_s},
+                                            {u"Longtitude Min"_s, u"7.5"_s},
+                                            {u"Bottom Depth(Meter)"_s, u"40"_s},
+                                            {u"Fishing Depth(Meter)"_s, u"35"_s},
+                                            {u"No of haul per Trip(haul)"_s, u"3"_s},
+                                            {u"Duration of Trip(days)"_s, u"2"_s},
+                                            {u"Estimate Total Catch(kg/trip)"_s, u"80"_s},
+                                            {u"Recorder"_s, u"Port Sampler"_s},
+                                            {u"Note"_s, u"calm\nsea"_s}}) {
             QCOMPARE(search.hand->text(caption), text);
         }
     }
 
     void fishingTime() {
         test::SearchWindow search;
-        const QString day = u"Day"_qs, night = u"Night"_qs, both = u"Day and Night"_qs;
-        for (const auto& [stored, selected] : {std::pair{day, day}, {night, night}, {both, both}, {u"dawn"_qs, both}}) {
+        const QString day = u"Day"_s, night = u"Night"_s, both = u"Day and Night"_s;
+        for (const auto& [stored, selected] : {std::pair{day, day}, {night, night}, {both, both}, {u"dawn"_s, both}}) {
             search.store.db().execute(Sql("update fishoperation set fishingtime = ") << stored);
             search.openTab();
             for (const QString& time : {day, night, both}) {
@@ -76,25 +78,25 @@ private Q_SLOTS:
 
     void openingAndNoMatch() {
         const test::SearchWindow search;
-        QCOMPARE(search.hand->text(u"Criterion"_qs), u"State/Province"_qs);
-        QCOMPARE(search.hand->list(u"Value"_qs)->count(), 2);
-        search.hand->press(u"SEARCH"_qs);
+        QCOMPARE(search.hand->text(u"Criterion"_s), u"State/Province"_s);
+        QCOMPARE(search.hand->list(u"Value"_s)->count(), 2);
+        search.hand->press(u"SEARCH"_s);
         QCOMPARE(search.caption(), QString());
-        QVERIFY(!search.shows(u"DELETE"_qs));
+        QVERIFY(!search.shows(u"DELETE"_s));
 
         // Another criterion leaves the result as it is until the next search.
         search.openTab();
-        search.hand->choose(u"Criterion"_qs, u"Vessel"_qs);
-        QCOMPARE(search.hand->text(u"Value"_qs), QString());
-        search.hand->press(u"SEARCH"_qs);
-        QCOMPARE(search.caption() + search.number(), u"RESULT: [1 / 2]1"_qs);
+        search.hand->choose(u"Criterion"_s, u"Vessel"_s);
+        QCOMPARE(search.hand->text(u"Value"_s), QString());
+        search.hand->press(u"SEARCH"_s);
+        QCOMPARE(search.caption() + search.number(), u"RESULT: [1 / 2]1"_s);
 
-        search.hand->type(u"Value"_qs, u"1 or 1=1"_qs);
-        search.hand->press(u"SEARCH"_qs);
-        QCOMPARE(search.caption(), u"[No Record]"_qs);
-        QCOMPARE(search.number() + search.hand->text(u"Latitude Dec"_qs), QString());
-        QVERIFY(!search.hand->button(u"Day"_qs)->isChecked());
-        QVERIFY(!search.shows(u"DELETE"_qs));
+        search.hand->type(u"Value"_s, u"1 or 1=1"_s);
+        search.hand->press(u"SEARCH"_s);
+        QCOMPARE(search.caption(), u"[No Record]"_s);
+        QCOMPARE(search.number() + search.hand->text(u"Latitude Dec"_s), QString());
+        QVERIFY(!search.hand->button(u"Day"_s)->isChecked());
+        QVERIFY(!search.shows(u"DELETE"_s));
     }
 
     /// All goes with the operation, or nothing if the last table refuses.
@@ -112,38 +114,38 @@ private Q_SLOTS:
         QCOMPARE(search.store.wholeFile(), all);
         search.store.execute(
             "create trigger refuse before delete on length_detail begin select raise(abort, 'refused'); end");
-        search.deleteOperation(true, u"length_detail"_qs);
+        search.deleteOperation(true, u"length_detail"_s);
         QCOMPARE(search.store.wholeFile(), all);
-        QCOMPARE(search.number(), u"1"_qs);
+        QCOMPARE(search.number(), u"1"_s);
         // No transaction was left open: the file can be written to by another connection.
         search.store.execute("drop trigger refuse");
 
         // The search is the one that found the operation, whatever has been chosen since.
-        search.hand->choose(u"Criterion"_qs, u"Vessel"_qs);
+        search.hand->choose(u"Criterion"_s, u"Vessel"_s);
         search.deleteOperation(true);
         QStringList expected = all;
         const QRegularExpression ofTheOperation(
-            u"^((operation|gonad|length)(_detail)?|group_composition|group_main\\|[12])\\|1\\|"_qs);
+            u"^((operation|gonad|length)(_detail)?|group_composition|group_main\\|[12])\\|1\\|"_s);
         expected.removeIf([&](const QString& row) { return row.contains(ofTheOperation); });
         QCOMPARE(all.size() - expected.size(), 16);
         QCOMPARE(search.store.wholeFile(), expected);
-        QCOMPARE(search.caption() + search.number(), u"RESULT: [1 / 1]2"_qs);
+        QCOMPARE(search.caption() + search.number(), u"RESULT: [1 / 1]2"_s);
         search.deleteOperation(true);
-        QCOMPARE(search.caption(), u"[No Record]"_qs);
-        QVERIFY(!search.shows(u"DELETE"_qs));
+        QCOMPARE(search.caption(), u"[No Record]"_s);
+        QVERIFY(!search.shows(u"DELETE"_s));
     }
 
     void goneElsewhere() {
         test::SearchWindow search;
         search.openTab();
         search.store.execute("delete from fishoperation where optid = 2");
-        search.store.dialogs.expectMessageContaining(u"Operation No. 2 is not found any more"_qs);
-        search.move(u"Next"_qs);
-        QCOMPARE(search.caption() + search.number(), u"RESULT: [1 / 1]1"_qs);
+        search.store.dialogs.expectMessageContaining(u"Operation No. 2 is not found any more"_s);
+        search.move(u"Next"_s);
+        QCOMPARE(search.caption() + search.number(), u"RESULT: [1 / 1]1"_s);
 
         search.store.execute("delete from fishoperation where optid = 1");
-        search.deleteOperation(true, u"Operation No. 1 is not found any more"_qs);
-        QCOMPARE(search.caption(), u"[No Record]"_qs);
+        search.deleteOperation(true, u"Operation No. 1 is not found any more"_s);
+        QCOMPARE(search.caption(), u"[No Record]"_s);
     }
 };
 

@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_change_password {
 
 class TestChangePassword : public QObject {
@@ -19,12 +21,12 @@ private Q_SLOTS:
         const auto row = [](const char* name, const QStringList& typed, const QString& message) {
             QTest::newRow(name) << typed[0] << typed[1] << typed[2] << message;
         };
-        const QString different = u"Password not match please retry again"_qs;
-        row("empty", {u"Port Sampler"_qs, {}, {}}, {});
-        row("different", {u"Port Sampler"_qs, u"a"_qs, u"b"_qs}, different);
-        row("letter case", {u"Port Sampler"_qs, u"Cod"_qs, u"cod"_qs}, different);
-        row("unchanged", {u"Port Sampler"_qs, u"kelvora"_qs, u"kelvora"_qs}, u"Complete"_qs);
-        row("quotes", {u"Siân O'Hara"_qs, u"'; --"_qs, u"'; --"_qs}, u"Complete"_qs);
+        const QString different = u"Password not match please retry again"_s;
+        row("empty", {u"Port Sampler"_s, {}, {}}, {});
+        row("different", {u"Port Sampler"_s, u"a"_s, u"b"_s}, different);
+        row("letter case", {u"Port Sampler"_s, u"Cod"_s, u"cod"_s}, different);
+        row("unchanged", {u"Port Sampler"_s, u"kelvora"_s, u"kelvora"_s}, u"Complete"_s);
+        row("quotes", {u"Siân O'Hara"_s, u"'; --"_s, u"'; --"_s}, u"Complete"_s);
     }
     void change() {
         QFETCH(QString, name);
@@ -35,23 +37,23 @@ private Q_SLOTS:
         ChangePasswordScreen screen(store.context());
         screen.show();
         const test::ScreenDriver hand(&screen);
-        QVERIFY(!hand.enabled(u"Login name"_qs));
-        hand.type(u"Username"_qs, name);
-        hand.type(u"Password"_qs, password);
-        hand.type(u"Re-password"_qs, repeated);
+        QVERIFY(!hand.enabled(u"Login name"_s));
+        hand.type(u"Username"_s, name);
+        hand.type(u"Password"_s, password);
+        hand.type(u"Re-password"_s, repeated);
         const bool done = message == u"Complete";
         if (!message.isEmpty()) {
-            store.dialogs.expectMessage(done ? u"Kelvora"_qs : u"ERROR"_qs, message);
+            store.dialogs.expectMessage(done ? u"Kelvora"_s : u"ERROR"_s, message);
         }
-        hand.press(u"CHANGE PASSWORD"_qs);
+        hand.press(u"CHANGE PASSWORD"_s);
         QVERIFY(store.dialogs.done());
         const QString stored =
-            done ? u"Administrator|"_qs + password + u'|' + name : u"Administrator|kelvora|Administrator"_qs;
+            done ? u"Administrator|"_s + password + u'|' + name : u"Administrator|kelvora|Administrator"_s;
         QCOMPARE(store.rows("select * from kelvora_user"), QStringList{stored});
         QCOMPARE(screen.isVisible(), !done);
-        QCOMPARE(store.session.userName, done ? name : u"Port Sampler"_qs);
-        QCOMPARE(store.session.password, done ? password : u"kelvora"_qs);
-        QCOMPARE(hand.text(u"Re-password"_qs), repeated);
+        QCOMPARE(store.session.userName, done ? name : u"Port Sampler"_s);
+        QCOMPARE(store.session.password, done ? password : u"kelvora"_s);
+        QCOMPARE(hand.text(u"Re-password"_s), repeated);
     }
 };
 

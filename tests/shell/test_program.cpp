@@ -11,6 +11,8 @@
 #include <QTest>
 #include <QToolBar>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test_program {
 
 /// From the start to the end of the program: signing in, opening screens once, leaving.
@@ -46,13 +48,13 @@ private Q_SLOTS:
         QTest::addColumn<QString>("login");
         QTest::addColumn<QString>("password");
         QTest::addColumn<QString>("message");
-        const QString empty = u"Please input Login and password"_qs;
-        const QString wrong = u"Your Password not correct please Try again "_qs;
-        QTest::newRow("no password") << u"Administrator"_qs << QString() << empty;
-        QTest::newRow("no login") << QString() << u"kelvora"_qs << empty;
-        QTest::newRow("wrong password") << u"Administrator"_qs << u"kelvor"_qs << wrong;
-        QTest::newRow("typed statement") << u"' or '1' = '1"_qs << u"' or '1' = '1"_qs << wrong;
-        QTest::newRow("letter case") << u"ADMINISTRATOR"_qs << u"Kelvora"_qs << QString();
+        const QString empty = u"Please input Login and password"_s;
+        const QString wrong = u"Your Password not correct please Try again "_s;
+        QTest::newRow("no password") << u"Administrator"_s << QString() << empty;
+        QTest::newRow("no login") << QString() << u"kelvora"_s << empty;
+        QTest::newRow("wrong password") << u"Administrator"_s << u"kelvor"_s << wrong;
+        QTest::newRow("typed statement") << u"' or '1' = '1"_s << u"' or '1' = '1"_s << wrong;
+        QTest::newRow("letter case") << u"ADMINISTRATOR"_s << u"Kelvora"_s << QString();
     }
     void signIn() {
         QFETCH(QString, login);
@@ -64,24 +66,24 @@ private Q_SLOTS:
         dialog.show();
         const QSignalSpy signedIn(&dialog, &LoginDialog::signedIn);
         const test::ScreenDriver hand(&dialog);
-        QCOMPARE(hand.text(u"LOGIN"_qs), QStringLiteral("Administrator"));
-        hand.type(u"LOGIN"_qs, login);
-        hand.type(u"PASSWORD"_qs, password);
+        QCOMPARE(hand.text(u"LOGIN"_s), u"Administrator"_s);
+        hand.type(u"LOGIN"_s, login);
+        hand.type(u"PASSWORD"_s, password);
         if (!message.isEmpty()) {
             store.dialogs.expectMessage(message);
         }
-        hand.key(u"PASSWORD"_qs, Qt::Key_Return);
+        hand.key(u"PASSWORD"_s, Qt::Key_Return);
         QVERIFY(store.dialogs.done());
         QCOMPARE(signedIn.count(), message.isEmpty() ? 1 : 0);
-        QCOMPARE(store.session.userName, message.isEmpty() ? QStringLiteral("Administrator") : QString());
-        QCOMPARE(hand.text(u"LOGIN"_qs), login);
-        QCOMPARE(hand.text(u"PASSWORD"_qs).isEmpty(), password.isEmpty() || message.endsWith(u' '));
+        QCOMPARE(store.session.userName, message.isEmpty() ? u"Administrator"_s : QString());
+        QCOMPARE(hand.text(u"LOGIN"_s), login);
+        QCOMPARE(hand.text(u"PASSWORD"_s).isEmpty(), password.isEmpty() || message.endsWith(u' '));
 
         for (const bool escape : {false, true}) {
-            hand.type(u"PASSWORD"_qs, u"kelvora"_qs);
-            escape ? hand.key(u"PASSWORD"_qs, Qt::Key_Escape) : hand.press(u"Cancel"_qs);
+            hand.type(u"PASSWORD"_s, u"kelvora"_s);
+            escape ? hand.key(u"PASSWORD"_s, Qt::Key_Escape) : hand.press(u"Cancel"_s);
             QVERIFY(dialog.isVisible());
-            QCOMPARE(hand.text(u"PASSWORD"_qs), QString());
+            QCOMPARE(hand.text(u"PASSWORD"_s), QString());
         }
     }
 
@@ -89,26 +91,26 @@ private Q_SLOTS:
         test::TemporaryStore store;
         MainWindow window(store.context());
         window.show();
-        QAction* button = action(window, u"Fishing Operation"_qs);
+        QAction* button = action(window, u"Fishing Operation"_s);
         QVERIFY(button->isEnabled());
         button->trigger();
         QVERIFY(!button->isEnabled());
-        QAction* report = action(window, u"Fishing Information"_qs);
+        QAction* report = action(window, u"Fishing Information"_s);
         report->trigger();
         report->trigger();
         QVERIFY(report->isEnabled());
         QCOMPARE(windows(window),
-                 QStringList({u"Fishing Information"_qs, u"Number of record and estimate total catch"_qs}));
+                 QStringList({u"Fishing Information"_s, u"Number of record and estimate total catch"_s}));
 
         window.findChildren<QMdiSubWindow*>().first()->close();
-        QTRY_VERIFY(button->isEnabled());
+        QVERIFY(QTest::qWaitFor([&] { return button->isEnabled(); }));
         QCOMPARE(windows(window).size(), 1);
 
         const QSignalSpy ended(&window, &MainWindow::ended);
         for (const bool yes : {false, true}) {
-            store.dialogs.expectConfirm(u"Question"_qs, u"Do you want to exit program?"_qs, yes);
+            store.dialogs.expectConfirm(u"Question"_s, u"Do you want to exit program?"_s, yes);
             QCOMPARE(windows(window).size(), 1);
-            action(window, u"Exit"_qs)->trigger();
+            action(window, u"Exit"_s)->trigger();
             QVERIFY(store.dialogs.done());
             QCOMPARE(ended.count(), yes ? 1 : 0);
         }

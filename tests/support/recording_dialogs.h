@@ -6,6 +6,8 @@
 
 namespace kelvora::test {
 
+using namespace Qt::StringLiterals;
+
 /// Boxes that take everything and say nothing back but what was set before: what is tried here may ask or refuse in
 /// many ways, and only what was said is looked at.
 class RecordingDialogs : public Dialogs {
@@ -14,13 +16,13 @@ public:
     using Dialogs::input;
     using Dialogs::message;
 
-    void message(const QString& title, const QString& text) override { said.append(title + u": "_qs + text); }
+    void message(const QString& title, const QString& text) override { said.append(title + u": "_s + text); }
     bool confirm(const QString& title, const QString& text, Icon /*icon*/) override {
-        asked.append(title + u": "_qs + text);
+        asked.append(title + u": "_s + text);
         return yes;
     }
     std::optional<QString> input(const QString& title, const QString& prompt, const QString& /*proposed*/) override {
-        asked.append(title + u": "_qs + prompt);
+        asked.append(title + u": "_s + prompt);
         return typed;
     }
     std::optional<QString> openFile(FileKind /*kind*/) override { return path; }

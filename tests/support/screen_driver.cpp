@@ -14,6 +14,8 @@
 #include <QTabWidget>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test {
 namespace {
 
@@ -92,34 +94,34 @@ ScreenDriver ScreenDriver::within(const QString& frame) const {
     if (found == nullptr) {
         found = named<QWidget>(m_root, frame);
     }
-    return ScreenDriver(needed(found, QStringLiteral("frame"), frame));
+    return ScreenDriver(needed(found, u"frame"_s, frame));
 }
 
 QWidget* ScreenDriver::field(const QString& caption) const {
     const QLabel* label = first<QLabel>(
         m_root, [&](const QLabel* l) { return l->buddy() != nullptr && plain(l->text()) == caption.trimmed(); });
     QWidget* found = label != nullptr ? label->buddy() : named<QWidget>(m_root, caption);
-    return needed(found, QStringLiteral("field"), caption);
+    return needed(found, u"field"_s, caption);
 }
 
 QLineEdit* ScreenDriver::edit(const QString& caption) const {
-    return needed(qobject_cast<QLineEdit*>(field(caption)), QStringLiteral("text box"), caption);
+    return needed(qobject_cast<QLineEdit*>(field(caption)), u"text box"_s, caption);
 }
 
 BoundList* ScreenDriver::list(const QString& caption) const {
-    return needed(qobject_cast<BoundList*>(field(caption)), QStringLiteral("list"), caption);
+    return needed(qobject_cast<BoundList*>(field(caption)), u"list"_s, caption);
 }
 
 Grid* ScreenDriver::grid(const QString& name) const {
-    return needed(named<Grid>(m_root, name), QStringLiteral("grid"), name);
+    return needed(named<Grid>(m_root, name), u"grid"_s, name);
 }
 
 RecordNavigator* ScreenDriver::navigator(const QString& name) const {
-    return needed(named<RecordNavigator>(m_root, name), QStringLiteral("navigator"), name);
+    return needed(named<RecordNavigator>(m_root, name), u"navigator"_s, name);
 }
 
 QAbstractButton* ScreenDriver::button(const QString& caption) const {
-    return needed(buttonOf(m_root, caption), QStringLiteral("button"), caption);
+    return needed(buttonOf(m_root, caption), u"button"_s, caption);
 }
 
 QString ScreenDriver::text(const QString& caption) const {
@@ -166,7 +168,7 @@ void ScreenDriver::key(const QString& caption, Qt::Key key) const {
 }
 
 void ScreenDriver::choose(const QString& caption, const QString& row) const {
-    auto* box = needed(qobject_cast<QComboBox*>(field(caption)), QStringLiteral("drop-down list"), caption);
+    auto* box = needed(qobject_cast<QComboBox*>(field(caption)), u"drop-down list"_s, caption);
     usable(box, caption);
     const int found = box->findText(row, Qt::MatchExactly | Qt::MatchCaseSensitive);
     if (found < 0) {
@@ -183,8 +185,8 @@ void ScreenDriver::press(const QString& caption) const {
 }
 
 void ScreenDriver::enter(const QString& steps) const {
-    const QString is = QStringLiteral(" = ");
-    for (const QString& step : steps.split(QStringLiteral("; "), Qt::SkipEmptyParts)) {
+    const QString is = u" = "_s;
+    for (const QString& step : steps.split(u"; "_s, Qt::SkipEmptyParts)) {
         const QString caption = step.section(is, 0, 0);
         const QString text = step.section(is, 1);
         if (!step.contains(is)) {

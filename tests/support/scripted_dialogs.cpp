@@ -2,6 +2,8 @@
 
 #include <QtDebug>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test {
 
 ScriptedDialogs::~ScriptedDialogs() {
@@ -11,7 +13,7 @@ ScriptedDialogs::~ScriptedDialogs() {
 }
 
 std::optional<QString> ScriptedDialogs::next(const QString& kind, const QString& title, const QString& text) {
-    const QString came = QStringLiteral("%1 [%2] \"%3\"").arg(kind, title, text);
+    const QString came = u"%1 [%2] \"%3\""_s.arg(kind, title, text);
     if (m_planned.isEmpty()) {
         qFatal("a box nobody planned: %s", qPrintable(came));
     }

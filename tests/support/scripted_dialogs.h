@@ -8,6 +8,8 @@
 
 namespace kelvora::test {
 
+using namespace Qt::StringLiterals;
+
 /// The boxes of the program with the answers planned by a test, in order. A box that nobody planned, or one with
 /// another title or text, ends the test at once and says what was expected.
 class ScriptedDialogs : public Dialogs {
@@ -18,37 +20,37 @@ public:
 
     ~ScriptedDialogs() override;
 
-    void expectMessage(const QString& title, const QString& text) { m_planned.append({u"message"_qs, title, text}); }
+    void expectMessage(const QString& title, const QString& text) { m_planned.append({u"message"_s, title, text}); }
     /// A message under the application's title.
     void expectMessage(const QString& text) { expectMessage(kApplicationTitle.toString(), text); }
     /// A message whose title or text is not the point, only that its text contains a part.
-    void expectMessageContaining(const QString& part) { m_planned.append({u"message"_qs, {}, part, {}, true}); }
+    void expectMessageContaining(const QString& part) { m_planned.append({u"message"_s, {}, part, {}, true}); }
     void expectConfirm(const QString& title, const QString& text, bool yes) {
-        m_planned.append({u"question"_qs, title, text, yes ? std::optional(QString()) : std::nullopt});
+        m_planned.append({u"question"_s, title, text, yes ? std::optional(QString()) : std::nullopt});
     }
     void expectInput(const QString& title, const QString& prompt, const std::optional<QString>& answer) {
-        m_planned.append({u"input"_qs, title, prompt, answer});
+        m_planned.append({u"input"_s, title, prompt, answer});
     }
     void expectInput(const QString& prompt, const std::optional<QString>& answer) {
         expectInput(kApplicationTitle.toString(), prompt, answer);
     }
-    void expectOpenFile(const std::optional<QString>& path) { m_planned.append({u"open file"_qs, {}, {}, path}); }
-    void expectSaveFile(const std::optional<QString>& path) { m_planned.append({u"save file"_qs, {}, {}, path}); }
-    void expectSavePicture(const std::optional<QString>& path) { m_planned.append({u"save picture"_qs, {}, {}, path}); }
+    void expectOpenFile(const std::optional<QString>& path) { m_planned.append({u"open file"_s, {}, {}, path}); }
+    void expectSaveFile(const std::optional<QString>& path) { m_planned.append({u"save file"_s, {}, {}, path}); }
+    void expectSavePicture(const std::optional<QString>& path) { m_planned.append({u"save picture"_s, {}, {}, path}); }
 
     /// Whether every planned box has come.
     [[nodiscard]] bool done() const { return m_planned.isEmpty(); }
 
-    void message(const QString& title, const QString& text) override { next(u"message"_qs, title, text); }
+    void message(const QString& title, const QString& text) override { next(u"message"_s, title, text); }
     bool confirm(const QString& title, const QString& text, Icon /*icon*/) override {
-        return next(u"question"_qs, title, text).has_value();
+        return next(u"question"_s, title, text).has_value();
     }
     std::optional<QString> input(const QString& title, const QString& prompt, const QString& /*proposed*/) override {
-        return next(u"input"_qs, title, prompt);
+        return next(u"input"_s, title, prompt);
     }
-    std::optional<QString> openFile(FileKind /*kind*/) override { return next(u"open file"_qs); }
-    std::optional<QString> saveCsvFile() override { return next(u"save file"_qs); }
-    std::optional<QString> savePictureFile() override { return next(u"save picture"_qs); }
+    std::optional<QString> openFile(FileKind /*kind*/) override { return next(u"open file"_s); }
+    std::optional<QString> saveCsvFile() override { return next(u"save file"_s); }
+    std::optional<QString> savePictureFile() override { return next(u"save picture"_s); }
 
 private:
     struct Box {

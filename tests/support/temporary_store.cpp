@@ -5,14 +5,16 @@
 #include <QDir>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::test {
 namespace {
 
 /// In memory where there is such a folder: a test stores hundreds of fish, each for good on its own, and a disk takes
 /// its time to promise that.
 QString folderTemplate() {
-    const QString memory = QStringLiteral("/dev/shm");
-    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + QStringLiteral("/kelvora-test-XXXXXX");
+    const QString memory = u"/dev/shm"_s;
+    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + u"/kelvora-test-XXXXXX"_s;
 }
 
 }  // namespace
@@ -22,7 +24,7 @@ QStringList rows(Connection& db, const Sql& sql) {
     for (const auto& row : db.query(sql).rows) {
         QStringList values;
         for (const QVariant& value : row) {
-            values.append(value.isValid() ? displayText(value) : QStringLiteral("null"));
+            values.append(value.isValid() ? displayText(value) : u"null"_s);
         }
         lines.append(values.join(u'|'));
     }
@@ -49,21 +51,20 @@ QStringList wholeFile(Connection& db) {
 QStringList changes(const QStringList& before, const QStringList& after) {
     QStringList changed;
     for (const QString& row : before) {
-        changed += after.contains(row) ? QStringList() : QStringList(u"- "_qs + row);
+        changed += after.contains(row) ? QStringList() : QStringList(u"- "_s + row);
     }
     for (const QString& row : after) {
-        changed += before.contains(row) ? QStringList() : QStringList(u"+ "_qs + row);
+        changed += before.contains(row) ? QStringList() : QStringList(u"+ "_s + row);
     }
     return changed;
 }
 
-TemporaryStore::TemporaryStore()
-    : m_folder(folderTemplate()), m_path(m_folder.filePath(QStringLiteral("kelvora_db.sqlite"))) {
+TemporaryStore::TemporaryStore() : m_folder(folderTemplate()), m_path(m_folder.filePath(u"kelvora_db.sqlite"_s)) {
     prepareStore(m_path);
     m_db = std::make_unique<Connection>(m_path);
-    session.login = QStringLiteral("Administrator");
-    session.password = QStringLiteral("kelvora");
-    session.userName = QStringLiteral("Port Sampler");
+    session.login = u"Administrator"_s;
+    session.password = u"kelvora"_s;
+    session.userName = u"Port Sampler"_s;
 }
 
 void TemporaryStore::addReferenceRows() {
@@ -109,9 +110,9 @@ void TemporaryStore::addSmallYear() {
     execute("insert into vessel(vesselname, vesselid, gear) values ('Idle', 'R-9', 2)");
     execute("insert into fish(fishno, family, genus, fishname) values (4, 'Zeidae', 'Zeus', 'faber')");
     execute("update fish set classinterval = 2 where fishno = 1");
-    addOperation(1, 1, u"2004-03-09"_qs, 1, 120.5, u"Sea Star"_qs, u"A1"_qs);
-    addOperation(2, 2, u"2004-04-01"_qs, 3, 80, u"Blue Fin"_qs, u"A2"_qs);
-    addOperation(3, 3, u"2004-05-01"_qs, 2, 60, u"Sea Star"_qs, u"A1"_qs);
+    addOperation(1, 1, u"2004-03-09"_s, 1, 120.5, u"Sea Star"_s, u"A1"_s);
+    addOperation(2, 2, u"2004-04-01"_s, 3, 80, u"Blue Fin"_s, u"A2"_s);
+    addOperation(3, 3, u"2004-05-01"_s, 2, 60, u"Sea Star"_s, u"A1"_s);
     addSamples(1);
     addSamples(2);
 }

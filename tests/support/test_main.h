@@ -17,4 +17,4 @@ struct Registration {
 
 // Registers a test class: KELVORA_TEST(TestSql, "sql") at the end of its file, in front of the moc include.
 #define KELVORA_TEST(Class, name) \
-    static const kelvora::test::Registration registered(QStringLiteral(name), [] { return std::make_unique<Class>(); })
+    static const kelvora::test::Registration registered(u"" name ""_s, [] { return std::make_unique<Class>(); })
