@@ -49,12 +49,13 @@ QStringList wholeFile(Connection& db) {
 }
 
 QStringList changes(const QStringList& before, const QStringList& after) {
+    QStringList gone = before;
     QStringList changed;
-    for (const QString& row : before) {
-        changed += after.contains(row) ? QStringList() : QStringList(u"- "_s + row);
-    }
     for (const QString& row : after) {
-        changed += before.contains(row) ? QStringList() : QStringList(u"+ "_s + row);
+        changed += gone.removeOne(row) ? QStringList() : QStringList(u"+ "_s + row);
+    }
+    for (const QString& row : gone) {
+        changed.prepend(u"- "_s + row);
     }
     return changed;
 }
