@@ -15,6 +15,7 @@
 #include <QRadioButton>
 
 #include <map>
+#include <set>
 
 using namespace Qt::StringLiterals;
 
@@ -60,12 +61,31 @@ std::optional<int> chosenKey(const BoundList& list) {
     return !isBlank(list.text()) && whole ? std::optional(key) : std::nullopt;
 }
 
-/// Shows in one list what the other's row has as its key; a row without one, or a text of no row, changes nothing.
+/// Shows in one list what the other's row has as its key. A row without one takes away what belongs to another boat of
+/// the register; a text that is no row stays, since it may be the name that the boat still lacks.
 void fillFrom(const BoundList& from, BoundList& to) {
     const QString partner = from.key().toString();
-    if (!isBlank(from.text()) && !partner.isEmpty()) {
+    if (!isBlank(from.text()) && from.row() >= 0 && (!partner.isEmpty() || to.row() >= 0)) {
         to.setText(partner);
     }
+}
+
+/// The rows of the register behind its ids: of two rows with one id, one registered by its id alone says nothing.
+ResultSet registeredIds(const ResultSet& vessels) {
+    std::set<QString> named;
+    for (int row = 0; row < vessels.rowCount(); ++row) {
+        if (!isBlank(vessels.text(row, u"vesselname"))) {
+            named.insert(vessels.text(row, u"vesselid").toCaseFolded());
+        }
+    }
+    ResultSet ids{vessels.columns, {}};
+    for (int row = 0; row < vessels.rowCount(); ++row) {
+        if (!isBlank(vessels.text(row, u"vesselname")) ||
+            !named.contains(vessels.text(row, u"vesselid").toCaseFolded())) {
+            ids.rows.push_back(vessels.rows[static_cast<std::size_t>(row)]);
+        }
+    }
+    return ids;
 }
 
 }  // namespace
@@ -177,11 +197,11 @@ void OperationForm::connectLists() {
     connect(m_vesselNames, &BoundList::chosen, this, [this] { fillFrom(*m_vesselNames, *m_registerIds); });
     connect(m_registerIds, &BoundList::chosen, this, [this] { fillFrom(*m_registerIds, *m_vesselNames); });
     connect(m_gears, &BoundList::chosen, this, guarded(m_dialogs, [this] { fillMethods(); }));
-    connect(m_states, &BoundList::chosen, this, guarded(m_dialogs, [this] { fillPorts(); }));
+    connect(m_states, &BoundList::chosen, this, guarded(m_dialogs, [this] { onState(); }));
     // A state that is not stored has no ports yet: those of the state before must not be offered under it.
     connect(m_states->lineEdit(), &QLineEdit::editingFinished, this, guarded(m_dialogs, [this] {
                 if (!chosenState()) {
-                    fillPorts();
+                    onState();
                 }
             }));
     m_ports->setOpenCheck([this] {
@@ -191,6 +211,14 @@ void OperationForm::connectLists() {
         }
         return true;
     });
+}
+
+/// Another state takes away a port of the one before; a newly typed port may be one of its own.
+void OperationForm::onState() {
+    if (chosenState() != m_stateOfPorts && m_ports->row() >= 0) {
+        m_ports->setText({});
+    }
+    fillPorts();
 }
 
 void OperationForm::clear(const QString& recorder) {
@@ -221,7 +249,7 @@ void OperationForm::fillVessels() {
     ResultSet vessels = m_connection.query(Sql("select * from vessel order by vesselname"));
     const QString name = u"vesselname"_s;
     const QString registerId = u"vesselid"_s;
-    m_registerIds->setSource(std::make_unique<ResultModel>(vessels), registerId, name);
+    m_registerIds->setSource(std::make_unique<ResultModel>(registeredIds(vessels)), registerId, name);
     m_vesselNames->setSource(std::make_unique<ResultModel>(std::move(vessels)), name, registerId);
 }
 
@@ -249,7 +277,8 @@ void OperationForm::fillStates() {
 }
 
 void OperationForm::fillPorts() {
-    if (const auto state = chosenState()) {
+    m_stateOfPorts = chosenState();
+    if (const auto state = m_stateOfPorts) {
         m_ports->setSource(m_connection.model(Sql("select * from samplingport where stateid = ")
                                               << *state << " order by samplingname"),
                            u"samplingname"_s, u"samplingid"_s);

@@ -57,6 +57,7 @@ private:
     void addLandingColumn(QGridLayout* form);
     void addTripColumn(QGridLayout* form);
     void connectLists();
+    void onState();
     void fillGears();
     void fillMethods();
     [[nodiscard]] QWidget* field(OperationField field) const;
@@ -73,6 +74,7 @@ private:
 
     BoundList* m_states;
     BoundList* m_ports;
+    std::optional<int> m_stateOfPorts;  ///< whose ports are offered
     DateField* m_date;
     QLineEdit* m_latitudeDec;
     QLineEdit* m_latitudeMin;

@@ -161,6 +161,7 @@ private Q_SLOTS:
         QCOMPARE(desk.at().text(u"No."_s), QString());
         desk.fill();
         desk.at().type(kState, u"Gamma"_s);
+        desk.at().type(kPort, u"Gao"_s);
         desk.store.dialogs.expectMessageContaining(u"at most 32767 fishing operations"_s);
         desk.save();
         QVERIFY(desk.store.dialogs.done());

@@ -70,6 +70,8 @@ private Q_SLOTS:
         desk.store.execute("insert into fishing_area values ('A3', '')");
         desk.store.execute("insert into vessel(vesselid) values ('R-3')");
         desk.at().type(kState, u"gamma"_s);
+        QCOMPARE(desk.at().text(kPort), QString());
+        desk.at().type(kPort, u"Bex"_s);
         desk.at().type(u"Fishing Area"_s, u"a3"_s);
         desk.at().type(kRegisterId, u"R-3"_s);
         desk.saveWell();
@@ -126,9 +128,16 @@ private Q_SLOTS:
         desk.at().type(kRegisterId, u"r-1"_s);
         QCOMPARE(desk.at().text(kVesselName), u"Sea Star"_s);
         desk.at().choose(kRegisterId, u"R-77"_s);
-        QCOMPARE(desk.at().text(kVesselName), u"Sea Star"_s);
+        // The name of another boat does not stay beside it, one that is not registered yet does.
+        QCOMPARE(desk.at().text(kVesselName), QString());
         desk.at().type(kVesselName, u"Sea"_s);
-        QCOMPARE(desk.at().text(kRegisterId), u"R-77"_s);
+        desk.at().choose(kRegisterId, u"R-77"_s);
+        QCOMPARE(desk.at().text(kVesselName) + desk.at().text(kRegisterId), u"SeaR-77"_s);
+        // Of two rows with one id the one with a name counts.
+        desk.store.execute("insert into vessel(vesselid, vesselname) values ('r-77', 'Chok Dee')");
+        desk.open();
+        desk.at().type(kRegisterId, u"R-77"_s);
+        QCOMPARE(desk.at().text(kVesselName), u"Chok Dee"_s);
     }
 };
 
