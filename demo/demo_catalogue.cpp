@@ -100,8 +100,9 @@ int Catalogue::method(const QString& gear) const {
                   u"methodid");
 }
 
-int Catalogue::species(const QString& genus, const QString& name) const {
-    return number(Sql("select fishno from fish where genus = ") << genus << " and fishname = " << name, u"fishno");
+ChosenSpecies Catalogue::species(const QString& genus, const QString& name) const {
+    const Sql query = Sql("select fishno from fish where genus = ") << genus << " and fishname = " << name;
+    return {number(query, u"fishno"), genus + u' ' + name};
 }
 
 void Catalogue::storePlaces() {

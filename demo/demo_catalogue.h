@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/connection.h"
+#include "sampling/species_list.h"
 
 #include <QStringList>
 
@@ -32,7 +32,7 @@ public:
 
     [[nodiscard]] int port(const QString& name) const;
     [[nodiscard]] int method(const QString& gear) const;
-    [[nodiscard]] int species(const QString& genus, const QString& name) const;
+    [[nodiscard]] ChosenSpecies species(const QString& genus, const QString& name) const;
 
 private:
     void storePlaces();

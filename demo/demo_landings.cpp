@@ -17,7 +17,7 @@ constexpr double kSortedPart = 0.25;        // of a mixed group
 constexpr double kSingleSpeciesPart = 0.2;  // of the catch, from which on a species is weighed whole
 
 struct Weighed {
-    int species = 0;
+    ChosenSpecies species;
     double kg = 0;
 };
 
@@ -76,7 +76,8 @@ std::vector<Weighed> oneTripOf(const Landing& landing) {
     return species;
 }
 
-void recordComposition(Connection& connection, int operation, const std::vector<Weighed>& species, double catchKg) {
+void recordComposition(Connection& connection, const StoredOperation& operation, const std::vector<Weighed>& species,
+                       double catchKg) {
     std::vector<Weighed> mixed;
     for (const Weighed& one : species) {
         if (one.kg >= kSingleSpeciesPart * catchKg) {

@@ -38,11 +38,11 @@ double weightOf(const std::vector<CountedClass>& classes) {
 }
 
 /// Records a trip that landed one species, and the lengths of its fish.
-void recordLengths(Connection& connection, const Catalogue& catalogue, Trip trip, int species,
+void recordLengths(Connection& connection, const Catalogue& catalogue, Trip trip, const ChosenSpecies& species,
                    const std::vector<CountedClass>& classes) {
     const LengthClass& first = classes.front().limits;
     trip.catchKg = weightOf(classes);
-    const int operation = recordTrip(connection, catalogue, trip);
+    const StoredOperation operation = recordTrip(connection, catalogue, trip);
     storeSingleSpecies(connection, operation, species, trip.catchKg);
     storeLengthSample(connection, {.operation = operation,
                                    .species = species,
@@ -63,7 +63,7 @@ std::map<QString, std::vector<CountedClass>> talliesOf(const QString& path) {
 }
 
 void recordHake(Connection& connection, const Catalogue& catalogue, const QString& folder) {
-    const int hake = catalogue.species(u"Merluccius"_s, u"merluccius"_s);
+    const ChosenSpecies hake = catalogue.species(u"Merluccius"_s, u"merluccius"_s);
     std::map<int, std::vector<CountedClass>> byMonth;
     for (const auto& [period, classes] : talliesOf(folder + u"/hake.csv"_s)) {
         byMonth[period.section(u'-', 1, 1).toInt()] = classes;
@@ -118,12 +118,12 @@ std::vector<CountedClass> lengthsOf(const std::vector<GonadFish>& fish) {
 }
 
 void recordWhitefish(Connection& connection, const Catalogue& catalogue, const QString& folder) {
-    const int whitefish = catalogue.species(u"Prosopium"_s, u"williamsonii"_s);
+    const ChosenSpecies whitefish = catalogue.species(u"Prosopium"_s, u"williamsonii"_s);
     for (const auto& [day, fish] : whitefishByDay(folder + u"/whitefish.csv"_s)) {
         Trip trip = surveyTrip(6, u"RIVER SURVEY"_s, u"S-30"_s, u"Electrofisher"_s);
         trip.date = QDate(kYear, day.month(), day.day());
         trip.catchKg = leadingNumber(samplingWeightText(bodyWeightSum(fish)));
-        const int operation = recordTrip(connection, catalogue, trip);
+        const StoredOperation operation = recordTrip(connection, catalogue, trip);
         storeSingleSpecies(connection, operation, whitefish, trip.catchKg);
         StoredPart stored;
         storeGonadSample(connection,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "demo/demo_catalogue.h"
+#include "operations/stored_operation.h"
 
 #include <QDate>
 
@@ -23,7 +24,7 @@ struct Trip {
 };
 
 /// Records a trip as the entry screen does, after the checks that the screen makes; returns its number.
-int recordTrip(Connection& connection, const Catalogue& catalogue, const Trip& trip);
+StoredOperation recordTrip(Connection& connection, const Catalogue& catalogue, const Trip& trip);
 
 /// The trips of the four ports in every month, with the composition of their catches.
 void recordLandings(Connection& connection, const Catalogue& catalogue, const QString& dataFolder);

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace kelvora {
 
-int demo::recordTrip(Connection& connection, const Catalogue& catalogue, const Trip& trip) {
+StoredOperation demo::recordTrip(Connection& connection, const Catalogue& catalogue, const Trip& trip) {
     const QString none = u"0"_s;
     const OperationEntry entry{.vesselName = trip.vessel,
                                .registerId = trip.registerId,
@@ -38,7 +38,7 @@ int demo::recordTrip(Connection& connection, const Catalogue& catalogue, const T
     }
     const int operation = nextOperation(connection);
     connection.execute(insertStatement(entry, operation, catalogue.port(trip.port.name)));
-    return operation;
+    return storedOperation(connection, operation).value();
 }
 
 void makeDemoYear(const QString& path, const QString& sourceFolder) {

@@ -1,5 +1,6 @@
 #include "operations/finder_panel.h"
 
+#include "controls/dialogs.h"
 #include "controls/fields.h"
 #include "controls/guard.h"
 #include "controls/record_navigator.h"
@@ -62,27 +63,21 @@ void FinderPanel::open(bool selectFirstCriterion) {
     if (selectFirstCriterion) {
         m_fields->chooseFirstCriterion();
     }
-    const int saved = m_context.session.lastSavedOperation;
-    m_search->setEnabled(saved == 0);
-    if (saved != 0) {
-        runGuarded(m_context.dialogs, [&] { setOperation(saved); });
+    int& saved = m_context.session.lastSavedOperation;
+    if (saved != 0 && runGuarded(m_context.dialogs, [&] { setOperation(saved); }) && !m_current) {
+        saved = 0;
     }
+    m_search->setEnabled(!m_current);
 }
 
 QString FinderPanel::currentOperation() const {
     return m_number->text();
 }
 
-std::optional<int> FinderPanel::operation() const {
-    bool whole = false;
-    const int number = currentOperation().toInt(&whole);
-    return whole ? std::optional(number) : std::nullopt;
-}
-
 void FinderPanel::clear() {
     m_details->clear();
     m_navigator->setCaption({});
-    setNumber({});
+    setCurrent(std::nullopt);
     Q_EMIT cleared();
 }
 
@@ -102,6 +97,7 @@ void FinderPanel::onSearch() {
     m_found = search ? m_connection.query(numbersOnly(*search)) : ResultSet();
     m_navigator->setRowCount(m_found.rowCount());
     if (m_found.isEmpty()) {
+        clear();
         m_navigator->setCaption(u"[No Record]"_s);
     }
 }
@@ -111,8 +107,8 @@ void FinderPanel::onArrived(int row) {
         return;
     }
     const bool shown = runGuarded(m_context.dialogs, [&] {
-        m_navigator->setCaption(u"Result %1 Of %2"_s.arg(row + 1).arg(m_found.rowCount()));
         setOperation(m_found.integer(row, u"optid").value());
+        m_navigator->setCaption(u"Result %1 Of %2"_s.arg(row + 1).arg(m_found.rowCount()));
     });
     if (!shown) {
         // Rather no operation than one whose details are those of another.
@@ -120,18 +116,30 @@ void FinderPanel::onArrived(int row) {
     }
 }
 
-void FinderPanel::setOperation(int operation) {
-    setNumber(QString::number(operation));
-    const ResultSet details = m_connection.query(operationByNumber(operation));
-    if (details.isEmpty()) {
+void FinderPanel::setOperation(int number) {
+    std::optional<StoredOperation> stored = storedOperation(m_connection, number);
+    if (!stored) {
+        clear();
+        m_context.dialogs.message(
+            u"Fishing operation no. %1 is not stored any more: it was deleted elsewhere. No operation is chosen now."_s
+                .arg(number));
         return;
     }
-    m_details->fill(details, 0);
+    const ResultSet details = m_connection.query(operationByNumber(number));
+    if (details.isEmpty()) {
+        m_details->clear();
+        setCurrent(std::move(stored), unregisteredNames(m_connection, number));
+    } else {
+        m_details->fill(details, 0);
+        setCurrent(std::move(stored));
+    }
     Q_EMIT loaded();
 }
 
-void FinderPanel::setNumber(const QString& number) {
-    m_number->setText(number);
+void FinderPanel::setCurrent(std::optional<StoredOperation> operation, QStringList unregistered) {
+    m_current = std::move(operation);
+    m_unregistered = std::move(unregistered);
+    m_number->setText(m_current ? QString::number(m_current->number) : QString());
     Q_EMIT operationChanged();
 }
 

@@ -2,6 +2,7 @@
 
 #include "controls/session.h"
 #include "data/result_set.h"
+#include "operations/stored_operation.h"
 
 #include <QWidget>
 
@@ -33,15 +34,17 @@ public:
     [[nodiscard]] const QString& numberCaption() const { return m_numberCaption; }
     /// The number of the current operation in decimal text; empty if there is none.
     [[nodiscard]] QString currentOperation() const;
-    /// The same as a number.
-    [[nodiscard]] std::optional<int> operation() const;
+    /// The current operation as it was read; nothing if there is none.
+    [[nodiscard]] const std::optional<StoredOperation>& operation() const { return m_current; }
+    /// What the current operation refers to and is not registered; its details are not shown then.
+    [[nodiscard]] const QStringList& unregistered() const { return m_unregistered; }
 
 Q_SIGNALS:
-    /// Another operation is current, or none any more. It may have no details to load.
+    /// Another operation is current, or none any more.
     void operationChanged();
     /// No operation is current any more: the screen blanks what it shows of one.
     void cleared();
-    /// The details of the current operation have been loaded: the screen shows what it has of it.
+    /// Another operation is current: the screen shows what it has of it.
     void loaded();
 
 private:
@@ -49,8 +52,8 @@ private:
     void onValueTyped();
     void onSearch();
     void onArrived(int row);
-    void setOperation(int operation);
-    void setNumber(const QString& number);
+    void setOperation(int number);
+    void setCurrent(std::optional<StoredOperation> operation, QStringList unregistered = {});
 
     Connection& m_connection;
     Context m_context;
@@ -61,6 +64,8 @@ private:
     ValueLabel* m_number;
     OperationDetails* m_details;
     ResultSet m_found;
+    std::optional<StoredOperation> m_current;
+    QStringList m_unregistered;
 };
 
 }  // namespace kelvora

@@ -1,13 +1,14 @@
 #pragma once
 
-#include <QLabel>
+#include "controls/fields.h"
 
 namespace kelvora {
 
 class FinderPanel;
 
-/// The line above an entry that says which operation the samples are taken from, or where to find one.
-class OperationLine : public QLabel {
+/// The line above an entry that says which operation the samples are taken from and what it refers to without being
+/// registered, or where to find one.
+class OperationLine : public ValueLabel {
     Q_OBJECT
 
 public:

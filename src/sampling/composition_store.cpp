@@ -32,34 +32,38 @@ bool hasSingleSpecies(Connection& connection, int operation, int species) {
                 .isEmpty();
 }
 
-void storeSingleSpecies(Connection& connection, int operation, int species, double weight) {
+void storeSingleSpecies(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species,
+                        double weight) {
     Transaction transaction(connection);
+    requireOperation(connection, operation);
+    requireSpecies(connection, species);
     const ResultSet group = connection.query(Sql("select groupid from group_main where optid = ")
-                                             << operation << " and groupname = 'Single species'");
+                                             << operation.number << " and groupname = 'Single species'");
     if (group.isEmpty()) {
         connection.execute(Sql("insert into group_main(optid,groupid,groupname,totalsampling) values(")
-                           << operation << "," << 1 << ",'Single species',0)");
+                           << operation.number << "," << 1 << ",'Single species',0)");
     }
-    connection.execute(Sql("insert into group_composition values(")
-                       << operation << "," << species << "," << 1 << "," << weight << "," << weight << ")");
+    connection.execute(Sql("insert into group_composition values(") << operation.number << "," << species.number << ","
+                                                                    << 1 << "," << weight << "," << weight << ")");
     connection.execute(Sql("update group_main set totalsampling = totalsampling + ")
-                       << weight << " where groupid = 1 and optid = " << operation);
+                       << weight << " where groupid = 1 and optid = " << operation.number);
     transaction.commit();
 }
 
-void deleteSingleSpecies(Connection& connection, int operation, const QString& shownName) {
+void deleteSingleSpecies(Connection& connection, const StoredOperation& operation, const QString& shownName) {
     Transaction transaction(connection);
+    requireOperation(connection, operation);
     const ResultSet found =
         connection.query(Sql("select fishno from fish where fish.genus & ' ' & fish.fishname  = ") << shownName);
     for (int row = 0; row < found.rowCount(); ++row) {
         // Of several species with this name the one that stands in the group is meant.
         if (connection.execute(Sql("delete from group_composition where optid = ")
-                               << operation
+                               << operation.number
                                << " and groupid = 1 and spid = " << found.integer(row, u"fishno").value_or(0)) > 0) {
             break;
         }
     }
-    settleSingleSpeciesGroup(connection, operation);
+    settleSingleSpeciesGroup(connection, operation.number);
     transaction.commit();
 }
 
@@ -68,24 +72,28 @@ bool hasGroup(Connection& connection, int operation, const QString& name) {
                 .isEmpty();
 }
 
-void storeGroup(Connection& connection, int operation, const SamplingGroup& group) {
+void storeGroup(Connection& connection, const StoredOperation& operation, const SamplingGroup& group) {
     Transaction transaction(connection);
-    const int number = nextGroup(connection, operation);
+    requireOperation(connection, operation);
+    const int number = nextGroup(connection, operation.number);
     connection.execute(Sql("insert into group_main values(")
-                       << number << "," << operation << "," << group.name << "," << group.total << ")");
+                       << number << "," << operation.number << "," << group.name << "," << group.total << ")");
     const double factor = raisingFactor(group.total, group.sample);
     for (const SampledSpecies& sampled : group.species) {
+        requireSpecies(connection, sampled.species);
         connection.execute(Sql("insert into group_composition values (")
-                           << operation << "," << sampled.species << "," << number << "," << sampled.weight << ","
-                           << sampled.weight * factor << ")");
+                           << operation.number << "," << sampled.species.number << "," << number << ","
+                           << sampled.weight << "," << sampled.weight * factor << ")");
     }
     transaction.commit();
 }
 
-void deleteGroup(Connection& connection, int operation, int group) {
+void deleteGroup(Connection& connection, const StoredOperation& operation, int group) {
     Transaction transaction(connection);
-    connection.execute(Sql("delete from group_main where optid = ") << operation << " and groupid = " << group);
-    connection.execute(Sql("delete from group_composition where optid = ") << operation << " and groupid = " << group);
+    requireOperation(connection, operation);
+    connection.execute(Sql("delete from group_main where optid = ") << operation.number << " and groupid = " << group);
+    connection.execute(Sql("delete from group_composition where optid = ")
+                       << operation.number << " and groupid = " << group);
     transaction.commit();
 }
 

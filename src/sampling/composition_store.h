@@ -1,6 +1,7 @@
 #pragma once
 
-#include "data/connection.h"
+#include "operations/stored_operation.h"
+#include "sampling/species_list.h"
 
 #include <vector>
 
@@ -8,7 +9,7 @@ namespace kelvora {
 
 /// A species of a sampling group and its weight in the sample (kg).
 struct SampledSpecies {
-    int species = 0;
+    ChosenSpecies species;
     double weight = 0;
 };
 
@@ -24,21 +25,23 @@ struct SamplingGroup {
 bool hasSingleSpecies(Connection& connection, int operation, int species);
 
 /// Stores a species weighed whole (kg) and adds it to the total of group 1, which comes into being with the first one.
-/// All or nothing.
-void storeSingleSpecies(Connection& connection, int operation, int species, double weight);
+/// All or nothing. This and what else stores or deletes for an operation throws OriginLost if the operation or the
+/// species is not stored any more as the screen read it.
+void storeSingleSpecies(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species,
+                        double weight);
 
 /// Takes the single species with a shown name out of an operation. Group 1 keeps the sum of what is left, and goes with
 /// its last species. All or nothing.
-void deleteSingleSpecies(Connection& connection, int operation, const QString& shownName);
+void deleteSingleSpecies(Connection& connection, const StoredOperation& operation, const QString& shownName);
 
 /// Whether an operation has a group with a name.
 bool hasGroup(Connection& connection, int operation, const QString& name);
 
 /// Stores a sampling group under the next number of the operation, each weight raised to the whole group. All or
 /// nothing.
-void storeGroup(Connection& connection, int operation, const SamplingGroup& group);
+void storeGroup(Connection& connection, const StoredOperation& operation, const SamplingGroup& group);
 
 /// Deletes a sampling group with its species. All or nothing.
-void deleteGroup(Connection& connection, int operation, int group);
+void deleteGroup(Connection& connection, const StoredOperation& operation, int group);
 
 }  // namespace kelvora

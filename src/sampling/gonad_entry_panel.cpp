@@ -124,13 +124,13 @@ void GonadEntryPanel::reset() {
 }
 
 void GonadEntryPanel::refresh() {
-    const std::optional<int> operation = m_finder.operation();
+    const auto& operation = m_finder.operation();
     if (operation != m_operation) {
         // Stepping from one operation to the next: the fish measured so far are not of its catch.
         reset();
     }
     runGuarded(m_dialogs, [&] {
-        fillCaughtSpecies(*m_species, m_connection, operation.value());
+        fillCaughtSpecies(*m_species, m_connection, operation.value().number);
         m_operation = operation;
     });
 }
@@ -205,9 +205,12 @@ void GonadEntryPanel::onSave() {
         m_grid->removeFirst(m_stored.fish - storedBefore);
         // The rest belongs to the sample whose first fish are stored, so to the same species.
         m_species->setEnabled(m_stored.isEmpty());
+        const bool lost = dynamic_cast<const OriginLost*>(&failure) != nullptr;
         m_dialogs.message(
-            u"%1 of %2 fish are stored: %3.\n\nThe others are still in the grid. Press SAVE again to store "
-            "them."_s.arg(QString::number(m_stored.fish), QString::number(all), reasonOf(failure)));
+            u"%1 of %2 fish are stored: %3.\n\nThe others are still in the grid. "_s.arg(
+                QString::number(m_stored.fish), QString::number(all), reasonOf(failure)) +
+            (lost ? u"Choosing another operation empties it: note them before (marked rows are copied with Ctrl+C)."_s
+                  : u"Press SAVE again to store them."_s));
         return;
     }
     endSample();
@@ -230,7 +233,7 @@ std::optional<GonadSample> GonadEntryPanel::sampleToStore() {
         m_weight->setFocus(Qt::TabFocusReason);
         return std::nullopt;
     }
-    return GonadSample{*m_operation, m_species->key().toInt(), *weight, m_grid->fish()};
+    return GonadSample{*m_operation, chosenSpecies(*m_species).value(), *weight, m_grid->fish()};
 }
 
 void GonadEntryPanel::store(const GonadSample& sample) {

@@ -65,8 +65,8 @@ private:
     QPushButton* m_save;
     QPushButton* m_clear;
 
-    std::optional<int> m_operation;  ///< the operation whose species are offered
-    StoredPart m_stored;             ///< of the sample on the screen, after a save that was interrupted
+    std::optional<StoredOperation> m_operation;  ///< the operation whose species are offered
+    StoredPart m_stored;                         ///< of the sample on the screen, after a save that was interrupted
 };
 
 }  // namespace kelvora

@@ -4,51 +4,47 @@
 #include "data/numbers.h"
 #include "data/transaction.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvora {
 namespace {
 
-void executeAndCommit(Connection& connection, const Sql& sql) {
-    Transaction transaction(connection);
-    connection.execute(sql);
-    transaction.commit();
+void requireOrigin(Connection& connection, const GonadSample& sample) {
+    requireOperation(connection, sample.operation);
+    requireSpecies(connection, sample.species);
 }
 
-/// Fish of an operation that has been deleted meanwhile would turn up in the next operation that gets its number.
-void requireOperation(Connection& connection, int operation) {
-    if (connection.query(Sql("select optid from fishoperation where optid = ") << operation).isEmpty()) {
-        const QString reason = u"fishing operation no. %1 has been deleted"_s.arg(operation);
+/// Throws DataError if the fish of a sample cannot all be numbered.
+void requireNumbers(Connection& connection, const GonadSample& sample) {
+    const int stored = nextFish(connection, sample.operation.number, sample.species.number) - 1;
+    if (static_cast<int>(sample.fish.size()) > kLargestKey - stored) {
+        const QString reason =
+            u"a species has at most %1 fish in an operation, and %2 are stored already"_s.arg(kLargestKey).arg(stored);
         throw DataError(reason, reason);
     }
 }
 
-/// The number in front of the first fish of a sample. Throws DataError if its fish cannot all be numbered.
-int lastNumber(Connection& connection, const GonadSample& sample) {
-    const int stored = nextFish(connection, sample.operation, sample.species) - 1;
-    if (static_cast<int>(sample.fish.size()) > kLargestKey - stored) {
-        const QString reason = u"a species has at most %1 fish in an operation, and %2 are stored already"_s;
-        throw DataError(reason.arg(kLargestKey).arg(stored), reason.arg(kLargestKey).arg(stored));
-    }
-    return stored;
+/// What a fish counts for among those of its sample; a text that is no weight counts for nothing.
+double bodyWeight(const GonadFish& fish) {
+    return std::max(0.0, bodyWeightSum({fish}));
 }
 
-void storeWeight(Connection& connection, const GonadSample& sample, StoredPart& part) {
-    const bool known =
-        !connection
-             .query(Sql("select * from gonad where spid = ") << sample.species << " and optid = " << sample.operation)
-             .isEmpty();
-    const double further = asRead(sample.samplingWeight - part.samplingWeight);
-    if (!known) {
-        executeAndCommit(connection, Sql("insert into gonad values(") << sample.operation << "," << sample.species
-                                                                      << "," << sample.samplingWeight << ")");
-    } else if (!part.begun || further != 0) {
-        executeAndCommit(connection, Sql("update gonad set samplingw = samplingw + ")
-                                         << further << " where spid = " << sample.species
-                                         << " and optid = " << sample.operation);
+/// Makes the stored sample weigh a share (kg) more than it did before its first fish.
+void storeWeight(Connection& connection, const GonadSample& sample, StoredPart& part, double share) {
+    const Sql where = Sql(" where spid = ") << sample.species.number << " and optid = " << sample.operation.number;
+    const ResultSet stored = connection.query(Sql("select * from gonad") << where);
+    if (!part.begun || stored.isEmpty()) {
+        part.before = stored.isEmpty() ? 0 : stored.number(0, u"samplingw").value_or(0);
     }
     part.begun = true;
-    part.samplingWeight = sample.samplingWeight;
+    if (stored.isEmpty()) {
+        connection.execute(Sql("insert into gonad values(")
+                           << sample.operation.number << "," << sample.species.number << "," << share << ")");
+    } else {
+        connection.execute(Sql("update gonad set samplingw = ") << asRead(part.before + share) << where);
+    }
 }
 
 }  // namespace
@@ -56,15 +52,46 @@ void storeWeight(Connection& connection, const GonadSample& sample, StoredPart& 
 void storeGonadSample(Connection& connection, const GonadSample& sample, StoredPart& part,
                       const std::function<void()>& fishStored) {
     // What can be refused is refused before anything is stored.
-    requireOperation(connection, sample.operation);
-    int number = lastNumber(connection, sample);
-    storeWeight(connection, sample, part);
+    requireOrigin(connection, sample);
+    requireNumbers(connection, sample);
+    if (sample.fish.empty()) {
+        // The fish that were not stored yet have been taken out of the grid: what is stored weighs what the box says.
+        Transaction transaction(connection);
+        StoredPart next = part;
+        storeWeight(connection, sample, next, sample.samplingWeight);
+        transaction.commit();
+        part = next;
+    }
+    double all = part.bodyWeights;
     for (const GonadFish& fish : sample.fish) {
-        executeAndCommit(connection, insertFish(sample.operation, sample.species, ++number, fish));
-        ++part.fish;
-        part.bodyWeights = asRead(part.bodyWeights + bodyWeightSum({fish}));
+        all += bodyWeight(fish);
+    }
+    for (const GonadFish& fish : sample.fish) {
+        Transaction transaction(connection);
+        requireOrigin(connection, sample);
+        StoredPart next = part;
+        ++next.fish;
+        next.bodyWeights += bodyWeight(fish);
+        const double share = &fish == &sample.fish.back() ? sample.samplingWeight
+                             : all > 0                    ? asRead(sample.samplingWeight * (next.bodyWeights / all))
+                                                          : 0;
+        storeWeight(connection, sample, next, share);
+        const int number = nextFish(connection, sample.operation.number, sample.species.number);
+        connection.execute(insertFish(sample.operation.number, sample.species.number, number, fish));
+        transaction.commit();
+        part = next;
         fishStored();
     }
+}
+
+void addFish(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species,
+             const GonadFish& fish) {
+    Transaction transaction(connection);
+    requireOperation(connection, operation);
+    requireSpecies(connection, species);
+    const int number = nextFish(connection, operation.number, species.number);
+    connection.execute(insertFish(operation.number, species.number, number, fish));
+    transaction.commit();
 }
 
 }  // namespace kelvora

@@ -39,14 +39,18 @@ LengthEntryPanel::LengthEntryPanel(const FinderPanel& finder, Connection& connec
       m_finish(keyButton(u"&FINISH"_s)),
       m_save(keyButton(u"SA&VE"_s)),
       m_clear(keyButton(u"&CLEAR"_s)),
-      m_grid(new LengthClassGrid(u"Length classes"_s)) {
+      m_grid(new LengthClassGrid(u"Length classes"_s)),
+      m_notice(new QLabel) {
     auto* layout = new QGridLayout(this);
     layout->addWidget(new OperationLine(m_finder), 0, 0, 1, 2);
-    layout->addWidget(createForm(), 1, 0);
-    layout->addWidget(createFrequencyFrame(), 2, 0);
-    layout->addWidget(createButtons(), 3, 0);
-    layout->addWidget(m_grid, 1, 1, 4, 1);
-    layout->setRowStretch(4, 1);
+    m_notice->setTextFormat(Qt::PlainText);
+    m_notice->setWordWrap(true);
+    layout->addWidget(m_notice, 1, 0, 1, 2);
+    layout->addWidget(createForm(), 2, 0);
+    layout->addWidget(createFrequencyFrame(), 3, 0);
+    layout->addWidget(createButtons(), 4, 0);
+    layout->addWidget(m_grid, 2, 1, 4, 1);
+    layout->setRowStretch(5, 1);
     layout->setColumnStretch(0, 2);
     layout->setColumnStretch(1, 3);
     layout->setHorizontalSpacing(16);
@@ -115,33 +119,59 @@ void LengthEntryPanel::connectFields() {
 }
 
 void LengthEntryPanel::reset() {
-    m_currentClass->clear();
-    m_grid->showNothing();
+    if (!m_started) {
+        m_currentClass->clear();
+        m_grid->showNothing();
+        return;
+    }
+    const QString givenUp =
+        u"The count of %1 in fishing operation no. %2 was given up with its %3 classes: another operation was looked for."_s
+            .arg(m_species->text(), QString::number(m_started->number), QString::number(m_grid->counted().size()));
+    clear();
+    m_notice->setText(givenUp);
+    m_notice->show();
 }
 
 void LengthEntryPanel::refresh() {
-    const bool filled = runGuarded(
-        m_context.dialogs, [this] { fillCaughtSpecies(*m_species, m_connection, m_finder.operation().value()); });
+    const bool filled = runGuarded(m_context.dialogs, [this] {
+        fillCaughtSpecies(*m_species, m_connection, m_finder.operation().value().number);
+    });
     if (!filled) {
         // Rather no species than those of another operation.
         m_species->clearSource();
     }
 }
 
-std::optional<int> LengthEntryPanel::species() const {
-    const QVariant key = m_species->key();
-    return key.isValid() ? std::optional(key.toInt()) : std::nullopt;
-}
-
 void LengthEntryPanel::onSpeciesChosen() {
-    const std::optional<int> chosen = species();
-    if (!chosen || chosen == m_shownSpecies) {
+    const std::optional<ChosenSpecies> chosen = chosenSpecies(*m_species);
+    if (!chosen || (m_shownSpecies && chosen->number == m_shownSpecies->number)) {
         return;
     }
-    const std::optional<double> interval = storedInterval(m_connection, *chosen);
+    const std::optional<double> interval = storedInterval(m_connection, chosen->number);
+    if (m_started && !fitsTheCount(*chosen, interval)) {
+        return;
+    }
     m_shownSpecies = chosen;
-    m_interval->setText(interval ? plainText(*interval) : QString());
+    if (!m_started) {
+        m_interval->setText(interval ? plainText(*interval) : QString());
+    }
     m_interval->setEnabled(!interval);
+}
+
+/// The species may be put right while its fish are counted, as long as the classes remain the same.
+bool LengthEntryPanel::fitsTheCount(const ChosenSpecies& chosen, const std::optional<double>& interval) {
+    if (interval == leadingNumber(m_interval->text())) {
+        return true;
+    }
+    const ChosenSpecies counted = m_shownSpecies.value();
+    m_species->setText(counted.name);
+    m_species->setKey(counted.number);
+    const QString has =
+        interval ? u"is counted in classes of %1 cm"_s.arg(plainText(*interval)) : u"has no class interval yet"_s;
+    m_context.dialogs.message(
+        u"ERROR"_s, u"%1 %2, and these fish in classes of %3 cm: they stay with %4. Press CLEAR to begin again."_s.arg(
+                        chosen.name, has, m_interval->text(), counted.name));
+    return false;
 }
 
 void LengthEntryPanel::onIntervalChanged() {
@@ -151,7 +181,14 @@ void LengthEntryPanel::onIntervalChanged() {
 }
 
 LengthStart LengthEntryPanel::typedStart() const {
-    return {species(), m_finder.operation(), m_interval->text(), m_weight->text(), m_lowerLimit->text()};
+    LengthStart start{{}, {}, m_interval->text(), m_weight->text(), m_lowerLimit->text()};
+    if (const auto species = chosenSpecies(*m_species)) {
+        start.species = species->number;
+    }
+    if (const auto& operation = m_finder.operation()) {
+        start.operation = operation->number;
+    }
+    return start;
 }
 
 void LengthEntryPanel::onStart() {
@@ -161,17 +198,18 @@ void LengthEntryPanel::onStart() {
         refuse(*refusal);
         return;
     }
-    if (!giveWay(*start.operation, *start.species)) {
+    if (!giveWay(*m_finder.operation(), *start.species)) {
         clear();
         m_species->setFocus();
         return;
     }
-    m_startedOperation = start.operation;
+    m_started = m_finder.operation();
+    m_notice->hide();
     startAt(classHolding(leadingNumber(start.lowerLimit), leadingNumber(start.interval)).value());
 }
 
-bool LengthEntryPanel::giveWay(int operation, int species) {
-    if (!hasLengthSample(m_connection, operation, species)) {
+bool LengthEntryPanel::giveWay(const StoredOperation& operation, int species) {
+    if (!hasLengthSample(m_connection, operation.number, species)) {
         return true;
     }
     if (!m_context.dialogs.confirm(u"CONFORM"_s,
@@ -231,7 +269,7 @@ bool LengthEntryPanel::mayBeSaved(const std::vector<CountedClass>& classes) {
         refuse(*refusal);
         return false;
     }
-    const auto [operation, started] = std::pair(*start.operation, m_startedOperation.value_or(0));
+    const auto [operation, started] = std::pair(*start.operation, m_started.value().number);
     QString problem;
     if (operation != started) {
         problem = u"This sample belongs to fishing operation no. %1: go back to it to save"_s.arg(started);
@@ -252,8 +290,8 @@ void LengthEntryPanel::onSave() {
     if (!mayBeSaved(classes) || !m_context.dialogs.confirm(u"Confirm"_s, u"Are you sure to insert this data"_s)) {
         return;
     }
-    storeLengthSample(m_connection, {m_finder.operation().value(), species().value(), leadingNumber(m_weight->text()),
-                                     leadingNumber(m_interval->text()), classes});
+    storeLengthSample(m_connection, {m_started.value(), chosenSpecies(*m_species).value(),
+                                     leadingNumber(m_weight->text()), leadingNumber(m_interval->text()), classes});
     clear();
     m_species->setFocus();
 }
@@ -262,7 +300,8 @@ void LengthEntryPanel::clear() {
     m_grid->showNothing();
     m_species->setText({});
     m_shownSpecies.reset();
-    m_startedOperation.reset();
+    m_started.reset();
+    m_notice->hide();
     for (QLineEdit* box : {m_interval, m_lowerLimit, m_weight, m_frequency}) {
         box->clear();
         box->setEnabled(true);

@@ -29,7 +29,7 @@ public:
     /// The finder says which operation is current; it and the connection are the screen's and outlive the panel.
     LengthEntryPanel(const FinderPanel& finder, Connection& connection, const Context& context);
 
-    /// No operation is current any more.
+    /// No operation is current any more: an entry that runs ends, as with CLEAR.
     void reset();
     /// Another operation is current: offers the species of its composition.
     void refresh();
@@ -47,10 +47,10 @@ private:
     void onFinish();
     void onSave();
     void clear();
+    bool fitsTheCount(const ChosenSpecies& chosen, const std::optional<double>& interval);
 
-    [[nodiscard]] std::optional<int> species() const;
     [[nodiscard]] LengthStart typedStart() const;
-    bool giveWay(int operation, int species);
+    bool giveWay(const StoredOperation& operation, int species);
     void startAt(const LengthClass& first);
     [[nodiscard]] QLineEdit* boxOf(LengthRefusal::Field field) const;
     void refuse(const LengthRefusal& refusal);
@@ -73,9 +73,11 @@ private:
     QPushButton* m_clear;
     LengthClassGrid* m_grid;
 
-    std::optional<int> m_shownSpecies;      ///< the species whose interval is in its box
-    std::optional<int> m_startedOperation;  ///< the operation whose catch is being measured
-    LengthClass m_current;                  ///< the class that waits for its count
+    QLabel* m_notice;  ///< what became of the last entry, where it ended without SAVE or CLEAR
+
+    std::optional<ChosenSpecies> m_shownSpecies;  ///< the species whose interval is in its box
+    std::optional<StoredOperation> m_started;     ///< the operation whose catch is being measured; nothing while idle
+    LengthClass m_current;                        ///< the class that waits for its count
 };
 
 }  // namespace kelvora

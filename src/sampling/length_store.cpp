@@ -3,6 +3,15 @@
 #include "data/transaction.h"
 
 namespace kelvora {
+namespace {
+
+void insertClass(Connection& connection, int operation, int species, const CountedClass& counted) {
+    connection.execute(Sql("insert into length_detail values(")
+                       << operation << "," << species << "," << counted.limits.lower << "," << counted.limits.upper
+                       << "," << counted.middle << "," << counted.frequency << ")");
+}
+
+}  // namespace
 
 std::optional<double> storedInterval(Connection& connection, int species) {
     const ResultSet fish = connection.query(Sql("select classinterval from fish where fishno = ") << species);
@@ -15,26 +24,45 @@ bool hasLengthSample(Connection& connection, int operation, int species) {
                 .isEmpty();
 }
 
-void deleteLengthSample(Connection& connection, int operation, int species) {
+void deleteLengthSample(Connection& connection, const StoredOperation& operation, int species) {
     Transaction transaction(connection);
-    connection.execute(Sql("delete from length where optid = ") << operation << " and spid = " << species);
-    connection.execute(Sql("delete from length_detail where optid = ") << operation << " and spid = " << species);
+    requireOperation(connection, operation);
+    connection.execute(Sql("delete from length where optid = ") << operation.number << " and spid = " << species);
+    connection.execute(Sql("delete from length_detail where optid = ")
+                       << operation.number << " and spid = " << species);
     transaction.commit();
 }
 
 void storeLengthSample(Connection& connection, const LengthSample& sample) {
     Transaction transaction(connection);
-    if (!storedInterval(connection, sample.species)) {
-        connection.execute(Sql("update fish set classinterval = ")
-                           << sample.interval << " where fishno = " << sample.species);
+    requireOperation(connection, sample.operation);
+    requireSpecies(connection, sample.species);
+    const int species = sample.species.number;
+    if (!storedInterval(connection, species)) {
+        connection.execute(Sql("update fish set classinterval = ") << sample.interval << " where fishno = " << species);
     }
     connection.execute(Sql("insert into length values(")
-                       << sample.operation << "," << sample.species << "," << sample.weight << ")");
-    for (const CountedClass& c : sample.classes) {
-        connection.execute(Sql("insert into length_detail values(")
-                           << sample.operation << "," << sample.species << "," << c.limits.lower << ","
-                           << c.limits.upper << "," << c.middle << "," << c.frequency << ")");
+                       << sample.operation.number << "," << species << "," << sample.weight << ")");
+    for (const CountedClass& counted : sample.classes) {
+        insertClass(connection, sample.operation.number, species, counted);
     }
+    transaction.commit();
+}
+
+void correctWeight(Connection& connection, const StoredOperation& operation, int species, double weight) {
+    Transaction transaction(connection);
+    requireOperation(connection, operation);
+    connection.execute(Sql("update length set weight = ")
+                       << weight << " where optid = " << operation.number << " and spid = " << species);
+    transaction.commit();
+}
+
+void addLengthClass(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species,
+                    const CountedClass& counted) {
+    Transaction transaction(connection);
+    requireOperation(connection, operation);
+    requireSpecies(connection, species);
+    insertClass(connection, operation.number, species.number, counted);
     transaction.commit();
 }
 

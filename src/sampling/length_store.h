@@ -1,7 +1,8 @@
 #pragma once
 
-#include "data/connection.h"
+#include "operations/stored_operation.h"
 #include "sampling/length_classes.h"
+#include "sampling/species_list.h"
 
 #include <optional>
 #include <vector>
@@ -17,8 +18,8 @@ struct CountedClass {
 
 /// A length-frequency sample of a species in an operation.
 struct LengthSample {
-    int operation = 0;
-    int species = 0;
+    StoredOperation operation;
+    ChosenSpecies species;
     double weight = 0;    ///< sampling weight in kg
     double interval = 0;  ///< class interval in cm
     std::vector<CountedClass> classes;
@@ -30,10 +31,19 @@ std::optional<double> storedInterval(Connection& connection, int species);
 /// Whether an operation has a length sample of a species.
 bool hasLengthSample(Connection& connection, int operation, int species);
 
-/// Deletes an operation's length sample of a species with its classes. All or nothing.
-void deleteLengthSample(Connection& connection, int operation, int species);
+/// Deletes an operation's length sample of a species with its classes. All or nothing. This and what else stores or
+/// deletes for an operation throws OriginLost if the operation or the species is not stored any more as the screen read
+/// it.
+void deleteLengthSample(Connection& connection, const StoredOperation& operation, int species);
 
 /// Stores a sample with its classes in their order, and its interval if the species has none yet. All or nothing.
 void storeLengthSample(Connection& connection, const LengthSample& sample);
+
+/// Corrects the sampling weight (kg) of a stored sample.
+void correctWeight(Connection& connection, const StoredOperation& operation, int species, double weight);
+
+/// Adds a class to a stored sample.
+void addLengthClass(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species,
+                    const CountedClass& counted);
 
 }  // namespace kelvora

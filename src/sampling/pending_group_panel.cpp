@@ -186,7 +186,7 @@ bool PendingGroupPanel::chooseFreeName(int operation) {
 }
 
 void PendingGroupPanel::onSave() {
-    const std::optional<int> operation = m_finder.operation();
+    const auto& operation = m_finder.operation();
     if (!operation) {
         m_context.dialogs.message(u"ERROR"_s, u"Please choose a fishing operation for this group"_s);
         return;
@@ -201,13 +201,13 @@ void PendingGroupPanel::onSave() {
         }
     }
     if (!m_context.dialogs.confirm(u"CONFIRM"_s, u"Are you sure to 'SAVE' this group"_s) ||
-        !chooseFreeName(*operation)) {
+        !chooseFreeName(operation->number)) {
         return;
     }
     SamplingGroup group{m_group->text(), total(), sample(), {}};
     for (int row = 0; row < listed(); ++row) {
         const QStringList& texts = m_rows.row(row);
-        group.species.push_back({texts.at(Key).toInt(), leadingNumber(texts.at(Weight))});
+        group.species.push_back({{texts.at(Key).toInt(), texts.at(Species)}, leadingNumber(texts.at(Weight))});
     }
     storeGroup(m_connection, *operation, group);
     onClear();

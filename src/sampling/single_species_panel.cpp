@@ -87,7 +87,7 @@ void SingleSpeciesPanel::refuse(const QString& title, const QString& text, QWidg
 }
 
 void SingleSpeciesPanel::onAdd() {
-    const std::optional<int> operation = m_finder.operation();
+    const auto& operation = m_finder.operation();
     if (!operation) {
         return;
     }
@@ -104,14 +104,14 @@ void SingleSpeciesPanel::onAdd() {
         refuse(u"ERROR!"_s, u"Please select species!"_s, m_species);
         return;
     }
-    if (hasSingleSpecies(m_connection, *operation, species->number)) {
+    if (hasSingleSpecies(m_connection, operation->number, species->number)) {
         m_context.dialogs.message(u"This species is in database already! please try again"_s);
         return;
     }
-    storeSingleSpecies(m_connection, *operation, species->number, leadingNumber(m_weight->text()));
+    storeSingleSpecies(m_connection, *operation, *species, leadingNumber(m_weight->text()));
     m_weight->clear();
     m_weight->setFocus();
-    refresh(*operation);
+    refresh(operation->number);
     Q_EMIT changed();
 }
 
@@ -121,12 +121,12 @@ void SingleSpeciesPanel::onArrived(int row) {
 }
 
 void SingleSpeciesPanel::onDelete() {
-    const std::optional<int> operation = m_finder.operation();
+    const auto& operation = m_finder.operation();
     if (!operation) {
         return;
     }
     deleteSingleSpecies(m_connection, *operation, m_navigator->caption());
-    refresh(*operation);
+    refresh(operation->number);
     Q_EMIT changed();
 }
 

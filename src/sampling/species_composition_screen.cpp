@@ -63,7 +63,7 @@ void SpeciesCompositionScreen::clearResults() {
 
 void SpeciesCompositionScreen::refreshResults() {
     const bool shown = guard([this] {
-        const int operation = m_finder->operation().value();
+        const int operation = m_finder->operation().value().number;
         m_singleSpecies->refresh(operation);
         m_storedGroups->refresh(operation);
         m_summary->refresh(m_connection, operation);
@@ -75,12 +75,12 @@ void SpeciesCompositionScreen::refreshResults() {
 }
 
 void SpeciesCompositionScreen::refreshGroups() {
-    guard([this] { m_storedGroups->refresh(m_finder->operation().value()); });
+    guard([this] { m_storedGroups->refresh(m_finder->operation().value().number); });
     refreshSummary();
 }
 
 void SpeciesCompositionScreen::refreshSummary() {
-    guard([this] { m_summary->refresh(m_connection, m_finder->operation().value()); });
+    guard([this] { m_summary->refresh(m_connection, m_finder->operation().value().number); });
 }
 
 }  // namespace kelvora

@@ -1,6 +1,7 @@
 #include "sampling/species_list.h"
 
 #include "controls/bound_list.h"
+#include "operations/stored_operation.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +18,15 @@ void fillCaughtSpecies(BoundList& list, Connection& connection, int operation) {
                                         " group_composition.spid where optid = ")
                                     << operation << " order by fish.genus & ' ' & fish.fishname"),
                    u"Species"_s, u"spid"_s);
+}
+
+void requireSpecies(Connection& connection, const ChosenSpecies& species) {
+    const ResultSet found =
+        connection.query(Sql("select genus & ' ' & fishname as sp from fish where fishno = ") << species.number);
+    if (found.isEmpty() || found.text(0, u"sp") != species.name) {
+        const QString reason = u"the species %1 was deleted or renamed since it was chosen here"_s.arg(species.name);
+        throw OriginLost(u"Nothing was stored: %1. What was entered is still on the screen."_s.arg(reason), reason);
+    }
 }
 
 std::optional<ChosenSpecies> chosenSpecies(const BoundList& list) {

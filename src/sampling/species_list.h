@@ -22,6 +22,10 @@ struct ChosenSpecies {
     QString name;  ///< as the list shows it, however it was typed
 };
 
+/// To be called inside the transaction that stores for a species. Throws OriginLost unless the catalogue still has it
+/// under this number with this name: the number of a deleted species is given anew.
+void requireSpecies(Connection& connection, const ChosenSpecies& species);
+
 /// The species that a list stands on; nothing if none is chosen or the typed text is none.
 std::optional<ChosenSpecies> chosenSpecies(const BoundList& list);
 

@@ -88,20 +88,21 @@ void StoredGroupsPanel::showGroup(int operation, int row) {
 }
 
 void StoredGroupsPanel::onArrived(int row) {
-    const std::optional<int> operation = m_finder.operation();
-    const bool shown = row >= 0 && operation && runGuarded(m_context.dialogs, [&] { showGroup(*operation, row); });
+    const auto& operation = m_finder.operation();
+    const bool shown =
+        row >= 0 && operation && runGuarded(m_context.dialogs, [&] { showGroup(operation->number, row); });
     if (!shown) {
         showNone();
     }
 }
 
 void StoredGroupsPanel::onDelete() {
-    const std::optional<int> operation = m_finder.operation();
+    const auto& operation = m_finder.operation();
     if (!operation || !m_context.dialogs.confirm(u"Are you sure to delete this group?"_s)) {
         return;
     }
     deleteGroup(m_connection, *operation, m_groups.integer(m_navigator->row(), u"groupid").value());
-    refresh(*operation);
+    refresh(operation->number);
     Q_EMIT changed();
 }
 

@@ -61,9 +61,9 @@ void CompositionTab::reload() {
         m_navigator->setRowCount(0);
         return;
     }
-    m_summary->refresh(connection(), *operation());
+    m_summary->refresh(connection(), operation()->number);
     m_groups = connection().query(Sql("SELECT distinct groupname,groupid,totalsampling from group_main where optid =")
-                                  << *operation() << " order by groupid");
+                                  << operation()->number << " order by groupid");
     m_navigator->setRowCount(m_groups.rowCount());
 }
 
@@ -80,7 +80,7 @@ void CompositionTab::showGroup(int row) {
         Sql("SELECT fish.genus & ' ' & fish.fishname AS Species,format(group_composition.totalweight,'#0.00'),"
             " format(group_composition.estotal,'#0.00') FROM fish INNER JOIN group_composition ON"
             " fish.fishno = group_composition.spid Where group_composition.groupid = ")
-        << currentGroup() << " And group_composition.optid = " << operation().value()
+        << currentGroup() << " And group_composition.optid = " << operation()->number
         << " ORDER BY fish.genus & ' ' & fish.fishname");
     m_navigator->setCaption(u"Record %1/%2 "_s.arg(row + 1).arg(m_groups.rowCount()) +
                             m_groups.text(row, u"groupname") + u" [Total weight "_s +
@@ -101,7 +101,7 @@ void CompositionTab::onDelete() {
     }
     const int group = currentGroup();
     if (isStored(Sql("select groupid from group_main where optid = ")
-                 << operation().value() << " and groupid = " << group)) {
+                 << operation()->number << " and groupid = " << group)) {
         deleteGroup(connection(), *operation(), group);
         reload();
     }

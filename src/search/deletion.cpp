@@ -6,7 +6,7 @@
 
 namespace kelvora {
 
-bool deleteOperation(Connection& connection, int operation) {
+void deleteOperation(Connection& connection, const StoredOperation& operation) {
     static constexpr std::array samples = {Literal("delete from gonad where optid = "),
                                            Literal("delete from gonad_detail where optid = "),
                                            Literal("delete from group_composition where optid = "),
@@ -14,18 +14,19 @@ bool deleteOperation(Connection& connection, int operation) {
                                            Literal("delete from length where optid = "),
                                            Literal("delete from length_detail where optid = ")};
     Transaction transaction(connection);
-    const int operations = connection.execute(Sql("delete from fishoperation where optid = ") << operation);
+    requireOperation(connection, operation);
+    connection.execute(Sql("delete from fishoperation where optid = ") << operation.number);
     for (const Literal& sample : samples) {
-        connection.execute(Sql(sample) << operation);
+        connection.execute(Sql(sample) << operation.number);
     }
     transaction.commit();
-    return operations > 0;
 }
 
-void deleteGonadSample(Connection& connection, int operation, int species) {
+void deleteGonadSample(Connection& connection, const StoredOperation& operation, int species) {
     Transaction transaction(connection);
-    connection.execute(Sql("delete from gonad where optid = ") << operation << " and spid = " << species);
-    connection.execute(Sql("delete from gonad_detail where optid = ") << operation << " and spid = " << species);
+    requireOperation(connection, operation);
+    connection.execute(Sql("delete from gonad where optid = ") << operation.number << " and spid = " << species);
+    connection.execute(Sql("delete from gonad_detail where optid = ") << operation.number << " and spid = " << species);
     transaction.commit();
 }
 

@@ -6,9 +6,8 @@
 #include "controls/guard.h"
 #include "controls/record_navigator.h"
 #include "data/connection.h"
-#include "data/keys.h"
-#include "data/transaction.h"
 #include "sampling/fish_fields.h"
+#include "sampling/gonad_store.h"
 #include "search/deletion.h"
 
 #include <QGridLayout>
@@ -73,7 +72,7 @@ void GonadTab::reload() {
     if (operation()) {
         m_samples = connection().query(Sql("SELECT fish.fishno, fish.genus & ' ' & fish.fishname AS Species FROM fish "
                                            "INNER JOIN gonad ON fish.fishno = gonad.spid WHERE gonad.optid=")
-                                       << *operation());
+                                       << operation()->number);
     }
     m_navigator->setRowCount(m_samples.rowCount());
 }
@@ -97,7 +96,7 @@ void GonadTab::showFish() {
     auto fish = connection().model(
         Sql("select samplingno,tl,bl,fl,sl,format(bw,'0.00'),sex,stage,gw,format(gsi,'0.00') from gonad_detail"
             " where optid = ")
-        << operation().value() << " and spid = " << species() << " order by samplingno");
+        << operation().value().number << " and spid = " << species() << " order by samplingno");
     if (fish->rowCount() == 0) {
         m_fish->showBlank(fishColumns());
     } else {
@@ -133,10 +132,7 @@ void GonadTab::onAdd() {
     if (!isStored(sample())) {
         return;
     }
-    Transaction transaction(connection());
-    const int number = nextFish(connection(), operation().value(), species());
-    connection().execute(insertFish(operation().value(), species(), number, fish));
-    transaction.commit();
+    addFish(connection(), *operation(), {species(), m_samples.text(m_navigator->row(), u"Species")}, fish);
     showFish();
     m_fish->scrollToBottom();
     m_fields->startNext();
@@ -146,7 +142,7 @@ void GonadTab::onAdd() {
 void GonadTab::onDelete() {
     const bool sure = dialogs().confirm(u"CONFIRM"_s, u"Are you sure to delete?"_s);
     if (sure && isStored(sample())) {
-        deleteGonadSample(connection(), operation().value(), species());
+        deleteGonadSample(connection(), *operation(), species());
         reload();
     }
 }
@@ -156,7 +152,7 @@ int GonadTab::species() const {
 }
 
 Sql GonadTab::sample() const {
-    return Sql("select * from gonad where optid = ") << operation().value() << " and spid = " << species();
+    return Sql("select * from gonad where optid = ") << operation().value().number << " and spid = " << species();
 }
 
 }  // namespace kelvora

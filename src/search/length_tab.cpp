@@ -91,7 +91,7 @@ void LengthTab::reload() {
     if (operation()) {
         m_samples = connection().query(Sql("SELECT fish.genus & ' ' & fish.fishname AS Species,fish.fishno FROM fish "
                                            "INNER JOIN length ON fish.fishno = length.spid where optid = ")
-                                       << *operation());
+                                       << operation()->number);
     }
     m_navigator->setRowCount(m_samples.rowCount());
 }
@@ -120,7 +120,7 @@ void LengthTab::showWeight() {
 void LengthTab::showClasses() {
     auto classes =
         connection().model(Sql("select lower1,upper1,midlength1,frequency1 from length_detail where optid = ")
-                           << operation().value() << " and spid = " << species() << " order by lower1");
+                           << operation().value().number << " and spid = " << species() << " order by lower1");
     showNextClass(classes->result());
     if (classes->rowCount() == 0) {
         m_classes->showBlank(classColumns());
@@ -175,8 +175,7 @@ void LengthTab::onUpdate() {
         return;
     }
     if (isStored(sample())) {
-        connection().execute(Sql("update length set weight = ")
-                             << weight << " where optid = " << operation().value() << " and spid = " << species());
+        correctWeight(connection(), *operation(), species(), weight);
         showWeight();
         dialogs().message(u"RESULT"_s, u"Update complete!"_s);
     }
@@ -190,9 +189,9 @@ void LengthTab::onAdd() {
         return;
     }
     if (isStored(sample())) {
-        connection().execute(Sql("insert into length_detail values(")
-                             << operation().value() << "," << species() << "," << m_next->lower << "," << m_next->upper
-                             << "," << m_next->middle() << "," << leadingNumber(m_frequency->text()) << ")");
+        const QString name = m_samples.text(m_navigator->row(), u"Species");
+        addLengthClass(connection(), *operation(), {species(), name},
+                       {*m_next, m_next->middle(), leadingNumber(m_frequency->text())});
         showClasses();
         m_classes->scrollToBottom();
         m_frequency->setFocus();
@@ -201,7 +200,7 @@ void LengthTab::onAdd() {
 
 void LengthTab::onDelete() {
     if (dialogs().confirm(u"Are you sure to delete?"_s) && isStored(sample())) {
-        deleteLengthSample(connection(), operation().value(), species());
+        deleteLengthSample(connection(), *operation(), species());
         reload();
     }
 }
@@ -211,7 +210,7 @@ int LengthTab::species() const {
 }
 
 Sql LengthTab::sample() const {
-    return Sql("select * from length where optid = ") << operation().value() << " and spid = " << species();
+    return Sql("select * from length where optid = ") << operation().value().number << " and spid = " << species();
 }
 
 }  // namespace kelvora

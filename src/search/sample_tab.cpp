@@ -9,7 +9,7 @@ namespace kelvora {
 
 SampleTab::SampleTab(Connection& connection, Dialogs& dialogs) : m_connection(connection), m_dialogs(dialogs) {}
 
-void SampleTab::load(std::optional<int> operation) {
+void SampleTab::load(const std::optional<StoredOperation>& operation) {
     m_operation = operation;
     reload();
 }
@@ -25,8 +25,8 @@ void SampleTab::onClick(QAbstractButton* button, const std::function<void()>& ha
 }
 
 bool SampleTab::isStored(const Sql& sample) {
-    const Sql owner = Sql("select optid from fishoperation where optid = ") << m_operation.value_or(0);
-    if (m_connection.query(owner).isEmpty() || m_connection.query(sample).isEmpty()) {
+    if (storedOperation(m_connection, m_operation.value().number) != m_operation ||
+        m_connection.query(sample).isEmpty()) {
         Q_EMIT outdated();
         return false;
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/sql.h"
+#include "operations/stored_operation.h"
 
 #include <QWidget>
 
@@ -21,7 +21,7 @@ class SampleTab : public QWidget {
 
 public:
     /// Shows the samples of an operation, or the empty tab if there is none. Throws DataError.
-    void load(std::optional<int> operation);
+    void load(const std::optional<StoredOperation>& operation);
 
 Q_SIGNALS:
     /// What the sampler wanted to change is not stored any more: nothing was changed, and what the screen shows is old.
@@ -36,7 +36,7 @@ protected:
 
     [[nodiscard]] Connection& connection() const { return m_connection; }
     [[nodiscard]] Dialogs& dialogs() const { return m_dialogs; }
-    [[nodiscard]] std::optional<int> operation() const { return m_operation; }
+    [[nodiscard]] const std::optional<StoredOperation>& operation() const { return m_operation; }
 
     /// A button with room around its caption.
     static QPushButton* deleteButton(const QString& caption);
@@ -51,7 +51,7 @@ protected:
 private:
     Connection& m_connection;
     Dialogs& m_dialogs;
-    std::optional<int> m_operation;
+    std::optional<StoredOperation> m_operation;
 };
 
 }  // namespace kelvora

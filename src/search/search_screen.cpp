@@ -113,12 +113,12 @@ void SearchScreen::showOperation(int operation) {
         reportGone(operation);
         return;
     }
-    m_operation = operation;
+    m_operation = storedOperation(m_connection, operation);
     m_frame->fill(details, 0);
     m_frame->setEnabled(true);
     m_delete->show();
     for (SampleTab* tab : m_tabs) {
-        tab->load(operation);
+        tab->load(m_operation);
     }
 }
 
@@ -146,7 +146,7 @@ void SearchScreen::reportGone(int operation) {
 }
 
 void SearchScreen::onOutdated() {
-    const int operation = m_operation.value();
+    const int operation = m_operation.value().number;
     if (!detailsOf(operation).isEmpty()) {
         dialogs().message(
             u"This sample is not stored any more: it was deleted elsewhere. The samples of "
@@ -159,11 +159,17 @@ void SearchScreen::onDelete() {
     if (!dialogs().confirm(u"CONFIRM"_s, u"Are you sure to delete all data in this operation?"_s)) {
         return;
     }
-    if (deleteOperation(m_connection, m_operation.value())) {
-        runSearch();
-    } else {
-        reportGone(m_operation.value());
+    const int number = m_operation.value().number;
+    try {
+        deleteOperation(m_connection, *m_operation);
+    } catch (const OriginLost&) {
+        reportGone(number);
+        return;
     }
+    if (context().session.lastSavedOperation == number) {
+        context().session.lastSavedOperation = 0;
+    }
+    runSearch();
 }
 
 }  // namespace kelvora

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/screen.h"
-#include "data/connection.h"
+#include "operations/stored_operation.h"
 
 #include <optional>
 #include <vector>
@@ -50,9 +50,9 @@ private:
     OperationFrame* m_frame;
     std::vector<SampleTab*> m_tabs;
 
-    std::optional<Sql> m_search;     ///< what was searched last; nothing for a value that matches no operation
-    std::vector<int> m_found;        ///< numbers of the operations found
-    std::optional<int> m_operation;  ///< the one shown
+    std::optional<Sql> m_search;  ///< what was searched last; nothing for a value that matches no operation
+    std::vector<int> m_found;     ///< numbers of the operations found
+    std::optional<StoredOperation> m_operation;  ///< the one shown
 };
 
 }  // namespace kelvora

@@ -44,10 +44,13 @@ class TestPowerCut : public QObject {
         }
         QList<QStringList> contents{sure};
         const QStringList underWay = rows(confirmed);
+        // Each fish comes with its part of the weight, a third of 0.3 kg.
         const bool inSteps = confirmed % count == count - 1;
-        for (qsizetype stored = inSteps ? 1 : underWay.size(); stored <= underWay.size(); ++stored) {
-            contents.append(sure + underWay.first(stored));
+        for (int fish = 1; inSteps && fish < underWay.size() - 1; ++fish) {
+            contents.append(sure + QStringList(QString(underWay.first()).replace(u"|0.3"_s, u"|0.%1"_s.arg(fish))) +
+                            underWay.sliced(1, fish));
         }
+        contents.append(sure + underWay);
         for (QStringList& content : contents) {
             content.sort();
         }

@@ -189,15 +189,16 @@ private Q_SLOTS:
         QCOMPARE(first.hand().list(kValue)->count(), 2);
 
         Finder saved(true, 2);
-        QCOMPARE(saved.panel->operation(), std::optional(2));
+        QCOMPARE(saved.panel->currentOperation(), u"2"_s);
         QCOMPARE(saved.hand().text(kVessel), u"Blue Fin"_s);
         QVERIFY(!saved.hand().enabled(kCriterion) && !saved.hand().enabled(kValue));
 
         // An operation whose vessel is not registered yet stays current, but has no details.
         saved.store.execute("delete from vessel where vesselname = 'Blue Fin'");
         saved.open(true);
-        QCOMPARE(saved.panel->operation(), std::optional(2));
-        QCOMPARE(saved.line->text(), u"Fishing operation no. 2"_s);
+        QCOMPARE(saved.panel->currentOperation(), u"2"_s);
+        QCOMPARE(saved.line->text(),
+                 u"Fishing operation no. 2 (in no search and report until registered: vessel \"Blue Fin\")"_s);
         QCOMPARE(saved.hand().text(u"Date"_s), QString());
     }
 

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -50,14 +51,14 @@ QStringList wholeFile(Connection& db) {
 
 QStringList changes(const QStringList& before, const QStringList& after) {
     QStringList gone = before;
-    QStringList changed;
+    QStringList come;
     for (const QString& row : after) {
-        changed += gone.removeOne(row) ? QStringList() : QStringList(u"+ "_s + row);
+        if (!gone.removeOne(row)) {
+            come.append(row);
+        }
     }
-    for (const QString& row : gone) {
-        changed.prepend(u"- "_s + row);
-    }
-    return changed;
+    return gone.replaceInStrings(QRegularExpression(u"^"_s), u"- "_s) +
+           come.replaceInStrings(QRegularExpression(u"^"_s), u"+ "_s);
 }
 
 TemporaryStore::TemporaryStore() : m_folder(folderTemplate()), m_path(m_folder.filePath(u"kelvora_db.sqlite"_s)) {
