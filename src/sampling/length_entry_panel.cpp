@@ -125,7 +125,7 @@ void LengthEntryPanel::reset() {
         return;
     }
     const QString givenUp =
-        u"The count of %1 in fishing operation no. %2 was given up with its %3 classes: another operation was looked for."_s
+        u"The count of %1 in fishing operation no. %2 was given up (classes counted: %3): another operation was looked for."_s
             .arg(m_species->text(), QString::number(m_started->number), QString::number(m_grid->counted().size()));
     clear();
     m_notice->setText(givenUp);
@@ -198,7 +198,7 @@ void LengthEntryPanel::onStart() {
         refuse(*refusal);
         return;
     }
-    if (!giveWay(*m_finder.operation(), *start.species)) {
+    if (!giveWay(*m_finder.operation(), chosenSpecies(*m_species).value())) {
         clear();
         m_species->setFocus();
         return;
@@ -208,8 +208,8 @@ void LengthEntryPanel::onStart() {
     startAt(classHolding(leadingNumber(start.lowerLimit), leadingNumber(start.interval)).value());
 }
 
-bool LengthEntryPanel::giveWay(const StoredOperation& operation, int species) {
-    if (!hasLengthSample(m_connection, operation.number, species)) {
+bool LengthEntryPanel::giveWay(const StoredOperation& operation, const ChosenSpecies& species) {
+    if (!hasLengthSample(m_connection, operation.number, species.number)) {
         return true;
     }
     if (!m_context.dialogs.confirm(u"CONFORM"_s,

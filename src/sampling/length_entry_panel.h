@@ -50,7 +50,7 @@ private:
     bool fitsTheCount(const ChosenSpecies& chosen, const std::optional<double>& interval);
 
     [[nodiscard]] LengthStart typedStart() const;
-    bool giveWay(const StoredOperation& operation, int species);
+    bool giveWay(const StoredOperation& operation, const ChosenSpecies& species);
     void startAt(const LengthClass& first);
     [[nodiscard]] QLineEdit* boxOf(LengthRefusal::Field field) const;
     void refuse(const LengthRefusal& refusal);

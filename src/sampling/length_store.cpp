@@ -24,12 +24,13 @@ bool hasLengthSample(Connection& connection, int operation, int species) {
                 .isEmpty();
 }
 
-void deleteLengthSample(Connection& connection, const StoredOperation& operation, int species) {
+void deleteLengthSample(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species) {
     Transaction transaction(connection);
     requireOperation(connection, operation);
-    connection.execute(Sql("delete from length where optid = ") << operation.number << " and spid = " << species);
-    connection.execute(Sql("delete from length_detail where optid = ")
-                       << operation.number << " and spid = " << species);
+    requireSpecies(connection, species);
+    for (const Literal& sample : {Literal("delete from length"), Literal("delete from length_detail")}) {
+        connection.execute(Sql(sample) << " where optid = " << operation.number << " and spid = " << species.number);
+    }
     transaction.commit();
 }
 

@@ -34,7 +34,7 @@ bool hasLengthSample(Connection& connection, int operation, int species);
 /// Deletes an operation's length sample of a species with its classes. All or nothing. This and what else stores or
 /// deletes for an operation throws OriginLost if the operation or the species is not stored any more as the screen read
 /// it.
-void deleteLengthSample(Connection& connection, const StoredOperation& operation, int species);
+void deleteLengthSample(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species);
 
 /// Stores a sample with its classes in their order, and its interval if the species has none yet. All or nothing.
 void storeLengthSample(Connection& connection, const LengthSample& sample);

@@ -189,8 +189,7 @@ void LengthTab::onAdd() {
         return;
     }
     if (isStored(sample())) {
-        const QString name = m_samples.text(m_navigator->row(), u"Species");
-        addLengthClass(connection(), *operation(), {species(), name},
+        addLengthClass(connection(), *operation(), shownSpecies(),
                        {*m_next, m_next->middle(), leadingNumber(m_frequency->text())});
         showClasses();
         m_classes->scrollToBottom();
@@ -200,13 +199,17 @@ void LengthTab::onAdd() {
 
 void LengthTab::onDelete() {
     if (dialogs().confirm(u"Are you sure to delete?"_s) && isStored(sample())) {
-        deleteLengthSample(connection(), *operation(), species());
+        deleteLengthSample(connection(), *operation(), shownSpecies());
         reload();
     }
 }
 
 int LengthTab::species() const {
     return m_samples.integer(m_navigator->row(), u"fishno").value();
+}
+
+ChosenSpecies LengthTab::shownSpecies() const {
+    return {species(), m_samples.text(m_navigator->row(), u"Species")};
 }
 
 Sql LengthTab::sample() const {

@@ -2,6 +2,7 @@
 
 #include "data/result_set.h"
 #include "sampling/length_classes.h"
+#include "sampling/species_list.h"
 #include "search/sample_tab.h"
 
 #include <optional>
@@ -39,6 +40,7 @@ private:
     void onAdd();
     void onDelete();
     [[nodiscard]] int species() const;
+    [[nodiscard]] ChosenSpecies shownSpecies() const;
     [[nodiscard]] Sql sample() const;
 
     RecordNavigator* m_navigator;
