@@ -139,6 +139,7 @@ QString Stage::perform(const StepCase& steps, qsizetype& at) {
     const auto action = [&] {
         const QString wrong = act(verb, rest, block);
         QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return wrong == u"?"_s ? check(verb, rest, block) : wrong;
     };
     if (m_obstacle != Obstacle::None && !changes.isEmpty() && !once) {
@@ -290,6 +291,17 @@ QString Stage::check(const QString& verb, const QString& rest, const QStringList
         const QString tab =
             plain(front()->findChild<QTabWidget*>()->tabText(front()->findChild<QTabWidget*>()->currentIndex()));
         return tab == rest ? QString() : isNot(tab);
+    }
+    if (verb == u"windows"_s) {
+        QStringList titles;
+        for (const QAction* top : m_window.menuBar()->actions()) {
+            if (plain(top->text()) == u"Windows"_s && top->isEnabled()) {
+                for (const QAction* entry : top->menu()->actions()) {
+                    titles.append(entry->text());
+                }
+            }
+        }
+        return titles.join(u'|') == rest.mid(2) ? QString() : isNot(titles.join(u'|'));
     }
     if (verb == u"written"_s) {
         QFile file(m_store.file(rest));

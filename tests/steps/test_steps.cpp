@@ -33,6 +33,7 @@ using namespace Qt::StringLiterals;
 ///       | TL,BL,FL,SL,BW,SEX,Stage,GW
 ///     text Weight = 12.5      focus Weight      selected Weight      enabled SAVE, CLEAR      disabled SAVE
 ///     options Species = A a|B b      line …is not registered…      noline …      front Search      fronttab Species
+///     windows = Search|Length Frequency                what the menu "Windows" lists, enabled if it lists something
 ///     rows Composition, written summary.csv          followed by their rows as lines with |
 ///
 /// Every box that comes must be named and every named box must come; every change of the whole file must be listed
