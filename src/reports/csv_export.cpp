@@ -1,10 +1,9 @@
 #include "reports/csv_export.h"
 
 #include "data/dates.h"
-#include "reports/whole_file.h"
+#include "data/whole_file.h"
 
 #include <QAbstractItemModel>
-#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -37,13 +36,6 @@ void CsvText::addGrid(const QAbstractItemModel& grid) {
 
 QString exportDateLine(const QDate& day) {
     return u"EXPORT Date : "_s + shortDate(day);
-}
-
-QString withCsvEnding(const QString& path) {
-    if (!QFileInfo(path).suffix().isEmpty()) {
-        return path;
-    }
-    return path + (path.endsWith(u'.') ? u"csv"_s : u".csv"_s);
 }
 
 void saveCsv(const QString& path, const CsvText& csv) {

@@ -28,9 +28,6 @@ private:
 /// The title line that says on which day an export was made, the date in the system's short form.
 QString exportDateLine(const QDate& day);
 
-/// A path as typed, with ".csv" behind it where no ending was typed.
-QString withCsvEnding(const QString& path);
-
 /// Writes an export in the system's 8-bit encoding, in which a character that it lacks becomes "?". A file that was
 /// there is replaced only when the new one is complete; throws std::runtime_error in plain words when it cannot be
 /// written.

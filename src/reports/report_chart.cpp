@@ -2,7 +2,7 @@
 
 #include "controls/dialogs.h"
 #include "controls/guard.h"
-#include "reports/whole_file.h"
+#include "data/whole_file.h"
 
 #include <QAction>
 #include <QBarSet>

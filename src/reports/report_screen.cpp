@@ -3,6 +3,7 @@
 #include "controls/bound_list.h"
 #include "controls/dialogs.h"
 #include "controls/guard.h"
+#include "data/whole_file.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>

@@ -1,6 +1,7 @@
-#include "reports/whole_file.h"
+#include "data/whole_file.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QSaveFile>
 
 #include <stdexcept>
@@ -8,6 +9,13 @@
 using namespace Qt::StringLiterals;
 
 namespace kelvora {
+
+QString withCsvEnding(const QString& path) {
+    if (!QFileInfo(path).suffix().isEmpty()) {
+        return path;
+    }
+    return path + (path.endsWith(u'.') ? u"csv"_s : u".csv"_s);
+}
 
 void writeWholeFile(const QString& path, const QByteArray& bytes, const QString& refusal) {
     QSaveFile file(path);
