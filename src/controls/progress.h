@@ -10,21 +10,27 @@ class QProgressDialog;
 namespace kelvora {
 
 /// How far a piece of work of many steps is, as long as the object lives: a box that appears when the work takes longer
-/// than half a second, and keeps the window alive. The work cannot be given up half way, and takes no other input.
+/// than half a second, and keeps the window alive. The window takes no other input meanwhile.
 class Progress {
 public:
+    /// Whether the box has a button that gives the work up half way.
+    enum class Way { Through, GiveUp };
+
     /// What is being done, as the box says it, and how many steps it has.
-    Progress(QString what, int steps);
+    Progress(QString what, int steps, Way way = Way::Through);
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
     /// A further step is done.
-    void step();
+    void step() { static_cast<void>(reached(m_done + 1)); }
+    /// So many steps are done. Returns false once the sampler has given the work up.
+    [[nodiscard]] bool reached(int done);
 
 private:
     QString m_what;
     int m_steps;
+    Way m_way;
     int m_done = 0;
     QElapsedTimer m_shown;  ///< since the work began, or since the box was last brought up to date
     std::unique_ptr<QProgressDialog> m_box;
