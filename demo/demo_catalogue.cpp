@@ -65,7 +65,7 @@ const std::vector<Fishery>& fisheries() {
 
 std::vector<QStringList> recordsOf(const QString& path) {
     std::vector<QStringList> records;
-    for (const CsvRecord& record : parseCsv(decodedText(readImportFile(path)))) {
+    for (const CsvRecord& record : readCsv(CsvReader(path))) {
         records.push_back(record.fields);
     }
     records.erase(records.begin());

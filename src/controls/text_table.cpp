@@ -62,7 +62,10 @@ QVariant TextTable::data(const QModelIndex& index, int role) const {
 }
 
 QStringList TextTable::fitted(QStringList row) const {
-    row.resize(m_columns);
+    // Rows of another table or list share their texts as long as nothing is changed in them.
+    if (row.size() != m_columns) {
+        row.resize(m_columns);
+    }
     return row;
 }
 

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 namespace kelvora {
@@ -25,11 +26,14 @@ struct ImportLayout {
     [[nodiscard]] int width() const { return static_cast<int>(columns.size()); }
 };
 
-/// Whether a record is the header of such a file. Names are compared with regard to letter case.
-bool headerFits(const ImportLayout& layout, const QStringList& fields);
+/// Why a record is not the header of such a file; nothing if it is. Names are compared with regard to letter case.
+std::optional<FormatFault> headerFault(const ImportLayout& layout, const CsvRecord& header);
 
-/// Names the line of the first record with too few or too many fields; empty if all records have as many as columns.
-QString unevenRecord(const ImportLayout& layout, const std::vector<CsvRecord>& records);
+/// Names the line of a record with too few or too many fields; empty if it has as many as columns.
+QString unevenRecord(const ImportLayout& layout, const CsvRecord& record);
+
+/// Records as the text of such a file, which an import can read again.
+QByteArray importFileOf(const ImportLayout& layout, const std::vector<CsvRecord>& records);
 
 /// A record that cannot be stored, and the captions of the columns that are the reason.
 struct RefusedRecord {
@@ -52,5 +56,8 @@ QString refusalText(const std::vector<RefusedRecord>& refused);
 
 /// A whole number with its thousands set off by commas.
 QString counted(qsizetype number);
+/// The line under the rows of a file: how many there are, and how many empty ones were passed over.
+QString countLine(qsizetype rows, int passedOver);
+
 
 }  // namespace kelvora

@@ -151,23 +151,18 @@ bool ImportPreview::read(const QString& path) {
         dialogs().message(u"Error file type .csv only try again"_s);
         return false;
     }
-    std::vector<CsvRecord> records = parseCsv(decodedText(readImportFile(path)));
-    if (records.empty()) {
-        dialogs().message(u"No data in this file"_s);
-        return true;
+    showCount();
+    std::optional<std::vector<CsvRecord>> records;
+    try {
+        records = recordsOf(path);
+    } catch (const FormatFault& fault) {
+        refuse(u"Error File Format"_s, QString::fromUtf8(fault.what()));
     }
-    if (!headerFits(m_layout, records.front().fields)) {
-        dialogs().message(u"ERROR"_s, u"Error File Format"_s);
+    if (!records) {
         return false;
     }
-    const QString uneven = unevenRecord(m_layout, records);
-    if (!uneven.isEmpty()) {
-        dialogs().message(u"ERROR"_s, uneven);
-        return false;
-    }
-    records.erase(records.begin());
-    complete(records);
-    show(std::move(records));
+    complete(*records);
+    show(std::move(*records));
     loaded();
     return true;
 }
@@ -175,6 +170,44 @@ bool ImportPreview::read(const QString& path) {
 void ImportPreview::show(std::vector<CsvRecord> records) {
     std::vector<QStringList> rows;
     rows.reserve(records.size());
+std::optional<std::vector<CsvRecord>> ImportPreview::recordsOf(const QString& path) {
+    CsvReader reader(path);
+    Progress progress(u"Reading the file…"_s, reader.size(), Progress::Way::GiveUp);
+    bool header = false;
+    int passedOver = 0;
+    std::vector<CsvRecord> records;
+    while (std::optional<CsvRecord> record = reader.next()) {
+        if (!progress.reached(reader.done())) {
+            m_line->setText(u"given up: nothing was loaded"_s);
+            return std::nullopt;
+        }
+        if (record->isBlank()) {
+            ++passedOver;
+        } else if (!header) {
+            if (const std::optional<FormatFault> fault = headerFault(m_layout, *record)) {
+                throw FormatFault(*fault);
+            }
+            header = true;
+        } else if (const QString uneven = unevenRecord(m_layout, *record); !uneven.isEmpty()) {
+            refuse(uneven, uneven);
+            return std::nullopt;
+        } else {
+            records.push_back(std::move(*record));
+        }
+    }
+    if (!header) {
+        dialogs().message(u"No data in this file"_s);
+        return std::nullopt;
+    }
+    m_passedOver = passedOver;
+    return records;
+}
+
+void ImportPreview::refuse(const QString& message, const QString& line) {
+    m_line->setText(line);
+    dialogs().message(u"ERROR"_s, message);
+}
+
     for (const CsvRecord& record : records) {
         rows.push_back(record.fields);
     }
@@ -186,7 +219,7 @@ void ImportPreview::show(std::vector<CsvRecord> records) {
     m_table->setRows(std::move(rows));
     m_save->setEnabled(!blank);
     m_remove->setEnabled(!blank);
-    m_line->setText(u"rows: %1"_s.arg(counted(static_cast<qsizetype>(m_records.size()))));
+    showCount();
     if (!blank) {
         m_grid->setCurrentRow(0);
     }
@@ -197,6 +230,10 @@ void ImportPreview::save() {
     if (!dialogs().confirm(u"CONFIRM"_s, u"Are you sure to insert '%1' data"_s.arg(count))) {
         return;
     }
+void ImportPreview::showCount() {
+    m_line->setText(countLine(static_cast<qsizetype>(m_records.size()), m_passedOver));
+}
+
     const ImportOutcome outcome = storeAll();
     if (outcome.refused.empty()) {
         clear();
@@ -234,7 +271,7 @@ void ImportPreview::removeRow() {
     m_records.erase(m_records.begin() + row);
     m_table->removeRow(row);
     m_grid->setCurrentRow(std::min(row, m_table->rowCount() - 1));
-    m_line->setText(u"rows: %1"_s.arg(counted(static_cast<qsizetype>(m_records.size()))));
+    showCount();
 }
 
 void ImportPreview::clear() {
@@ -244,3 +281,4 @@ void ImportPreview::clear() {
 }
 
 }  // namespace kelvora
+    m_passedOver = 0;

@@ -46,7 +46,11 @@ protected:
 private:
     void chooseFile();
     [[nodiscard]] bool read(const QString& path);
+    /// The records of a file; nothing if it is refused or was given up, which the line and a box say then.
+    [[nodiscard]] std::optional<std::vector<CsvRecord>> recordsOf(const QString& path);
+    void refuse(const QString& message, const QString& line);
     void show(std::vector<CsvRecord> records);
+    void showCount();
     void save();
     [[nodiscard]] ImportOutcome storeAll();
     void removeRow();

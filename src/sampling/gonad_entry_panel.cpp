@@ -177,17 +177,38 @@ void GonadEntryPanel::onImport() {
 }
 
 void GonadEntryPanel::importFile(const QString& path) {
-    const QByteArray bytes = readImportFile(path);
-    if (bytes.isEmpty()) {
+    try {
+        CsvReader csv(path);
+        importFish(csv);
+    } catch (const FormatFault& fault) {
+        if (dynamic_cast<const HeaderFault*>(&fault) != nullptr) {
+            m_grid->setFish({});
+            showWeight();
+        }
+        m_grid->say(QString::fromUtf8(fault.what()));
+        m_dialogs.message(u"ERROR"_s, u"Error File Format"_s);
+    }
+}
+
+void GonadEntryPanel::importFish(CsvReader& csv) {
+    FishReader reader(csv);
+    if (!reader.readHeader()) {
         m_dialogs.message(u"No data in this file"_s);
         return;
     }
-    std::optional<std::vector<GonadFish>> fish = importedFish(decodedText(bytes));
-    if (!fish) {
-        m_dialogs.message(u"ERROR"_s, u"Error File Format"_s);
-        return;
+    Progress progress(u"Reading the file…"_s, csv.size(), Progress::Way::GiveUp);
+    std::vector<GonadFish> fish;
+    while (std::optional<GonadFish> one = reader.next()) {
+        fish.push_back(std::move(*one));
+        if (!progress.reached(csv.done())) {
+            m_grid->say(u"given up: nothing was loaded"_s);
+            return;
+        }
     }
-    m_grid->setFish(std::move(*fish));
+    m_grid->setFish(std::move(fish));
+    if (reader.passedOver() > 0) {
+        m_grid->say(u"empty lines passed over: %1"_s.arg(reader.passedOver()));
+    }
     showWeight();
     m_start->setEnabled(false);
 }

@@ -14,6 +14,7 @@ class QPushButton;
 namespace kelvora {
 
 class BoundList;
+class CsvReader;
 class FinderPanel;
 class FishFields;
 class MeasuredFishGrid;
@@ -47,6 +48,7 @@ private:
 
     [[nodiscard]] bool hasSpecies();
     void importFile(const QString& path);
+    void importFish(CsvReader& csv);
     [[nodiscard]] std::optional<GonadSample> sampleToStore();
     void store(const GonadSample& sample);
     void showWeight();

@@ -1,6 +1,5 @@
 #include "sampling/gonad_import.h"
 
-#include "data/csv_reader.h"
 #include "data/numbers.h"
 
 #include <array>
@@ -26,18 +25,12 @@ constexpr std::array<Column, 8> kColumns = {{
     {"GW", &GonadFish::gw},
 }};
 
-/// Line ends part fields as commas do: a fish may run over several lines.
-QStringList fieldsOf(QStringView text) {
-    QStringList fields;
-    for (const CsvRecord& record : parseCsv(text)) {
-        fields.append(record.fields);
-    }
-    return fields;
-}
+constexpr auto kWidth = static_cast<qsizetype>(kColumns.size());
 
-bool startsWithHeader(const QStringList& fields) {
-    for (std::size_t i = 0; i < kColumns.size(); ++i) {
-        if (fields[static_cast<qsizetype>(i)] == QLatin1String(kColumns[i].header)) {
+/// Whether a name of the header is in its place; a header that breaks off has fewer.
+bool isHeader(const QStringList& fields) {
+    for (qsizetype i = 0; i < fields.size(); ++i) {
+        if (fields[i] == QLatin1String(kColumns[static_cast<std::size_t>(i)].header)) {
             return true;
         }
     }
@@ -55,22 +48,76 @@ QString importedSex(const QString& code) {
     return male.contains(code) ? male.first() : u"None"_s;
 }
 
-std::optional<std::vector<GonadFish>> importedFish(QStringView text) {
-    const QStringList fields = fieldsOf(text);
-    constexpr auto width = static_cast<qsizetype>(kColumns.size());
-    const qsizetype records = fields.size() / width;
-    if (records == 0 || fields.size() % width != 0 || records - 1 > kLargestKey || !startsWithHeader(fields)) {
+bool FishReader::beginLine() {
+    std::optional<CsvRecord> line = m_csv.next();
+    if (!line) {
+        return false;
+    }
+    if (m_fields.isEmpty()) {
+        m_first = line->line;
+    }
+    if (m_uneven.line == 0 && line->fields.size() != kWidth && !(m_fields.isEmpty() && line->isEmptyLine())) {
+        m_uneven = *line;
+    }
+    m_line = std::move(*line);
+    m_at = 0;
+    return true;
+}
+
+bool FishReader::readFields() {
+    m_fields.clear();
+    while (m_fields.size() < kWidth) {
+        if (m_at == m_line.fields.size()) {
+            if (!beginLine()) {
+                break;
+            }
+            if (m_fields.isEmpty() && m_line.isEmptyLine()) {
+                ++m_passedOver;
+                m_at = 1;
+            }
+            continue;
+        }
+        m_fields.append(m_line.fields[m_at++]);
+        if (m_fields.size() == kWidth && CsvRecord{m_first, m_fields}.isBlank()) {
+            ++m_passedOver;
+            m_fields.clear();
+        }
+    }
+    if (!m_fields.isEmpty() && m_fields.size() < kWidth) {
+        throw fieldCountFault(m_uneven, kWidth);
+    }
+    return !m_fields.isEmpty();
+}
+
+bool FishReader::readHeader() {
+    try {
+        if (!readFields()) {
+            return false;
+        }
+    } catch (const FormatFault& fault) {
+        if (isHeader(m_fields)) {
+            throw;
+        }
+        throw HeaderFault(fault);
+    }
+    if (!isHeader(m_fields)) {
+        throw HeaderFault(FormatFault(m_first, u"none of the names TL,BL,FL,SL,BW,SEX,Stage,GW is in its place"_s));
+    }
+    return true;
+}
+
+std::optional<GonadFish> FishReader::next() {
+    if (!readFields()) {
         return std::nullopt;
     }
-    std::vector<GonadFish> fish;
-    fish.reserve(static_cast<std::size_t>(records - 1));
-    for (qsizetype at = width; at < fields.size(); at += width) {
-        GonadFish& one = fish.emplace_back();
-        for (qsizetype i = 0; i < width; ++i) {
-            one.*kColumns[static_cast<std::size_t>(i)].field = fields[at + i];
-        }
-        one.sex = importedSex(one.sex);
+    if (++m_fish > kLargestKey) {
+        throw FormatFault(m_first, u"more than 32,767 fish"_s);
     }
+    GonadFish fish;
+    for (qsizetype i = 0; i < kWidth; ++i) {
+        fish.*kColumns[static_cast<std::size_t>(i)].field = m_fields[i];
+    }
+    fish.sex = importedSex(fish.sex);
     return fish;
 }
 

@@ -2,6 +2,7 @@
 
 #include "controls/captioned_grid.h"
 #include "controls/dialogs.h"
+#include "controls/fields.h"
 #include "controls/guard.h"
 #include "controls/text_table.h"
 
@@ -31,13 +32,15 @@ QStringList gridRow(std::size_t number, const GonadFish& fish) {
 MeasuredFishGrid::MeasuredFishGrid(Dialogs& dialogs)
     : m_dialogs(dialogs),
       m_grid(new Grid(u"Measured fish"_s)),
-      m_rows(new TextTable(static_cast<int>(fishColumns().size()), this)) {
+      m_rows(new TextTable(static_cast<int>(fishColumns().size()), this)),
+      m_line(new ValueLabel) {
     m_grid->show(m_rows, fishColumns());
     m_grid->installEventFilter(this);
     auto* note = new QLabel(u"* Double Click for delete row"_s);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(m_grid, 1);
+    layout->addWidget(m_line);
     layout->addWidget(note);
     connect(m_grid, &Grid::doubleClicked, this, [this](const QModelIndex& index) { askAndDelete(index.row()); });
     showFish();
@@ -54,6 +57,11 @@ void MeasuredFishGrid::append(const GonadFish& fish) {
     m_rows->appendRow({});
     m_grid->setEnabled(true);
     m_grid->scrollToBottom();
+    showLine();
+}
+
+void MeasuredFishGrid::say(const QString& words) {
+    showLine(words);
 }
 
 void MeasuredFishGrid::removeFirst(int count) {
@@ -87,6 +95,7 @@ void MeasuredFishGrid::askAndDelete(int row) {
         if (!m_fish.empty()) {
             m_grid->selectRow(std::min(row, count - 2));
         }
+        showLine();
         Q_EMIT deleted();
     });
 }
@@ -101,6 +110,12 @@ void MeasuredFishGrid::showFish() {
     m_rows->setRows(std::move(rows));
     m_grid->setEnabled(!m_fish.empty());
     m_grid->scrollToTop();
+    showLine();
+}
+
+void MeasuredFishGrid::showLine(const QString& words) {
+    m_line->setText(words);
+    m_line->setVisible(!words.isEmpty());
 }
 
 }  // namespace kelvora

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+class QLabel;
+
 namespace kelvora {
 
 class Dialogs;
@@ -24,6 +26,8 @@ public:
     void setFish(std::vector<GonadFish> fish);
     /// Adds a fish at the bottom, and brings it into sight.
     void append(const GonadFish& fish);
+    /// Says something about the file that the fish are from, until other fish are in the grid.
+    void say(const QString& words);
     /// Takes out so many fish at the top.
     void removeFirst(int count);
 
@@ -37,10 +41,12 @@ protected:
 private:
     void askAndDelete(int row);
     void showFish();
+    void showLine(const QString& words = {});
 
     Dialogs& m_dialogs;
     Grid* m_grid;
     TextTable* m_rows;
+    QLabel* m_line;  ///< what was said about a file
     std::vector<GonadFish> m_fish;
 };
 

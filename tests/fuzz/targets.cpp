@@ -37,10 +37,13 @@ QString written(const std::vector<CsvRecord>& records) {
 }
 
 void tryRows(const ImportLayout& layout, const std::vector<CsvRecord>& records) {
-    if (records.empty() || !headerFits(layout, records.front().fields) || !unevenRecord(layout, records).isEmpty()) {
+    if (records.empty() || headerFault(layout, records.front())) {
         return;
     }
     for (const CsvRecord& record : records) {
+        if (!unevenRecord(layout, record).isEmpty()) {
+            return;
+        }
         require(record.fields.size() == layout.width(), "every record has its fields");
         if (layout.width() == vesselLayout().width() && unusableNumbers(record.fields).isEmpty()) {
             require(!vesselInsert(record.fields, 1).text().empty(), "a vessel can be stored");
@@ -70,25 +73,31 @@ double numberOf(const QByteArray& bytes) {
 }  // namespace
 
 void tryCsv(const QByteArray& bytes) {
-    const QString text = decodedText(bytes);
-    const std::vector<CsvRecord> records = parseCsv(text);
+    std::vector<CsvRecord> records;
+    try {
+        records = readCsv(CsvReader(bytes));
+        CsvReader csv(bytes);
+        FishReader reader(csv);
+        for (bool more = reader.readHeader(); more;) {
+            const std::optional<GonadFish> fish = reader.next();
+            more = fish.has_value();
+            require(!insertFish(1, 1, 1, fish.value_or(GonadFish())).text().empty(), "a fish can be stored");
+        }
+    } catch (const FormatFault&) {
+        return;
+    }
     int line = 0;
     for (const CsvRecord& record : records) {
         require(!record.fields.isEmpty() && record.line > line, "records follow each other");
         line = record.line;
     }
-    const std::vector<CsvRecord> again = parseCsv(written(records));
+    const std::vector<CsvRecord> again = readCsv(CsvReader(written(records).toUtf8()));
     require(again.size() == records.size(), "as many records again");
     for (std::size_t i = 0; i < records.size(); ++i) {
         require(again[i].fields == records[i].fields, "the same fields again");
     }
     tryRows(vesselLayout(), records);
     tryRows(speciesLayout(), records);
-    if (const auto fish = importedFish(text)) {
-        for (std::size_t i = 0; i < fish->size(); ++i) {
-            require(!insertFish(1, 1, static_cast<int>(i) + 1, (*fish)[i]).text().empty(), "a fish can be stored");
-        }
-    }
 }
 
 void trySql(const QByteArray& bytes) {

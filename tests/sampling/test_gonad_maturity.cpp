@@ -100,7 +100,7 @@ struct Entry : test::SamplingScreen<GonadMaturityScreen> {
 std::vector<QStringList> expectedOf(const QString& table, const QString& file) {
     std::vector<QStringList> found;
     const QString path = u"" KELVORA_TEST_FILES "/"_s + table;
-    for (const CsvRecord& record : parseCsv(decodedText(readImportFile(path)))) {
+    for (const CsvRecord& record : readCsv(CsvReader(path))) {
         if (record.fields.first() == file) {
             found.push_back(record.fields);
         }
@@ -354,12 +354,15 @@ private Q_SLOTS:
         entry.addFish({100});
         entry.importFile(std::nullopt);
         entry.importBytes({}, u"Kelvora"_s, u"No data in this file"_s);
-        entry.importBytes("a,b,c,d,e,f,g,h\n1,2,3,4,5,6,7,8\n", u"ERROR"_s, u"Error File Format"_s);
+        entry.importBytes("TL,BL,FL,SL,BW,SEX,Stage,GW\n1,2,3\n", u"ERROR"_s, u"Error File Format"_s);
         for (const QString& path : {entry.store.file(u"missing.csv"_s), QFileInfo(entry.store.path()).path()}) {
             entry.importFile(path, u"The file cannot be read"_s);
         }
         QCOMPARE(entry.rows(), (QStringList{fishRow(1, 100), kBlank}));
         QCOMPARE(entry.weight(), u"0.10"_s);
+        entry.importBytes("a,b,c,d,e,f,g,h\n1,2,3,4,5,6,7,8\n", u"ERROR"_s, u"Error File Format"_s);
+        QCOMPARE(entry.rows(), QStringList{kBlank});
+        QCOMPARE(entry.weight(), u"0.00"_s);
 
         entry.importBytes("TL,BL,FL,SL,BW,Sex,Stage,GW\n1,2,3,4,250,F,3-Ripe,8\n,,,,x,J,,\n");
         QCOMPARE(entry.rows(), (QStringList{u"1|1|2|3|4|250|Female|3-Ripe|8"_s, u"2|||||x|None||"_s, kBlank}));

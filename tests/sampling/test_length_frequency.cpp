@@ -141,7 +141,7 @@ private Q_SLOTS:
             }
             QTest::keyClick(target(), leave);
         };
-        std::vector<CsvRecord> records = parseCsv(decodedText(readImportFile(u"" KELVORA_TEST_FILES "/"_s + tally)));
+        std::vector<CsvRecord> records = readCsv(CsvReader(u"" KELVORA_TEST_FILES "/"_s + tally));
         records.erase(records.begin());
 
         entry.hand->list(u"Species"_s)->setFocus();

@@ -145,7 +145,9 @@ private Q_SLOTS:
         const QByteArray first = "152,130,141,128,48.5,F,2,1.2\n";
         const QByteArray second = "160,138,149,135,55,m,1,0.4";
         const QStringList two = {u"152|130|141|128|48.5|Female|2|1.2"_s, u"160|138|149|135|55|Male|1|0.4"_s};
-        const QStringList refused = {u"refused"_s};
+        const QStringList none = {u"Line 1: none of the names TL,BL,FL,SL,BW,SEX,Stage,GW is in its place"_s};
+        const QString fields = u"Line %1: %2 fields, not 8"_s;
+        const auto brokenOff = [&fields](int line, int count) { return QStringList{fields.arg(line).arg(count)}; };
         QTest::newRow("whole") << "\xEF\xBB\xBF" + header + first + second + "\r\n\r\n\n \n" << two;
         QTest::newRow("fish over several lines") << header + "152,130,141,128\n48.5,F,2,1.2\n" + second << two;
         QTest::newRow("quotes") << header + "152,\"130,5\",\"14\"\"1\",128,48.5,F,\"3-Ripe\nrunning\",1.2\n"
@@ -154,33 +156,54 @@ private Q_SLOTS:
                                           << QStringList{u"long||-3|0x1F|0|None|ripe|"_s};
         QTest::newRow("header alone") << header << QStringList();
         QTest::newRow("one name of the header right") << "a,b,c,d,e,sex,stage,GW\n" + first + second << two;
-        QTest::newRow("names misplaced") << "GW,TL,BL,FL,SL,BW,SEX,Stage\n" + first << refused;
-        QTest::newRow("header in small letters") << header.toLower() + first << refused;
-        QTest::newRow("no header") << first + second << refused;
-        QTest::newRow("short last fish") << header + first + "160,138,149\n" << refused;
-        QTest::newRow("short fish in the middle") << header + "152,130,141,128,48.5,F,2\n" + second << refused;
-        QTest::newRow("one field too many") << header + first.trimmed() + ",\n" + second << refused;
-        QTest::newRow("empty line in the middle") << header + "\n" + first << refused;
-        QTest::newRow("short header") << QByteArray("TL,BL,FL\n") << refused;
-        QTest::newRow("no text at all") << QByteArray("\xEF\xBB\xBF\n\n") << refused;
-        QTest::newRow("binary") << QByteArray("\x89PNG\r\n\x1A\n\0\0\0\rIHDR,\xFF,\xFE\0,", 22) << refused;
+        QTest::newRow("names misplaced") << "GW,TL,BL,FL,SL,BW,SEX,Stage\n" + first << none;
+        QTest::newRow("header in small letters") << header.toLower() + first << none;
+        QTest::newRow("no header") << first + second << none;
+        QTest::newRow("short last fish") << header + first + "160,138,149\n" << brokenOff(3, 3);
+        QTest::newRow("short fish in the middle") << header + "152,130,141,128,48.5,F,2\n" + second << brokenOff(2, 7);
+        QTest::newRow("one field too many") << header + first.trimmed() + ",\n" + second << brokenOff(2, 9);
+        QTest::newRow("empty lines and fish in the middle") << header + "\n" + first + ",,,, ,,,\n" + second << two;
+        QTest::newRow("short header") << QByteArray("TL,BL,FL\n") << brokenOff(1, 3);
+        QTest::newRow("no text at all") << QByteArray("\xEF\xBB\xBF\n\n") << QStringList();
+        QTest::newRow("binary") << QByteArray("\x89PNG\r\n\x1A\n\0\0\0\rIHDR,\xFF,\xFE\0,", 22)
+                                << QStringList{u"Line 3: a character U+0000, as in UTF-16 text or a damaged file"_s};
+        QTest::newRow("semicolons") << QByteArray("TL;BL;FL\n")
+                                    << QStringList{u"Line 1: the fields are parted by semicolons, not by commas"_s};
+        QTest::newRow("UTF-16") << QByteArray("\xFF\xFET\0L\0", 6)
+                                << QStringList{u"Line 1: the file is UTF-16 text, not UTF-8"_s};
     }
     void fishFiles() {
         QFETCH(QByteArray, bytes);
-        const auto fish = importedFish(decodedText(bytes));
         QStringList lines;
-        for (const GonadFish& one : fish.value_or(std::vector<GonadFish>())) {
-            lines.append(QStringList{one.tl, one.bl, one.fl, one.sl, one.bw, one.sex, one.stage, one.gw}.join(u'|'));
+        try {
+            CsvReader csv(bytes);
+            FishReader reader(csv);
+            std::optional<GonadFish> one;
+            for (bool more = reader.readHeader(); more && (one = reader.next());) {
+                lines.append(
+                    QStringList{one->tl, one->bl, one->fl, one->sl, one->bw, one->sex, one->stage, one->gw}.join(u'|'));
+            }
+        } catch (const FormatFault& fault) {
+            lines = QStringList{QString::fromUtf8(fault.what()).section(u". Nothing"_s, 0, 0)};
         }
-        QTEST(fish ? lines : QStringList{u"refused"_s}, "fish");
+        QTEST(lines, "fish");
     }
 
     void mostFishOfAFile() {
-        const QString header = u"TL,BL,FL,SL,BW,SEX,Stage,GW\n"_s;
-        const QString fish = u"1,1,1,1,1,F,1,1\n"_s;
-        const auto most = importedFish(header + fish.repeated(32'767));
-        QVERIFY(most && most->size() == 32'767U);
-        QVERIFY(!importedFish(header + fish.repeated(32'768)));
+        for (const auto& [count, accepted] : {std::pair{32'767, true}, std::pair{32'768, false}}) {
+            CsvReader csv("TL,BL,FL,SL,BW,SEX,Stage,GW\n" + QByteArray("1,1,1,1,1,F,1,1\n").repeated(count));
+            FishReader reader(csv);
+            QVERIFY(reader.readHeader());
+            const auto readAll = [&reader] {
+                while (reader.next()) {
+                }
+            };
+            if (accepted) {
+                readAll();
+            } else {
+                QVERIFY_EXCEPTION_THROWN(readAll(), FormatFault);
+            }
+        }
     }
 
     void sexes() {
