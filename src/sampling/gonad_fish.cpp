@@ -85,6 +85,10 @@ QString samplingWeightText(double bodyWeights) {
     return twoDecimals(bodyWeights / gramsPerKilogram);
 }
 
+double storedNumber(const GonadFish& fish, FishField field) {
+    return field == &GonadFish::stage ? stageOf(fish.stage) : numberOf(fish.*field);
+}
+
 Sql insertFish(int operation, int species, int number, const GonadFish& fish) {
     const double bodyWeight = numberOf(fish.bw);
     const double gonadWeight = numberOf(fish.gw);

@@ -47,6 +47,9 @@ double bodyWeightSum(const std::vector<GonadFish>& fish);
 /// The sampling weight in kg, two decimals, of fish that weigh so many g.
 QString samplingWeightText(double bodyWeights);
 
+/// The number that is stored for a field of a fish, its sex left aside: the one its text starts with, otherwise 0.
+double storedNumber(const GonadFish& fish, FishField field);
+
 /// The statement that stores a fish under a number within its operation and species. A text that does not start with a
 /// number counts as 0.
 Sql insertFish(int operation, int species, int number, const GonadFish& fish);

@@ -12,17 +12,18 @@ namespace {
 struct Column {
     const char* header;
     FishField field;
+    const char* caption;  // in the grid, of a field that is stored as a number
 };
 
 constexpr std::array<Column, 8> kColumns = {{
-    {"TL", &GonadFish::tl},
-    {"BL", &GonadFish::bl},
-    {"FL", &GonadFish::fl},
-    {"SL", &GonadFish::sl},
-    {"BW", &GonadFish::bw},
-    {"SEX", &GonadFish::sex},
-    {"Stage", &GonadFish::stage},
-    {"GW", &GonadFish::gw},
+    {"TL", &GonadFish::tl, "TL(mm)"},
+    {"BL", &GonadFish::bl, "BL(mm)"},
+    {"FL", &GonadFish::fl, "FL(mm)"},
+    {"SL", &GonadFish::sl, "SL(mm)"},
+    {"BW", &GonadFish::bw, "BW(g)"},
+    {"SEX", &GonadFish::sex, nullptr},
+    {"Stage", &GonadFish::stage, "STAGE"},
+    {"GW", &GonadFish::gw, "GW(g)"},
 }};
 
 constexpr auto kWidth = static_cast<qsizetype>(kColumns.size());
@@ -35,6 +36,15 @@ bool isHeader(const QStringList& fields) {
         }
     }
     return false;
+}
+
+/// Whether a text is stored as it stands. Stages are whole numbers that may have their name behind them.
+bool isStoredAsItStands(const GonadFish& fish, FishField field) {
+    const QString text = (fish.*field).trimmed();
+    if (text.isEmpty() || field != &GonadFish::stage) {
+        return text.isEmpty() || isNumeric(text);
+    }
+    return text.front() >= u'0' && text.front() <= u'9' && storedNumber(fish, field) == leadingNumber(text);
 }
 
 }  // namespace
@@ -119,6 +129,22 @@ std::optional<GonadFish> FishReader::next() {
     }
     fish.sex = importedSex(fish.sex);
     return fish;
+}
+
+QString storedOtherwise(const std::vector<GonadFish>& fish) {
+    for (std::size_t i = 0; i < fish.size(); ++i) {
+        for (const Column& column : kColumns) {
+            if (column.caption == nullptr || isStoredAsItStands(fish[i], column.field)) {
+                continue;
+            }
+            const bool stage = column.field == &GonadFish::stage;
+            return u"fish %1, %2: \"%3\" is no %4. SAVE will store %5"_s.arg(
+                QString::number(i + 1), QString::fromLatin1(column.caption), (fish[i].*column.field).left(40),
+                stage ? u"stage number"_s : u"number with a decimal point"_s,
+                plainText(storedNumber(fish[i], column.field)));
+        }
+    }
+    return {};
 }
 
 }  // namespace kelvora

@@ -46,4 +46,8 @@ private:
     int m_passedOver = 0;
 };
 
+/// What SAVE makes of the first text that it does not store as it stands: 'fish 3, TL(mm): "243,5" is no number …'.
+/// Empty if all are stored as they stand. A measurement may be empty, and a stage may have its name behind its number.
+QString storedOtherwise(const std::vector<GonadFish>& fish);
+
 }  // namespace kelvora

@@ -5,6 +5,7 @@
 #include "controls/fields.h"
 #include "controls/guard.h"
 #include "controls/text_table.h"
+#include "sampling/gonad_import.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -114,8 +115,11 @@ void MeasuredFishGrid::showFish() {
 }
 
 void MeasuredFishGrid::showLine(const QString& words) {
-    m_line->setText(words);
-    m_line->setVisible(!words.isEmpty());
+    QStringList parts{words, storedOtherwise(m_fish)};
+    parts.removeAll(QString());
+    m_line->setText(parts.join(u"; "_s));
+    m_line->setToolTip(m_line->text());
+    m_line->setVisible(!parts.isEmpty());
 }
 
 }  // namespace kelvora

@@ -46,7 +46,7 @@ private:
     Dialogs& m_dialogs;
     Grid* m_grid;
     TextTable* m_rows;
-    QLabel* m_line;  ///< what was said about a file
+    QLabel* m_line;  ///< what SAVE will not store as it stands, and what was said about a file
     std::vector<GonadFish> m_fish;
 };
 
