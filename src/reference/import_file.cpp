@@ -72,7 +72,13 @@ QString counted(qsizetype number) {
 }
 
 QString outcomeLine(const ImportOutcome& outcome) {
-    return u"stored %1, already known %2, refused %3"_s.arg(counted(outcome.stored), counted(outcome.known),
+    const auto others = static_cast<qsizetype>(outcome.others.size());
+    QString known = counted(outcome.known + outcome.repeated + others);
+    if (outcome.repeated + others > 0) {
+        known +=
+            u" (%1 the same vessel, %2 another boat of that name)"_s.arg(counted(outcome.repeated), counted(others));
+    }
+    return u"stored %1, already known %2, refused %3"_s.arg(counted(outcome.stored), known,
                                                             counted(static_cast<qsizetype>(outcome.refused.size())));
 }
 

@@ -44,20 +44,22 @@ struct RefusedRecord {
 /// What became of the records of one save.
 struct ImportOutcome {
     int stored = 0;
-    int known = 0;  ///< left out, since the same name is stored already
+    int known = 0;                  ///< left out, since the same species is stored already
+    int repeated = 0;               ///< left out, since the same vessel is stored already
+    std::vector<CsvRecord> others;  ///< left out, since another boat of the name is stored already
     std::vector<RefusedRecord> refused;
 };
 
-/// The outcome in one line: "stored 1,065, already known 214, refused 0".
+/// The outcome in one line: "stored 1,065, already known 214, refused 0"; of vessels with what is known about them.
 QString outcomeLine(const ImportOutcome& outcome);
 
 /// Names the first ten refused records by their line, first field and columns.
 QString refusalText(const std::vector<RefusedRecord>& refused);
 
-/// A whole number with its thousands set off by commas.
-QString counted(qsizetype number);
 /// The line under the rows of a file: how many there are, and how many empty ones were passed over.
 QString countLine(qsizetype rows, int passedOver);
 
+/// A whole number with its thousands set off by commas.
+QString counted(qsizetype number);
 
 }  // namespace kelvora

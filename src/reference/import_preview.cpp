@@ -6,6 +6,7 @@
 #include "controls/progress.h"
 #include "controls/text_table.h"
 #include "data/transaction.h"
+#include "data/whole_file.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -86,7 +87,8 @@ ImportPreview::ImportPreview(const ImportLayout& layout, const Captions& caption
       m_line(new ValueLabel),
       m_save(new QPushButton(captions.save)),
       m_remove(new QPushButton(captions.remove)),
-      m_clear(new QPushButton(captions.clear)) {
+      m_clear(new QPushButton(captions.clear)),
+      m_saveOthers(new QPushButton(u"Save other boats"_s)) {
     auto* outer = new QVBoxLayout(this);
     outer->setContentsMargins({});
     outer->addWidget(m_frame);
@@ -109,12 +111,13 @@ ImportPreview::ImportPreview(const ImportLayout& layout, const Captions& caption
     auto* footer = new QHBoxLayout;
     rows->addLayout(footer);
     footer->addWidget(m_line, 1);
-    for (QPushButton* button : {m_save, m_remove, m_clear}) {
+    for (QPushButton* button : {m_saveOthers, m_save, m_remove, m_clear}) {
         footer->addWidget(button);
     }
 
     onClick(import, [this] { chooseFile(); });
     onClick(m_save, [this] { save(); });
+    onClick(m_saveOthers, [this] { saveOthers(); });
     onClick(m_remove, [this] { removeRow(); });
     onClick(m_clear, [this] { clear(); });
     clear();
@@ -167,9 +170,6 @@ bool ImportPreview::read(const QString& path) {
     return true;
 }
 
-void ImportPreview::show(std::vector<CsvRecord> records) {
-    std::vector<QStringList> rows;
-    rows.reserve(records.size());
 std::optional<std::vector<CsvRecord>> ImportPreview::recordsOf(const QString& path) {
     CsvReader reader(path);
     Progress progress(u"Reading the file…"_s, reader.size(), Progress::Way::GiveUp);
@@ -208,6 +208,9 @@ void ImportPreview::refuse(const QString& message, const QString& line) {
     dialogs().message(u"ERROR"_s, message);
 }
 
+void ImportPreview::show(std::vector<CsvRecord> records) {
+    std::vector<QStringList> rows;
+    rows.reserve(records.size());
     for (const CsvRecord& record : records) {
         rows.push_back(record.fields);
     }
@@ -216,6 +219,8 @@ void ImportPreview::refuse(const QString& message, const QString& line) {
         rows.emplace_back();
     }
     m_records = std::move(records);
+    m_others.clear();
+    m_saveOthers->hide();
     m_table->setRows(std::move(rows));
     m_save->setEnabled(!blank);
     m_remove->setEnabled(!blank);
@@ -225,15 +230,15 @@ void ImportPreview::refuse(const QString& message, const QString& line) {
     }
 }
 
+void ImportPreview::showCount() {
+    m_line->setText(countLine(static_cast<qsizetype>(m_records.size()), m_passedOver));
+}
+
 void ImportPreview::save() {
     const QString count = QString::number(m_records.size());
     if (!dialogs().confirm(u"CONFIRM"_s, u"Are you sure to insert '%1' data"_s.arg(count))) {
         return;
     }
-void ImportPreview::showCount() {
-    m_line->setText(countLine(static_cast<qsizetype>(m_records.size()), m_passedOver));
-}
-
     const ImportOutcome outcome = storeAll();
     if (outcome.refused.empty()) {
         clear();
@@ -245,6 +250,8 @@ void ImportPreview::showCount() {
         show(std::move(left));
     }
     m_line->setText(outcomeLine(outcome));
+    m_others = outcome.others;
+    m_saveOthers->setVisible(!m_others.empty());
     refreshStored();
     if (!outcome.refused.empty()) {
         dialogs().message(u"ERROR"_s, refusalText(outcome.refused));
@@ -263,6 +270,12 @@ ImportOutcome ImportPreview::storeAll() {
     return outcome;
 }
 
+void ImportPreview::saveOthers() {
+    if (const std::optional<QString> path = dialogs().saveCsvFile()) {
+        writeWholeFile(withCsvEnding(*path), importFileOf(m_layout, m_others), u"The lines could not be written"_s);
+    }
+}
+
 void ImportPreview::removeRow() {
     const int row = m_grid->currentRow();
     if (row < 0 || m_records.size() < 2 || !mayRemove(m_records.at(static_cast<std::size_t>(row)))) {
@@ -276,9 +289,9 @@ void ImportPreview::removeRow() {
 
 void ImportPreview::clear() {
     m_path->clear();
+    m_passedOver = 0;
     show({});
     m_line->clear();
 }
 
 }  // namespace kelvora
-    m_passedOver = 0;

@@ -52,6 +52,7 @@ private:
     void show(std::vector<CsvRecord> records);
     void showCount();
     void save();
+    void saveOthers();
     [[nodiscard]] ImportOutcome storeAll();
     void removeRow();
     void clear();
@@ -65,7 +66,10 @@ private:
     QPushButton* m_save;
     QPushButton* m_remove;
     QPushButton* m_clear;
+    QPushButton* m_saveOthers;
     std::vector<CsvRecord> m_records;  ///< those that the preview shows; none while it shows a blank row
+    std::vector<CsvRecord> m_others;   ///< left out by the last save: other boats of known names
+    int m_passedOver = 0;              ///< empty lines of the file
 };
 
 }  // namespace kelvora

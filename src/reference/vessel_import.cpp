@@ -13,6 +13,10 @@ namespace {
 enum Column { Name, RegisterId, EngineType, Power, Length, State, Size, Gear, NetLength, NetWidth, MeshSize };
 static_assert(Gear == kGearColumn);
 
+auto numberIn(const QStringList& fields) {
+    return [&fields](Column column) { return toNumber(fields[column]).value_or(0); };
+}
+
 /// The gear for a name that is not stored yet.
 QString newGear(const QString& name, const GearQuestions& questions) {
     QString answer = questions.ask(name);
@@ -57,8 +61,23 @@ QStringList unusableNumbers(const QStringList& fields) {
     return captions;
 }
 
+Sql vesselsKnownAs(const QStringList& fields) {
+    Sql named = Sql("select * from vessel where vesselname = ") << fields[Name];
+    return fields[Name].isEmpty() ? std::move(named) << " and vesselid = " << fields[RegisterId] : std::move(named);
+}
+
+Sql vesselsLike(const QStringList& fields, int gear) {
+    const auto number = numberIn(fields);
+    return Sql("select * from vessel where vesselname = ")
+           << fields[Name] << " and vesselid = " << fields[RegisterId] << " and flagstate = " << fields[State]
+           << " and enginetype = " << fields[EngineType] << " and enginepower = " << number(Power)
+           << " and vesselsize = " << number(Size) << " and vessellength = " << number(Length) << " and gear = " << gear
+           << " and meshsize = " << fields[MeshSize] << " and netlength = " << fields[NetLength]
+           << " and netwidth = " << fields[NetWidth];
+}
+
 Sql vesselInsert(const QStringList& fields, int gear) {
-    const auto number = [&fields](Column column) { return toNumber(fields[column]).value_or(0); };
+    const auto number = numberIn(fields);
     return Sql("insert into vessel values(")
            << fields[Name] << "," << fields[RegisterId] << "," << fields[State] << "," << fields[EngineType] << ","
            << number(Power) << "," << number(Size) << "," << number(Length) << "," << gear << "," << fields[MeshSize]

@@ -17,6 +17,12 @@ inline constexpr int kGearColumn = 7;
 /// The captions of the numbers of a vessel (power, length, size) that are empty or not numeric.
 QStringList unusableNumbers(const QStringList& fields);
 
+/// Finds the stored vessels that a vessel is known by: those of its name, or of its register id if it has no name.
+Sql vesselsKnownAs(const QStringList& fields);
+
+/// Finds the stored vessels that a vessel whose numbers are usable repeats in every field. The gear is as below.
+Sql vesselsLike(const QStringList& fields, int gear);
+
 /// The statement that stores a vessel whose numbers are usable. The gear is the number of its type of gear, 0 for none.
 Sql vesselInsert(const QStringList& fields, int gear);
 

@@ -40,18 +40,27 @@ void VesselImportPanel::complete(std::vector<CsvRecord>& records) {
 
 void VesselImportPanel::store(const CsvRecord& record, ImportOutcome& outcome) {
     const QStringList& fields = record.fields;
-    if (finds(Sql("select * from vessel where vesselname = ") << fields.first())) {
-        ++outcome.known;
-        return;
+    for (CsvRecord& record : records) {
+        // A name of blanks is none.
+        if (record.fields.first().trimmed().isEmpty()) {
+            record.fields.first().clear();
+        }
     }
     const QStringList unusable = unusableNumbers(fields);
-    if (!unusable.isEmpty()) {
-        outcome.refused.push_back({record, unusable});
-        return;
-    }
     const ResultSet gears = gearsNamed(fields[kGearColumn]);
-    m_tab.addvessel2(vesselInsert(fields, gears.isEmpty() ? 0 : gears.integer(0, u"gearid").value_or(0)));
-    ++outcome.stored;
+    const int gear = gears.isEmpty() ? 0 : gears.integer(0, u"gearid").value_or(0);
+    if (finds(vesselsKnownAs(fields))) {
+        if (unusable.isEmpty() && finds(vesselsLike(fields, gear))) {
+            ++outcome.repeated;
+        } else {
+            outcome.others.push_back(record);
+        }
+    } else if (!unusable.isEmpty()) {
+        outcome.refused.push_back({record, unusable});
+    } else {
+        m_tab.addvessel2(vesselInsert(fields, gear));
+        ++outcome.stored;
+    }
 }
 
 void VesselImportPanel::refreshStored() {
