@@ -1,9 +1,11 @@
 #include "controls/dialogs.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
@@ -49,6 +51,19 @@ std::optional<QString> ModalDialogs::input(const QString& title, const QString& 
     const QString text = QInputDialog::getText(QApplication::activeWindow(), title, fitting(prompt), QLineEdit::Normal,
                                                proposed, &accepted);
     return accepted ? std::optional(text) : std::nullopt;
+}
+
+Dialogs::Answer ModalDialogs::inputOrNoMore(const QString& title, const QString& prompt, const QString& proposed) {
+    constexpr int noMore = QDialog::Accepted + 1;
+    QInputDialog box(QApplication::activeWindow());
+    box.setWindowTitle(title);
+    box.setLabelText(fitting(prompt));
+    box.setTextValue(proposed);
+    box.adjustSize();  // has its buttons only when it is laid out
+    auto* button = box.findChild<QDialogButtonBox*>()->addButton(u"No more"_s, QDialogButtonBox::ActionRole);
+    QObject::connect(button, &QPushButton::clicked, &box, [&box] { box.done(noMore); });
+    const int answer = box.exec();
+    return {answer == QDialog::Accepted ? std::optional(box.textValue()) : std::nullopt, answer == noMore};
 }
 
 std::optional<QString> ModalDialogs::openFile(FileKind kind) {

@@ -23,6 +23,12 @@ public:
     virtual bool confirm(const QString& title, const QString& text, Icon icon = Icon::None) = 0;
     /// A line of text, at first the proposed one; nothing if it was cancelled.
     virtual std::optional<QString> input(const QString& title, const QString& prompt, const QString& proposed) = 0;
+    struct Answer {
+        std::optional<QString> text;  ///< nothing if it was cancelled
+        bool noMore = false;          ///< the same question is not to come again
+    };
+    /// A line of text that may be asked for many times: as input(), with a button that ends the asking.
+    virtual Answer inputOrNoMore(const QString& title, const QString& prompt, const QString& proposed) = 0;
     /// The path of an existing file of a kind; nothing if it was cancelled.
     virtual std::optional<QString> openFile(FileKind kind) = 0;
     /// The path to write a CSV file to, as typed; nothing if it was cancelled. Does not ask before overwriting.
@@ -47,6 +53,7 @@ public:
     void message(const QString& title, const QString& text) override;
     bool confirm(const QString& title, const QString& text, Icon icon) override;
     std::optional<QString> input(const QString& title, const QString& prompt, const QString& proposed) override;
+    Answer inputOrNoMore(const QString& title, const QString& prompt, const QString& proposed) override;
     std::optional<QString> openFile(FileKind kind) override;
     std::optional<QString> saveCsvFile() override;
     std::optional<QString> savePictureFile() override;

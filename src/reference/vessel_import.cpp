@@ -88,20 +88,23 @@ void settleGears(std::vector<CsvRecord>& vessels, const GearQuestions& questions
     const auto before = [](const QString& left, const QString& right) { return compareText(left, right) < 0; };
     // Thousands of vessels share a few gears: what was found or answered for a name holds for the whole file.
     struct Settled {
-        bool stored;
-        QString answer;
+        bool stored;  // the vessel keeps the name as its file writes it
+        QString answer = {};
     };
     std::map<QString, Settled, decltype(before)> settled(before);
     for (CsvRecord& vessel : vessels) {
         QString& gear = vessel.fields[kGearColumn];
-        auto known = settled.find(gear);
-        if (known == settled.end()) {
-            const bool stored = questions.stored(gear).has_value();
-            known = settled.emplace(gear, Settled{stored, stored ? QString() : newGear(gear, questions)}).first;
+        const auto known = settled.find(gear);
+        if (known != settled.end()) {
+            gear = known->second.stored ? gear : known->second.answer;
+            continue;
         }
-        if (!known->second.stored) {
-            gear = known->second.answer;
+        const QString name = gear;
+        const bool stored = questions.stored(name).has_value();
+        if (!stored) {
+            gear = newGear(name, questions);
         }
+        settled.emplace(name, Settled{stored || compareText(name, gear) == 0, gear});
     }
 }
 

@@ -38,8 +38,8 @@ struct GearQuestions {
     std::function<void(const QString& name)> add;
 };
 
-/// Writes into every vessel the type of gear it is to have: the one of the file if it is stored, otherwise what the
-/// sampler answers, empty for none. Each name is asked about once.
+/// Writes into every vessel the type of gear it is to have: the one of the file, as it is written there, if it is
+/// stored, otherwise what the sampler answers, empty for none. Each name is asked about once.
 void settleGears(std::vector<CsvRecord>& vessels, const GearQuestions& questions);
 
 }  // namespace kelvora

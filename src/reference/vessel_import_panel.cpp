@@ -26,26 +26,30 @@ void VesselImportPanel::complete(std::vector<CsvRecord>& records) {
         const ResultSet found = gearsNamed(name);
         return found.isEmpty() ? std::nullopt : std::optional(found.text(0, u"guname"));
     };
-    questions.ask = [this](const QString& proposed) {
-        return dialogs()
-            .input(u"New Fishing Gear"_s, u"You have to insert new fishing gear"_s, proposed)
-            .value_or(QString());
+    questions.ask = [this, noMore = false](const QString& proposed) mutable {
+        if (noMore) {
+            return QString();
+        }
+        const Dialogs::Answer answer =
+            dialogs().inputOrNoMore(u"New Fishing Gear"_s, u"You have to insert new fishing gear"_s, proposed);
+        noMore = answer.noMore;
+        return answer.text.value_or(QString());
     };
     questions.confirm = [this](const QString& name) {
         return dialogs().confirm(u"Are you sure to insert '%1'? "_s.arg(name));
     };
     questions.add = [this](const QString& name) { m_tab.AddGearCounted(name); };
     settleGears(records, questions);
-}
-
-void VesselImportPanel::store(const CsvRecord& record, ImportOutcome& outcome) {
-    const QStringList& fields = record.fields;
     for (CsvRecord& record : records) {
         // A name of blanks is none.
         if (record.fields.first().trimmed().isEmpty()) {
             record.fields.first().clear();
         }
     }
+}
+
+void VesselImportPanel::store(const CsvRecord& record, ImportOutcome& outcome) {
+    const QStringList& fields = record.fields;
     const QStringList unusable = unusableNumbers(fields);
     const ResultSet gears = gearsNamed(fields[kGearColumn]);
     const int gear = gears.isEmpty() ? 0 : gears.integer(0, u"gearid").value_or(0);

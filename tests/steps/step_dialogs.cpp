@@ -27,6 +27,11 @@ std::optional<QString> StepDialogs::input(const QString& title, const QString& p
     return next(u"question"_s, title, prompt);
 }
 
+Dialogs::Answer StepDialogs::inputOrNoMore(const QString& title, const QString& prompt, const QString& proposed) {
+    const std::optional<QString> answer = input(title, prompt, proposed);
+    return answer == u"No more"_s ? Answer{std::nullopt, true} : Answer{answer};
+}
+
 std::optional<QString> StepDialogs::openFile(FileKind /*kind*/) {
     return next(u"question"_s, u"open file"_s);
 }

@@ -10,7 +10,8 @@ namespace kelvora::test {
 /// A box that a step expects, as its line says it; "…" at an end of the text stands for anything.
 struct ExpectedBox {
     QString kind, title, text;
-    std::optional<QString> answer = {};  ///< "Yes" or "No" of a question, the text of an input, the name of a file
+    /// "Yes" or "No" of a question, the text of an input or "No more", the name of a file.
+    std::optional<QString> answer = {};
 };
 
 /// The boxes of the program, answered as a step planned them. A box that was not planned is taken as No and noted.
@@ -30,6 +31,7 @@ public:
     void message(const QString& title, const QString& text) override;
     bool confirm(const QString& title, const QString& text, Icon icon) override;
     std::optional<QString> input(const QString& title, const QString& prompt, const QString& proposed) override;
+    Answer inputOrNoMore(const QString& title, const QString& prompt, const QString& proposed) override;
     std::optional<QString> openFile(FileKind kind) override;
     std::optional<QString> saveCsvFile() override;
     std::optional<QString> savePictureFile() override;

@@ -25,6 +25,9 @@ public:
         asked.append(title + u": "_s + prompt);
         return typed;
     }
+    Answer inputOrNoMore(const QString& title, const QString& prompt, const QString& proposed) override {
+        return {input(title, prompt, proposed)};
+    }
     std::optional<QString> openFile(FileKind /*kind*/) override { return path; }
     std::optional<QString> saveCsvFile() override { return path; }
     std::optional<QString> savePictureFile() override { return path; }

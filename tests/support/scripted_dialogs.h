@@ -34,6 +34,9 @@ public:
     void expectInput(const QString& prompt, const std::optional<QString>& answer) {
         expectInput(kApplicationTitle.toString(), prompt, answer);
     }
+    void expectNoMore(const QString& title, const QString& prompt) {
+        m_planned.append({u"input"_s, title, prompt, {}, false, true});
+    }
     void expectOpenFile(const std::optional<QString>& path) { m_planned.append({u"open file"_s, {}, {}, path}); }
     void expectSaveFile(const std::optional<QString>& path) { m_planned.append({u"save file"_s, {}, {}, path}); }
     void expectSavePicture(const std::optional<QString>& path) { m_planned.append({u"save picture"_s, {}, {}, path}); }
@@ -48,6 +51,10 @@ public:
     std::optional<QString> input(const QString& title, const QString& prompt, const QString& /*proposed*/) override {
         return next(u"input"_s, title, prompt);
     }
+    Answer inputOrNoMore(const QString& title, const QString& prompt, const QString& /*proposed*/) override {
+        const bool noMore = !m_planned.isEmpty() && m_planned.first().noMore;
+        return {next(u"input"_s, title, prompt), noMore};
+    }
     std::optional<QString> openFile(FileKind /*kind*/) override { return next(u"open file"_s); }
     std::optional<QString> saveCsvFile() override { return next(u"save file"_s); }
     std::optional<QString> savePictureFile() override { return next(u"save picture"_s); }
@@ -57,6 +64,7 @@ private:
         QString kind, title, text;
         std::optional<QString> answer = {};
         bool partOnly = false;
+        bool noMore = false;
     };
     /// The answer to a box that came.
     std::optional<QString> next(const QString& kind, const QString& title = {}, const QString& text = {});
