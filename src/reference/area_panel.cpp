@@ -49,17 +49,19 @@ void AreaPanel::RefreshAreaGrid() {
 }
 
 void AreaPanel::add() {
-    if (m_name->text().isEmpty()) {
+    const QString name = typed(m_name);
+    const QString description = typed(m_description);
+    if (name.isEmpty()) {
         dialogs().message(u"Please insert fishing area"_s);
         m_name->setFocus();
         return;
     }
-    if (m_description->text().isEmpty()) {
+    if (description.isEmpty()) {
         dialogs().message(u"Please insert description"_s);
         m_description->setFocus();
         return;
     }
-    AddArea(m_name->text(), m_description->text());
+    AddArea(name, description);
     clearEntry();
     RefreshAreaGrid();
 }

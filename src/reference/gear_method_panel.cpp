@@ -56,8 +56,8 @@ void GearMethodPanel::RefreshMethodGearList() {
 }
 
 void GearMethodPanel::add() {
-    const QString gear = m_gear->text();
-    const QString method = m_method->text();
+    const QString gear = typed(m_gear->text());
+    const QString method = typed(m_method);
     if (method.isEmpty() || gear.isEmpty()) {
         return;
     }

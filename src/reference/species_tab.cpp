@@ -69,9 +69,9 @@ bool SpeciesTab::isStored(const QString& family, const QString& genus, const QSt
 }
 
 void SpeciesTab::add() {
-    const QString family = m_family->text();
-    const QString genus = m_genus->text();
-    const QString species = m_species->text();
+    const QString family = typed(m_family);
+    const QString genus = typed(m_genus);
+    const QString species = typed(m_species);
     if (family.isEmpty() || genus.isEmpty() || species.isEmpty()) {
         dialogs().message(u"Please in put Family ,Genus And speices"_s);
         return;
@@ -80,7 +80,7 @@ void SpeciesTab::add() {
         dialogs().message(u"ERROR"_s, u"Species repeat please try again"_s);
         return;
     }
-    AddSpecies(species, genus, family, m_commonName->text());
+    AddSpecies(species, genus, family, typed(m_commonName));
     for (QLineEdit* field : {m_family, m_genus, m_species, m_commonName}) {
         field->clear();
     }

@@ -80,8 +80,8 @@ void StatePortPanel::followRow(bool onRow) {
 }
 
 void StatePortPanel::add() {
-    const QString state = m_state->text();
-    const QString port = m_port->text();
+    const QString state = typed(m_state->text());
+    const QString port = typed(m_port);
     if (state.isEmpty() || port.isEmpty()) {
         return;
     }
