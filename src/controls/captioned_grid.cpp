@@ -224,6 +224,11 @@ void follow(RecordNavigator* navigator, Grid* grid) {
         }
     });
     QObject::connect(grid, &Grid::rowChosen, navigator, &RecordNavigator::moveTo);
+    // The row that is marked already is gone to by a click or Enter, where the navigator stands on none.
+    for (const auto signal : {&Grid::clicked, &Grid::activated}) {
+        QObject::connect(grid, signal, navigator,
+                         [navigator](const QModelIndex& cell) { navigator->moveTo(cell.row()); });
+    }
 }
 
 }  // namespace kelvora

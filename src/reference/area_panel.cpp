@@ -90,6 +90,7 @@ void AreaPanel::deleteArea(const QString& name) {
                             u"Do you want to delete this area?"_s)) {
         m_areas->setCaption({});
         RefreshAreaGrid();
+        m_areas->leaveRow();
         clearEntry();
     }
 }

@@ -107,6 +107,7 @@ void GearMethodPanel::deleteMethod() {
     m_methods->setCaption({});
     RefreshMethodGearList();
     RefreshGearMethodGrid();
+    m_methods->leaveRow();
 }
 
 }  // namespace kelvora

@@ -114,6 +114,7 @@ void SpeciesTab::deleteSpecies() {
                             u"Are you sure to delete this species"_s, u"CONFIRM"_s)) {
         m_catalogue->setCaption({});
         RefreshSpeciesGrid();
+        m_catalogue->leaveRow();
     }
 }
 

@@ -127,6 +127,7 @@ void StatePortPanel::DeleteSamplingPort(int samplingid) {
                             u"Do you want to remove this sampling port"_s)) {
         m_ports->setCaption({});
         RefreshStatePortGrid();
+        m_ports->leaveRow();
         PurgeStatesWithoutPorts();
     }
 }

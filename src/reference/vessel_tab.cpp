@@ -202,6 +202,7 @@ void VesselTab::deleteVessel(const QString& name, const QString& registerId) {
     if (confirmAfterExecute(statement, u"Are you sure to delete '%1'?"_s.arg(named ? name : registerId))) {
         m_register->setCaption({});
         RefreshVesselGrid();
+        m_register->leaveRow();
     }
 }
 
