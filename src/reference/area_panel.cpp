@@ -2,6 +2,7 @@
 
 #include "controls/dialogs.h"
 #include "controls/fields.h"
+#include "data/names.h"
 #include "reference/record_grid.h"
 
 #include <QGridLayout>
@@ -67,7 +68,7 @@ void AreaPanel::add() {
 }
 
 void AreaPanel::AddArea(const QString& name, const QString& description) {
-    if (finds(Sql("select * from fishing_area where aname =") << name)) {
+    if (!rowsNamed(connection(), Sql("select * from fishing_area where "), {{"aname", name}}).isEmpty()) {
         dialogs().message(u"ERROR"_s, u"Fishing area repeat please try again"_s);
         return;
     }

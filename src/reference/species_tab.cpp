@@ -3,6 +3,7 @@
 #include "controls/dialogs.h"
 #include "controls/fields.h"
 #include "data/keys.h"
+#include "data/names.h"
 #include "reference/record_grid.h"
 #include "reference/species_import_panel.h"
 
@@ -64,8 +65,9 @@ void SpeciesTab::RefreshSpeciesGrid() {
 }
 
 bool SpeciesTab::isStored(const QString& family, const QString& genus, const QString& species) const {
-    return finds(Sql("select * from fish where family = ")
-                 << family << " and genus = " << genus << " and fishname = " << species);
+    return !rowsNamed(connection(), Sql("select family, genus, fishname from fish where "),
+                      {{"family", family}, {"genus", genus}, {"fishname", species}})
+                .isEmpty();
 }
 
 void SpeciesTab::add() {
