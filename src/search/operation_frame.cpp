@@ -33,7 +33,10 @@ QLineEdit* angleBox(const QString& name) {
 
 /// Selects an option or not. None can be pressed, but the selected one is a value to read and not greyed out.
 void select(QRadioButton& option, bool on) {
+    // Without an operation none is selected. A screen reader takes an option that is not exclusive for a check box.
+    option.setAutoExclusive(false);
     option.setChecked(on);
+    option.setAutoExclusive(true);
     QPalette palette;
     if (on) {
         palette.setColor(QPalette::Disabled, QPalette::WindowText, palette.color(QPalette::Active, QPalette::Text));
@@ -105,8 +108,6 @@ void OperationFrame::addFishingTime(QGridLayout* form, int row) {
     const std::array captions = {u"Day"_s, u"Night"_s, u"Day and Night"_s};
     for (std::size_t i = 0; i < captions.size(); ++i) {
         m_times[i] = new QRadioButton(captions[i]);
-        // Without an operation none is selected.
-        m_times[i]->setAutoExclusive(false);
         m_times[i]->setEnabled(false);
         options->addWidget(m_times[i]);
     }
