@@ -63,7 +63,8 @@ void showStars(QLineEdit* field) {
 
 QLineEdit* numberField(const QString& text) {
     auto* field = new QLineEdit(text);
-    field->setMinimumWidth(field->fontMetrics().averageCharWidth() * 9);
+    constexpr int margins = 16;
+    field->setMinimumWidth(field->fontMetrics().horizontalAdvance(u"12345.678"_s) + margins);
     return field;
 }
 
