@@ -63,8 +63,7 @@ OperationFrame::OperationFrame(QWidget* parent) : QGroupBox(u"Fishing Operation"
                   {u" Vessel Register id"_s, u"vid"_s},
                   {u" Fishing Gear"_s, u"guname"_s},
                   {u" Fishing Method"_s, u"methodname"_s},
-                  {u" Fishing Area"_s, u"aname"_s},
-                  {u" Note"_s, u"note"_s}});
+                  {u" Fishing Area"_s, u"aname"_s}});
     m_fields.add(
         form, kSecond,
         {{u" State/Province"_s, u"statename"_s}, {u" Sampling Port"_s, u"samplingname"_s}, {u" Date"_s, u"optdate"_s}});
@@ -78,11 +77,10 @@ OperationFrame::OperationFrame(QWidget* parent) : QGroupBox(u"Fishing Operation"
                   {u" Duration of Trip(days)"_s, u"dulation"_s},
                   {u" Estimate Total Catch(kg/trip)"_s, u"estotal"_s},
                   {u" Recorder"_s, u"interviewer"_s}});
-    for (int row = 0; row <= kNoteRow; ++row) {
+    for (int row = 0; row < kNoteRow; ++row) {
         form->setRowMinimumHeight(row, fontMetrics().height() + 6);
     }
-    QWidget* note = form->itemAtPosition(kNoteRow, kFirst + 1)->widget();
-    form->addWidget(note, kNoteRow, kFirst + 1, 1, kThird + 1 - kFirst);
+    m_fields.addNote(form, kNoteRow, u" Note"_s, 2);
 }
 
 void OperationFrame::addPosition(QGridLayout* form, int row, const QString& caption, const QString& name,
