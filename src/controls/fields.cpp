@@ -14,6 +14,8 @@ namespace kelvora {
 ValueLabel::ValueLabel(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    // A width that is ignored could become none: the value would be gone where room is short.
+    setMinimumWidth(fontMetrics().averageCharWidth() * 4);
 }
 
 QSize ValueLabel::minimumSizeHint() const {
