@@ -7,12 +7,15 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QIdentityProxyModel>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QToolTip>
 
 #include <algorithm>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -81,6 +84,9 @@ void Grid::show(QAbstractItemModel* source, GridColumns columns) {
     m_columns = std::move(columns);
     m_presented->setSourceModel(source);
     m_source.reset();
+    const auto widest = std::ranges::max_element(m_columns, {}, &GridColumn::twips);
+    const bool unequal = !m_columns.empty() && std::ranges::count(m_columns, widest->twips, &GridColumn::twips) == 1;
+    m_names = unequal ? static_cast<int>(widest - m_columns.begin()) : -1;
     for (int i = 0; i < static_cast<int>(m_columns.size()); ++i) {
         setColumnHidden(i, m_columns[static_cast<std::size_t>(i)].hidden);
     }
@@ -143,6 +149,18 @@ void Grid::resizeEvent(QResizeEvent* event) {
     fitColumns();
 }
 
+/// A text that is cut off in the picture is read whole under the mouse.
+bool Grid::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const QModelIndex cell = indexAt(help->pos());
+        const bool cut = cell.isValid() && sizeHintForIndex(cell).width() > columnWidth(cell.column());
+        QToolTip::showText(help->globalPos(), cut ? cell.data().toString() : QString(), this);
+        return true;
+    }
+    return QTableView::viewportEvent(event);
+}
+
 void Grid::copySelection() const {
     QModelIndexList rows = selectionModel()->selectedRows();
     std::ranges::sort(rows, {}, &QModelIndex::row);
@@ -163,18 +181,36 @@ void Grid::copySelection() const {
     }
 }
 
-void Grid::fitColumns() {
+/// The widths of the columns for themselves, in pixels; where room is tight numbers are no wider than they have to be.
+std::vector<int> Grid::wantedWidths(bool tight) const {
     constexpr int twipsPerPixel = 15;
     constexpr int headerMargin = 14;
     std::vector<int> widths;
-    int total = 0;
-    for (const GridColumn& column : m_columns) {
+    for (int i = 0; i < static_cast<int>(m_columns.size()); ++i) {
+        const GridColumn& column = m_columns[static_cast<std::size_t>(i)];
+        const bool numbers = i != m_names && column.alignment != Qt::AlignLeft;
         const int caption = horizontalHeader()->fontMetrics().horizontalAdvance(column.caption) + headerMargin;
-        const int scaled = column.twips * logicalDpiX() / 96 / twipsPerPixel;
-        widths.push_back(column.hidden ? 0 : std::max(caption, scaled));
-        total += widths.back();
+        const int usual = tight && numbers ? 0 : column.twips * logicalDpiX() / 96 / twipsPerPixel;
+        const int whole = numbers ? sizeHintForColumn(i) : 0;
+        widths.push_back(column.hidden ? 0 : std::max({caption, usual, whole}));
     }
+    return widths;
+}
+
+void Grid::fitColumns() {
     const int room = viewport()->width();
+    std::vector<int> widths = wantedWidths(false);
+    int total = std::reduce(widths.begin(), widths.end());
+    if (total > room && m_names >= 0) {
+        std::vector<int> tight = wantedWidths(true);
+        int& names = tight[static_cast<std::size_t>(m_names)];
+        const int left = room - std::reduce(tight.begin(), tight.end()) + names;
+        if (left >= fontMetrics().averageCharWidth() * 8) {
+            names = left;
+            widths = std::move(tight);
+            total = room;
+        }
+    }
     int used = 0;
     for (std::size_t i = 0; i < widths.size() && total > 0; ++i) {
         const bool grows = room > total;
@@ -224,6 +260,11 @@ void follow(RecordNavigator* navigator, Grid* grid) {
         }
     });
     QObject::connect(grid, &Grid::rowChosen, navigator, &RecordNavigator::moveTo);
+    // The row that is marked already is gone to by a click or Enter, where the navigator stands on none.
+    for (const auto signal : {&Grid::clicked, &Grid::activated}) {
+        QObject::connect(grid, signal, navigator,
+                         [navigator](const QModelIndex& cell) { navigator->moveTo(cell.row()); });
+    }
 }
 
 }  // namespace kelvora

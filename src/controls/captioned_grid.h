@@ -25,7 +25,8 @@ struct GridColumn {
 using GridColumns = std::vector<GridColumn>;
 
 /// A table to read: selects whole rows, copies them as tab-separated text (Ctrl+C), is never edited in place. Columns
-/// keep their starting widths in proportion when the window grows. Captions are the grid's, whatever its source.
+/// keep their starting widths in proportion when the window grows; where room is short, the widest one (the names)
+/// gives way, so that the numbers beside it stay whole. Captions are the grid's, whatever its source.
 class Grid : public QTableView {
     Q_OBJECT
 
@@ -58,16 +59,19 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
 
 private:
     void onCurrentRowChanged(const QModelIndex& current);
     void copySelection() const;
+    [[nodiscard]] std::vector<int> wantedWidths(bool tight) const;
     void fitColumns();
 
     class Presented;
     std::unique_ptr<Presented> m_presented;
     std::unique_ptr<QAbstractItemModel> m_source;
     GridColumns m_columns;
+    int m_names = -1;  ///< the column that gives way: the widest one, if there is one
 };
 
 /// A grid in a frame with its caption, and room under it for its navigator and buttons.

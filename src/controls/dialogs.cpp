@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
@@ -18,10 +19,19 @@ QString fitting(const QString& text) {
     return text.size() <= most ? text : text.first(most) + u"…"_s;
 }
 
+/// The room that a box needs for its title beside the buttons of its window.
+int titleRoom(const QString& title) {
+    const QFontMetrics metrics(QApplication::font("QMdiSubWindowTitleBar"));
+    constexpr int windowButtons = 160;
+    return metrics.horizontalAdvance(title) * 5 / 4 + windowButtons;
+}
+
 QMessageBox::StandardButton show(const QString& title, const QString& text, QMessageBox::Icon icon,
                                  QMessageBox::StandardButtons buttons) {
     QMessageBox box(icon, title, fitting(text), buttons, QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
+    auto* layout = qobject_cast<QGridLayout*>(box.layout());
+    layout->addItem(new QSpacerItem(titleRoom(title), 0), layout->rowCount(), 0, 1, layout->columnCount());
     // Enter goes on, on every desktop: a sampler confirms fish after fish with it. Without effect on a box with "OK".
     box.setDefaultButton(QMessageBox::Yes);
     return static_cast<QMessageBox::StandardButton>(box.exec());
@@ -47,10 +57,12 @@ bool ModalDialogs::confirm(const QString& title, const QString& text, Icon icon)
 }
 
 std::optional<QString> ModalDialogs::input(const QString& title, const QString& prompt, const QString& proposed) {
-    bool accepted = false;
-    const QString text = QInputDialog::getText(QApplication::activeWindow(), title, fitting(prompt), QLineEdit::Normal,
-                                               proposed, &accepted);
-    return accepted ? std::optional(text) : std::nullopt;
+    QInputDialog box(QApplication::activeWindow());
+    box.setWindowTitle(title);
+    box.setLabelText(fitting(prompt));
+    box.setTextValue(proposed);
+    box.setMinimumWidth(titleRoom(title));
+    return box.exec() == QDialog::Accepted ? std::optional(box.textValue()) : std::nullopt;
 }
 
 Dialogs::Answer ModalDialogs::inputOrNoMore(const QString& title, const QString& prompt, const QString& proposed) {

@@ -14,6 +14,8 @@ namespace kelvora {
 ValueLabel::ValueLabel(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    // A width that is ignored could become none: the value would be gone where room is short.
+    setMinimumWidth(fontMetrics().averageCharWidth() * 4);
 }
 
 QSize ValueLabel::minimumSizeHint() const {
@@ -63,7 +65,8 @@ void showStars(QLineEdit* field) {
 
 QLineEdit* numberField(const QString& text) {
     auto* field = new QLineEdit(text);
-    field->setMinimumWidth(field->fontMetrics().averageCharWidth() * 9);
+    constexpr int margins = 16;
+    field->setMinimumWidth(field->fontMetrics().horizontalAdvance(u"12345.678"_s) + margins);
     return field;
 }
 

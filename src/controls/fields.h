@@ -36,7 +36,7 @@ void showStars(QLineEdit* field);
 /// A button that Enter presses too, once the keyboard is on it.
 QPushButton* keyButton(const QString& caption);
 
-/// A text box for a number: as wide as numbers are.
+/// A text box for a number: wide enough for eight digits and the point.
 QLineEdit* numberField(const QString& text = {});
 
 }  // namespace kelvora

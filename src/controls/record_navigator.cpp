@@ -73,6 +73,12 @@ void RecordNavigator::setRowCount(int rows) {
     Q_EMIT arrived(m_row);
 }
 
+void RecordNavigator::leave() {
+    m_row = -1;
+    updateButtons();
+    setCaption({});
+}
+
 void RecordNavigator::moveTo(int row) {
     const int target = std::clamp(row, 0, std::max(m_rows - 1, 0));
     if (m_rows == 0 || target == m_row) {
@@ -99,7 +105,7 @@ QToolButton* RecordNavigator::addButton(const QString& name, bool backwards, boo
 }
 
 void RecordNavigator::updateButtons() {
-    m_first->setEnabled(m_row > 0);
+    m_first->setEnabled(m_rows > 0 && m_row != 0);
     m_previous->setEnabled(m_row > 0);
     m_next->setEnabled(m_row + 1 < m_rows);
     m_last->setEnabled(m_row + 1 < m_rows);

@@ -17,7 +17,9 @@ public:
 
     /// A new result: the navigator goes to its first row.
     void setRowCount(int rows);
-    /// The row it stands on; -1 in an empty result.
+    /// Stands on no row any more; the next step or row gone to is an arrival, also on the row before.
+    void leave();
+    /// The row it stands on; -1 if there is none.
     [[nodiscard]] int row() const { return m_row; }
     [[nodiscard]] int rowCount() const { return m_rows; }
 

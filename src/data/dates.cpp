@@ -2,6 +2,8 @@
 
 #include <QLocale>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora {
 
 QString isoText(const QDate& date) {
@@ -14,6 +16,11 @@ QDate fromIsoText(QStringView text) {
 
 QString shortDate(const QDate& date) {
     return QLocale().toString(date, QLocale::ShortFormat);
+}
+
+QString fullYearFormat() {
+    QString format = QLocale().dateFormat(QLocale::ShortFormat);
+    return format.contains(u"yyyy") ? format : format.replace(u"yy"_s, u"yyyy"_s);
 }
 
 QString monthName(int month) {

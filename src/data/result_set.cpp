@@ -62,6 +62,10 @@ bool sameText(QStringView left, QStringView right) {
     return compareText(left, right) == 0;
 }
 
+bool sameName(QStringView left, QStringView right) {
+    return left.compare(right, Qt::CaseInsensitive) == 0;
+}
+
 ResultModel::ResultModel(ResultSet result, QObject* parent)
     : QAbstractTableModel(parent), m_result(std::move(result)) {}
 
@@ -96,10 +100,15 @@ QModelIndexList ResultModel::match(const QModelIndex& start, int role, const QVa
     }
     QModelIndexList found;
     const QString wanted = value.toString();
-    for (int row = start.row(); row < rowCount() && (hits < 0 || found.size() < hits); ++row) {
-        const QModelIndex candidate = index(row, start.column());
-        if (sameText(candidate.data(role).toString(), wanted)) {
-            found.append(candidate);
+    for (const auto same : {sameText, sameName}) {
+        for (int row = start.row(); row < rowCount() && (hits < 0 || found.size() < hits); ++row) {
+            const QModelIndex candidate = index(row, start.column());
+            if (same(candidate.data(role).toString(), wanted)) {
+                found.append(candidate);
+            }
+        }
+        if (!found.isEmpty()) {
+            break;
         }
     }
     return found;

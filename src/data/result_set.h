@@ -39,11 +39,15 @@ QString displayText(const QVariant& value);
 /// Text equality as the database compares text columns: without regard to the case of the letters A to Z.
 bool sameText(QStringView left, QStringView right);
 
+/// Whether two texts are one name to a person: without regard to letter case in any alphabet ("Élan" and "élan").
+bool sameName(QStringView left, QStringView right);
+
 /// Negative, 0 or positive, in the order in which the database sorts text columns.
 int compareText(QStringView left, QStringView right);
 
 /// A result set for lists, grids and navigators. Headers are the column names; DisplayRole is the shown text, EditRole
-/// the value itself. match() compares texts as the database does.
+/// the value itself. match() compares texts as the database does,
+/// and as names where that finds none.
 class ResultModel : public QAbstractTableModel {
 public:
     explicit ResultModel(ResultSet result, QObject* parent = nullptr);

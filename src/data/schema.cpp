@@ -71,8 +71,7 @@ std::vector<std::string> schemaStatements() {
          "CREATE INDEX operation_by_method_and_date ON fishoperation(fishing_method, optdate)",
          "CREATE INDEX operation_by_area_and_date ON fishoperation(areaid, optdate)",
          "CREATE INDEX vessel_by_name ON vessel(vesselname, vesselid)",
-         // An import looks for every species of its file. By one column: the lists of species keep the order of their
-         // numbers, which an index with all that they show would change.
+         // An import looks for every species of its file.
          "CREATE INDEX species_by_epithet ON fish(fishname)",
          "CREATE INDEX composition_by_species ON group_composition(optid, spid, estotal)",
          "CREATE INDEX length_class_by_sample ON length_detail(optid, spid)",

@@ -1,5 +1,7 @@
 #include "operations/date_field.h"
 
+#include "data/dates.h"
+
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QLocale>
@@ -41,11 +43,7 @@ QDate dateWritten(const QString& written, const QString& format) {
 }  // namespace
 
 DateField::DateField(QWidget* parent) : QDateEdit(QDate::currentDate(), parent) {
-    QString format = QLocale().dateFormat(QLocale::ShortFormat);
-    if (!format.contains(u"yyyy")) {
-        format.replace(u"yy"_s, u"yyyy"_s);
-    }
-    setDisplayFormat(format);
+    setDisplayFormat(fullYearFormat());
     setCalendarPopup(true);
     setFocusPolicy(Qt::StrongFocus);
 }

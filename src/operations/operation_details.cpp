@@ -44,8 +44,8 @@ OperationDetails::OperationDetails(QWidget* parent) : QWidget(parent) {
                   {u"Fishing Depth(Meter)"_s, u"fdepth"_s},
                   {u"No of haul/Trip"_s, u"nohaul"_s},
                   {u"Duration of Trip(days)"_s, u"dulation"_s},
-                  {u"Estimate Total Catch(kg)"_s, u"estotal"_s},
-                  {u"Note"_s, u"note"_s}});
+                  {u"Estimate Total Catch(kg)"_s, u"estotal"_s}});
+    m_fields.addNote(form, form->rowCount(), u"Note"_s, 3);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

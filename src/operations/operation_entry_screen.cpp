@@ -2,6 +2,7 @@
 
 #include "controls/dialogs.h"
 #include "data/keys.h"
+#include "data/names.h"
 #include "data/transaction.h"
 #include "operations/operation_checks.h"
 #include "operations/operation_entry.h"
@@ -116,7 +117,7 @@ void OperationEntryScreen::showNextNumber() {
 }
 
 int OperationEntryScreen::stateKeyOf(const QString& state) {
-    const ResultSet rows = m_connection.query(Sql("select * from state where statename  = ") << state);
+    const ResultSet rows = rowsNamed(m_connection, Sql("select * from state where "), {{"statename", state}});
     std::vector<int> found;
     found.reserve(static_cast<std::size_t>(rows.rowCount()));
     for (int row = 0; row < rows.rowCount(); ++row) {
@@ -130,7 +131,7 @@ int OperationEntryScreen::stateKeyOf(const QString& state) {
 }
 
 int OperationEntryScreen::portKeyOf(const QString& state, const QString& port) {
-    const ResultSet rows = m_connection.query(Sql("select * from samplingport where samplingname = ") << port);
+    const ResultSet rows = rowsNamed(m_connection, Sql("select * from samplingport where "), {{"samplingname", port}});
     std::vector<int> found;
     found.reserve(static_cast<std::size_t>(rows.rowCount()));
     for (int row = 0; row < rows.rowCount(); ++row) {
@@ -147,7 +148,7 @@ int OperationEntryScreen::portKeyOf(const QString& state, const QString& port) {
 }
 
 void OperationEntryScreen::offerVessel(const QString& registerId) {
-    if (m_connection.query(Sql("select * from vessel where vesselid = ") << registerId).isEmpty()) {
+    if (rowsNamed(m_connection, Sql("select * from vessel where "), {{"vesselid", registerId}}).isEmpty()) {
         addvessel(Sql("insert into vessel(vesselid) values(") << registerId << ")");
     }
 }
@@ -182,7 +183,7 @@ void OperationEntryScreen::AddState(const QString& name) {
 }
 
 std::optional<int> OperationEntryScreen::getstateid(const QString& name) {
-    const ResultSet rows = m_connection.query(Sql("select * from state where statename = ") << name);
+    const ResultSet rows = rowsNamed(m_connection, Sql("select * from state where "), {{"statename", name}});
     if (rows.isEmpty()) {
         dialogs().message(kNoRecord);
         return std::nullopt;
@@ -201,9 +202,9 @@ void OperationEntryScreen::AddSampling(const QString& name, int stateKey) {
 }
 
 std::optional<int> OperationEntryScreen::getsamplingid(const QString& stateName, const QString& portName) {
-    const ResultSet rows = m_connection.query(
-        Sql("select * from samplingport inner join state on samplingport.stateid = state.stateid where statename = ")
-        << stateName << " and samplingname = " << portName);
+    const ResultSet rows = rowsNamed(
+        m_connection, Sql("select * from samplingport inner join state on samplingport.stateid = state.stateid where "),
+        {{"statename", stateName}, {"samplingname", portName}});
     if (rows.isEmpty()) {
         dialogs().message(kNoRecord);
         return std::nullopt;

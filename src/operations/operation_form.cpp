@@ -261,8 +261,9 @@ void OperationForm::fillGears() {
 
 void OperationForm::fillMethods() {
     if (const auto gear = chosenKey(*m_gears)) {
-        m_methods->setSource(m_connection.model(Sql("select * from Fishing_method where gearid = ") << *gear),
-                             u"methodname"_s, u"methodid"_s);
+        m_methods->setSource(
+            m_connection.model(Sql("select * from Fishing_method where gearid = ") << *gear << " order by methodname"),
+            u"methodname"_s, u"methodid"_s);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "controls/dialogs.h"
 #include "controls/fields.h"
+#include "data/names.h"
 #include "reference/record_grid.h"
 
 #include <QGridLayout>
@@ -49,23 +50,25 @@ void AreaPanel::RefreshAreaGrid() {
 }
 
 void AreaPanel::add() {
-    if (m_name->text().isEmpty()) {
+    const QString name = typed(m_name);
+    const QString description = typed(m_description);
+    if (name.isEmpty()) {
         dialogs().message(u"Please insert fishing area"_s);
         m_name->setFocus();
         return;
     }
-    if (m_description->text().isEmpty()) {
+    if (description.isEmpty()) {
         dialogs().message(u"Please insert description"_s);
         m_description->setFocus();
         return;
     }
-    AddArea(m_name->text(), m_description->text());
+    AddArea(name, description);
     clearEntry();
     RefreshAreaGrid();
 }
 
 void AreaPanel::AddArea(const QString& name, const QString& description) {
-    if (finds(Sql("select * from fishing_area where aname =") << name)) {
+    if (!rowsNamed(connection(), Sql("select * from fishing_area where "), {{"aname", name}}).isEmpty()) {
         dialogs().message(u"ERROR"_s, u"Fishing area repeat please try again"_s);
         return;
     }
@@ -88,6 +91,7 @@ void AreaPanel::deleteArea(const QString& name) {
                             u"Do you want to delete this area?"_s)) {
         m_areas->setCaption({});
         RefreshAreaGrid();
+        m_areas->leaveRow();
         clearEntry();
     }
 }

@@ -4,6 +4,7 @@
 #include "controls/dialogs.h"
 #include "controls/fields.h"
 #include "data/keys.h"
+#include "data/names.h"
 #include "reference/record_grid.h"
 
 #include <QGridLayout>
@@ -56,12 +57,12 @@ void GearMethodPanel::RefreshMethodGearList() {
 }
 
 void GearMethodPanel::add() {
-    const QString gear = m_gear->text();
-    const QString method = m_method->text();
+    const QString gear = typed(m_gear->text());
+    const QString method = typed(m_method);
     if (method.isEmpty() || gear.isEmpty()) {
         return;
     }
-    const ResultSet found = connection().query(Sql("select * from Fishing_gear where guname = ") << gear);
+    const ResultSet found = rowsNamed(connection(), Sql("select * from Fishing_gear where "), {{"guname", gear}});
     if (found.rowCount() == 1) {
         AddMethod(method, found.integer(0, u"gearid").value_or(0));
     } else {
@@ -83,7 +84,8 @@ void GearMethodPanel::AddGear(const QString& name) {
 }
 
 void GearMethodPanel::AddMethod(const QString& name, int gearid) {
-    if (finds(Sql("select * from Fishing_method where gearid = ") << gearid << " and methodname = " << name)) {
+    const Sql methods = Sql("select * from Fishing_method where gearid = ") << gearid << " and ";
+    if (!rowsNamed(connection(), methods, {{"methodname", name}}).isEmpty()) {
         dialogs().message(u"Error!"_s, u"fishing method repeat please try again!"_s);
         return;
     }
@@ -107,6 +109,7 @@ void GearMethodPanel::deleteMethod() {
     m_methods->setCaption({});
     RefreshMethodGearList();
     RefreshGearMethodGrid();
+    m_methods->leaveRow();
 }
 
 }  // namespace kelvora

@@ -45,6 +45,10 @@ void RecordGrid::setCaption(const QString& caption) {
     m_navigator->setCaption(caption);
 }
 
+void RecordGrid::leaveRow() {
+    m_navigator->leave();
+}
+
 QString RecordGrid::current(int column) const {
     return grid()->text(m_navigator->row(), column);
 }

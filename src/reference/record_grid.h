@@ -12,7 +12,7 @@ namespace kelvora {
 class Dialogs;
 
 /// A list of reference rows: a captioned grid over a query, its navigator and its "Delete" button. The navigator's
-/// caption names the row that "Delete" is about; it is empty when there is none.
+/// caption names the row that "Delete" is about; it is empty when there is none, and after a deletion.
 class RecordGrid : public CaptionedGrid {
 public:
     /// The caption is also the name of the navigator.
@@ -26,6 +26,9 @@ public:
 
     [[nodiscard]] QString caption() const;
     void setCaption(const QString& caption);
+    /// Names no row after one was deleted, although the list marks its first one: the sampler chooses what "Delete" is
+    /// about next.
+    void leaveRow();
     /// A cell of the row that the navigator stands on; empty if there is none.
     [[nodiscard]] QString current(int column) const;
 

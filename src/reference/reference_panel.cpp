@@ -5,11 +5,20 @@
 #include "data/transaction.h"
 
 #include <QAbstractButton>
+#include <QLineEdit>
 
 namespace kelvora {
 
 void ReferencePanel::onClick(QAbstractButton* button, const std::function<void()>& handler) {
     connect(button, &QAbstractButton::clicked, this, guarded(m_dialogs, handler));
+}
+
+QString ReferencePanel::typed(const QString& text) {
+    return text.trimmed().isEmpty() ? QString() : text;
+}
+
+QString ReferencePanel::typed(const QLineEdit* field) {
+    return typed(field->text());
 }
 
 bool ReferencePanel::finds(const Sql& query) const {

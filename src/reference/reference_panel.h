@@ -7,6 +7,7 @@
 #include <functional>
 
 class QAbstractButton;
+class QLineEdit;
 
 namespace kelvora {
 
@@ -26,6 +27,9 @@ protected:
 
     /// Runs a handler in the guard whenever a button is pressed.
     void onClick(QAbstractButton* button, const std::function<void()>& handler);
+    /// What was typed as a name; blanks only are none.
+    [[nodiscard]] static QString typed(const QString& text);
+    [[nodiscard]] static QString typed(const QLineEdit* field);
     /// Whether a query finds a row.
     [[nodiscard]] bool finds(const Sql& query) const;
     /// Executes a statement, asks, and keeps or takes back what it did; returns the answer.

@@ -3,6 +3,7 @@
 #include "controls/dialogs.h"
 #include "controls/fields.h"
 #include "data/keys.h"
+#include "data/names.h"
 #include "reference/record_grid.h"
 #include "reference/species_import_panel.h"
 
@@ -64,14 +65,15 @@ void SpeciesTab::RefreshSpeciesGrid() {
 }
 
 bool SpeciesTab::isStored(const QString& family, const QString& genus, const QString& species) const {
-    return finds(Sql("select * from fish where family = ")
-                 << family << " and genus = " << genus << " and fishname = " << species);
+    return !rowsNamed(connection(), Sql("select family, genus, fishname from fish where "),
+                      {{"family", family}, {"genus", genus}, {"fishname", species}})
+                .isEmpty();
 }
 
 void SpeciesTab::add() {
-    const QString family = m_family->text();
-    const QString genus = m_genus->text();
-    const QString species = m_species->text();
+    const QString family = typed(m_family);
+    const QString genus = typed(m_genus);
+    const QString species = typed(m_species);
     if (family.isEmpty() || genus.isEmpty() || species.isEmpty()) {
         dialogs().message(u"Please in put Family ,Genus And speices"_s);
         return;
@@ -80,7 +82,7 @@ void SpeciesTab::add() {
         dialogs().message(u"ERROR"_s, u"Species repeat please try again"_s);
         return;
     }
-    AddSpecies(species, genus, family, m_commonName->text());
+    AddSpecies(species, genus, family, typed(m_commonName));
     for (QLineEdit* field : {m_family, m_genus, m_species, m_commonName}) {
         field->clear();
     }
@@ -114,6 +116,7 @@ void SpeciesTab::deleteSpecies() {
                             u"Are you sure to delete this species"_s, u"CONFIRM"_s)) {
         m_catalogue->setCaption({});
         RefreshSpeciesGrid();
+        m_catalogue->leaveRow();
     }
 }
 

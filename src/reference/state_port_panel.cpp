@@ -4,6 +4,7 @@
 #include "controls/dialogs.h"
 #include "controls/fields.h"
 #include "data/keys.h"
+#include "data/names.h"
 #include "data/transaction.h"
 #include "reference/record_grid.h"
 
@@ -80,12 +81,12 @@ void StatePortPanel::followRow(bool onRow) {
 }
 
 void StatePortPanel::add() {
-    const QString state = m_state->text();
-    const QString port = m_port->text();
+    const QString state = typed(m_state->text());
+    const QString port = typed(m_port);
     if (state.isEmpty() || port.isEmpty()) {
         return;
     }
-    const ResultSet found = connection().query(Sql("select * from State where statename = ") << state);
+    const ResultSet found = rowsNamed(connection(), Sql("select * from State where "), {{"statename", state}});
     if (found.isEmpty()) {
         AddSamplingPort(port, InsertState(state));
     } else {
@@ -105,7 +106,8 @@ int StatePortPanel::InsertState(const QString& name) {
 }
 
 void StatePortPanel::AddSamplingPort(const QString& portName, int stateid) {
-    if (finds(Sql("select * from samplingport where samplingname = ") << portName << "and stateid = " << stateid)) {
+    const Sql ports = Sql("select * from samplingport where stateid = ") << stateid << " and ";
+    if (!rowsNamed(connection(), ports, {{"samplingname", portName}}).isEmpty()) {
         dialogs().message(u"ERROR"_s, u"sampling port repeat please try again"_s);
         m_port->clear();
         m_port->setFocus();
@@ -127,6 +129,7 @@ void StatePortPanel::DeleteSamplingPort(int samplingid) {
                             u"Do you want to remove this sampling port"_s)) {
         m_ports->setCaption({});
         RefreshStatePortGrid();
+        m_ports->leaveRow();
         PurgeStatesWithoutPorts();
     }
 }

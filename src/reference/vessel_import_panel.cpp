@@ -1,6 +1,7 @@
 #include "reference/vessel_import_panel.h"
 
 #include "controls/dialogs.h"
+#include "data/names.h"
 #include "reference/vessel_import.h"
 #include "reference/vessel_tab.h"
 
@@ -17,7 +18,7 @@ VesselImportPanel::VesselImportPanel(VesselTab& tab, Connection& connection, Dia
 }
 
 ResultSet VesselImportPanel::gearsNamed(const QString& name) const {
-    return connection().query(Sql("select * from Fishing_gear where guname = ") << name);
+    return rowsNamed(connection(), Sql("select * from Fishing_gear where "), {{"guname", name}});
 }
 
 void VesselImportPanel::complete(std::vector<CsvRecord>& records) {

@@ -66,12 +66,13 @@ VesselTab::VesselTab(Connection& connection, Dialogs& dialogs)
 
     onClick(addButton, [this] { add(); });
     m_register->onArrival(dialogs, [this](bool onRow) {
-        m_register->setCaption(m_register->current(0));
+        const QString name = m_register->current(0);
+        m_register->setCaption(name.isEmpty() ? m_register->current(1) : name);
         m_register->deleteButton()->setEnabled(onRow);
     });
     onClick(m_register->deleteButton(), [this] {
         if (!m_register->caption().isEmpty()) {
-            deleteVessel(m_register->caption());
+            deleteVessel(m_register->current(0), m_register->current(1));
         }
     });
 }
@@ -127,7 +128,7 @@ bool VesselTab::isRefused() {
     };
     const QString notNumeric = u"Please input numeric character only"_s;
     const auto checks = std::to_array<Check>({
-        {m_name->text().isEmpty() && m_registerId->text().isEmpty(),
+        {typed(m_name).isEmpty() && typed(m_registerId).isEmpty(),
          u"Please input vessel register id and vessel name"_s},
         {m_engineType->currentText().isEmpty(), u"Please select engine type"_s, m_engineType},
         // A typed gear that the list does not have has no key to store.
@@ -154,7 +155,7 @@ bool VesselTab::isRefused() {
 
 Sql VesselTab::insertStatement() const {
     return Sql("insert into vessel values(")
-           << m_name->text() << "," << m_registerId->text() << "," << m_state->text() << ","
+           << typed(m_name) << "," << typed(m_registerId) << "," << m_state->text() << ","
            << m_engineType->currentText() << "," << numberOf(m_enginePower) << "," << numberOf(m_size) << ","
            << numberOf(m_length) << "," << m_gear->key().toInt() << "," << m_meshSize->text() << ","
            << m_netLength->text() << "," << m_netWidth->text() << ")";
@@ -188,15 +189,20 @@ void VesselTab::ClearVesselFields() {
     m_gear->setText({});
 }
 
-void VesselTab::deleteVessel(const QString& name) {
-    if (finds(Sql("select * from fishoperation where vesselid = ") << name)) {
+void VesselTab::deleteVessel(const QString& name, const QString& registerId) {
+    // An operation stores the name of its vessel: one without a name is used by none.
+    const bool named = !name.isEmpty();
+    if (named && finds(Sql("select * from fishoperation where vesselid = ") << name)) {
         dialogs().message(u"ERROR!"_s, u"Can not delete because vessel used in another table"_s);
         return;
     }
-    if (confirmAfterExecute(Sql("delete from vessel where vesselname = ") << name,
-                            u"Are you sure to delete '%1'?"_s.arg(name))) {
+    const Sql statement = named ? Sql("delete from vessel where vesselname = ") << name
+                                : Sql("delete from vessel where ifnull(vesselname,'') = '' and vesselid = ")
+                                      << registerId;
+    if (confirmAfterExecute(statement, u"Are you sure to delete '%1'?"_s.arg(named ? name : registerId))) {
         m_register->setCaption({});
         RefreshVesselGrid();
+        m_register->leaveRow();
     }
 }
 

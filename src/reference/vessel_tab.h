@@ -39,7 +39,7 @@ private:
     [[nodiscard]] bool isRefused();
     [[nodiscard]] Sql insertStatement() const;
     void ClearVesselFields();
-    void deleteVessel(const QString& name);
+    void deleteVessel(const QString& name, const QString& registerId);
 
     QLineEdit* m_name;
     QLineEdit* m_enginePower;

@@ -18,7 +18,7 @@ Sql gonadYears() {
 }
 
 Sql gonadSpecies() {
-    return Sql("select  fishno,genus &  ' ' & fishname as sp  from fish where fishno <> 0");
+    return Sql("select  fishno,genus &  ' ' & fishname as sp  from fish where fishno <> 0 order by sp");
 }
 
 ResultSet sexesByMonth(Connection& connection, int year, int fishno) {

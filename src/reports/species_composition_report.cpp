@@ -78,7 +78,7 @@ constexpr Literal kOrderBy = " ORDER BY fish.genus & ' ' & fish.fishname";
 CompositionSubset byState() {
     return {.option = u"By state"_s,
             .choices = kStateChoices,
-            .afterYear = "))",
+            .afterYear = ")) ORDER BY state.statename",
             .shown = u"statename"_s,
             .key = u"stateid"_s,
             .textKey = false,
@@ -93,7 +93,7 @@ CompositionSubset byState() {
 CompositionSubset bySamplingPort() {
     return {.option = u"By sampling Port"_s,
             .choices = kPortChoices,
-            .afterYear = "))",
+            .afterYear = ")) ORDER BY samplingport.samplingname",
             .shown = u"samplingname"_s,
             .key = u"samplingid"_s,
             .textKey = false,
@@ -108,7 +108,7 @@ CompositionSubset bySamplingPort() {
 CompositionSubset byVessel() {
     return {.option = u"By Fishing Vessel"_s,
             .choices = kVesselChoices,
-            .afterYear = kEndOfChoices,
+            .afterYear = ")) ORDER BY vessel.vesselname",
             .shown = u"vesselname"_s,
             .key = u"vesselname"_s,
             .textKey = true,

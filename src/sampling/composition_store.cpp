@@ -1,6 +1,7 @@
 #include "sampling/composition_store.h"
 
 #include "data/keys.h"
+#include "data/names.h"
 #include "data/transaction.h"
 #include "sampling/raising.h"
 
@@ -68,8 +69,8 @@ void deleteSingleSpecies(Connection& connection, const StoredOperation& operatio
 }
 
 bool hasGroup(Connection& connection, int operation, const QString& name) {
-    return !connection.query(Sql("select * from group_main where groupname = ") << name << " and optid = " << operation)
-                .isEmpty();
+    const Sql groups = Sql("select * from group_main where optid = ") << operation << " and ";
+    return !rowsNamed(connection, groups, {{"groupname", name}}).isEmpty();
 }
 
 void storeGroup(Connection& connection, const StoredOperation& operation, const SamplingGroup& group) {

@@ -249,7 +249,8 @@ std::optional<GonadSample> GonadEntryPanel::sampleToStore() {
     }
     const std::optional<double> weight = toNumber(m_weight->text());
     if (!weight || *weight < 0) {
-        m_dialogs.message(kGonadTitle.toString(), u"Please input Sampling weight in numeric"_s);
+        m_dialogs.message(kGonadTitle.toString(),
+                          u"Please input Sampling weight in numeric (decimal point, no comma)"_s);
         showWeight();
         m_weight->setFocus(Qt::TabFocusReason);
         return std::nullopt;

@@ -36,7 +36,7 @@ bool startsInTable(const LengthStart& start) {
 }
 
 QString intervalMessage(const LengthStart& /*start*/) {
-    return u"Please input class interval: a number greater than 0"_s;
+    return u"Please input class interval: a number greater than 0 (decimal point, no comma)"_s;
 }
 
 const std::array<StartCheck, 5>& checks() {
@@ -47,10 +47,12 @@ const std::array<StartCheck, 5>& checks() {
          [](const LengthStart&) { return u"Please select fishing operation"_s; }},
         {Field::Interval, [](const LengthStart& start) { return isInterval(start.interval); }, intervalMessage},
         {Field::Weight, [](const LengthStart& start) { return isNotNegative(start.weight); },
-         [](const LengthStart&) { return u"Please input sampling weight: a number not below 0"_s; }},
+         [](const LengthStart&) {
+             return u"Please input sampling weight: a number not below 0 (decimal point, no comma)"_s;
+         }},
         {Field::LowerLimit, startsInTable,
          [](const LengthStart& start) {
-             return u"Please input lower limit: a number from 0 to below %1"_s.arg(
+             return u"Please input lower limit: a number from 0 to below %1 (decimal point, no comma)"_s.arg(
                  plainText(classTable(leadingNumber(start.interval)).back().upper));
          }},
     }};

@@ -55,8 +55,10 @@ PendingGroupPanel::PendingGroupPanel(const FinderPanel& finder, Connection& conn
     addField(form, 0, 0, u"Group"_s, m_group);
     addField(form, 0, 2, u"Total weight "_s, m_total);
     addField(form, 1, 0, u"Species"_s, m_species);
-    addField(form, 1, 2, u"Weight"_s, m_weight);
-    form->addWidget(add, 1, 4);
+    form->removeWidget(m_species);
+    form->addWidget(m_species, 1, 1, 1, 3);
+    addField(form, 2, 0, u"Weight"_s, m_weight);
+    form->addWidget(add, 2, 2, 1, 2, Qt::AlignRight);
 
     auto* sum = new QGridLayout;
     sum->setColumnStretch(1, 1);

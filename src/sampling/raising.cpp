@@ -33,7 +33,7 @@ std::optional<QString> weightProblem(const QString& typed) {
 std::optional<QString> totalWeightProblem(const QString& typed) {
     const std::optional<double> total = toNumber(typed);
     if (!total) {
-        return u"Please input total weight in numeric only"_s;
+        return u"Please input total weight in numeric only (decimal point, no comma)"_s;
     }
     if (*total <= 0) {
         return u"The total weight of a group must be greater than 0"_s;

@@ -8,8 +8,9 @@ using namespace Qt::StringLiterals;
 namespace kelvora {
 
 void fillSpecies(BoundList& list, Connection& connection) {
-    list.setSource(connection.model(Sql("select  fishno,genus &  ' ' & fishname as sp  from fish where fishno <> 0")),
-                   u"sp"_s, u"fishno"_s);
+    list.setSource(
+        connection.model(Sql("select  fishno,genus &  ' ' & fishname as sp  from fish where fishno <> 0 order by sp")),
+        u"sp"_s, u"fishno"_s);
 }
 
 void fillCaughtSpecies(BoundList& list, Connection& connection, int operation) {

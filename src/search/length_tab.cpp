@@ -15,8 +15,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include <cmath>
-
 using namespace Qt::StringLiterals;
 
 namespace kelvora {
@@ -168,14 +166,15 @@ void LengthTab::setUsable(bool usable) {
 }
 
 void LengthTab::onUpdate() {
-    const double weight = leadingNumber(m_weight->text());
-    if (weight < 0 || !std::isfinite(weight)) {
-        dialogs().message(kError, u"Please input sample weight: a number not below 0"_s);
+    const std::optional<double> weight = toNumber(m_weight->text());
+    if (!weight || *weight < 0) {
+        dialogs().message(kError, u"Please input sample weight: a number not below 0 (decimal point, no comma)"_s);
         m_weight->setFocus();
+        m_weight->selectAll();
         return;
     }
     if (isStored(sample())) {
-        correctWeight(connection(), *operation(), species(), weight);
+        correctWeight(connection(), *operation(), species(), *weight);
         showWeight();
         dialogs().message(u"RESULT"_s, u"Update complete!"_s);
     }

@@ -33,7 +33,10 @@ QLineEdit* angleBox(const QString& name) {
 
 /// Selects an option or not. None can be pressed, but the selected one is a value to read and not greyed out.
 void select(QRadioButton& option, bool on) {
+    // Without an operation none is selected. A screen reader takes an option that is not exclusive for a check box.
+    option.setAutoExclusive(false);
     option.setChecked(on);
+    option.setAutoExclusive(true);
     QPalette palette;
     if (on) {
         palette.setColor(QPalette::Disabled, QPalette::WindowText, palette.color(QPalette::Active, QPalette::Text));
@@ -60,8 +63,7 @@ OperationFrame::OperationFrame(QWidget* parent) : QGroupBox(u"Fishing Operation"
                   {u" Vessel Register id"_s, u"vid"_s},
                   {u" Fishing Gear"_s, u"guname"_s},
                   {u" Fishing Method"_s, u"methodname"_s},
-                  {u" Fishing Area"_s, u"aname"_s},
-                  {u" Note"_s, u"note"_s}});
+                  {u" Fishing Area"_s, u"aname"_s}});
     m_fields.add(
         form, kSecond,
         {{u" State/Province"_s, u"statename"_s}, {u" Sampling Port"_s, u"samplingname"_s}, {u" Date"_s, u"optdate"_s}});
@@ -75,11 +77,10 @@ OperationFrame::OperationFrame(QWidget* parent) : QGroupBox(u"Fishing Operation"
                   {u" Duration of Trip(days)"_s, u"dulation"_s},
                   {u" Estimate Total Catch(kg/trip)"_s, u"estotal"_s},
                   {u" Recorder"_s, u"interviewer"_s}});
-    for (int row = 0; row <= kNoteRow; ++row) {
+    for (int row = 0; row < kNoteRow; ++row) {
         form->setRowMinimumHeight(row, fontMetrics().height() + 6);
     }
-    QWidget* note = form->itemAtPosition(kNoteRow, kFirst + 1)->widget();
-    form->addWidget(note, kNoteRow, kFirst + 1, 1, kThird + 1 - kFirst);
+    m_fields.addNote(form, kNoteRow, u" Note"_s, 2);
 }
 
 void OperationFrame::addPosition(QGridLayout* form, int row, const QString& caption, const QString& name,
@@ -105,8 +106,6 @@ void OperationFrame::addFishingTime(QGridLayout* form, int row) {
     const std::array captions = {u"Day"_s, u"Night"_s, u"Day and Night"_s};
     for (std::size_t i = 0; i < captions.size(); ++i) {
         m_times[i] = new QRadioButton(captions[i]);
-        // Without an operation none is selected.
-        m_times[i]->setAutoExclusive(false);
         m_times[i]->setEnabled(false);
         options->addWidget(m_times[i]);
     }

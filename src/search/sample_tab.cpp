@@ -17,6 +17,10 @@ void SampleTab::load(const std::optional<StoredOperation>& operation) {
 QPushButton* SampleTab::deleteButton(const QString& caption) {
     auto* button = new QPushButton(caption);
     button->setMinimumWidth(button->fontMetrics().horizontalAdvance(caption) + 32);
+    // The arrows beside it stay where they are while it is hidden.
+    QSizePolicy kept = button->sizePolicy();
+    kept.setRetainSizeWhenHidden(true);
+    button->setSizePolicy(kept);
     return button;
 }
 

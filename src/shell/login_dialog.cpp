@@ -3,6 +3,7 @@
 #include "controls/dialogs.h"
 #include "controls/fields.h"
 #include "controls/guard.h"
+#include "data/names.h"
 
 #include <QCloseEvent>
 #include <QGridLayout>
@@ -85,8 +86,8 @@ void LoginDialog::signIn() {
         m_context.dialogs.message(u"Please input Login and password"_s);
         return;
     }
-    const ResultSet account = m_connection.query(Sql("select * from kelvora_user where login = ")
-                                                 << m_login->text() << " and passwd = " << m_password->text());
+    const ResultSet account = rowsNamed(m_connection, Sql("select * from kelvora_user where "),
+                                        {{"login", m_login->text()}, {"passwd", m_password->text()}});
     if (account.isEmpty()) {
         m_context.dialogs.message(u"Your Password not correct please Try again "_s);
         m_password->clear();

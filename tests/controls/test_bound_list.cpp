@@ -65,7 +65,7 @@ private Q_SLOTS:
         };
         row("other letter case", u"aBO"_s, u"Abo"_s, 10, 1);
         row("equal texts: the first", u"bex"_s, u"Bex"_s, 11, 1);
-        row("only A to Z are folded", u"älv"_s, u"älv"_s, 0, 0);
+        row("case in every alphabet", u"älv"_s, u"Älv"_s, 13, 1);
         row("a part that is offered", u"ex"_s, u"ex"_s, 0, 0);
         row("a blank behind", u"Abo "_s, u"Abo "_s, 0, 0);
         row("a pattern", u"B*"_s, u"B*"_s, 0, 0);

@@ -61,17 +61,21 @@ private Q_SLOTS:
         QCOMPARE(m_grid->accessibleName(), u"VESSEL"_s);
     }
 
-    /// The given widths where there is little room, else as wide as the window in their proportion.
+    /// As wide as the window in the proportion of the given widths; where there is less room the names give way and the
+    /// numbers stay whole, and where there is hardly any the given widths are scrolled.
     void widths() {
-        show(2);
-        const int dpi = m_grid->logicalDpiX();
-        for (const int window : {300, 900}) {
+        auto table = vessels(1);
+        table->appendRow({u"R-2"_s, u"Vessel 2"_s, u"123456789012.25"_s});
+        m_grid->show(std::move(table), m_columns);
+        const int given = 3000 / 15 * m_grid->logicalDpiX() / 96;
+        for (const int window : {160, 340, 900}) {
             m_frame->resize(window, 300);
             QCoreApplication::processEvents();
             const int room = m_grid->viewport()->width();
-            const bool grows = window == 900;
-            QCOMPARE(m_grid->columnWidth(1), grows ? room / 2 : 3000 / 15 * dpi / 96);
-            QCOMPARE(m_grid->horizontalHeader()->length() == room, grows);
+            const int names = m_grid->columnWidth(1);
+            QVERIFY(window == 160 ? names == given : window == 340 ? names < given : names > given);
+            QCOMPARE(m_grid->horizontalHeader()->length() == room, window > 160);
+            QVERIFY(m_grid->columnWidth(2) >= m_grid->fontMetrics().horizontalAdvance(u"123456789012.25"_s));
         }
         Grid shownLater(u"Result"_s);
         shownLater.show(vessels(1), m_columns);

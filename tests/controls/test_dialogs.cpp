@@ -24,6 +24,16 @@ private Q_SLOTS:
         }
     }
 
+    void widerThanTheTitle() {
+        const QString title(20, u'M');
+        QTimer::singleShot(50, this, [title] {
+            QWidget* box = QApplication::activeModalWidget();
+            QVERIFY(box->width() > box->fontMetrics().horizontalAdvance(title) + 100);  // and its window's buttons
+            QTest::keyClick(box, Qt::Key_Return);
+        });
+        ModalDialogs().message(title, u"Complete"_s);
+    }
+
     void progress() {
         constexpr int steps = 4;
         Progress progress(u"Storing…"_s, steps);

@@ -85,6 +85,10 @@ private Q_SLOTS:
     }
 
     void details() {
+        const QLocale own;
+        QLocale::setDefault(
+            QLocale(QLocale::English, QLocale::UnitedStates));  // its short dates have years of two digits
+        const auto back = qScopeGuard([&] { QLocale::setDefault(own); });
         Finder finder;
         finder.store.execute("update fishoperation set estotal = 0.1, note = null where optid = 1");
         const QSignalSpy loaded(finder.panel.get(), &FinderPanel::loaded);
@@ -93,7 +97,7 @@ private Q_SLOTS:
         const std::vector<std::pair<QString, QString>> expected = {{u"Fishing operation no."_s, u"1"_s},
                                                                    {u"Landing State/Province"_s, u"Alpha"_s},
                                                                    {u"Sampling Port"_s, u"Abo"_s},
-                                                                   {u"Date"_s, u"09/03/2004"_s},
+                                                                   {u"Date"_s, u"3/9/2004"_s},
                                                                    {kVessel, u"Sea Star"_s},
                                                                    {u"Fishing Gear"_s, u"Trawl"_s},
                                                                    {u"Fishing Method"_s, u"Otter board"_s},

@@ -71,7 +71,7 @@ private Q_SLOTS:
         const char* alpha = "Rastrelliger kanagurta|50.00|25.00;Upeneus vittatus|30.00|15.00";
         row("By state", "Alpha;Beta", "Alpha", alpha);
         row("By sampling Port", "Abo;Bex;Cay", "Bex", "Rastrelliger kanagurta|20.00|10.00");
-        row("By Fishing Vessel", "Sea Star;Blue Fin", "Sea Star", alpha);
+        row("By Fishing Vessel", "Blue Fin;Sea Star", "Sea Star", alpha);
         row("By Fishing Method", "Gill net[Drift];Trawl[Otter board];Trawl[Pair]", "Trawl[Otter board]",
             "Rastrelliger kanagurta|30.00|15.00;Upeneus vittatus|30.00|15.00");
         row("By Fishing Gear", "Gill net;Trawl", "Trawl", alpha);

@@ -190,7 +190,8 @@ private Q_SLOTS:
         entry.expectNext();
         entry.keys(u"400\n\n\n\n"_s);
         entry.hand->type(u"Sampling weight"_s, u"1,5"_s);
-        entry.store.dialogs.expectMessage(u"GONAD"_s, u"Please input Sampling weight in numeric"_s);
+        entry.store.dialogs.expectMessage(u"GONAD"_s,
+                                          u"Please input Sampling weight in numeric (decimal point, no comma)"_s);
         entry.hand->press(u"SAVE"_s);
         QCOMPARE(entry.weight(), u"0.40"_s);
         entry.save(false);

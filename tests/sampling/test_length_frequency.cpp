@@ -188,7 +188,8 @@ private Q_SLOTS:
         QCOMPARE(entry.hand->text(u"Species"_s), QString());
 
         // What cannot be entered is refused before anything is asked or deleted.
-        entry.store.dialogs.expectMessage(u"ERROR"_s, u"Please input lower limit: a number from 0 to below 96"_s);
+        entry.store.dialogs.expectMessage(
+            u"ERROR"_s, u"Please input lower limit: a number from 0 to below 96 (decimal point, no comma)"_s);
         entry.start(kGoatfish, u"2"_s, u"96"_s);
         QVERIFY(entry.hand->focused(u"Lower limit(cm)"_s));
         QCOMPARE(entry.samples().size(), 2);
@@ -249,7 +250,8 @@ private Q_SLOTS:
         entry.count(u"5"_s);
         QCOMPARE(entry.hand->rows(kClasses).mid(48), (QStringList{u"|||"_s, u"12|14|13|5"_s, u"14|17|15.5|"_s}));
         entry.hand->type(u"Class Interval"_s, QString());
-        entry.store.dialogs.expectMessage(u"ERROR"_s, u"Please input class interval: a number greater than 0"_s);
+        entry.store.dialogs.expectMessage(
+            u"ERROR"_s, u"Please input class interval: a number greater than 0 (decimal point, no comma)"_s);
         entry.count(u"6"_s);
         QCOMPARE(entry.hand->text(u"Frequency"_s), u"6"_s);
         entry.hand->type(u"Class Interval"_s, u"3"_s);

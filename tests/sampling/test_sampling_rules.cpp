@@ -74,14 +74,16 @@ private Q_SLOTS:
         QCOMPARE(startRefusal({}).value().message, u"Please select species"_s);
         QCOMPARE(refusal(&LengthStart::operation, std::nullopt), u"Please select fishing operation"_s);
         for (const QString& text : {u""_s, u"0"_s, u"-2"_s, u"2cm"_s, u"1e307"_s, u"inf"_s}) {
-            QCOMPARE(refusal(&LengthStart::interval, text), u"Please input class interval: a number greater than 0"_s);
+            QCOMPARE(refusal(&LengthStart::interval, text),
+                     u"Please input class interval: a number greater than 0 (decimal point, no comma)"_s);
         }
         for (const QString& text : {u""_s, u"-1"_s, u"1,5"_s}) {
-            QCOMPARE(refusal(&LengthStart::weight, text), u"Please input sampling weight: a number not below 0"_s);
+            QCOMPARE(refusal(&LengthStart::weight, text),
+                     u"Please input sampling weight: a number not below 0 (decimal point, no comma)"_s);
         }
         for (const QString& text : {u""_s, u"-1"_s, u"96"_s, u"10cm"_s}) {
             QCOMPARE(refusal(&LengthStart::lowerLimit, text),
-                     u"Please input lower limit: a number from 0 to below 96"_s);
+                     u"Please input lower limit: a number from 0 to below 96 (decimal point, no comma)"_s);
         }
     }
 

@@ -164,7 +164,7 @@ private Q_SLOTS:
         for (const auto& answer : {std::optional<QString>(), std::optional(u"10 kg"_s)}) {
             sampler.group().edit(u"Group"_s)->setText(u"Trash"_s);
             dialogs.expectInput(u"Please input total sampling weight!"_s, answer);
-            dialogs.expectMessage(u"ERROR"_s, u"Please input total weight in numeric only"_s);
+            dialogs.expectMessage(u"ERROR"_s, u"Please input total weight in numeric only (decimal point, no comma)"_s);
             sampler.group().press(u"ADD"_s);
             QVERIFY(sampler.group().enabled(u"Group"_s) && sampler.group().enabled(u"Total weight"_s));
             QCOMPARE(sampler.group().text(u"Weight"_s), u"5"_s);
@@ -233,7 +233,8 @@ private Q_SLOTS:
         };
         for (const Case& wrong : {Case{u" single SPECIES"_s, u"10"_s, kBream, u"1"_s,
                                        u"'Single species' is the group of the species weighed whole"_s},
-                                  {name, u"ten"_s, kBream, u"1"_s, u"Please input total weight in numeric only"_s},
+                                  {name, u"ten"_s, kBream, u"1"_s,
+                                   u"Please input total weight in numeric only (decimal point, no comma)"_s},
                                   {name, u"0"_s, kBream, u"1"_s, u"must be greater than 0"_s},
                                   {name, u"-5"_s, kBream, u"1"_s, u"must be greater than 0"_s},
                                   {name, u"10"_s, {}, u""_s, u"Please select species!"_s},

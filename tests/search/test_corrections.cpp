@@ -177,15 +177,14 @@ private Q_SLOTS:
     void lengthWeight() {
         Samples samples(kLengths);
         const auto stored = [&] { return samples.store.rows("select weight from length order by spid").join(u' '); };
-        for (const QString& wrong : {u"-1"_s, u"1e999"_s}) {
+        for (const QString& wrong : {u"-1"_s, u"1e999"_s, u"4,75"_s, u"4 kg"_s, QString()}) {
             samples.hand->type(kWeight, wrong);
-            samples.store.dialogs.expectMessageContaining(u"not below 0"_s);
+            samples.store.dialogs.expectMessageContaining(u"not below 0 (decimal point, no comma)"_s);
             samples.hand->press(u"Update"_s);
             QCOMPARE(samples.hand->text(kWeight), wrong);
         }
         QCOMPARE(stored(), u"2.5 1"_s);
-        for (const auto& [typed, weight] :
-             {std::pair{u"3.25"_s, u"3.25"_s}, {u"4 kg"_s, u"4"_s}, {u"O'Hara"_s, u"0"_s}}) {
+        for (const auto& [typed, weight] : {std::pair{u"3.25"_s, u"3.25"_s}, {u" 4.0"_s, u"4"_s}, {u"0"_s, u"0"_s}}) {
             samples.hand->type(kWeight, typed);
             samples.store.dialogs.expectMessage(u"RESULT"_s, u"Update complete!"_s);
             samples.hand->press(u"Update"_s);

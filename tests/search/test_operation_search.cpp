@@ -1,6 +1,7 @@
 #include "controls/bound_list.h"
 #include "search_window.h"
 
+#include <QAccessible>
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
@@ -72,6 +73,8 @@ private Q_SLOTS:
             for (const QString& time : {day, night, both}) {
                 QCOMPARE(search.hand->button(time)->isChecked(), time == selected);
                 QVERIFY(!search.hand->enabled(time));
+                QCOMPARE(QAccessible::queryAccessibleInterface(search.hand->button(time))->role(),
+                         QAccessible::RadioButton);
             }
         }
     }

@@ -55,6 +55,7 @@ private Q_SLOTS:
         QTest::newRow("wrong password") << u"Administrator"_s << u"kelvor"_s << wrong;
         QTest::newRow("typed statement") << u"' or '1' = '1"_s << u"' or '1' = '1"_s << wrong;
         QTest::newRow("letter case") << u"ADMINISTRATOR"_s << u"Kelvora"_s << QString();
+        QTest::newRow("case beyond A to Z") << u"éLISE"_s << u"MÖWE"_s << QString();
     }
     void signIn() {
         QFETCH(QString, login);
@@ -62,6 +63,7 @@ private Q_SLOTS:
         QFETCH(QString, message);
         test::TemporaryStore store;
         store.session = {};
+        store.execute("insert into kelvora_user values ('Élise', 'Möwe', 'Administrator')");
         LoginDialog dialog(store.context());
         dialog.show();
         const QSignalSpy signedIn(&dialog, &LoginDialog::signedIn);
