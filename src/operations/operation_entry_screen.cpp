@@ -85,8 +85,11 @@ void OperationEntryScreen::save() {
 
 bool OperationEntryScreen::passesChecks(const OperationEntry& entry) {
     const OperationCheck* failed = firstFailed(entry);
+    if (failed == nullptr && !entry.date.isValid()) {
+        m_form->refuseDate();
+    }
     if (failed == nullptr) {
-        return true;
+        return entry.date.isValid();
     }
     dialogs().message(failed->title.toString(), failed->message.toString());
     m_form->sendBack(*failed);
