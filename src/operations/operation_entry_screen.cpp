@@ -71,6 +71,13 @@ OperationEntryScreen::~OperationEntryScreen() {
     context().session.lastSavedOperation = 0;
 }
 
+void OperationEntryScreen::refillLists() {
+    if (m_connection.changedElsewhere()) {
+        m_form->fillLists();
+        m_form->fillPorts();
+    }
+}
+
 void OperationEntryScreen::save() {
     m_form->fillAreasAndMethods();
     const OperationEntry entry = m_form->entry();
