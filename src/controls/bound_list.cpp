@@ -55,13 +55,21 @@ BoundList::BoundList(QWidget* parent) : QComboBox(parent) {
 BoundList::~BoundList() = default;
 
 void BoundList::setSource(std::unique_ptr<QAbstractItemModel> source, const QString& shown, const QString& key) {
+    const int shownColumn = columnCalled(*source, shown);
+    const int keyColumn = columnCalled(*source, key);
+    m_goneText.clear();
+    if (hasRowsOf(*source, shownColumn, keyColumn)) {
+        return;
+    }
     const QString kept = text();
     const QString settled = m_settled;
     const QVariant keptKey = this->key();
+    const int anchor = lineEdit()->hasSelectedText() ? lineEdit()->selectionStart() : lineEdit()->cursorPosition();
+    const auto selected = static_cast<int>(lineEdit()->selectedText().size());
     const QSignalBlocker quiet(this);
-    m_keyColumn = columnCalled(*source, key);
     setCompleter(nullptr);
-    m_shownColumn = columnCalled(*source, shown);
+    m_shownColumn = shownColumn;
+    m_keyColumn = keyColumn;
     m_source = std::move(source);
     // The box itself has the shown texts only: a screen reader would read the keys out as further rows.
     QStringList texts;
@@ -85,6 +93,14 @@ void BoundList::setSource(std::unique_ptr<QAbstractItemModel> source, const QStr
         setText(kept);
     }
     m_settled = settled;
+    lineEdit()->setSelection(anchor, selected);
+}
+
+void BoundList::refill(std::unique_ptr<QAbstractItemModel> source, const QString& shown, const QString& key) {
+    const QVariant chosen = this->key();
+    setSource(std::move(source), shown, key);
+    m_goneText = text();
+    m_goneKey = chosen;
 }
 
 void BoundList::clearSource() {
@@ -92,6 +108,7 @@ void BoundList::clearSource() {
     setCompleter(nullptr);
     setModel(new QStringListModel(this));
     m_source.reset();
+    m_goneText.clear();
     m_keyColumn = -1;
     setText({});
 }
@@ -113,7 +130,10 @@ int BoundList::row() const {
 
 QVariant BoundList::key() const {
     const int found = row();
-    return found < 0 ? QVariant() : m_source->index(found, m_keyColumn).data(Qt::EditRole);
+    if (found < 0) {
+        return !text().isEmpty() && text() == m_goneText ? m_goneKey : QVariant();
+    }
+    return m_source->index(found, m_keyColumn).data(Qt::EditRole);
 }
 
 void BoundList::setKey(const QVariant& key) {
@@ -135,6 +155,15 @@ void BoundList::wheelEvent(QWheelEvent* event) {
     if (!wheelBelongsToWindow(*this, event)) {
         QComboBox::wheelEvent(event);
     }
+}
+
+bool BoundList::hasRowsOf(const QAbstractItemModel& source, int shown, int key) const {
+    bool same = m_source != nullptr && m_source->rowCount() == source.rowCount();
+    for (int row = 0; same && row < source.rowCount(); ++row) {
+        same = m_source->index(row, m_shownColumn).data() == source.index(row, shown).data() &&
+               m_source->index(row, m_keyColumn).data(Qt::EditRole) == source.index(row, key).data(Qt::EditRole);
+    }
+    return same;
 }
 
 int BoundList::rowWith(int column, int role, const QVariant& value) const {

@@ -20,8 +20,12 @@ public:
     explicit BoundList(QWidget* parent = nullptr);
     ~BoundList() override;
 
-    /// Fills the list; the columns are found by the source's headers. The text stays as it is.
+    /// Fills the list; the columns are found by the source's headers. The text stays as it is, as does the place of the
+    /// keyboard in it.
     void setSource(std::unique_ptr<QAbstractItemModel> source, const QString& shown, const QString& key);
+    /// The same with the rows of the same query, which may have changed: what was chosen stays chosen, also without its
+    /// row.
+    void refill(std::unique_ptr<QAbstractItemModel> source, const QString& shown, const QString& key);
     /// Empties the list and its text.
     void clearSource();
 
@@ -31,7 +35,8 @@ public:
 
     /// The row that the text stands for; -1 if it matches none.
     [[nodiscard]] int row() const;
-    /// The key of that row; invalid if there is none, and for a null.
+    /// The key of that row, or of the one that was chosen before the list lost it; invalid if there is none, and for a
+    /// null.
     [[nodiscard]] QVariant key() const;
     /// Chooses the first row with a key, compared as the source compares, and shows its text; nothing changes if there
     /// is none, and for a null.
@@ -50,6 +55,7 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    [[nodiscard]] bool hasRowsOf(const QAbstractItemModel& source, int shown, int key) const;
     [[nodiscard]] int rowWith(int column, int role, const QVariant& value) const;
     [[nodiscard]] int offeredRow() const;
     void settle();
@@ -57,6 +63,8 @@ private:
     std::unique_ptr<QAbstractItemModel> m_source;
     int m_shownColumn = -1;
     int m_keyColumn = -1;
+    QString m_goneText;  ///< of a chosen row that the list has lost
+    QVariant m_goneKey;
     QString m_settled;  ///< the text that was last chosen or set, so that a row is announced once
     std::function<bool()> m_mayOpen;
 };

@@ -4,12 +4,23 @@
 
 #include <QAbstractButton>
 
+#include <exception>
 #include <utility>
 
 namespace kelvora {
 
 Screen::Screen(const QString& caption, Context context) : m_context(std::move(context)) {
     setWindowTitle(caption);
+}
+
+void Screen::cameToFront() {
+    guard([this] {
+        try {
+            refillLists();
+        } catch (const std::exception&) {
+            // A file that cannot be read says so at the next search or save.
+        }
+    });
 }
 
 bool Screen::guard(const std::function<void()>& handler) const {

@@ -18,7 +18,13 @@ class Screen : public QWidget {
 public:
     Screen(const QString& caption, Context context);
 
+    /// To be called whenever the screen comes to the front. Shows no box, which would bring it to the front again.
+    void cameToFront();
+
 protected:
+    /// Fills the lists again if another screen or program has changed the data file: each keeps what it shows.
+    virtual void refillLists() {}
+
     [[nodiscard]] const Context& context() const { return m_context; }
     [[nodiscard]] Dialogs& dialogs() const { return m_context.dialogs; }
 

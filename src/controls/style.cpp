@@ -42,6 +42,19 @@ QPalette paletteOf(const Colours& c) {
     return palette;
 }
 
+/// The style keeps what it has painted under the colours of a widget, and each widget has a copy of the application's
+/// of its own, under another number: nothing was painted from what is kept, and each opened screen left the names of
+/// all it had painted behind. Colours that are the application's go by its own.
+void shareColours(const QStyleOption* option) {
+    const QPalette shared = QApplication::palette();
+    if (option != nullptr && option->palette.cacheKey() != shared.cacheKey() && option->palette == shared) {
+        const QPalette::ColorGroup group = option->palette.currentColorGroup();
+        auto& colours = const_cast<QStyleOption*>(option)->palette;  // NOLINT(cppcoreguidelines-pro-type-const-cast)
+        colours = shared;
+        colours.setCurrentColorGroup(group);
+    }
+}
+
 /// Boxes say what their buttons do in words: no pictures on "Yes" and "No". Text boxes, lists and dates are of one
 /// height, so that the rows of forms side by side line up. Options are drawn in the colour of the text, since the
 /// style's own rings vanish on a dark ground.
@@ -65,8 +78,21 @@ public:
         return size;
     }
 
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+        shareColours(option);
+        QProxyStyle::drawControl(element, option, painter, widget);
+    }
+
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override {
+        shareColours(option);
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+    }
+
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override {
+        shareColours(option);
         if (element != PE_IndicatorRadioButton) {
             QProxyStyle::drawPrimitive(element, option, painter, widget);
             return;

@@ -9,6 +9,8 @@
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvora {
@@ -71,6 +73,7 @@ Connection::Connection(const QString& path, Patience patience) {
         // has its own, and the system keeps the rest of the file at hand for all of them.
         m_database->exec("PRAGMA synchronous=EXTRA; PRAGMA cache_size=-8192");
         registerFunctions(*m_database);
+        m_seen = version();
     } catch (const SQLite::Exception& e) {
         const QString reason = plainReason(e.getErrorCode(), QString::fromUtf8(e.what()));
         throw DataError(u"The data file cannot be opened: %1.\n\n%2"_s.arg(reason, path), reason);
@@ -117,6 +120,19 @@ std::unique_ptr<ResultModel> Connection::model(const Sql& sql) {
 
 int Connection::execute(const Sql& sql) {
     return run(sql, [](SQLite::Statement& statement) { return statement.exec(); });
+}
+
+int Connection::version() const {
+    return m_database->execAndGet("PRAGMA data_version").getInt();
+}
+
+bool Connection::changedElsewhere() {
+    try {
+        const int before = std::exchange(m_seen, version());
+        return m_seen != before;
+    } catch (const SQLite::Exception&) {
+        return false;
+    }
 }
 
 SQLite::Statement& Connection::prepared(const std::string& form, const Sql& sql) {

@@ -39,7 +39,12 @@ public:
     /// it is a transaction of its own, committed at once.
     int execute(const Sql& sql);
 
+    /// Whether another connection has changed the file since the last call, or since this one was opened. No answer is
+    /// a no: a file that cannot be read now is asked again.
+    bool changedElsewhere();
+
 private:
+    [[nodiscard]] int version() const;
     /// Calls a piece of work with the statement ready to run, and makes a failure a DataError.
     template <typename Work>
     auto run(const Sql& sql, const Work& work);
@@ -47,6 +52,7 @@ private:
 
     std::unique_ptr<SQLite::Database> m_database;
     std::unordered_map<std::string, std::unique_ptr<SQLite::Statement>> m_prepared;  ///< by their form
+    int m_seen = 0;                                                                  ///< the version of the file
 };
 
 }  // namespace kelvora

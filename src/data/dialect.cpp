@@ -113,7 +113,7 @@ void yearAsRange(Tokens& tokens) {
         const int year = std::stoi(tokens[number].text);
         std::string range = "(" + joined(tokens, open + 1, close);
         range.append(" BETWEEN '").append(yearText(year)).append("-01-01' AND '");
-        range.append(yearText(year)).append("-12-31')");
+        range.append(yearText(year)).append(kEndOfYear).append("')");
         const auto at = [&](std::size_t k) { return tokens.begin() + static_cast<std::ptrdiff_t>(k); };
         tokens[first] = {Kind::Text, std::move(range)};
         tokens.erase(at(first + 1), at(number + 1));
@@ -161,37 +161,43 @@ void resultText(sqlite3_context* context, const QByteArray& utf8) {
     sqlite3_result_text(context, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT);
 }
 
-/// The day of an ISO text. A report asks for the months of tens of thousands of rows: the form in which this program
-/// stores a day is read without a text object.
-QDate dateOf(sqlite3_value* value) {
+struct YearMonth {
+    int year = 0, month = 0;
+};
+
+/// The year and month of an ISO text, whatever time of day another tool wrote behind the day. A report asks for the
+/// months of tens of thousands of rows: they are read without a text object.
+YearMonth dateOf(sqlite3_value* value) {
     if (sqlite3_value_type(value) != SQLITE_TEXT) {
         return {};
     }
     const std::string_view text = textOf(value);
-    std::array<int, 8> digits{};
+    const auto digit = [](char c) { return c >= '0' && c <= '9'; };
     constexpr std::string_view form = "dddd-dd-dd";
-    std::size_t count = 0;
-    bool plain = text.size() == form.size();
-    for (std::size_t i = 0; plain && i < form.size(); ++i) {
-        plain = form[i] == '-' ? text[i] == '-' : text[i] >= '0' && text[i] <= '9';
-        if (plain && form[i] == 'd') {
-            digits.at(count++) = text[i] - '0';
-        }
+    bool date = text.size() >= form.size() && (text.size() == form.size() || !digit(text[form.size()]));
+    for (std::size_t i = 0; date && i < form.size(); ++i) {
+        date = form[i] == 'd' ? digit(text[i]) : text[i] == form[i];
     }
-    const auto& [y1, y2, y3, y4, m1, m2, d1, d2] = digits;
-    return plain ? QDate(y1 * 1000 + y2 * 100 + y3 * 10 + y4, m1 * 10 + m2, d1 * 10 + d2)
-                 : fromIsoText(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+    const auto number = [text](std::size_t at, std::size_t digits) {
+        int read = 0;
+        for (const char c : text.substr(at, digits)) {
+            read = read * 10 + (c - '0');
+        }
+        return read;
+    };
+    const YearMonth read = date ? YearMonth{number(0, 4), number(5, 2)} : YearMonth{};
+    return read.month >= 1 && read.month <= 12 ? read : YearMonth{};
 }
 
 void yearFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
-    if (const QDate date = dateOf(values[0]); date.isValid()) {
-        sqlite3_result_int(context, date.year());
+    if (const YearMonth date = dateOf(values[0]); date.month > 0) {
+        sqlite3_result_int(context, date.year);
     }
 }
 
 void monthFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
-    if (const QDate date = dateOf(values[0]); date.isValid()) {
-        sqlite3_result_int(context, date.month());
+    if (const YearMonth date = dateOf(values[0]); date.month > 0) {
+        sqlite3_result_int(context, date.month);
     }
 }
 
@@ -216,8 +222,8 @@ void formatFunction(sqlite3_context* context, int /*count*/, sqlite3_value** val
     const auto is = [pattern](const char* known) { return pattern != nullptr && sqlite3_stricmp(pattern, known) == 0; };
     const bool number = is("m");
     if (number || is("mmmm")) {
-        if (const QDate date = dateOf(values[0]); date.isValid()) {
-            resultText(context, number ? QByteArray::number(date.month()) : monthText(date.month()));
+        if (const YearMonth date = dateOf(values[0]); date.month > 0) {
+            resultText(context, number ? QByteArray::number(date.month) : monthText(date.month));
         }
         return;
     }

@@ -131,7 +131,8 @@ std::string yearsSought(const Tokens& tokens, const Clauses& found) {
         return "(SELECT " + date + " " + from + condition + " ORDER BY " + date + " LIMIT 1)";
     };
     // Behind a year follows the first date after its last day; behind a text that is no date, the next text.
-    const std::string next = first(" > CASE WHEN year(day) IS NULL THEN day ELSE printf('%04d-12-31', year(day)) END");
+    const std::string last = "printf('%04d" + std::string(kEndOfYear) + "', year(day))";
+    const std::string next = first(" > CASE WHEN year(day) IS NULL THEN day ELSE " + last + " END");
     const std::string dates = "SELECT day FROM sought WHERE day IS NOT NULL";
     const std::string noDate = "SELECT NULL WHERE EXISTS (SELECT 1 " + from + " IS NULL)";
     return "WITH RECURSIVE sought(day) AS (SELECT " + first(" >= ''") + " UNION ALL SELECT " + next +

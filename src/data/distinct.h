@@ -8,6 +8,9 @@
 /// them. The rows are the same.
 namespace kelvora::dialect {
 
+/// Behind the number of a year: the end of its last day, behind whatever time of day another tool wrote there.
+inline constexpr const char* kEndOfYear = "-12-31~";
+
 /// "SELECT DISTINCT … FROM a INNER JOIN b ON a.x = b.y …", nothing else of a being used: a row of b needs one row of a,
 /// whichever, so the join becomes "EXISTS". An operation of twenty species is then looked at once.
 void semiJoin(Tokens& tokens);

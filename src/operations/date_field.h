@@ -1,30 +1,40 @@
 #pragma once
 
-#include <QDateEdit>
+#include <QDate>
+#include <QLineEdit>
+
+class QToolButton;
 
 namespace kelvora {
 
-/// A date in the system's short form with a calendar below, the year always with four digits: a sampler must see which
-/// century is stored. It starts with today. A date typed as it is written, its separators included, is the date meant.
-class DateField : public QDateEdit {
+/// A date as it is written, in the system's short form with a calendar below, the year always with four digits: a
+/// sampler must see which century is stored. It starts with today. A text that is no date stays as it was typed.
+class DateField : public QLineEdit {
+    Q_OBJECT
+
 public:
     explicit DateField(QWidget* parent = nullptr);
 
-    /// The date meant by what was typed, else the one shown.
-    QDate completed();
+    /// The date meant by the text; invalid if it is none.
+    [[nodiscard]] QDate date() const;
+    void setDate(const QDate& date);
+    /// How a date is written: an example to read.
+    [[nodiscard]] QString example() const;
+
+Q_SIGNALS:
+    /// The keyboard has left a text that is no date for another field.
+    void leftWithoutDate();
 
 protected:
-    bool event(QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
-    /// What was typed since the field was reached, as long as nothing but characters was.
-    QString m_typed;
-    /// Whether the part that the keyboard is in (day, month or year) has been typed into since it was reached.
-    bool m_partBegun = false;
+    void openCalendar();
+
+    QString m_format;
+    QToolButton* m_calendar;
 };
 
 }  // namespace kelvora

@@ -70,6 +70,10 @@ void FinderPanel::open(bool selectFirstCriterion) {
     m_search->setEnabled(!m_current);
 }
 
+void FinderPanel::refillLists() {
+    m_fields->refill();
+}
+
 QString FinderPanel::currentOperation() const {
     return m_number->text();
 }

@@ -31,6 +31,9 @@ public:
     /// the screen's whole life.
     void open(bool selectFirstCriterion);
 
+    /// Fills the list of values again, which another screen may have changed.
+    void refillLists();
+
     [[nodiscard]] const QString& numberCaption() const { return m_numberCaption; }
     /// The number of the current operation in decimal text; empty if there is none.
     [[nodiscard]] QString currentOperation() const;

@@ -72,6 +72,13 @@ OperationEntryScreen::~OperationEntryScreen() {
     context().session.lastSavedOperation = 0;
 }
 
+void OperationEntryScreen::refillLists() {
+    if (m_connection.changedElsewhere()) {
+        m_form->fillLists();
+        m_form->fillPorts();
+    }
+}
+
 void OperationEntryScreen::save() {
     m_form->fillAreasAndMethods();
     const OperationEntry entry = m_form->entry();
@@ -86,8 +93,11 @@ void OperationEntryScreen::save() {
 
 bool OperationEntryScreen::passesChecks(const OperationEntry& entry) {
     const OperationCheck* failed = firstFailed(entry);
+    if (failed == nullptr && !entry.date.isValid()) {
+        m_form->refuseDate();
+    }
     if (failed == nullptr) {
-        return true;
+        return entry.date.isValid();
     }
     dialogs().message(failed->title.toString(), failed->message.toString());
     m_form->sendBack(*failed);

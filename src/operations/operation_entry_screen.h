@@ -34,6 +34,9 @@ public:
     /// Executes the complete insert statement of a vessel, and keeps it if the sampler confirms.
     void addvessel(const Sql& statement);
 
+protected:
+    void refillLists() override;
+
 private:
     void save();
     void clear();

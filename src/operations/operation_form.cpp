@@ -7,6 +7,7 @@
 #include "data/connection.h"
 #include "operations/date_field.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QGridLayout>
 #include <QLabel>
@@ -204,6 +205,16 @@ void OperationForm::connectLists() {
                     onState();
                 }
             }));
+    // Once the keyboard is in another field: "SAVE" and "CLEAR" speak for themselves, as does another screen.
+    connect(m_date, &DateField::leftWithoutDate, this,
+            guarded(m_dialogs,
+                    [this] {
+                        const QWidget* next = QApplication::focusWidget();
+                        if (next != m_date && isAncestorOf(next) && !m_date->date().isValid()) {
+                            refuseDate();
+                        }
+                    }),
+            Qt::QueuedConnection);
     m_ports->setOpenCheck([this] {
         if (isBlank(m_states->text())) {
             m_dialogs.message(u"ERROR"_s, u" Please input state first"_s);
@@ -298,7 +309,7 @@ OperationEntry OperationForm::entry() const {
             .chosenArea = m_areas->key().toString(),
             .state = m_states->text(),
             .port = m_ports->text(),
-            .date = m_date->completed(),
+            .date = m_date->date(),
             .latitudeDec = m_latitudeDec->text(),
             .latitudeMin = m_latitudeMin->text(),
             .longitudeDec = m_longitudeDec->text(),
@@ -343,6 +354,15 @@ void OperationForm::sendBack(const OperationCheck& failed) {
     if (failed.reaction == Reaction::Focus || failed.reaction == Reaction::EmptyAndFocus) {
         found->setFocus(Qt::TabFocusReason);
     }
+}
+
+void OperationForm::refuseDate() {
+    if (QWidget* list = QApplication::activePopupWidget(); list != nullptr) {
+        list->close();
+    }
+    m_dialogs.message(u"ERROR"_s, u"The sampling date is no date. Please write it like %1"_s.arg(m_date->example()));
+    m_date->setFocus(Qt::OtherFocusReason);
+    m_date->selectAll();
 }
 
 QWidget* OperationForm::field(OperationField field) const {

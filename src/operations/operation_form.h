@@ -51,6 +51,8 @@ public:
 
     /// Takes the sampler back to the field of a check that failed.
     void sendBack(const OperationCheck& failed);
+    /// The same where the date is none: says how a date is written.
+    void refuseDate();
 
 private:
     void addCatchColumn(QGridLayout* form);

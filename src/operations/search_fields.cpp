@@ -50,6 +50,13 @@ void SearchFields::chooseFirstCriterion() {
     runGuarded(m_dialogs, [this] { onCriterionChosen(); });
 }
 
+void SearchFields::refill() {
+    if (m_criterion->currentIndex() >= 0) {
+        const SearchCriterion& criterion = searchCriteria()[static_cast<std::size_t>(m_criterion->currentIndex())];
+        m_value->refill(m_connection.model(Sql(criterion.values)), criterion.shown, criterion.bound);
+    }
+}
+
 bool SearchFields::hasValue() const {
     return m_criterion->currentIndex() >= 0 && !m_value->text().isEmpty();
 }
@@ -62,8 +69,7 @@ std::optional<Sql> SearchFields::search() const {
 void SearchFields::onCriterionChosen() {
     Q_EMIT criterionChosen();
     m_value->clearSource();
-    const SearchCriterion& criterion = searchCriteria()[static_cast<std::size_t>(m_criterion->currentIndex())];
-    m_value->setSource(m_connection.model(Sql(criterion.values)), criterion.shown, criterion.bound);
+    refill();
 }
 
 }  // namespace kelvora

@@ -21,6 +21,8 @@ public:
     /// The connection and the dialogs outlive the fields. No criterion is chosen at first.
     SearchFields(Connection& connection, Dialogs& dialogs, QWidget* parent = nullptr);
 
+    /// Fills the values again, which another screen may have changed.
+    void refill();
     /// As if the sampler chose the first criterion.
     void chooseFirstCriterion();
 

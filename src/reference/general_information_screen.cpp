@@ -57,6 +57,14 @@ void GeneralInformationScreen::LoadScreen() {
     m_vessels->RefreshVesselGearList();
 }
 
+void GeneralInformationScreen::refillLists() {
+    if (m_connection.changedElsewhere()) {
+        m_ports->RefreshStateList();
+        m_methods->RefreshMethodGearList();
+        m_vessels->RefreshVesselGearList();
+    }
+}
+
 std::optional<int> GeneralInformationScreen::getsamplingid(const QString& stateName, const QString& portName) {
     return m_ports->getsamplingid(stateName, portName);
 }

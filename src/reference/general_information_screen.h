@@ -27,6 +27,9 @@ public:
     /// when there is none.
     std::optional<int> getsamplingid(const QString& stateName, const QString& portName);
 
+protected:
+    void refillLists() override;
+
 private:
     [[nodiscard]] QWidget* generalTab();
     void LoadScreen();

@@ -110,8 +110,9 @@ QLayout* CatchSummaryScreen::headingRow() {
     row->setHorizontalSpacing(8);
     addField(row, 0, 0, u"Number of Record and estimate Total catch by"_s, m_word);
     row->addWidget(m_kept, 0, 2);
-    row->setColumnStretch(3, 1);
-    row->addWidget(exportButton(), 0, 4);
+    row->addWidget(rowsLine(), 0, 3);
+    row->setColumnStretch(4, 1);
+    row->addWidget(exportButton(), 0, 5);
     return row;
 }
 
@@ -139,6 +140,7 @@ void CatchSummaryScreen::search() {
     m_chosen = 0;
     m_options->button(m_chosen)->setChecked(true);
     showGroups(groupingAt(m_chosen), std::move(byState));
+    showsListed();
     draw(*chosen);
 }
 
@@ -152,8 +154,10 @@ void CatchSummaryScreen::chooseGrouping(int option) {
             showGroups(groupingAt(option), std::move(groups));
             m_chosen = option;
             if (none) {
-                m_kept->setText(u"no group in %1, the rows of the grouping before are still shown"_s.arg(*chosen));
+                m_kept->setText(u"no group in %1"_s.arg(*chosen));
+                compareRows();
             } else {
+                showsListed();
                 draw(*chosen);
             }
         }
@@ -180,6 +184,7 @@ void CatchSummaryScreen::showNoData() {
     exportButton()->setEnabled(false);
     showGroups(groupingAt(0), withoutData(1));
     m_word->clear();
+    showsNothing();
     m_chart->draw({});
 }
 
@@ -193,6 +198,10 @@ void CatchSummaryScreen::draw(int year) {
     picture.groupTitle = groupingAt(m_chosen).header;
     picture.valueTitle = u"Estimated catch (kg)"_s;
     m_chart->draw(std::move(picture));
+}
+
+QString CatchSummaryScreen::listed() const {
+    return u"%1 by %2"_s.arg(yearList()->text(), m_word->text());
 }
 
 CsvText CatchSummaryScreen::exported(int year) {

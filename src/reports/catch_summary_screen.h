@@ -28,6 +28,7 @@ public:
 protected:
     void search() override;
     CsvText exported(int year) override;
+    [[nodiscard]] QString listed() const override;
 
 private:
     QLayout* yearRow();
@@ -48,7 +49,7 @@ private:
     QGroupBox* m_optionFrame;
     QButtonGroup* m_options;
     ValueLabel* m_word;
-    QLabel* m_kept;  ///< says so when a grouping without a row has left rows and picture as they were
+    QLabel* m_kept;  ///< says so when a grouping has no row and left rows and picture as they were
     Grid* m_grid;
     ReportChart* m_chart;
     std::unique_ptr<ResultModel> m_groups;  ///< what the grid shows

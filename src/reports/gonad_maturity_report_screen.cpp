@@ -81,7 +81,9 @@ void GonadMaturityReportScreen::showReport(int year, int fishno) {
     }
     m_shown = u"%1, %2"_s.arg(year).arg(speciesText());
     drawFront();
+    showsListed();
     if (none) {
+        showsNothing();
         dialogs().message(u"RESULT"_s, u"No data in this year"_s);
     }
 }

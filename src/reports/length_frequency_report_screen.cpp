@@ -46,11 +46,13 @@ void LengthFrequencyReportScreen::showReport(int year, int fishno) {
     if (found.isEmpty()) {
         m_grid->showBlank(columns({}));
         m_chart->draw({});
+        showsNothing();
         dialogs().message(u"RESULT"_s, u"No data in this year"_s);
         return;
     }
     GridColumns shown = columns(found.columns);
     m_grid->show(std::make_unique<ResultModel>(std::move(found)), std::move(shown));
+    showsListed();
     ReportPicture picture = histogramOf(*m_grid->model());
     picture.title = u"Length frequency %1, %2"_s.arg(year).arg(speciesText());
     picture.groupTitle = u"Lower limit of the length class (cm)"_s;

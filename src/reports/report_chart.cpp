@@ -35,6 +35,11 @@ namespace {
 constexpr std::array<QRgb, 7> kColours = {0xff0072b2, 0xffe69f00, 0xff009e73, 0xffcc79a7,
                                           0xff56b4e9, 0xffd55e00, 0xfff0e442};
 
+/// The months in the colours of their seasons, each darker or lighter than its neighbours, so that they are told apart
+/// on both grounds and without any colour at all.
+constexpr std::array<QRgb, 12> kMonthColours = {0xff1f5fa8, 0xff8cc5f0, 0xff00796b, 0xff7fd6a0, 0xff3f8f2f, 0xffb9cf3c,
+                                                0xffb87a00, 0xfff2c230, 0xffa63d12, 0xfff4a582, 0xff8e2c77, 0xffd0a5e6};
+
 /// A text as the chart takes it: short enough, and with its markup as it is written.
 QString label(const QString& text, qsizetype longest) {
     const QString line = text.left(longest * 2).simplified();
@@ -59,11 +64,13 @@ QColor between(const QColor& one, const QColor& other, double share) {
     return {mix(one.red(), other.red()), mix(one.green(), other.green()), mix(one.blue(), other.blue())};
 }
 
-/// The colour of a series. Behind the seventh the colours come again, nearer to that of the text.
-QColor colourOf(std::size_t series, const QColor& text) {
-    const QColor colour(kColours.at(series % kColours.size()));
+/// The colour of a number. Behind the last the colours come again, nearer to that of the text.
+template <std::size_t Count>
+QColor colourOf(const std::array<QRgb, Count>& colours, int number, const QColor& text) {
+    const auto at = static_cast<std::size_t>(number);
+    const QColor colour(colours.at(at % Count));
     constexpr double nearer = 0.5;
-    return series < kColours.size() ? colour : between(colour, text, nearer);
+    return at < Count ? colour : between(colour, text, nearer);
 }
 
 }  // namespace
@@ -213,7 +220,8 @@ void ReportChart::applyColours(const QPalette& colours) {
         std::size_t place = 0;
         for (QBarSet* set : qobject_cast<QAbstractBarSeries*>(series)->barSets()) {
             set->setPen(edge);
-            set->setColor(colourOf(place++, text));
+            const int number = m_picture.series[place++].colour;
+            set->setColor(m_picture.byMonth ? colourOf(kMonthColours, number, text) : colourOf(kColours, number, text));
         }
     }
     fitNames();

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <numeric>
 
 using namespace Qt::StringLiterals;
@@ -44,13 +45,63 @@ std::vector<int> inOrder(int first, int last, const Key& keyOf) {
     return places;
 }
 
-/// A series of a column: its value in each of the given rows, 0 where there is none.
+/// A series of a column: its value in each of the given rows, 0 where there is none, or no such row.
 PictureSeries seriesOf(const QAbstractItemModel& table, const std::vector<int>& rows, int column) {
     PictureSeries series{table.headerData(column, Qt::Horizontal).toString(), {}};
     for (const int row : rows) {
         series.values.push_back(numberAt(table, row, column).value_or(0));
     }
     return series;
+}
+
+/// A row of a table in a picture; none for what keeps an empty place.
+struct Place {
+    QString name;
+    int row = -1;
+};
+
+std::vector<int> rowsOf(const std::vector<Place>& places) {
+    std::vector<int> rows;
+    std::ranges::transform(places, std::back_inserter(rows), &Place::row);
+    return rows;
+}
+
+QStringList namesOf(const std::vector<Place>& places) {
+    QStringList names;
+    std::ranges::transform(places, std::back_inserter(names), &Place::name);
+    return names;
+}
+
+/// The length classes of a table and those that are missing between them, which are as wide as the one before.
+std::vector<Place> lengthClasses(const QAbstractItemModel& table) {
+    // One fish of a wrong length must not leave the others a hair's breadth.
+    constexpr double mostMissing = 100;
+    std::vector<Place> places;
+    double end = 0;
+    double width = 0;
+    for (int row = 0; row < table.rowCount(); ++row) {
+        const double lower = numberAt(table, row, 0).value_or(0);
+        const double upper = numberAt(table, row, 1).value_or(lower);
+        constexpr double rounding = 1e-6;
+        const double missing = width > 0 ? std::floor((lower - end) / width + rounding) : 0;
+        for (int i = 0; missing <= mostMissing && i < missing; ++i) {
+            places.push_back({plainText(asRead(end + i * width))});
+        }
+        const QString limit = textAt(table, row, 0);
+        const bool shared = textAt(table, row - 1, 0) == limit || textAt(table, row + 1, 0) == limit;
+        places.push_back({shared ? limit + u'–' + textAt(table, row, 1) : limit, row});
+        end = row == 0 ? upper : std::max(end, upper);
+        width = upper - lower;
+    }
+    return places;
+}
+
+/// The number of the colour of a stage or a sex, the same whichever others are in the table.
+int colourOf(const QString& column, int place) {
+    const int stage = static_cast<int>(leadingNumber(column));
+    static const QStringList sexes{u"male"_s, u"none"_s, u"juvenile"_s, u"female"_s};
+    const auto sex = static_cast<int>(sexes.indexOf(column.toLower()));
+    return stage > 0 ? stage - 1 : sex >= 0 ? sex : static_cast<int>(sexes.size()) + place;
 }
 
 /// A round number for the distance between marks: 1, 2 or 5 times a power of ten, not below a distance.
@@ -109,16 +160,15 @@ ReportPicture largestFirst(ReportPicture picture) {
 ReportPicture histogramOf(const QAbstractItemModel& table) {
     ReportPicture picture;
     picture.standing = true;
-    std::vector<int> rows;
+    picture.byMonth = true;
     const auto months = inOrder(kClassColumns, table.columnCount(), [&](int column) {
         return monthCalled(table.headerData(column, Qt::Horizontal).toString());
     });
-    for (int row = 0; row < table.rowCount() && !months.empty(); ++row) {
-        rows.push_back(row);
-        picture.groups.append(textAt(table, row, 0));
-    }
+    const std::vector<Place> classes = months.empty() ? std::vector<Place>() : lengthClasses(table);
+    picture.groups = namesOf(classes);
     for (const int month : months) {
-        picture.series.push_back(seriesOf(table, rows, month));
+        picture.series.push_back(seriesOf(table, rowsOf(classes), month));
+        picture.series.back().colour = monthCalled(picture.series.back().name) - 1;
     }
     return picture;
 }
@@ -126,21 +176,28 @@ ReportPicture histogramOf(const QAbstractItemModel& table) {
 ReportPicture monthsOf(const QAbstractItemModel& table) {
     ReportPicture picture;
     picture.standing = true;
-    std::vector<int> rows = inOrder(0, table.rowCount(), [&](int row) { return monthCalled(textAt(table, row, 0)); });
-    std::erase_if(rows, [&](int row) { return textAt(table, row, 0).isEmpty(); });
-    if (rows.empty()) {
+    std::vector<Place> months;
+    for (int month = 1; month <= kMonths; ++month) {
+        months.push_back({QLocale().standaloneMonthName(month, QLocale::ShortFormat)});
+    }
+    for (int row = 0; row < table.rowCount(); ++row) {
+        const QString name = textAt(table, row, 0);
+        if (const int month = monthCalled(name); month <= kMonths) {
+            months[static_cast<std::size_t>(month - 1)].row = row;
+        } else if (!name.isEmpty()) {
+            months.push_back({name, row});
+        }
+    }
+    if (std::ranges::all_of(months, [](const Place& month) { return month.row < 0; })) {
         return picture;
     }
-    for (const int row : rows) {
-        const int month = monthCalled(textAt(table, row, 0));
-        picture.groups.append(month > kMonths ? textAt(table, row, 0)
-                                              : QLocale().standaloneMonthName(month, QLocale::ShortFormat));
-    }
+    picture.groups = namesOf(months);
     const auto columns = inOrder(1, table.columnCount(), [&](int column) {
         return leadingNumber(table.headerData(column, Qt::Horizontal).toString());
     });
     for (const int column : columns) {
-        picture.series.push_back(seriesOf(table, rows, column));
+        picture.series.push_back(seriesOf(table, rowsOf(months), column));
+        picture.series.back().colour = colourOf(picture.series.back().name, column);
     }
     return picture;
 }

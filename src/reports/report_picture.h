@@ -13,6 +13,7 @@ namespace kelvora {
 struct PictureSeries {
     QString name;
     std::vector<double> values;
+    int colour = 0;  ///< its number among the colours of the picture, the same in every picture
 
     friend bool operator==(const PictureSeries&, const PictureSeries&) = default;
 };
@@ -25,6 +26,7 @@ struct ReportPicture {
     QStringList groups;
     std::vector<PictureSeries> series;
     bool standing = false;  ///< bars upwards; otherwise they lie beside the names of their groups
+    bool byMonth = false;   ///< the series are months, with colours of their own
 };
 
 /// The most bars whose names can be read.
@@ -36,12 +38,12 @@ ReportPicture barsOf(const QAbstractItemModel& table, int column);
 /// The same bars from the largest to the smallest; all behind the fifteenth are put together as "others".
 ReportPicture largestFirst(ReportPicture picture);
 
-/// A histogram of a table of length classes: a group for each row, called by its lower limit, and a series for each
-/// month, in the order of the calendar.
+/// A histogram of a table of length classes: a group for each row, called by its lower limit, and by both limits where
+/// classes share the lower one; a series for each month, in the order of the calendar. A missing class keeps its place.
 ReportPicture histogramOf(const QAbstractItemModel& table);
 
-/// A table whose rows are months, in the order of the calendar and by their short names, and a series for each further
-/// column; numbered ones come by their numbers.
+/// A table whose rows are months as the months of the whole calendar, by their short names, and a series for each
+/// further column; numbered ones come by their numbers.
 ReportPicture monthsOf(const QAbstractItemModel& table);
 
 /// The place of the value axis' marks: from, to and the distance between them, so that all bars fit.

@@ -6,6 +6,7 @@
 #include "data/whole_file.h"
 
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -16,18 +17,47 @@ namespace kelvora {
 ReportScreen::ReportScreen(const QString& caption, const Context& context, const Sql& years)
     : Screen(caption, context),
       m_db(context.databasePath),
+      m_yearsOffered(years),
       m_years(new BoundList(this)),
-      m_export(new QPushButton(u"&EXPORT"_s, this)) {
+      m_export(new QPushButton(u"&EXPORT"_s, this)),
+      m_rowsLine(new QLabel(this)) {
     m_years->setMinimumContentsLength(8);
     m_years->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    if (auto found = m_db.model(years); found->rowCount() > 0) {
-        m_years->setSource(std::move(found), u"gyear"_s, u"gyear"_s);
-    }
+    m_years->setSource(m_db.model(years), u"gyear"_s, u"gyear"_s);
     searchOnEnterIn(m_years);
+    watch(m_years);
+    m_rowsLine->setTextFormat(Qt::PlainText);
+    m_rowsLine->setMinimumHeight(m_rowsLine->fontMetrics().height());
 
     m_export->setAutoDefault(false);
     m_export->setEnabled(false);
     onClick(m_export, [this] { saveExport(); });
+}
+
+void ReportScreen::refillLists() {
+    if (m_db.changedElsewhere()) {
+        m_years->refill(m_db.model(m_yearsOffered), u"gyear"_s, u"gyear"_s);
+        refillChoices();
+    }
+}
+
+void ReportScreen::watch(const BoundList* list) {
+    connect(list->lineEdit(), &QLineEdit::textChanged, this, &ReportScreen::compareRows);
+}
+
+void ReportScreen::showsListed() {
+    m_shown = listed();
+    compareRows();
+}
+
+void ReportScreen::showsNothing() {
+    m_shown.clear();
+    compareRows();
+}
+
+void ReportScreen::compareRows() {
+    const bool same = m_shown.isEmpty() || m_shown == listed();
+    m_rowsLine->setText(same ? QString() : u"The rows below are of %1"_s.arg(m_shown));
 }
 
 std::optional<int> ReportScreen::year() const {

@@ -8,6 +8,7 @@
 
 #include <optional>
 
+class QLabel;
 class QPushButton;
 
 namespace kelvora {
@@ -26,6 +27,22 @@ protected:
     virtual void search() = 0;
     /// The export of what is shown, for the year in the list.
     virtual CsvText exported(int year) = 0;
+
+    /// Fills the lists beside that of the years again.
+    virtual void refillChoices() {}
+    /// What the lists say: the year and the choice that a search would be about.
+    [[nodiscard]] virtual QString listed() const = 0;
+
+    void refillLists() final;
+    /// To be called when rows of what the lists say are shown, and when none are.
+    void showsListed();
+    void showsNothing();
+    /// To be called when what the lists say has changed otherwise than by their texts.
+    void compareRows();
+    /// Calls what the rows are of whenever the lists say otherwise. A report places it above its table.
+    [[nodiscard]] QLabel* rowsLine() const { return m_rowsLine; }
+    /// A list that says what the rows are of, beside that of the years.
+    void watch(const BoundList* list);
 
     Connection& db() { return m_db; }
     [[nodiscard]] BoundList* yearList() const { return m_years; }
@@ -50,9 +67,12 @@ private:
     void saveExport();
 
     Connection m_db;
+    Sql m_yearsOffered;
+    QString m_shown;  ///< what the lists said when the rows were shown; empty without rows
     BoundList* m_years;
     QList<QWidget*> m_searching;  ///< the lists that run the search themselves
     QPushButton* m_export;
+    QLabel* m_rowsLine;
 };
 
 }  // namespace kelvora

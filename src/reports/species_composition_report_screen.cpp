@@ -95,6 +95,7 @@ void SpeciesCompositionReportScreen::addOptions() {
         if (column > 0) {
             form->setColumnMinimumWidth(column - 1, 16);
         }
+        watch(choices);
         connect(choices, &BoundList::chosen, this, guarded(dialogs(), [this, option] { showComposition(option); }));
     }
     connect(m_options, &QButtonGroup::idClicked, this, &SpeciesCompositionReportScreen::chooseOption);
@@ -103,7 +104,9 @@ void SpeciesCompositionReportScreen::addOptions() {
 QLayout* SpeciesCompositionReportScreen::messageRow() {
     auto* row = new QHBoxLayout;
     m_message->setTextFormat(Qt::PlainText);
-    row->addWidget(m_message, 1);
+    row->addWidget(m_message);
+    row->addSpacing(16);
+    row->addWidget(rowsLine(), 1);
     row->addWidget(exportButton());
     return row;
 }
@@ -158,6 +161,7 @@ void SpeciesCompositionReportScreen::chooseOption(int option) {
             choices->setText(u"No data"_s);
         }
         m_selected = option;
+        m_offered = *chosen;
     });
     selectOption(m_selected);
 }
@@ -196,11 +200,13 @@ void SpeciesCompositionReportScreen::showComposition(int option) {
     }
     m_grid->show(std::make_unique<ResultModel>(std::move(found)), columns());
     draw(*chosen, selection());
+    showsListed();
 }
 
 void SpeciesCompositionReportScreen::showNoSpecies() {
     m_grid->showBlank(columns());
     m_chart->draw({});
+    showsNothing();
 }
 
 void SpeciesCompositionReportScreen::draw(int year, const QString& selection) {
@@ -217,6 +223,19 @@ QString SpeciesCompositionReportScreen::selection() const {
         return {};
     }
     return subsetAt(m_selected).option + u':' + m_choices[static_cast<std::size_t>(m_selected)]->text();
+}
+
+/// An option without choices stays so until it is pressed again.
+void SpeciesCompositionReportScreen::refillChoices() {
+    BoundList* choices = m_selected < 0 ? nullptr : m_choices[static_cast<std::size_t>(m_selected)];
+    if (choices != nullptr && choices->isEnabled()) {
+        const CompositionSubset& subset = subsetAt(m_selected);
+        choices->refill(db().model(compositionChoices(subset, m_offered)), subset.shown, subset.key);
+    }
+}
+
+QString SpeciesCompositionReportScreen::listed() const {
+    return u"%1, %2"_s.arg(yearList()->text(), selection());
 }
 
 CsvText SpeciesCompositionReportScreen::exported(int year) {

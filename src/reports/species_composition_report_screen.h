@@ -25,6 +25,8 @@ public:
 protected:
     void search() override;
     CsvText exported(int year) override;
+    void refillChoices() override;
+    [[nodiscard]] QString listed() const override;
 
 private:
     QLayout* yearRow();
@@ -49,6 +51,7 @@ private:
     Grid* m_grid;
     ReportChart* m_chart;
     int m_selected = -1;  ///< the selected option; -1 if there is none
+    int m_offered = 0;    ///< the year of its choices
 };
 
 }  // namespace kelvora

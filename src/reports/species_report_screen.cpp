@@ -13,16 +13,26 @@ namespace kelvora {
 SpeciesReportScreen::SpeciesReportScreen(const QString& caption, const Context& context, const Sql& years,
                                          const Sql& species)
     : ReportScreen(caption, context, years),
+      m_speciesOffered(species),
       m_species(new BoundList(this)),
       m_search(new QPushButton(u"&Search"_s, this)) {
     m_species->setMinimumContentsLength(32);
     m_species->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     m_species->setSource(db().model(species), u"sp"_s, u"fishno"_s);
     searchOnEnterIn(m_species);
+    watch(m_species);
     searchOn(m_search);
     m_search->setAutoDefault(false);
     // What a report puts below comes behind.
     setReadingOrder({yearList(), m_species, m_search, exportButton()});
+}
+
+void SpeciesReportScreen::refillChoices() {
+    m_species->refill(db().model(m_speciesOffered), u"sp"_s, u"fishno"_s);
+}
+
+QString SpeciesReportScreen::listed() const {
+    return u"%1, %2"_s.arg(yearList()->text(), speciesText());
 }
 
 QString SpeciesReportScreen::speciesText() const {
@@ -37,6 +47,7 @@ QLayout* SpeciesReportScreen::choiceRow() {
     addField(row, 0, 3, u"Species"_s, m_species);
     row->addWidget(m_search, 0, 5);
     row->setColumnStretch(6, 1);
+    row->addWidget(rowsLine(), 1, 0, 1, 8);
     row->addWidget(exportButton(), 0, 7);
     return row;
 }

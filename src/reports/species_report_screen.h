@@ -23,8 +23,11 @@ protected:
     QLayout* choiceRow();
 
     void search() override;
+    void refillChoices() override;
+    [[nodiscard]] QString listed() const override;
 
 private:
+    Sql m_speciesOffered;
     BoundList* m_species;
     QPushButton* m_search;
 };

@@ -135,6 +135,12 @@ void GonadEntryPanel::refresh() {
     });
 }
 
+void GonadEntryPanel::refillLists() {
+    if (const auto& operation = m_finder.operation()) {
+        refillCaughtSpecies(*m_species, m_connection, operation->number);
+    }
+}
+
 void GonadEntryPanel::onStart() {
     if (!hasSpecies()) {
         return;

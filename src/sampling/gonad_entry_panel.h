@@ -32,6 +32,8 @@ public:
     void reset();
     /// An operation is current: offers the species of its composition.
     void refresh();
+    /// Fills the list of species again, which another screen may have changed.
+    void refillLists();
 
 private:
     QWidget* createSampleLine();

@@ -26,4 +26,11 @@ GonadMaturityScreen::GonadMaturityScreen(const Context& context)
     m_finder->open(false);
 }
 
+void GonadMaturityScreen::refillLists() {
+    if (m_connection.changedElsewhere()) {
+        m_finder->refillLists();
+        m_entry->refillLists();
+    }
+}
+
 }  // namespace kelvora

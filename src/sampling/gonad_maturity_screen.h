@@ -16,6 +16,9 @@ public:
     /// Waits long for a file that another program holds: a sample of fish must not be lost to a passing lock.
     explicit GonadMaturityScreen(const Context& context);
 
+protected:
+    void refillLists() override;
+
 private:
     Connection m_connection;
     FinderPanel* m_finder;

@@ -142,6 +142,12 @@ void LengthEntryPanel::refresh() {
     }
 }
 
+void LengthEntryPanel::refillLists() {
+    if (const auto& operation = m_finder.operation()) {
+        refillCaughtSpecies(*m_species, m_connection, operation->number);
+    }
+}
+
 void LengthEntryPanel::onSpeciesChosen() {
     const std::optional<ChosenSpecies> chosen = chosenSpecies(*m_species);
     if (!chosen || (m_shownSpecies && chosen->number == m_shownSpecies->number)) {

@@ -26,4 +26,11 @@ LengthFrequencyScreen::LengthFrequencyScreen(const Context& context)
     m_finder->open(false);
 }
 
+void LengthFrequencyScreen::refillLists() {
+    if (m_connection.changedElsewhere()) {
+        m_finder->refillLists();
+        m_entry->refillLists();
+    }
+}
+
 }  // namespace kelvora

@@ -15,6 +15,9 @@ class LengthFrequencyScreen : public Screen {
 public:
     explicit LengthFrequencyScreen(const Context& context);
 
+protected:
+    void refillLists() override;
+
 private:
     Connection m_connection;
     FinderPanel* m_finder;

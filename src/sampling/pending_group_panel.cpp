@@ -82,6 +82,10 @@ PendingGroupPanel::PendingGroupPanel(const FinderPanel& finder, Connection& conn
     m_clear->setEnabled(false);
 }
 
+void PendingGroupPanel::refillLists() {
+    fillSpecies(*m_species, m_connection);
+}
+
 int PendingGroupPanel::listed() const {
     return m_rows.rowCount() - 1;
 }

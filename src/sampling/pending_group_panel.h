@@ -24,6 +24,9 @@ public:
     /// Works on the finder's current operation; finder and connection outlive the panel.
     PendingGroupPanel(const FinderPanel& finder, Connection& connection, const Context& context);
 
+    /// Fills the list of species again, which another screen may have changed.
+    void refillLists();
+
 Q_SIGNALS:
     /// The group was stored.
     void saved();

@@ -76,6 +76,10 @@ void SingleSpeciesPanel::refresh(int operation) {
     m_navigator->setRowCount(count);
 }
 
+void SingleSpeciesPanel::refillLists() {
+    fillSpecies(*m_species, m_connection);
+}
+
 void SingleSpeciesPanel::reset() {
     m_stored->grid()->show(std::make_unique<TextTable>(2), columns());
     m_navigator->setRowCount(0);

@@ -26,6 +26,8 @@ public:
     /// Shows the single species of an operation.
     void refresh(int operation);
     void reset();
+    /// Fills the list of species again, which another screen may have changed.
+    void refillLists();
 
 Q_SIGNALS:
     /// A species was stored or deleted.

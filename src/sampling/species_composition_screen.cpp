@@ -55,6 +55,14 @@ QWidget* SpeciesCompositionScreen::createCompositionTab() {
     return tab;
 }
 
+void SpeciesCompositionScreen::refillLists() {
+    if (m_connection.changedElsewhere()) {
+        m_finder->refillLists();
+        m_singleSpecies->refillLists();
+        m_pendingGroup->refillLists();
+    }
+}
+
 void SpeciesCompositionScreen::clearResults() {
     m_singleSpecies->reset();
     m_storedGroups->reset();

@@ -20,6 +20,9 @@ class SpeciesCompositionScreen : public Screen {
 public:
     explicit SpeciesCompositionScreen(const Context& context);
 
+protected:
+    void refillLists() override;
+
 private:
     QWidget* createCompositionTab();
     void clearResults();

@@ -7,18 +7,29 @@ using namespace Qt::StringLiterals;
 
 namespace kelvora {
 
+namespace {
+
+std::unique_ptr<ResultModel> caughtSpecies(Connection& connection, int operation) {
+    return connection.model(Sql("SELECT distinct spid,fish.genus & ' ' & fish.fishname AS Species"
+                                " FROM fish INNER JOIN group_composition ON fish.fishno ="
+                                " group_composition.spid where optid = ")
+                            << operation << " order by fish.genus & ' ' & fish.fishname");
+}
+
+}  // namespace
+
 void fillSpecies(BoundList& list, Connection& connection) {
-    list.setSource(
+    list.refill(
         connection.model(Sql("select  fishno,genus &  ' ' & fishname as sp  from fish where fishno <> 0 order by sp")),
         u"sp"_s, u"fishno"_s);
 }
 
 void fillCaughtSpecies(BoundList& list, Connection& connection, int operation) {
-    list.setSource(connection.model(Sql("SELECT distinct spid,fish.genus & ' ' & fish.fishname AS Species"
-                                        " FROM fish INNER JOIN group_composition ON fish.fishno ="
-                                        " group_composition.spid where optid = ")
-                                    << operation << " order by fish.genus & ' ' & fish.fishname"),
-                   u"Species"_s, u"spid"_s);
+    list.setSource(caughtSpecies(connection, operation), u"Species"_s, u"spid"_s);
+}
+
+void refillCaughtSpecies(BoundList& list, Connection& connection, int operation) {
+    list.refill(caughtSpecies(connection, operation), u"Species"_s, u"spid"_s);
 }
 
 void requireSpecies(Connection& connection, const ChosenSpecies& species) {
@@ -35,7 +46,7 @@ std::optional<ChosenSpecies> chosenSpecies(const BoundList& list) {
     if (!key.isValid()) {
         return std::nullopt;
     }
-    return ChosenSpecies{key.toInt(), list.itemText(list.row())};
+    return ChosenSpecies{key.toInt(), list.row() < 0 ? list.text() : list.itemText(list.row())};
 }
 
 }  // namespace kelvora

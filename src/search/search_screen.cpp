@@ -42,6 +42,12 @@ SearchScreen::SearchScreen(const Context& context, Connection::Patience patience
     clearOperation();
 }
 
+void SearchScreen::refillLists() {
+    if (m_connection.changedElsewhere()) {
+        m_fields->refill();
+    }
+}
+
 QWidget* SearchScreen::searchPanel() {
     auto* panel = new QWidget;
     // "DELETE" stands apart from what is pressed all day, and its place stays free while it is hidden.

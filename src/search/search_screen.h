@@ -25,6 +25,9 @@ public:
     /// Throws DataError if the data file cannot be opened or read.
     explicit SearchScreen(const Context& context, Connection::Patience patience = Connection::Patience::Long);
 
+protected:
+    void refillLists() override;
+
 private:
     QWidget* searchPanel();
     QTabWidget* sampleTabs();

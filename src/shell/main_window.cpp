@@ -72,6 +72,11 @@ MainWindow::MainWindow(const Context& context) : m_context(context), m_area(new 
     addMenus();
     m_area->setBackground(palette().brush(QPalette::Window));
     setCentralWidget(m_area);
+    connect(m_area, &QMdiArea::subWindowActivated, this, [](const QMdiSubWindow* window) {
+        if (auto* screen = window == nullptr ? nullptr : window->findChild<Screen*>(); screen != nullptr) {
+            screen->cameToFront();
+        }
+    });
     // Office hands know Ctrl+F4; where the desktop has it already, a second one would make both do nothing.
     const QKeySequence closing(Qt::CTRL | Qt::Key_F4);
     if (!QKeySequence::keyBindings(QKeySequence::Close).contains(closing)) {

@@ -61,8 +61,12 @@ class TestDialect : public QObject {
         row("no date", Sql("select year(null), year('x'), month('2004-13-01')"), "null|null|null");
         row("dates that are none",
             Sql("select distinct year(d) as y from (select null as d union select 'x' union select '' union select "
-                "'2004-02-03' union select '2004-12-31' union select '2005-01-01')"),
+                "'2004-02-03' union select '2004-12-31 00:00:00' union select '2005-01-01')"),
             "null;2004;2005");
+        row("a time of day behind a date",
+            Sql("select d, month(d) from (select '2004-12-31T23:00' as d union select '2005-01-01') where year(d) = "
+                "2004"),
+            "2004-12-31T23:00|12");
     }
     /// Lists of what was sampled: looked up, whatever the statement says about tables whose rows are not shown.
     static void addSampled() {
@@ -111,7 +115,7 @@ class TestDialect : public QObject {
         row("months", Sql("select format('2004-03-05','mmmm'), format('2004-03-05','m'), month('2004-03-05')"),
             "March|3|3");
         row("no month", Sql("select format(null,'mmmm'), format('2004-02-30','mmmm'), format(3,'m')"),
-            "null|null|null");
+            "null|February|null");
     }
 
 private Q_SLOTS:

@@ -75,10 +75,12 @@ private Q_SLOTS:
         report.store.execute("update fishoperation set optdate = '2004-10-01' where optid = 1");
         report.store.execute("update fishoperation set optdate = '2004-01-01' where optid = 2");
         report.store.execute("update fishoperation set optdate = '2004-03-31' where optid = 3");
+        report.store.execute("insert into length_detail values (1, 1, 14, 16, 15, 6)");
         report.search(u"2004"_s, kMackerel);
         QCOMPARE(report.headers(), u"Lower;Upper;Mid Length;October;March;January"_s);
-        QCOMPARE(report.drawnGroups(), u"9.5;10;10"_s);
-        QCOMPARE(report.drawn(), u"January: 0 4 0;March: 0 2 1;October: 0 3 0"_s);
+        // Of two classes from 10 on, each is called by both limits; the one from 12 to 14 has no fish.
+        QCOMPARE(report.drawnGroups(), u"9.5;10–11;10–12;12;14"_s);
+        QCOMPARE(report.drawn(), u"January: 0 4 0 0 0;March: 0 2 1 0 0;October: 0 3 0 0 6"_s);
         const QLocale before;
         QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
         report.search(u"2004"_s, kMackerel);

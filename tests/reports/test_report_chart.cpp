@@ -1,7 +1,9 @@
+#include "data/dates.h"
 #include "report_desk.h"
 #include "reports/report_chart.h"
 #include "support/test_main.h"
 
+#include <QBarSet>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QStandardItemModel>
@@ -42,6 +44,36 @@ private Q_SLOTS:
             const PictureScale found = scaleOf(barsOf(*table(texts("a;b"), rows), 1));
             QCOMPARE(u"%1 %2 %3"_s.arg(found.from).arg(found.to).arg(found.step), scale);
         }
+    }
+
+    /// A month, a stage and a sex keep their colours whichever others are drawn beside them.
+    void colours() {
+        TemporaryStore store;
+        ReportChart chart(store.dialogs);
+        const auto coloursOf = [&](const ReportPicture& picture) {
+            chart.draw(picture);
+            QList<QColor> colours;
+            for (QBarSet* set : qobject_cast<QAbstractBarSeries*>(chart.chart()->series().first())->barSets()) {
+                colours << set->color();
+            }
+            return colours;
+        };
+        QStringList months{u"Lower"_s, u"Upper"_s, u"Mid Length"_s};
+        for (int month = 1; month <= 12; ++month) {
+            months << monthName(month);
+        }
+        const QStringList oneClass{u"10|11|10.5|1|1|1|1|1|1|1|1|1|1|1|1"_s};
+        const QList<QColor> ofMonths = coloursOf(histogramOf(*table(months, oneClass)));
+        for (qsizetype month = 0; month < 12; ++month) {
+            QVERIFY(std::abs(qGray(ofMonths[month].rgb()) - qGray(ofMonths[(month + 1) % 12].rgb())) > 40);
+        }
+        QCOMPARE(coloursOf(histogramOf(*table(months.first(3) << months[7], {u"10|11|10.5|1"_s}))).first(),
+                 ofMonths[4]);
+        const QStringList one{u"May|1|1"_s};
+        QCOMPARE(coloursOf(monthsOf(*table(texts("Month;1-Immature;3-Ripe"), one)))[1],
+                 coloursOf(monthsOf(*table(texts("Month;3-Ripe;5-Spent"), one)))[0]);
+        QCOMPARE(coloursOf(monthsOf(*table(texts("Month;Female;Male"), one)))[1],
+                 coloursOf(monthsOf(*table(texts("Month;Male;None"), one)))[0]);
     }
 
     void copiedAndSaved() {
