@@ -46,8 +46,8 @@ QString withCsvEnding(const QString& path) {
     return path + (path.endsWith(u'.') ? u"csv"_s : u".csv"_s);
 }
 
-void saveCsv(const QString& path, const CsvText& csv) {
-    writeWholeFile(path, csv.text().toLocal8Bit(), u"The export could not be written"_s);
+void saveCsv(const QString& path, const CsvText& csv, const QString& databasePath) {
+    writeWholeFile(path, csv.text().toLocal8Bit(), u"The export could not be written"_s, databasePath);
 }
 
 }  // namespace kelvora

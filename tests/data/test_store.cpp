@@ -1,4 +1,5 @@
 #include "data/store.h"
+#include "data/store_files.h"
 #include "data/transaction.h"
 #include "support/temporary_store.h"
 #include "support/test_main.h"
@@ -6,6 +7,8 @@
 #include <QDir>
 #include <QFile>
 #include <QTest>
+
+#include <filesystem>
 
 using namespace Qt::StringLiterals;
 
@@ -147,6 +150,31 @@ private Q_SLOTS:
         QVERIFY(QFile::remove(path));
         prepareStore(path);
         QCOMPARE(Connection(path).query(Sql("select uname from kelvora_user")).text(0, u"uname"), u"Administrator"_s);
+    }
+
+    /// By whatever name or link: an export would take the place of the data, of a journal, or of a copy.
+    void whatBelongsToTheDataFile() {
+        const test::TemporaryStore store;
+        const QString folder = store.file(u"folder"_s);
+        const QString copy = store.file(u"copy.csv"_s);
+        QVERIFY(QDir().mkdir(folder) && QFile::copy(store.path(), copy));
+        write(store.path() + u".lock"_s, "held");
+        const auto link = [&](const QString& target, const QString& name) {
+            const QString path = folder + name;
+            return QFile::link(target, path) ? path : QString();
+        };
+        const QString hardLink = folder + u"/hard.csv"_s;
+        std::filesystem::create_hard_link(store.path().toStdString(), hardLink.toStdString());
+        for (const QString& path :
+             {store.path(), store.path() + u"-journal"_s, store.file(u"./folder/../kelvora_db.sqlite-WAL"_s),
+              store.path() + u".lock"_s, store.path() + u".new"_s, copy, hardLink, link(store.path(), u"/soft.csv"_s),
+              link(store.path() + u"-journal"_s, u"/dangling.csv"_s),
+              link(store.file({}), u"/up"_s) + u"/kelvora_db.sqlite"_s}) {
+            QVERIFY2(belongsToDataFile(path, store.path()), qPrintable(path));
+            QVERIFY2(belongsToDataFile(path, folder + u"/soft.csv"_s), qPrintable(path));
+        }
+        QVERIFY(!belongsToDataFile(folder + u"/kelvora_db.sqlite"_s, store.path()));
+        QVERIFY(!belongsToDataFile(store.file(u"catch.csv"_s), store.path()));
     }
 };
 
