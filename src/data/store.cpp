@@ -3,6 +3,7 @@
 #include "data/connection.h"
 #include "data/schema.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -107,7 +108,12 @@ QString tableFault(const QString& path) {
 }  // namespace
 
 QString defaultStorePath() {
-    return QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).filePath(u"kelvora_db.sqlite"_s);
+    QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    if (QDir::isRelativePath(folder)) {
+        // Else every folder that the program is started in had data of its own.
+        folder = QDir::home().filePath(u".local/share/"_s + QCoreApplication::applicationName());
+    }
+    return QDir(folder).filePath(u"kelvora_db.sqlite"_s);
 }
 
 void prepareStore(const QString& path) {
