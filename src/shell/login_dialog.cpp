@@ -3,6 +3,7 @@
 #include "controls/dialogs.h"
 #include "controls/fields.h"
 #include "controls/guard.h"
+#include "data/store.h"
 
 #include <QCloseEvent>
 #include <QGridLayout>
@@ -17,9 +18,9 @@ namespace kelvora {
 
 LoginDialog::LoginDialog(const Context& context)
     : m_context(context),
-      m_connection(context.databasePath),
       m_login(new QLineEdit(u"Administrator"_s, this)),
-      m_password(new QLineEdit(this)) {
+      m_password(new QLineEdit(this)),
+      m_line(new QLabel(this)) {
     setWindowTitle(u"LOGIN"_s);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
 
@@ -47,6 +48,7 @@ LoginDialog::LoginDialog(const Context& context)
     auto* entry = new QVBoxLayout;
     entry->addStretch();
     entry->addLayout(fields);
+    entry->addWidget(m_line);
     entry->addSpacing(8);
     entry->addLayout(buttons);
     entry->addStretch();
@@ -58,6 +60,11 @@ LoginDialog::LoginDialog(const Context& context)
     layout->setSizeConstraint(QLayout::SetFixedSize);
     constexpr int fieldWidth = 220;
     m_login->setMinimumWidth(fieldWidth);
+
+    m_line->setWordWrap(true);
+    m_line->setTextFormat(Qt::PlainText);
+    m_line->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    openStore();
 
     connect(logIn, &QPushButton::clicked, this, guarded(m_context.dialogs, [this] { signIn(); }));
     connect(cancel, &QPushButton::clicked, this, &LoginDialog::reject);
@@ -80,13 +87,28 @@ void LoginDialog::closeEvent(QCloseEvent* event) {
     Q_EMIT closed();
 }
 
+void LoginDialog::openStore() {
+    const StoreState state = prepareStore(m_context.databasePath);
+    m_line->setText(state.line);
+    m_line->setVisible(!state.line.isEmpty());
+    if (state.usable) {
+        m_connection.emplace(m_context.databasePath);
+    }
+}
+
 void LoginDialog::signIn() {
     if (m_login->text().isEmpty() || m_password->text().isEmpty()) {
         m_context.dialogs.message(u"Please input Login and password"_s);
         return;
     }
-    const ResultSet account = m_connection.query(Sql("select * from kelvora_user where login = ")
-                                                 << m_login->text() << " and passwd = " << m_password->text());
+    if (!m_connection) {
+        openStore();
+    }
+    if (!m_connection) {
+        throw DataError(m_line->text());
+    }
+    const ResultSet account = m_connection->query(Sql("select * from kelvora_user where login = ")
+                                                  << m_login->text() << " and passwd = " << m_password->text());
     if (account.isEmpty()) {
         m_context.dialogs.message(u"Your Password not correct please Try again "_s);
         m_password->clear();

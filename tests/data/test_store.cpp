@@ -30,11 +30,10 @@ class TestStore : public QObject {
     }
     static QString refusal(const QString& path) {
         try {
-            prepareStore(path);
+            return prepareStore(path).line;
         } catch (const DataError& e) {
             return QString::fromUtf8(e.what());
         }
-        return u"none"_s;
     }
     /// What a power cut in the middle of a long save leaves: the file half changed, its journal beside it.
     static void interruptASave(test::TemporaryStore& store, const QString& file) {
@@ -55,7 +54,8 @@ private Q_SLOTS:
     void firstStart() {
         test::TemporaryStore store;
         const QString path = store.file(u"new folder/älv & co/data.sqlite"_s);
-        prepareStore(path);
+        QCOMPARE(prepareStore(path).line, u"A new data file was made:\n"_s + path);
+        QCOMPARE(prepareStore(path).line, QString());
         Connection db(path);
         QCOMPARE(db.query(Sql("select * from kelvora_user where login = 'administrator'")).text(0, u"passwd"),
                  u"kelvora"_s);
