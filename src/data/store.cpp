@@ -5,6 +5,7 @@
 #include "data/store_files.h"
 
 #include <QCoreApplication>
+#include <QDate>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -19,9 +20,6 @@ using namespace Qt::StringLiterals;
 namespace kelvora {
 namespace {
 
-/// Behind the name of a data file: the engine's own record of an unfinished save.
-const QString kJournal = u"-journal"_s;
-
 /// The place of the data file hinders, not the file: what to say of it until that is mended.
 class Hindrance : public DataError {
     using DataError::DataError;
@@ -31,12 +29,13 @@ bool isHindrance(const QString& reason) {
     return reason == plainReason(SQLITE_READONLY, {}) || reason == plainReason(SQLITE_FULL, {});
 }
 
-[[noreturn]] void refuse(const QString& path, const QString& reason) {
+[[noreturn]] void refuse(const QString& path, const QString& reason, const QString& copies = {}) {
     if (isHindrance(reason)) {
         throw Hindrance(u"The data file cannot be opened: %1.\n%2"_s.arg(reason, QDir::toNativeSeparators(path)));
     }
     throw DataError(u"The data file cannot be used: %1.\n\nIt was left as it is:\n%2"_s.arg(
-        reason, QDir::toNativeSeparators(path)));
+                        reason, QDir::toNativeSeparators(path)) +
+                    copies);
 }
 
 [[noreturn]] void cannotCreate(const QString& path, const QString& reason) {
@@ -49,9 +48,8 @@ void create(const QString& path) {
         cannotCreate(path, u"its folder cannot be made"_s);
     }
     const QString unfinished = path + u".new"_s;
-    // Left from a start that was cut off, or from a data file that was taken away: a journal without its file would be
-    // played back into the new one.
-    for (const QString& leftover : {unfinished, unfinished + kJournal, path + kJournal}) {
+    // Left from a start that was cut off.
+    for (const QString& leftover : {unfinished, unfinished + kJournal}) {
         QFile::remove(leftover);
     }
     try {
@@ -65,7 +63,8 @@ void create(const QString& path) {
         QFile::remove(unfinished);
         cannotCreate(path, plainReason(e.getErrorCode(), QString::fromUtf8(e.what())));
     }
-    if (!QFile::rename(unfinished, path)) {
+    // Left from a data file that was taken away: the engine would take it into the new one.
+    if (!setAside(path, {kJournal, kLog, kLogIndex}) || !QFile::rename(unfinished, path)) {
         QFile::remove(unfinished);
         cannotCreate(path, u"its folder may not be written to"_s);
     }
@@ -93,7 +92,9 @@ struct Header {
     /// The same for a file beside which nothing waits to be taken in.
     [[nodiscard]] QString faultOfWhole() const { return fault.isEmpty() && !whole ? u"its end is missing"_s : fault; }
 
-    QString fault;  ///< empty if it may be opened
+    QString fault;        ///< empty if it may be opened
+    quint32 changes = 0;  ///< every save counts it up by one
+    bool keepsLog = false;
     bool whole = false;
 
 private:
@@ -106,6 +107,8 @@ private:
         }
         const quint32 stored = qFromBigEndian<quint16>(bytes + 16);
         const qint64 pageSize = stored == 1 ? 65536 : stored;
+        changes = number(24);
+        keepsLog = bytes[18] == 2 || bytes[19] == 2;
         whole = fileSize >= pageSize * qint64{number(28)};
     }
 };
@@ -127,13 +130,50 @@ QString tableFault(Connection& connection) {
     return {};
 }
 
-/// Opens a file: the engine undoes an interrupted save. Says what is wrong with it.
-QString faultOfOpening(const QString& path) {
+/// Opens a file: the engine undoes an interrupted save and takes in what a log keeps. Says what is wrong with it.
+QString faultOfOpening(const QString& path, bool everyPage) {
     try {
         Connection connection(path);
+        // One file is all the data, so that its copy is a backup: no log beside it, whatever tool made one.
+        if (connection.query(Sql("pragma journal_mode=delete")).text(0, u"journal_mode") != u"delete") {
+            return u"its log cannot be ended"_s;
+        }
+        if (everyPage && connection.query(Sql("pragma integrity_check")).text(0, u"integrity_check") != u"ok") {
+            return plainReason(SQLITE_CORRUPT, {});
+        }
         return tableFault(connection);
     } catch (const DataError& e) {
         return e.reason();
+    }
+}
+
+/// A journal or a log beside the file may belong to another one, over which this one was copied: what it would make of
+/// the file is tried on copies. They stay if the file is refused.
+void tryOnCopies(const QString& path, const Header& before) {
+    const auto copied = [&path](const QString& copy) {
+        if (const QString reason = copyAside(path, copy); !reason.isEmpty()) {
+            throw Hindrance(u"The data file cannot be copied before it is mended: %1.\n%2"_s.arg(
+                reason, QDir::toNativeSeparators(path)));
+        }
+        return copy;
+    };
+    const bool undoes = QFile::exists(path + kJournal) && !before.keepsLog;
+    const QString copy = copied(path + u"-copy-"_s + QDate::currentDate().toString(Qt::ISODate));
+    QString fault = faultOfOpening(copy, true);
+    const Header after(copy);
+    if (fault.isEmpty() && undoes && after.changes != before.changes && after.changes + 1 != before.changes) {
+        // An interrupted save has counted the changes up once, or not yet.
+        fault = u"the journal beside it belongs to another data file"_s;
+    } else if (fault.isEmpty()) {
+        fault = after.faultOfWhole();
+    }
+    removeCopy(copy);
+    if (isHindrance(fault)) {
+        refuse(path, fault);
+    }
+    if (!fault.isEmpty()) {
+        refuse(path, fault,
+               u"\n\nA copy of it and of what lay beside it:\n%1"_s.arg(QDir::toNativeSeparators(copied(copy))));
     }
 }
 
@@ -156,11 +196,16 @@ QString openedWithLine(const QString& path) {
     if (!header.fault.isEmpty()) {
         refuse(path, header.fault);
     }
-    // With a journal beside it the last save was interrupted; the engine mends that when it opens the file.
-    if (const QString fault = header.faultOfWhole(); !fault.isEmpty() && !QFile::exists(path + kJournal)) {
+    // Left from another file at this place: this one keeps no log, but the engine would take it in.
+    if (!header.keepsLog && !setAside(path, {kLog, kLogIndex})) {
+        refuse(path, plainReason(SQLITE_READONLY, {}));
+    }
+    if (header.keepsLog || QFile::exists(path + kJournal)) {
+        tryOnCopies(path, header);
+    } else if (const QString fault = header.faultOfWhole(); !fault.isEmpty()) {
         refuse(path, fault);
     }
-    const QString fault = faultOfOpening(path);
+    const QString fault = faultOfOpening(path, false);
     if (!fault.isEmpty()) {
         refuse(path, fault);
     }

@@ -1,11 +1,14 @@
 #include "data/store_files.h"
 
+#include <QDate>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
 #include <filesystem>
+
+using namespace Qt::StringLiterals;
 
 namespace kelvora {
 namespace {
@@ -47,6 +50,36 @@ bool belongsToDataFile(const QString& path, const QString& databasePath) {
     return std::any_of(beside.begin(), beside.end(),
                        [&](const QFileInfo& file) { return bearsItsName(file.fileName()) && isSame(file, target); }) ||
            isDatabase(target);
+}
+
+bool setAside(const QString& path, const QStringList& endings) {
+    return std::all_of(endings.begin(), endings.end(), [&](const QString& ending) {
+        const QString leftover = path + ending;
+        const QString dated = leftover + u'-' + QDate::currentDate().toString(Qt::ISODate);
+        QString name = dated;
+        for (int number = 2; QFile::exists(name); ++number) {
+            name = dated + u'-' + QString::number(number);
+        }
+        return !QFile::exists(leftover) || QFile::rename(leftover, name);
+    });
+}
+
+QString copyAside(const QString& path, const QString& copy) {
+    removeCopy(copy);
+    for (const QLatin1String ending : {QLatin1String(), kJournal, kLog}) {
+        QFile file(path + ending);
+        if (file.exists() && !file.copy(copy + ending)) {
+            removeCopy(copy);
+            return file.errorString();
+        }
+    }
+    return {};
+}
+
+void removeCopy(const QString& copy) {
+    for (const QLatin1String ending : {QLatin1String(), kJournal, kLog, kLogIndex}) {
+        QFile::remove(copy + ending);
+    }
 }
 
 }  // namespace kelvora
