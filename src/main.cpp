@@ -1,4 +1,5 @@
 #include "controls/dialogs.h"
+#include "controls/guard.h"
 #include "controls/style.h"
 #include "data/store.h"
 #include "shell/program.h"
@@ -50,11 +51,15 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     kelvora::applyStyle(application);
 
+    kelvora::ModalDialogs dialogs;
     kelvora::SingleInstance instance(kelvora::defaultStorePath());
-    if (!instance.claim()) {
+    bool first = false;
+    if (!kelvora::runGuarded(dialogs, [&] { first = instance.claim(); })) {
+        return 1;
+    }
+    if (!first) {
         return 0;
     }
-    kelvora::ModalDialogs dialogs;
     kelvora::Program program(kelvora::defaultStorePath(), dialogs);
     QObject::connect(&instance, &kelvora::SingleInstance::startedAgain, &program, &kelvora::Program::raiseWindow);
     QObject::connect(&program, &kelvora::Program::ended, &application, &QApplication::quit);

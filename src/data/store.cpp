@@ -2,7 +2,10 @@
 
 #include "data/connection.h"
 #include "data/schema.h"
+#include "data/store_files.h"
 
+#include <QCoreApplication>
+#include <QDate>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -10,22 +13,33 @@
 #include <QtEndian>
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Transaction.h>
+#include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
 namespace kelvora {
 namespace {
 
-/// Behind the name of a data file: the engine's own record of an unfinished save.
-const QString kJournal = u"-journal"_s;
+/// The place of the data file hinders, not the file: what to say of it until that is mended.
+class Hindrance : public DataError {
+    using DataError::DataError;
+};
 
-[[noreturn]] void refuse(const QString& path, const QString& reason) {
+bool isHindrance(const QString& reason) {
+    return reason == plainReason(SQLITE_READONLY, {}) || reason == plainReason(SQLITE_FULL, {});
+}
+
+[[noreturn]] void refuse(const QString& path, const QString& reason, const QString& copies = {}) {
+    if (isHindrance(reason)) {
+        throw Hindrance(u"The data file cannot be opened: %1.\n%2"_s.arg(reason, QDir::toNativeSeparators(path)));
+    }
     throw DataError(u"The data file cannot be used: %1.\n\nIt was left as it is:\n%2"_s.arg(
-        reason, QDir::toNativeSeparators(path)));
+                        reason, QDir::toNativeSeparators(path)) +
+                    copies);
 }
 
 [[noreturn]] void cannotCreate(const QString& path, const QString& reason) {
-    throw DataError(u"The data file cannot be created: %1.\n\n%2"_s.arg(reason, QDir::toNativeSeparators(path)));
+    throw Hindrance(u"The data file cannot be created: %1.\n%2"_s.arg(reason, QDir::toNativeSeparators(path)));
 }
 
 /// Built beside its place and renamed when it is whole, so that a power cut never leaves half a data file.
@@ -34,9 +48,8 @@ void create(const QString& path) {
         cannotCreate(path, u"its folder cannot be made"_s);
     }
     const QString unfinished = path + u".new"_s;
-    // Left from a start that was cut off, or from a data file that was taken away: a journal without its file would be
-    // played back into the new one.
-    for (const QString& leftover : {unfinished, unfinished + kJournal, path + kJournal}) {
+    // Left from a start that was cut off.
+    for (const QString& leftover : {unfinished, unfinished + kJournal}) {
         QFile::remove(leftover);
     }
     try {
@@ -50,45 +63,58 @@ void create(const QString& path) {
         QFile::remove(unfinished);
         cannotCreate(path, plainReason(e.getErrorCode(), QString::fromUtf8(e.what())));
     }
-    if (!QFile::rename(unfinished, path)) {
+    // Left from a data file that was taken away: the engine would take it into the new one.
+    if (!setAside(path, {kJournal, kLog, kLogIndex}) || !QFile::rename(unfinished, path)) {
         QFile::remove(unfinished);
         cannotCreate(path, u"its folder may not be written to"_s);
     }
 }
 
 /// The first bytes of the file, read without the engine, which would write to a file that it finds half-written.
-void checkHeader(const QString& path) {
-    constexpr qint64 headerSize = 100;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        refuse(path, u"it cannot be read (%1)"_s.arg(file.errorString()));
+struct Header {
+    explicit Header(const QString& path) {
+        constexpr qint64 size = 100;
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly)) {
+            fault = u"it cannot be read (%1)"_s.arg(file.errorString());
+            return;
+        }
+        const QByteArray bytes = file.read(size);
+        if (bytes.isEmpty()) {
+            fault = u"it is empty"_s;
+        } else if (bytes.size() < size || !bytes.startsWith(QByteArrayLiteral("SQLite format 3\0"))) {
+            fault = u"it is not a database"_s;
+        } else {
+            read(bytes.constData(), file.size());
+        }
     }
-    const QByteArray header = file.read(headerSize);
-    if (header.isEmpty()) {
-        refuse(path, u"it is empty"_s);
+
+    /// The same for a file beside which nothing waits to be taken in.
+    [[nodiscard]] QString faultOfWhole() const { return fault.isEmpty() && !whole ? u"its end is missing"_s : fault; }
+
+    QString fault;        ///< empty if it may be opened
+    quint32 changes = 0;  ///< every save counts it up by one
+    bool keepsLog = false;
+    bool whole = false;
+
+private:
+    void read(const char* bytes, qint64 fileSize) {
+        const auto number = [bytes](int at) { return qFromBigEndian<quint32>(bytes + at); };
+        if (number(68) != kApplicationId) {
+            fault = u"it belongs to another program"_s;
+        } else if (number(60) > kSchemaVersion) {
+            fault = u"it was made by a newer version of this program"_s;
+        }
+        const quint32 stored = qFromBigEndian<quint16>(bytes + 16);
+        const qint64 pageSize = stored == 1 ? 65536 : stored;
+        changes = number(24);
+        keepsLog = bytes[18] == 2 || bytes[19] == 2;
+        whole = fileSize >= pageSize * qint64{number(28)};
     }
-    if (header.size() < headerSize || !header.startsWith(QByteArrayLiteral("SQLite format 3\0"))) {
-        refuse(path, u"it is not a database"_s);
-    }
-    const auto number = [&header](int at) { return qFromBigEndian<quint32>(header.constData() + at); };
-    if (number(68) != kApplicationId) {
-        refuse(path, u"it belongs to another program"_s);
-    }
-    if (number(60) > kSchemaVersion) {
-        refuse(path, u"it was made by a newer version of this program"_s);
-    }
-    const quint32 stored = qFromBigEndian<quint16>(header.constData() + 16);
-    const qint64 pageSize = stored == 1 ? 65536 : stored;
-    // With a journal beside it the last save was interrupted; the engine mends that when it opens the file.
-    const bool interrupted = QFile::exists(path + kJournal);
-    if (!interrupted && file.size() < pageSize * qint64{number(28)}) {
-        refuse(path, u"its end is missing"_s);
-    }
-}
+};
 
 /// What is wrong with the tables of a file; empty if nothing is.
-QString tableFault(const QString& path) {
-    Connection connection(path);
+QString tableFault(Connection& connection) {
     for (const Table& table : tables()) {
         const QString name = QString::fromLatin1(table.name);
         const ResultSet found = connection.query(Sql("select name from pragma_table_info(") << name << ")");
@@ -104,33 +130,115 @@ QString tableFault(const QString& path) {
     return {};
 }
 
-}  // namespace
-
-QString defaultStorePath() {
-    return QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).filePath(u"kelvora_db.sqlite"_s);
+/// Opens a file: the engine undoes an interrupted save and takes in what a log keeps. Says what is wrong with it.
+QString faultOfOpening(const QString& path, bool everyPage) {
+    try {
+        Connection connection(path);
+        // One file is all the data, so that its copy is a backup: no log beside it, whatever tool made one.
+        if (connection.query(Sql("pragma journal_mode=delete")).text(0, u"journal_mode") != u"delete") {
+            return u"its log cannot be ended"_s;
+        }
+        if (everyPage && connection.query(Sql("pragma integrity_check")).text(0, u"integrity_check") != u"ok") {
+            return plainReason(SQLITE_CORRUPT, {});
+        }
+        return tableFault(connection);
+    } catch (const DataError& e) {
+        return e.reason();
+    }
 }
 
-void prepareStore(const QString& path) {
-    const QFileInfo file(path);
-    if (!file.exists() && !file.isSymLink()) {
-        create(path);
-        return;
+/// A journal or a log beside the file may belong to another one, over which this one was copied: what it would make of
+/// the file is tried on copies. They stay if the file is refused.
+void tryOnCopies(const QString& path, const Header& before) {
+    const auto copied = [&path](const QString& copy) {
+        if (const QString reason = copyAside(path, copy); !reason.isEmpty()) {
+            throw Hindrance(u"The data file cannot be copied before it is mended: %1.\n%2"_s.arg(
+                reason, QDir::toNativeSeparators(path)));
+        }
+        return copy;
+    };
+    const bool undoes = QFile::exists(path + kJournal) && !before.keepsLog;
+    const QString copy = copied(path + u"-copy-"_s + QDate::currentDate().toString(Qt::ISODate));
+    QString fault = faultOfOpening(copy, true);
+    const Header after(copy);
+    if (fault.isEmpty() && undoes && after.changes != before.changes && after.changes + 1 != before.changes) {
+        // An interrupted save has counted the changes up once, or not yet.
+        fault = u"the journal beside it belongs to another data file"_s;
+    } else if (fault.isEmpty()) {
+        fault = after.faultOfWhole();
     }
-    if (!file.isFile()) {
-        refuse(path, u"it is not a file"_s);
+    removeCopy(copy);
+    if (isHindrance(fault)) {
+        refuse(path, fault);
     }
-    checkHeader(path);
-    QString fault;
+    if (!fault.isEmpty()) {
+        refuse(path, fault,
+               u"\n\nA copy of it and of what lay beside it:\n%1"_s.arg(QDir::toNativeSeparators(copied(copy))));
+    }
+}
+
+/// What would keep a save from being stored; empty if nothing would. The attempt is rolled back.
+QString faultOfWriting(const QString& path) {
     try {
-        fault = tableFault(path);
-    } catch (const DataError& e) {
-        fault = e.reason();
+        SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE);
+        database.exec("BEGIN IMMEDIATE; PRAGMA user_version=" + std::to_string(kSchemaVersion) + "; ROLLBACK");
+    } catch (const SQLite::Exception& e) {
+        if (e.getErrorCode() != SQLITE_BUSY) {
+            return plainReason(e.getErrorCode(), QString::fromUtf8(e.what()));
+        }
     }
+    return {};
+}
+
+/// Checks an existing file. Returns the line that is to be shown.
+QString openedWithLine(const QString& path) {
+    const Header header(path);
+    if (!header.fault.isEmpty()) {
+        refuse(path, header.fault);
+    }
+    // Left from another file at this place: this one keeps no log, but the engine would take it in.
+    if (!header.keepsLog && !setAside(path, {kLog, kLogIndex})) {
+        refuse(path, plainReason(SQLITE_READONLY, {}));
+    }
+    if (header.keepsLog || QFile::exists(path + kJournal)) {
+        tryOnCopies(path, header);
+    } else if (const QString fault = header.faultOfWhole(); !fault.isEmpty()) {
+        refuse(path, fault);
+    }
+    const QString fault = faultOfOpening(path, false);
     if (!fault.isEmpty()) {
         refuse(path, fault);
     }
-    // Once more, now that an interrupted save is mended and the file must be whole.
-    checkHeader(path);
+    const QString hindered = faultOfWriting(path);
+    return hindered.isEmpty() ? QString()
+                              : u"Nothing can be stored: %1.\n%2"_s.arg(hindered, QDir::toNativeSeparators(path));
+}
+
+}  // namespace
+
+QString defaultStorePath() {
+    QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    if (QDir::isRelativePath(folder)) {
+        // Else every folder that the program is started in had data of its own.
+        folder = QDir::home().filePath(u".local/share/"_s + QCoreApplication::applicationName());
+    }
+    return QDir(folder).filePath(u"kelvora_db.sqlite"_s);
+}
+
+StoreState prepareStore(const QString& path) {
+    const QFileInfo file(path);
+    try {
+        if (!file.exists() && !file.isSymLink()) {
+            create(path);
+            return {u"A new data file was made:\n%1"_s.arg(QDir::toNativeSeparators(path))};
+        }
+        if (!file.isFile()) {
+            refuse(path, u"it is not a file"_s);
+        }
+        return {openedWithLine(placeOf(path))};
+    } catch (const Hindrance& e) {
+        return {QString::fromUtf8(e.what()), false};
+    }
 }
 
 }  // namespace kelvora

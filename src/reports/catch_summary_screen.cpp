@@ -61,7 +61,7 @@ CatchSummaryScreen::CatchSummaryScreen(const Context& context)
       m_word(figure(this)),
       m_kept(new QLabel(this)),
       m_grid(new Grid(u"Result"_s, this)),
-      m_chart(new ReportChart(dialogs(), this)) {
+      m_chart(new ReportChart(context, this)) {
     addOptions();
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(12);

@@ -38,8 +38,8 @@ QString exportDateLine(const QDate& day) {
     return u"EXPORT Date : "_s + shortDate(day);
 }
 
-void saveCsv(const QString& path, const CsvText& csv) {
-    writeWholeFile(path, csv.text().toLocal8Bit(), u"The export could not be written"_s);
+void saveCsv(const QString& path, const CsvText& csv, const QString& databasePath) {
+    writeWholeFile(path, csv.text().toLocal8Bit(), u"The export could not be written"_s, databasePath);
 }
 
 }  // namespace kelvora

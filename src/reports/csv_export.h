@@ -31,6 +31,6 @@ QString exportDateLine(const QDate& day);
 /// Writes an export in the system's 8-bit encoding, in which a character that it lacks becomes "?". A file that was
 /// there is replaced only when the new one is complete; throws std::runtime_error in plain words when it cannot be
 /// written.
-void saveCsv(const QString& path, const CsvText& csv);
+void saveCsv(const QString& path, const CsvText& csv, const QString& databasePath);
 
 }  // namespace kelvora

@@ -49,7 +49,7 @@ GonadMaturityReportScreen::GonadMaturityReportScreen(const Context& context)
       m_tables(new QTabWidget(this)),
       m_sexes(addTable(u"Month by sex"_s)),
       m_stages{addTable(u"FEMALE"_s), addTable(u"MALE"_s), addTable(u"NONE IDENTIFY"_s)},
-      m_chart(new ReportChart(dialogs(), this)) {
+      m_chart(new ReportChart(context, this)) {
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(12);
     layout->addLayout(choiceRow());

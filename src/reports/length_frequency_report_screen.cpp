@@ -32,7 +32,7 @@ GridColumns columns(const std::vector<QString>& found) {
 LengthFrequencyReportScreen::LengthFrequencyReportScreen(const Context& context)
     : SpeciesReportScreen(u"Length Frequency Report"_s, context, lengthYears(), lengthSpecies()),
       m_grid(new Grid(u"Result"_s, this)),
-      m_chart(new ReportChart(dialogs(), this)) {
+      m_chart(new ReportChart(context, this)) {
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(12);
     layout->addLayout(choiceRow());

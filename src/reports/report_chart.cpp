@@ -75,9 +75,9 @@ QColor colourOf(const std::array<QRgb, Count>& colours, int number, const QColor
 
 }  // namespace
 
-ReportChart::ReportChart(Dialogs& dialogs, QWidget* parent)
+ReportChart::ReportChart(const Context& context, QWidget* parent)
     : QChartView(parent),
-      m_dialogs(dialogs),
+      m_context(context),
       m_copy(new QAction(u"Copy picture"_s, this)),
       m_save(new QAction(u"Save picture as PNG or SVG…"_s, this)) {
     setAccessibleName(u"Picture"_s);
@@ -93,9 +93,9 @@ void ReportChart::addActions() {
     m_copy->setShortcut(QKeySequence::Copy);
     m_copy->setShortcutContext(Qt::WidgetShortcut);
     connect(m_copy, &QAction::triggered, this,
-            guarded(m_dialogs, [this] { QGuiApplication::clipboard()->setImage(printed()); }));
-    connect(m_save, &QAction::triggered, this, guarded(m_dialogs, [this] {
-                if (const std::optional<QString> path = m_dialogs.savePictureFile()) {
+            guarded(m_context.dialogs, [this] { QGuiApplication::clipboard()->setImage(printed()); }));
+    connect(m_save, &QAction::triggered, this, guarded(m_context.dialogs, [this] {
+                if (const std::optional<QString> path = m_context.dialogs.savePictureFile()) {
                     save(*path);
                 }
             }));
@@ -302,7 +302,7 @@ void ReportChart::save(const QString& path) {
     } else {
         printed().save(&bytes, "PNG");
     }
-    writeWholeFile(path, bytes.data(), u"The picture could not be written"_s);
+    writeWholeFile(path, bytes.data(), u"The picture could not be written"_s, m_context.databasePath);
 }
 
 QSplitter* besideTable(QWidget* table, ReportChart* chart) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/session.h"
 #include "reports/report_picture.h"
 
 #include <QChartView>
@@ -9,15 +10,13 @@ class QSplitter;
 
 namespace kelvora {
 
-class Dialogs;
-
 /// The picture of a report beside its table, drawn in the desktop's colours. From its context menu it is copied, or
 /// saved as PNG or SVG: then on white, as it is printed.
 class ReportChart : public QChartView {
     Q_OBJECT
 
 public:
-    explicit ReportChart(Dialogs& dialogs, QWidget* parent = nullptr);
+    explicit ReportChart(const Context& context, QWidget* parent = nullptr);
 
     /// Draws a picture; one without groups says that there is nothing to draw.
     void draw(ReportPicture picture);
@@ -45,7 +44,7 @@ private:
     /// Throws std::runtime_error in plain words when the file cannot be written.
     void save(const QString& path);
 
-    Dialogs& m_dialogs;
+    Context m_context;
     ReportPicture m_picture;
     QAction* m_copy;
     QAction* m_save;

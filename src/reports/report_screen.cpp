@@ -105,7 +105,7 @@ void ReportScreen::saveExport() {
         return;
     }
     if (const std::optional<QString> path = dialogs().saveCsvFile()) {
-        saveCsv(withCsvEnding(*path), exported(*chosen));
+        saveCsv(withCsvEnding(*path), exported(*chosen), context().databasePath);
     }
 }
 

@@ -42,7 +42,7 @@ SpeciesCompositionReportScreen::SpeciesCompositionReportScreen(const Context& co
       m_options(new QButtonGroup(this)),
       m_message(new QLabel(this)),
       m_grid(new Grid(u"Result"_s, this)),
-      m_chart(new ReportChart(dialogs(), this)) {
+      m_chart(new ReportChart(context, this)) {
     addOptions();
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(12);

@@ -4,6 +4,7 @@
 #include "controls/fields.h"
 #include "controls/guard.h"
 #include "data/names.h"
+#include "data/store.h"
 
 #include <QCloseEvent>
 #include <QGridLayout>
@@ -18,9 +19,9 @@ namespace kelvora {
 
 LoginDialog::LoginDialog(const Context& context)
     : m_context(context),
-      m_connection(context.databasePath),
       m_login(new QLineEdit(u"Administrator"_s, this)),
-      m_password(new QLineEdit(this)) {
+      m_password(new QLineEdit(this)),
+      m_line(new QLabel(this)) {
     setWindowTitle(u"LOGIN"_s);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
 
@@ -48,6 +49,7 @@ LoginDialog::LoginDialog(const Context& context)
     auto* entry = new QVBoxLayout;
     entry->addStretch();
     entry->addLayout(fields);
+    entry->addWidget(m_line);
     entry->addSpacing(8);
     entry->addLayout(buttons);
     entry->addStretch();
@@ -59,6 +61,11 @@ LoginDialog::LoginDialog(const Context& context)
     layout->setSizeConstraint(QLayout::SetFixedSize);
     constexpr int fieldWidth = 220;
     m_login->setMinimumWidth(fieldWidth);
+
+    m_line->setWordWrap(true);
+    m_line->setTextFormat(Qt::PlainText);
+    m_line->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    openStore();
 
     connect(logIn, &QPushButton::clicked, this, guarded(m_context.dialogs, [this] { signIn(); }));
     connect(cancel, &QPushButton::clicked, this, &LoginDialog::reject);
@@ -81,12 +88,27 @@ void LoginDialog::closeEvent(QCloseEvent* event) {
     Q_EMIT closed();
 }
 
+void LoginDialog::openStore() {
+    const StoreState state = prepareStore(m_context.databasePath);
+    m_line->setText(state.line);
+    m_line->setVisible(!state.line.isEmpty());
+    if (state.usable) {
+        m_connection.emplace(m_context.databasePath);
+    }
+}
+
 void LoginDialog::signIn() {
     if (m_login->text().isEmpty() || m_password->text().isEmpty()) {
         m_context.dialogs.message(u"Please input Login and password"_s);
         return;
     }
-    const ResultSet account = rowsNamed(m_connection, Sql("select * from kelvora_user where "),
+    if (!m_connection) {
+        openStore();
+    }
+    if (!m_connection) {
+        throw DataError(m_line->text());
+    }
+    const ResultSet account = rowsNamed(*m_connection, Sql("select * from kelvora_user where "),
                                         {{"login", m_login->text()}, {"passwd", m_password->text()}});
     if (account.isEmpty()) {
         m_context.dialogs.message(u"Your Password not correct please Try again "_s);

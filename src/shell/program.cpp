@@ -1,7 +1,6 @@
 #include "shell/program.h"
 
 #include "controls/guard.h"
-#include "data/store.h"
 #include "shell/login_dialog.h"
 #include "shell/main_window.h"
 
@@ -15,7 +14,6 @@ Program::~Program() = default;
 
 bool Program::start() {
     return runGuarded(m_context.dialogs, [this] {
-        prepareStore(m_context.databasePath);
         m_login = std::make_unique<LoginDialog>(m_context);
         connect(m_login.get(), &LoginDialog::signedIn, this, &Program::openMainWindow);
         connect(m_login.get(), &LoginDialog::closed, this, &Program::ended);

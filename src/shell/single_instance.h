@@ -9,8 +9,9 @@ class QLocalServer;
 
 namespace kelvora {
 
-/// One program a data file: a second start shows the window of the first instead of opening another. Programs on other
-/// data files are other programs. What a killed program leaves behind keeps nobody from starting.
+/// One program a data file, by whatever link it is reached: who holds the lock beside it decides. A second start shows
+/// the window of the first instead of opening another. Programs on other data files are other programs. What a killed
+/// program leaves behind keeps nobody from starting.
 class SingleInstance : public QObject {
     Q_OBJECT
 
@@ -18,7 +19,8 @@ public:
     explicit SingleInstance(const QString& databasePath);
     ~SingleInstance() override;
 
-    /// Whether this program is to go on. If not, the one that has the data file open was told to show its window.
+    /// Whether this program is to go on. If not, the one that has the data file open was told to show its window;
+    /// throws std::runtime_error if that one does not answer.
     bool claim();
 
 Q_SIGNALS:
@@ -29,7 +31,7 @@ private:
     void listen();
     [[nodiscard]] bool callFirst() const;
 
-    QString m_server;
+    QString m_place;  ///< of the data file
     QLockFile m_lock;
     std::unique_ptr<QLocalServer> m_calls;
 };

@@ -1,11 +1,15 @@
 #include "data/store.h"
+#include "data/store_files.h"
 #include "data/transaction.h"
 #include "support/temporary_store.h"
 #include "support/test_main.h"
 
+#include <QDate>
 #include <QDir>
 #include <QFile>
 #include <QTest>
+
+#include <filesystem>
 
 using namespace Qt::StringLiterals;
 
@@ -27,11 +31,10 @@ class TestStore : public QObject {
     }
     static QString refusal(const QString& path) {
         try {
-            prepareStore(path);
+            return prepareStore(path).line;
         } catch (const DataError& e) {
             return QString::fromUtf8(e.what());
         }
-        return u"none"_s;
     }
     /// What a power cut in the middle of a long save leaves: the file half changed, its journal beside it.
     static void interruptASave(test::TemporaryStore& store, const QString& file) {
@@ -48,11 +51,17 @@ class TestStore : public QObject {
         QVERIFY(bytes(file) != bytes(store.path()));
     }
 
+    static QStringList namesIn(const test::TemporaryStore& store) {
+        return QDir(store.file({})).entryList(QDir::Files);
+    }
+    static QString today() { return QDate::currentDate().toString(Qt::ISODate); }
+
 private Q_SLOTS:
     void firstStart() {
         test::TemporaryStore store;
         const QString path = store.file(u"new folder/älv & co/data.sqlite"_s);
-        prepareStore(path);
+        QCOMPARE(prepareStore(path).line, u"A new data file was made:\n"_s + path);
+        QCOMPARE(prepareStore(path).line, QString());
         Connection db(path);
         QCOMPARE(db.query(Sql("select * from kelvora_user where login = 'administrator'")).text(0, u"passwd"),
                  u"kelvora"_s);
@@ -141,12 +150,87 @@ private Q_SLOTS:
             QCOMPARE(db.query(Sql("select * from kelvora_user")).rowCount(), 1);
             QCOMPARE(db.query(Sql("select * from state")).rowCount(), 0);
         }
-        // The journal of a file that was taken away is not played back into the new one.
+        QCOMPARE(namesIn(store), (QStringList{u"cut.sqlite"_s, u"kelvora_db.sqlite"_s}));
+        // The journal of a file that was taken away is not played back into the new one, and is kept.
         store.execute("update kelvora_user set uname = 'Old'");
         interruptASave(store, path);
         QVERIFY(QFile::remove(path));
         prepareStore(path);
         QCOMPARE(Connection(path).query(Sql("select uname from kelvora_user")).text(0, u"uname"), u"Administrator"_s);
+        QVERIFY(namesIn(store).contains(u"cut.sqlite-journal-"_s + today()));
+    }
+
+    /// A backup was copied over the file, beside which the interrupted save had left its journal: played into the
+    /// backup, it would mix the two.
+    void aBackupBesideAJournal() {
+        test::TemporaryStore store;
+        const QString path = store.file(u"cut.sqlite"_s);
+        const QByteArray backup = bytes(store.path());
+        store.execute("update kelvora_user set uname = 'Monday'");
+        store.execute("update kelvora_user set uname = 'Tuesday'");
+        interruptASave(store, path);
+        write(path, backup);
+        const QByteArray journal = bytes(path + u"-journal"_s);
+        for (int start = 0; start < 2; ++start) {
+            const QString message = refusal(path);
+            const QString copy = path + u"-copy-"_s + today();
+            QVERIFY2(message.contains(u"the journal beside it belongs to another data file"), qPrintable(message));
+            QVERIFY(message.endsWith(copy));
+            QCOMPARE(bytes(path) + bytes(path + u"-journal"_s), backup + journal);
+            QCOMPARE(bytes(copy) + bytes(copy + u"-journal"_s), backup + journal);
+        }
+    }
+
+    /// Another tool had switched the file to a log beside it: the data are one file again.
+    void aFileWithALog() {
+        test::TemporaryStore store;
+        const QString path = store.file(u"logged.sqlite"_s);
+        const QByteArray old = bytes(store.path());
+        store.db().query(Sql("pragma journal_mode=wal"));
+        store.execute("insert into state values (1, 'Alpha')");
+        write(path, bytes(store.path()));
+        write(path + u"-wal"_s, bytes(store.path() + u"-wal"_s));
+        const auto states = [&] {
+            prepareStore(path);
+            return Connection(path).query(Sql("select * from state")).rowCount();
+        };
+        QCOMPARE(states(), 1);
+        QVERIFY(!QFile::exists(path + u"-wal"_s));
+        QCOMPARE(Connection(path).query(Sql("pragma journal_mode")).text(0, u"journal_mode"), u"delete"_s);
+        // A log that was left beside another file is not taken in, and is kept: twice on the same day, too.
+        for (const QString& kept : {u"-wal-"_s + today(), u"-wal-"_s + today() + u"-2"_s}) {
+            write(path, old);
+            write(path + u"-wal"_s, bytes(store.path() + u"-wal"_s));
+            QCOMPARE(states(), 0);
+            QCOMPARE(bytes(path + kept), bytes(store.path() + u"-wal"_s));
+        }
+        QVERIFY(!QFile::exists(path + u"-wal"_s));
+        QVERIFY(refusal(store.path()).contains(u"another program is using the data file"));
+    }
+
+    /// By whatever name or link: an export would take the place of the data, of a journal, or of a copy.
+    void whatBelongsToTheDataFile() {
+        const test::TemporaryStore store;
+        const QString folder = store.file(u"folder"_s);
+        const QString copy = store.file(u"copy.csv"_s);
+        QVERIFY(QDir().mkdir(folder) && QFile::copy(store.path(), copy));
+        write(store.path() + u".lock"_s, "held");
+        const auto link = [&](const QString& target, const QString& name) {
+            const QString path = folder + name;
+            return QFile::link(target, path) ? path : QString();
+        };
+        const QString hardLink = folder + u"/hard.csv"_s;
+        std::filesystem::create_hard_link(store.path().toStdString(), hardLink.toStdString());
+        for (const QString& path :
+             {store.path(), store.path() + u"-journal"_s, store.file(u"./folder/../kelvora_db.sqlite-WAL"_s),
+              store.path() + u".lock"_s, store.path() + u".new"_s, copy, hardLink, link(store.path(), u"/soft.csv"_s),
+              link(store.path() + u"-journal"_s, u"/dangling.csv"_s),
+              link(store.file({}), u"/up"_s) + u"/kelvora_db.sqlite"_s}) {
+            QVERIFY2(belongsToDataFile(path, store.path()), qPrintable(path));
+            QVERIFY2(belongsToDataFile(path, folder + u"/soft.csv"_s), qPrintable(path));
+        }
+        QVERIFY(!belongsToDataFile(folder + u"/kelvora_db.sqlite"_s, store.path()));
+        QVERIFY(!belongsToDataFile(store.file(u"catch.csv"_s), store.path()));
     }
 };
 

@@ -182,6 +182,11 @@ private Q_SLOTS:
         QVERIFY(QFile::remove(*dialogs.path));
         QCOMPARE(write(), QString());
         QCOMPARE(written(), whole);
+        // Nothing that is exported takes the place of the data themselves.
+        dialogs.path = store.path();
+        const QByteArray data = written();
+        QVERIFY(write().contains(u"this is a data file"));
+        QCOMPARE(written(), data);
     }
 };
 

@@ -11,6 +11,9 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <future>
+#include <stdexcept>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvora::test_second_start {
@@ -33,9 +36,11 @@ class TestSecondStart : public QObject {
     /// The program, started by a user whose data folder is a folder of the test's.
     struct Started {
         Started(const test::TemporaryStore& store, const QString& folder)
-            : dataFile(store.file(folder + u"/Kelvora/kelvora_db.sqlite"_s)) {
+            : dataFile(store.file(folder + u"/.local/share/Kelvora/kelvora_db.sqlite"_s)) {
             QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-            environment.insert(u"XDG_DATA_HOME"_s, store.file(folder));
+            environment.insert(u"HOME"_s, store.file(folder));
+            // Ignored, as it is not absolute.
+            environment.insert(u"XDG_DATA_HOME"_s, u"here"_s);
             environment.insert(u"TMPDIR"_s, store.file({}));
             environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
             process.setProcessEnvironment(environment);
@@ -79,14 +84,25 @@ private Q_SLOTS:
         QCOMPARE(next.process.state(), QProcess::Running);
     }
 
-    void aLockThatNobodyAnswersFor() {
+    /// The lock decides, not who can be called: a program that hangs, or of another session, has the file open.
+    void aFirstThatDoesNotAnswer() {
         const test::TemporaryStore store;
-        QLockFile left(store.path() + u".lock"_s);
-        left.setStaleLockTime(0);
-        QVERIFY(left.tryLock());
-        SingleInstance next(store.path());
-        QVERIFY(next.claim());
-        QVERIFY(!SingleInstance(store.path()).claim());
+        const QString link = store.file(u"link.sqlite"_s);
+        QVERIFY(QFile::link(store.path(), link));
+        {
+            SingleInstance first(store.path());
+            QVERIFY(first.claim());
+            // Nobody sees to the calls in this thread.
+            QVERIFY_EXCEPTION_THROWN(SingleInstance(link).claim(), std::runtime_error);
+            QLockFile held(store.file(u"other.sqlite.lock"_s));
+            QVERIFY(held.tryLock());
+            QVERIFY_EXCEPTION_THROWN(SingleInstance(store.file(u"other.sqlite"_s)).claim(), std::runtime_error);
+        }
+        // Left on another computer, and held by nobody.
+        QFile left(store.path() + u".lock"_s);
+        QVERIFY(left.open(QIODevice::WriteOnly) && left.write("1\nkelvora\nanother-computer\n\n\n") > 0);
+        left.close();
+        QVERIFY(SingleInstance(link).claim());
     }
 
     void theWindowComesToTheFront() {
@@ -100,8 +116,9 @@ private Q_SLOTS:
 
         const auto startAgain = [&](const QString& path) {
             const int before = static_cast<int>(again.count());
-            QVERIFY(!SingleInstance(path).claim());
+            auto second = std::async(std::launch::async, [&path] { return SingleInstance(path).claim(); });
             QVERIFY(QTest::qWaitFor([&] { return again.count() == before + 1; }));
+            QVERIFY(!second.get());
         };
         auto* login = shownWindow<LoginDialog>();
         QVERIFY(login != nullptr);

@@ -21,13 +21,13 @@ private Q_SLOTS:
         const QString path = folder.filePath(u"a.csv"_s);
         CsvText longer;
         longer.addLine(QString(5'000, u'o'));
-        saveCsv(path, longer);
+        saveCsv(path, longer, folder.filePath(u"none"_s));
         CsvText csv;
         csv.addLine(u"Ålesund ปลา"_s);
         csv.addLine();
         csv.addValues({u"Kay, north \"K\""_s, QString(), u"7"_s});
         csv.addValues({QString(), QString()});
-        saveCsv(path, csv);
+        saveCsv(path, csv, folder.filePath(u"none"_s));
         QCOMPARE(test::contents(path), QByteArray("Ålesund ปลา\r\n\r\nKay, north \"K\",,7,\r\n,,\r\n"));
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{u"a.csv"_s});
     }

@@ -78,7 +78,7 @@ private Q_SLOTS:
 
     void copiedAndSaved() {
         TemporaryStore store;
-        ReportChart chart(store.dialogs);
+        ReportChart chart(store.context());
         chart.resize(500, 300);
         QVERIFY(!chart.actions().at(0)->isEnabled() && !chart.actions().at(1)->isEnabled());
         ReportPicture picture =
