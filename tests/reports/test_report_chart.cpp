@@ -49,7 +49,7 @@ private Q_SLOTS:
     /// A month, a stage and a sex keep their colours whichever others are drawn beside them.
     void colours() {
         TemporaryStore store;
-        ReportChart chart(store.dialogs);
+        ReportChart chart(store.context());
         const auto coloursOf = [&](const ReportPicture& picture) {
             chart.draw(picture);
             QList<QColor> colours;
