@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QString>
+
+#include <exception>
 #include <functional>
 
 namespace kelvora {
@@ -14,5 +17,9 @@ bool runGuarded(Dialogs& dialogs, const std::function<void()>& handler);
 inline auto guarded(Dialogs& dialogs, std::function<void()> handler) {
     return [&dialogs, handler = std::move(handler)] { runGuarded(dialogs, handler); };
 }
+
+/// Why something could not be done that failed by a want of memory or a mistake of the program; empty for a failure
+/// that brings words of its own.
+QString internalReason(const std::exception& failure);
 
 }  // namespace kelvora

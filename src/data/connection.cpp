@@ -8,6 +8,7 @@
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
+#include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
@@ -67,12 +68,13 @@ Connection::Connection(const QString& path, Patience patience) {
         m_database =
             std::make_unique<SQLite::Database>(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
                                                patience == Patience::Long ? kLongWait : kShortWait);
+        sqlite3_extended_result_codes(m_database->getHandle(), 1);
         // EXTRA: a commit survives a power cut, the deletion of its journal included. 8 MB of pages: every open screen
         // has its own, and the system keeps the rest of the file at hand for all of them.
         m_database->exec("PRAGMA synchronous=EXTRA; PRAGMA cache_size=-8192");
         registerFunctions(*m_database);
     } catch (const SQLite::Exception& e) {
-        const QString reason = plainReason(e.getErrorCode(), QString::fromUtf8(e.what()));
+        const QString reason = reasonOf(e);
         throw DataError(u"The data file cannot be opened: %1.\n\n%2"_s.arg(reason, path), reason);
     }
 }
@@ -95,8 +97,13 @@ auto Connection::run(const Sql& sql, const Work& work) {
         });
         return work(statement);
     } catch (const SQLite::Exception& e) {
-        throw statementError(sql.text(), e.getErrorCode(), QString::fromUtf8(e.what()));
+        throw statementError(sql.text(), reasonOf(e));
     }
+}
+
+QString Connection::reasonOf(const SQLite::Exception& refusal) const {
+    const int systemError = m_database ? sqlite3_system_errno(m_database->getHandle()) : 0;
+    return plainReason(refusal.getErrorCode(), QString::fromUtf8(refusal.what()), systemError);
 }
 
 ResultSet Connection::query(const Sql& sql) {
@@ -105,7 +112,7 @@ ResultSet Connection::query(const Sql& sql) {
             SQLite::Statement statement(*m_database, translate(crosstab->statement));
             return pivoted(*crosstab, rowsOf(statement));
         } catch (const SQLite::Exception& e) {
-            throw statementError(crosstab->statement, e.getErrorCode(), QString::fromUtf8(e.what()));
+            throw statementError(sql.text(), reasonOf(e));
         }
     }
     return run(sql, rowsOf);

@@ -12,6 +12,7 @@
 
 namespace SQLite {
 class Database;
+class Exception;
 class Statement;
 }  // namespace SQLite
 
@@ -44,6 +45,7 @@ private:
     template <typename Work>
     auto run(const Sql& sql, const Work& work);
     SQLite::Statement& prepared(const std::string& form, const Sql& sql);
+    [[nodiscard]] QString reasonOf(const SQLite::Exception& refusal) const;
 
     std::unique_ptr<SQLite::Database> m_database;
     std::unordered_map<std::string, std::unique_ptr<SQLite::Statement>> m_prepared;  ///< by their form

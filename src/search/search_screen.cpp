@@ -82,7 +82,7 @@ void SearchScreen::onSearch() {
 }
 
 void SearchScreen::runSearch() {
-    const ResultSet found = m_search ? m_connection.query(numbersOnly(*m_search)) : ResultSet();
+    const ResultSet found = m_search ? keyed(m_connection.query(numbersOnly(*m_search)), u"optid") : ResultSet();
     m_found.clear();
     for (int row = 0; row < found.rowCount(); ++row) {
         m_found.push_back(found.integer(row, u"optid").value());

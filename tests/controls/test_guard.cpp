@@ -39,7 +39,10 @@ private Q_SLOTS:
         store.dialogs.expectMessage(u"Älv: zu voll"_s);
         screen.press();
         fail = [] { throw std::out_of_range("no column x"); };
-        store.dialogs.expectMessage(u"no column x"_s);
+        store.dialogs.expectMessage(u"This could not be done: the program made a mistake."_s);
+        screen.press();
+        fail = [] { throw std::bad_alloc(); };
+        store.dialogs.expectMessage(u"This could not be done: there is not enough memory."_s);
         screen.press();
         QVERIFY(store.dialogs.done());
         QCOMPARE(ended, 0);

@@ -25,7 +25,8 @@ private:
     static constexpr uid_t nobody = 65534;
 
     void permit(QFile::Permissions writing) const {
-        const auto reading = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
+        const auto reading = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup |
+                             QFile::ReadOther | QFile::ExeOther;
         if (!QFile::setPermissions(m_folder, reading | writing)) {
             qFatal("the folder's permissions cannot be set");
         }
