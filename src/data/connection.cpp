@@ -2,13 +2,18 @@
 
 #include "data/crosstab.h"
 #include "data/dialect.h"
+#include "data/transaction.h"
 
 #include <QRegularExpression>
 #include <QScopeGuard>
+#include <QtEndian>
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
 #include <sqlite3.h>
+
+#include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -58,6 +63,12 @@ ResultSet rowsOf(SQLite::Statement& query) {
 /// statement without values is seldom repeated.
 bool canComeAgain(const std::string& form, const Sql& sql) {
     return !sql.values().empty() && !QByteArray::fromStdString(form).toLower().contains("year");
+}
+
+/// Not so what begins or ends a transaction, or changes the file as a whole.
+bool changesRows(const Sql& sql) {
+    const QByteArray text = QByteArray::fromStdString(sql.text()).trimmed().left(6).toLower();
+    return text == "insert" || text == "update" || text == "delete";
 }
 
 }  // namespace
@@ -118,11 +129,41 @@ ResultSet Connection::query(const Sql& sql) {
     return run(sql, rowsOf);
 }
 
+QString Connection::path() const {
+    return QString::fromStdString(m_database->getFilename());
+}
+
+bool Connection::inTransaction() const {
+    return sqlite3_get_autocommit(m_database->getHandle()) == 0;
+}
+
+std::optional<std::uint32_t> Connection::changeCounter() const {
+    constexpr int place = 24;  // in the header of the file
+    sqlite3* engine = m_database->getHandle();
+    int moved = 0;
+    sqlite3_file* file = nullptr;
+    std::array<unsigned char, 4> bytes{};
+    // Through the engine's own handle: whoever opens the file beside the engine and closes it again takes its locks
+    // away.
+    if (sqlite3_file_control(engine, nullptr, SQLITE_FCNTL_HAS_MOVED, &moved) != SQLITE_OK || moved != 0 ||
+        sqlite3_file_control(engine, nullptr, SQLITE_FCNTL_FILE_POINTER, &file) != SQLITE_OK ||
+        file->pMethods->xRead(file, bytes.data(), static_cast<int>(bytes.size()), place) != SQLITE_OK) {
+        return std::nullopt;
+    }
+    return qFromBigEndian<quint32>(bytes.data());
+}
+
 std::unique_ptr<ResultModel> Connection::model(const Sql& sql) {
     return std::make_unique<ResultModel>(query(sql));
 }
 
 int Connection::execute(const Sql& sql) {
+    if (changesRows(sql) && !inTransaction()) {
+        Transaction transaction(*this);
+        const int rows = execute(sql);
+        transaction.commit();
+        return rows;
+    }
     return run(sql, [](SQLite::Statement& statement) { return statement.exec(); });
 }
 

@@ -6,7 +6,9 @@
 
 #include <QString>
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 
@@ -39,6 +41,13 @@ public:
     /// Executes one statement that returns no rows; returns the number of rows it changed. Outside of a Transaction
     /// it is a transaction of its own, committed at once.
     int execute(const Sql& sql);
+
+    /// Where the file is.
+    [[nodiscard]] QString path() const;
+    [[nodiscard]] bool inTransaction() const;
+    /// The number in the file that every transaction counts up that changes it; nothing if it cannot be read, or the
+    /// file is not in its place any more.
+    [[nodiscard]] std::optional<std::uint32_t> changeCounter() const;
 
 private:
     /// Calls a piece of work with the statement ready to run, and makes a failure a DataError.
