@@ -2,13 +2,42 @@
 
 #include "controls/dialogs.h"
 
+#include <QScopeGuard>
+#include <QThread>
+
 #include <new>
 #include <stdexcept>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace kelvora {
+namespace {
+
+constexpr int kNone = -1;
+
+/// The nesting of event loops in which the handler that runs began. There is one keyboard, and so one such handler:
+/// what it calls belongs to it, what comes out of a loop nested in it does not.
+int& runningIn() {
+    static int level = kNone;
+    return level;
+}
+
+int eventLoops() {
+    return QThread::currentThread()->loopLevel();
+}
+
+}  // namespace
+
+bool handlerWaits() {
+    return runningIn() != kNone && eventLoops() > runningIn();
+}
+
 bool runGuarded(Dialogs& dialogs, const std::function<void()>& handler) {
+    if (handlerWaits()) {
+        return false;
+    }
+    const auto atEnd = qScopeGuard([before = std::exchange(runningIn(), eventLoops())] { runningIn() = before; });
     try {
         handler();
         return true;

@@ -1,11 +1,14 @@
 #include "controls/guard.h"
+#include "controls/progress.h"
 #include "controls/screen.h"
 #include "data/errors.h"
 #include "support/temporary_store.h"
 #include "support/test_main.h"
 
+#include <QApplication>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -49,6 +52,27 @@ private Q_SLOTS:
         fail = [] {};
         screen.press();
         QCOMPARE(ended, 1);
+    }
+
+    /// A screen reader presses buttons also behind a box.
+    void pressedOnceMoreMeanwhile() {
+        test::TemporaryStore store;
+        int begun = 0;
+        std::unique_ptr<OneButton> screen;
+        screen = std::make_unique<OneButton>(store.context(), [&] {
+            ++begun;
+            // What a handler calls itself belongs to it.
+            QVERIFY(runGuarded(store.dialogs, [] {}));
+            Progress progress(u"Storing…"_s, 2);
+            QTest::qSleep(600);
+            QTimer::singleShot(0, screen.get(), [&] { screen->press(); });
+            progress.step();
+            QVERIFY(QApplication::activeModalWidget() != nullptr);
+        });
+        screen->press();
+        QCOMPARE(begun, 1);
+        screen->press();
+        QCOMPARE(begun, 2);
     }
 };
 
