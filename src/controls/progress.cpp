@@ -4,7 +4,10 @@
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QProgressDialog>
+#include <QPushButton>
 #include <QTimer>
+
+using namespace Qt::StringLiterals;
 
 namespace kelvora {
 namespace {
@@ -41,7 +44,49 @@ protected:
     void closeEvent(QCloseEvent* event) override { event->ignore(); }
 };
 
+/// Another program holds the data file: said after half a second, with a way out. Until then keys and clicks are kept
+/// for later; from then on nothing but the box takes them.
+class WaitingBox {
+public:
+    bool waitOn() {
+        constexpr int moment = 40;  // milliseconds
+        if (!m_box && m_since.hasExpired(kPatience)) {
+            show();
+        }
+        runEvents(moment, m_box ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents, [] {});
+        return !m_box || !m_box->wasCanceled();
+    }
+
+private:
+    void show() {
+        m_box = std::make_unique<QProgressDialog>(
+            u"Another program is using the data file.\n"
+            "As soon as it is free, the program goes on by itself."_s,
+            QString(), 0, 0, QApplication::activeWindow());
+        m_box->setWindowModality(Qt::ApplicationModal);
+        m_box->setMinimumWidth(360);
+        // Enter and Space, typed ahead for what stands below, must not give up.
+        auto* giveUp = new QPushButton(u"&Give up"_s);
+        giveUp->setAutoDefault(false);
+        giveUp->setFocusPolicy(Qt::TabFocus);
+        m_box->setCancelButton(giveUp);
+        m_box->show();
+        m_box->setFocus();
+    }
+
+    QElapsedTimer m_since = [] {
+        QElapsedTimer now;
+        now.start();
+        return now;
+    }();
+    std::unique_ptr<QProgressDialog> m_box;
+};
+
 }  // namespace
+
+std::function<bool()> waitingBox() {
+    return [box = std::make_shared<WaitingBox>()] { return box->waitOn(); };
+}
 
 Progress::Progress(QString what, int steps) : m_what(std::move(what)), m_steps(steps) {
     m_shown.start();

@@ -4,6 +4,7 @@
 #include "data/dialect.h"
 #include "data/transaction.h"
 
+#include <QElapsedTimer>
 #include <QRegularExpression>
 #include <QScopeGuard>
 #include <QtEndian>
@@ -73,16 +74,38 @@ bool changesRows(const Sql& sql) {
 
 }  // namespace
 
-Connection::Connection(const QString& path, Patience patience) {
+template <typename Work>
+auto Connection::patiently(const Work& work) {
+    std::function<bool()> waitOn;
+    QElapsedTimer waited;
+    while (true) {
+        try {
+            return work();
+        } catch (const SQLite::Exception& e) {
+            if ((e.getErrorCode() & 0xff) != SQLITE_BUSY || !m_waiting) {
+                throw;
+            }
+            if (!waitOn) {
+                waitOn = m_waiting();
+                waited.start();
+            }
+            if (waited.hasExpired(kLongWait) || !waitOn()) {
+                throw;
+            }
+        }
+    }
+}
+
+Connection::Connection(const QString& path, Waiting waiting) : m_waiting(std::move(waiting)) {
     try {
         // A connection belongs to its screen and is used by no other thread: the engine need not guard every value.
-        m_database =
-            std::make_unique<SQLite::Database>(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
-                                               patience == Patience::Long ? kLongWait : kShortWait);
+        // A wait that keeps the window alive is not the engine's, which would sleep.
+        m_database = std::make_unique<SQLite::Database>(
+            path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, m_waiting ? 0 : kShortWait);
         sqlite3_extended_result_codes(m_database->getHandle(), 1);
         // EXTRA: a commit survives a power cut, the deletion of its journal included. 8 MB of pages: every open screen
         // has its own, and the system keeps the rest of the file at hand for all of them.
-        m_database->exec("PRAGMA synchronous=EXTRA; PRAGMA cache_size=-8192");
+        patiently([this] { m_database->exec("PRAGMA synchronous=EXTRA; PRAGMA cache_size=-8192"); });
         registerFunctions(*m_database);
     } catch (const SQLite::Exception& e) {
         const QString reason = reasonOf(e);
@@ -96,17 +119,19 @@ template <typename Work>
 auto Connection::run(const Sql& sql, const Work& work) {
     try {
         const std::string form = sql.form();
-        if (!canComeAgain(form, sql)) {
-            SQLite::Statement statement(*m_database, translate(sql.text()));
+        return patiently([&] {
+            if (!canComeAgain(form, sql)) {
+                SQLite::Statement statement(*m_database, translate(sql.text()));
+                return work(statement);
+            }
+            SQLite::Statement& statement = prepared(form, sql);
+            // A statement that is not reset would keep the file locked for other windows.
+            const auto atEnd = qScopeGuard([&statement] {
+                (void)statement.tryReset();
+                statement.clearBindings();
+            });
             return work(statement);
-        }
-        SQLite::Statement& statement = prepared(form, sql);
-        // A statement that is not reset would keep the file locked for other windows.
-        const auto atEnd = qScopeGuard([&statement] {
-            (void)statement.tryReset();
-            statement.clearBindings();
         });
-        return work(statement);
     } catch (const SQLite::Exception& e) {
         throw statementError(sql.text(), reasonOf(e));
     }
@@ -120,8 +145,10 @@ QString Connection::reasonOf(const SQLite::Exception& refusal) const {
 ResultSet Connection::query(const Sql& sql) {
     if (const auto crosstab = parseCrosstab(sql.text())) {
         try {
-            SQLite::Statement statement(*m_database, translate(crosstab->statement));
-            return pivoted(*crosstab, rowsOf(statement));
+            return patiently([&] {
+                SQLite::Statement statement(*m_database, translate(crosstab->statement));
+                return pivoted(*crosstab, rowsOf(statement));
+            });
         } catch (const SQLite::Exception& e) {
             throw statementError(sql.text(), reasonOf(e));
         }

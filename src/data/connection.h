@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,11 +24,14 @@ namespace kelvora {
 /// A screen's connection to the data file, open as long as the object lives. Every failure throws DataError.
 class Connection {
 public:
-    /// How long a statement waits for a file that another program holds: a second, or 90 seconds on the screens whose
-    /// entries must not be lost to a passing lock.
-    enum class Patience { Short, Long };
+    /// Begins a wait for a file that another program holds. What it gives is called again and again as long as the wait
+    /// goes on, takes a moment each time, and returns whether to wait any longer.
+    using Waiting = std::function<std::function<bool()>()>;
 
-    explicit Connection(const QString& path, Patience patience = Patience::Short);
+    /// A statement that meets a file held by another program fails after a second. With a way of waiting, on the
+    /// screens whose entries must not be lost to a passing lock, it is tried again until the wait is given up, at most
+    /// 90 seconds.
+    explicit Connection(const QString& path, Waiting waiting = {});
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
@@ -53,9 +57,13 @@ private:
     /// Calls a piece of work with the statement ready to run, and makes a failure a DataError.
     template <typename Work>
     auto run(const Sql& sql, const Work& work);
+    /// Does a piece of work; as long as it meets a file held by another program and the wait goes on, once more.
+    template <typename Work>
+    auto patiently(const Work& work);
     SQLite::Statement& prepared(const std::string& form, const Sql& sql);
     [[nodiscard]] QString reasonOf(const SQLite::Exception& refusal) const;
 
+    Waiting m_waiting;
     std::unique_ptr<SQLite::Database> m_database;
     std::unordered_map<std::string, std::unique_ptr<SQLite::Statement>> m_prepared;  ///< by their form
 };

@@ -18,9 +18,9 @@ using namespace Qt::StringLiterals;
 
 namespace kelvora {
 
-SearchScreen::SearchScreen(const Context& context, Connection::Patience patience)
+SearchScreen::SearchScreen(const Context& context)
     : Screen(u"Search"_s, context),
-      m_connection(context.databasePath, patience),
+      m_connection(context.databasePath, context.waiting()),
       m_fields(new SearchFields(m_connection, dialogs())),
       m_searchButton(new QPushButton(u"SEARCH"_s)),
       m_delete(new QPushButton(u"&DELETE"_s)),

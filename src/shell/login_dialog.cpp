@@ -17,7 +17,7 @@ namespace kelvora {
 
 LoginDialog::LoginDialog(const Context& context)
     : m_context(context),
-      m_connection(context.databasePath),
+      m_connection(context.databasePath, context.waiting()),
       m_login(new QLineEdit(u"Administrator"_s, this)),
       m_password(new QLineEdit(this)) {
     setWindowTitle(u"LOGIN"_s);

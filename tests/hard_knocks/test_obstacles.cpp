@@ -84,13 +84,16 @@ class TestObstacles : public QObject {
         QStringList stored, said;
     };
 
-    static void meet(const test::Action& action, const Obstacle& obstacle, const Unhindered& unhindered) {
+    int m_waits = 0;  ///< of the last action
+
+    void meet(const test::Action& action, const Obstacle& obstacle, const Unhindered& unhindered) {
         Desk desk(action);
         const QStringList stored = desk.stored();
         const QStringList shown = shownOn(*desk.screen);
         {
             const auto put = obstacle.put(desk);
             desk.act();
+            m_waits = desk.dialogs.waits;
         }
         if (!obstacle.met()) {
             return;
@@ -129,7 +132,7 @@ private Q_SLOTS:
             test::waitedForLocks();
             meet(action, lock(begin), unhindered);
             constexpr long long second = 1'000'000;
-            QVERIFY(test::waitedForLocks() >= second);
+            QVERIFY(m_waits > 0 || test::waitedForLocks() >= second);
         }
         meet(action, readOnlyFolder(), unhindered);
 
