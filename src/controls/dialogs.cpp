@@ -1,5 +1,7 @@
 #include "controls/dialogs.h"
 
+#include "controls/progress.h"
+
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QFileDialog>
@@ -98,6 +100,10 @@ std::optional<QString> ModalDialogs::savePictureFile() {
         dialog.setDefaultSuffix(filter == filters[1] ? u"svg"_s : u"png"_s);
     });
     return dialog.exec() == QDialog::Accepted ? unlessCancelled(dialog.selectedFiles().value(0)) : std::nullopt;
+}
+
+std::function<bool()> ModalDialogs::waiting() {
+    return waitingBox();
 }
 
 }  // namespace kelvora

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 namespace kelvora {
@@ -36,6 +37,11 @@ public:
     /// The path to write a picture to, ending in ".png" or ".svg" unless another ending was typed; nothing if it was
     /// cancelled. Asks before overwriting.
     virtual std::optional<QString> savePictureFile() = 0;
+    /// Begins a wait for the data file, which another program holds: each call of what it gives lets a moment go by and
+    /// returns whether to wait any longer. Where nobody sits in front of the screen, it is not waited at all.
+    virtual std::function<bool()> waiting() {
+        return [] { return false; };
+    }
 
     /// A text with an OK button under the application's title.
     void message(const QString& text) { message(kApplicationTitle.toString(), text); }
@@ -57,6 +63,7 @@ public:
     std::optional<QString> openFile(FileKind kind) override;
     std::optional<QString> saveCsvFile() override;
     std::optional<QString> savePictureFile() override;
+    std::function<bool()> waiting() override;
 };
 
 }  // namespace kelvora

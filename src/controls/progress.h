@@ -3,11 +3,16 @@
 #include <QElapsedTimer>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class QProgressDialog;
 
 namespace kelvora {
+
+/// A wait for the data file, which another program holds: each call lets a moment go by and returns whether to wait any
+/// longer. After half a second a box says so and lets the sampler give up; it goes with the function.
+std::function<bool()> waitingBox();
 
 /// How far a piece of work of many steps is, as long as the object lives: a box that appears when the work takes longer
 /// than half a second, and keeps the window alive. The window takes no other input meanwhile.

@@ -1,6 +1,7 @@
 #include "controls/record_navigator.h"
 
 #include "controls/fields.h"
+#include "controls/guard.h"
 
 #include <QHBoxLayout>
 #include <QPainter>
@@ -81,7 +82,7 @@ void RecordNavigator::leave() {
 
 void RecordNavigator::moveTo(int row) {
     const int target = std::clamp(row, 0, std::max(m_rows - 1, 0));
-    if (m_rows == 0 || target == m_row) {
+    if (m_rows == 0 || target == m_row || handlerWaits()) {
         return;
     }
     m_row = target;

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <QString>
+#include "controls/dialogs.h"
 
 namespace kelvora {
-
-class Dialogs;
 
 /// What holds from a successful login to the end of the program.
 struct Session {
@@ -19,6 +17,11 @@ struct Context {
     QString databasePath;
     Session& session;
     Dialogs& dialogs;
+
+    /// For the connection of a screen whose entries must not be lost to a passing lock: how it waits.
+    [[nodiscard]] auto waiting() const {
+        return [&asked = dialogs] { return asked.waiting(); };
+    }
 };
 
 }  // namespace kelvora

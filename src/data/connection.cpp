@@ -2,12 +2,19 @@
 
 #include "data/crosstab.h"
 #include "data/dialect.h"
+#include "data/transaction.h"
 
+#include <QElapsedTimer>
 #include <QRegularExpression>
 #include <QScopeGuard>
+#include <QtEndian>
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
+#include <sqlite3.h>
+
+#include <array>
+#include <utility>
 
 #include <utility>
 
@@ -61,21 +68,50 @@ bool canComeAgain(const std::string& form, const Sql& sql) {
     return !sql.values().empty() && !QByteArray::fromStdString(form).toLower().contains("year");
 }
 
+/// Not so what begins or ends a transaction, or changes the file as a whole.
+bool changesRows(const Sql& sql) {
+    const QByteArray text = QByteArray::fromStdString(sql.text()).trimmed().left(6).toLower();
+    return text == "insert" || text == "update" || text == "delete";
+}
+
 }  // namespace
 
-Connection::Connection(const QString& path, Patience patience) {
+template <typename Work>
+auto Connection::patiently(const Work& work) {
+    std::function<bool()> waitOn;
+    QElapsedTimer waited;
+    while (true) {
+        try {
+            return work();
+        } catch (const SQLite::Exception& e) {
+            if ((e.getErrorCode() & 0xff) != SQLITE_BUSY || !m_waiting) {
+                throw;
+            }
+            if (!waitOn) {
+                waitOn = m_waiting();
+                waited.start();
+            }
+            if (waited.hasExpired(kLongWait) || !waitOn()) {
+                throw;
+            }
+        }
+    }
+}
+
+Connection::Connection(const QString& path, Waiting waiting) : m_waiting(std::move(waiting)) {
     try {
         // A connection belongs to its screen and is used by no other thread: the engine need not guard every value.
-        m_database =
-            std::make_unique<SQLite::Database>(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
-                                               patience == Patience::Long ? kLongWait : kShortWait);
+        // A wait that keeps the window alive is not the engine's, which would sleep.
+        m_database = std::make_unique<SQLite::Database>(
+            path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, m_waiting ? 0 : kShortWait);
+        sqlite3_extended_result_codes(m_database->getHandle(), 1);
         // EXTRA: a commit survives a power cut, the deletion of its journal included. 8 MB of pages: every open screen
         // has its own, and the system keeps the rest of the file at hand for all of them.
-        m_database->exec("PRAGMA synchronous=EXTRA; PRAGMA cache_size=-8192");
+        patiently([this] { m_database->exec("PRAGMA synchronous=EXTRA; PRAGMA cache_size=-8192"); });
         registerFunctions(*m_database);
         m_seen = version();
     } catch (const SQLite::Exception& e) {
-        const QString reason = plainReason(e.getErrorCode(), QString::fromUtf8(e.what()));
+        const QString reason = reasonOf(e);
         throw DataError(u"The data file cannot be opened: %1.\n\n%2"_s.arg(reason, path), reason);
     }
 }
@@ -86,32 +122,65 @@ template <typename Work>
 auto Connection::run(const Sql& sql, const Work& work) {
     try {
         const std::string form = sql.form();
-        if (!canComeAgain(form, sql)) {
-            SQLite::Statement statement(*m_database, translate(sql.text()));
+        return patiently([&] {
+            if (!canComeAgain(form, sql)) {
+                SQLite::Statement statement(*m_database, translate(sql.text()));
+                return work(statement);
+            }
+            SQLite::Statement& statement = prepared(form, sql);
+            // A statement that is not reset would keep the file locked for other windows.
+            const auto atEnd = qScopeGuard([&statement] {
+                (void)statement.tryReset();
+                statement.clearBindings();
+            });
             return work(statement);
-        }
-        SQLite::Statement& statement = prepared(form, sql);
-        // A statement that is not reset would keep the file locked for other windows.
-        const auto atEnd = qScopeGuard([&statement] {
-            (void)statement.tryReset();
-            statement.clearBindings();
         });
-        return work(statement);
     } catch (const SQLite::Exception& e) {
-        throw statementError(sql.text(), e.getErrorCode(), QString::fromUtf8(e.what()));
+        throw statementError(sql.text(), reasonOf(e));
     }
+}
+
+QString Connection::reasonOf(const SQLite::Exception& refusal) const {
+    const int systemError = m_database ? sqlite3_system_errno(m_database->getHandle()) : 0;
+    return plainReason(refusal.getErrorCode(), QString::fromUtf8(refusal.what()), systemError);
 }
 
 ResultSet Connection::query(const Sql& sql) {
     if (const auto crosstab = parseCrosstab(sql.text())) {
         try {
-            SQLite::Statement statement(*m_database, translate(crosstab->statement));
-            return pivoted(*crosstab, rowsOf(statement));
+            return patiently([&] {
+                SQLite::Statement statement(*m_database, translate(crosstab->statement));
+                return pivoted(*crosstab, rowsOf(statement));
+            });
         } catch (const SQLite::Exception& e) {
-            throw statementError(crosstab->statement, e.getErrorCode(), QString::fromUtf8(e.what()));
+            throw statementError(sql.text(), reasonOf(e));
         }
     }
     return run(sql, rowsOf);
+}
+
+QString Connection::path() const {
+    return QString::fromStdString(m_database->getFilename());
+}
+
+bool Connection::inTransaction() const {
+    return sqlite3_get_autocommit(m_database->getHandle()) == 0;
+}
+
+std::optional<std::uint32_t> Connection::changeCounter() const {
+    constexpr int place = 24;  // in the header of the file
+    sqlite3* engine = m_database->getHandle();
+    int moved = 0;
+    sqlite3_file* file = nullptr;
+    std::array<unsigned char, 4> bytes{};
+    // Through the engine's own handle: whoever opens the file beside the engine and closes it again takes its locks
+    // away.
+    if (sqlite3_file_control(engine, nullptr, SQLITE_FCNTL_HAS_MOVED, &moved) != SQLITE_OK || moved != 0 ||
+        sqlite3_file_control(engine, nullptr, SQLITE_FCNTL_FILE_POINTER, &file) != SQLITE_OK ||
+        file->pMethods->xRead(file, bytes.data(), static_cast<int>(bytes.size()), place) != SQLITE_OK) {
+        return std::nullopt;
+    }
+    return qFromBigEndian<quint32>(bytes.data());
 }
 
 std::unique_ptr<ResultModel> Connection::model(const Sql& sql) {
@@ -119,6 +188,12 @@ std::unique_ptr<ResultModel> Connection::model(const Sql& sql) {
 }
 
 int Connection::execute(const Sql& sql) {
+    if (changesRows(sql) && !inTransaction()) {
+        Transaction transaction(*this);
+        const int rows = execute(sql);
+        transaction.commit();
+        return rows;
+    }
     return run(sql, [](SQLite::Statement& statement) { return statement.exec(); });
 }
 

@@ -2,11 +2,42 @@
 
 #include <sqlite3.h>
 
+#include <cerrno>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvora {
+namespace {
 
-QString plainReason(int resultCode, const QString& reason) {
+/// Why a row does not fit into its table. The file that this program makes has keys alone; another program may have
+/// laid further rules into it.
+QString constraintReason(int resultCode) {
+    switch (resultCode) {
+        case SQLITE_CONSTRAINT_PRIMARYKEY:
+        case SQLITE_CONSTRAINT_UNIQUE:
+        case SQLITE_CONSTRAINT_ROWID:
+            return u"this key is already stored"_s;
+        case SQLITE_CONSTRAINT_NOTNULL:
+            return u"a value that the data file asks for is missing"_s;
+        case SQLITE_CONSTRAINT_FOREIGNKEY:
+            return u"other rows of the data file need this one, or it needs one that is missing"_s;
+        case SQLITE_CONSTRAINT_DATATYPE:
+            return u"a value is not of the kind that the data file takes"_s;
+        default:
+            return u"a rule that was laid into the data file does not allow it"_s;
+    }
+}
+
+QString diskReason(int resultCode, int systemError) {
+    if (resultCode == SQLITE_IOERR_NOMEM) {
+        return u"there is not enough memory"_s;
+    }
+    return systemError == EDQUOT ? u"your share of the disk is used up"_s : u"the disk reported an error"_s;
+}
+
+}  // namespace
+
+QString plainReason(int resultCode, const QString& reason, int systemError) {
     switch (resultCode & 0xff) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
@@ -14,13 +45,16 @@ QString plainReason(int resultCode, const QString& reason) {
         case SQLITE_READONLY:
         case SQLITE_PERM:
         case SQLITE_AUTH:
-            return u"the data file or its folder may not be written to"_s;
+            return resultCode == SQLITE_READONLY_DBMOVED
+                       ? u"the data file was moved, deleted or replaced while it was open. Please end the program and "
+                         "start it again"_s
+                       : u"the data file or its folder may not be written to"_s;
         case SQLITE_CANTOPEN:
             return u"the data file, or a file beside it, cannot be opened"_s;
         case SQLITE_FULL:
             return u"the disk is full"_s;
         case SQLITE_IOERR:
-            return u"the disk reported an error"_s;
+            return diskReason(resultCode, systemError);
         case SQLITE_CORRUPT:
         case SQLITE_NOTADB:
             return u"the data file is damaged"_s;
@@ -29,25 +63,23 @@ QString plainReason(int resultCode, const QString& reason) {
         case SQLITE_TOOBIG:
             return u"the text is too long"_s;
         case SQLITE_CONSTRAINT:
-            return u"this key is already stored"_s;
+            return constraintReason(resultCode);
+        case SQLITE_MISMATCH:
+            return u"a value is not of the kind that the data file takes"_s;
+        case SQLITE_ERROR:
+        case SQLITE_SCHEMA:
+            return u"the tables of the data file are not as they should be (%1)"_s.arg(reason);
         default:
             return reason;
     }
 }
 
-DataError statementError(const std::string& statement, int resultCode, const QString& reason) {
-    constexpr qsizetype shown = 160;
-    const QString text = QString::fromStdString(statement).simplified();
+DataError statementError(const std::string& statement, const QString& reason) {
+    const QString text = QString::fromStdString(statement).trimmed();
     const bool reads =
         text.startsWith(u"select", Qt::CaseInsensitive) || text.startsWith(u"transform", Qt::CaseInsensitive);
     const QString what = reads ? u"The data could not be read: %1."_s : u"Nothing was stored or deleted: %1."_s;
-    const QString plain = plainReason(resultCode, reason);
-    if (text.contains(u"passwd", Qt::CaseInsensitive)) {
-        // A password does not come into a box that others can read.
-        return DataError(what.arg(plain), plain);
-    }
-    return DataError(what.arg(plain) + u"\n\n("_s + (text.size() > shown ? text.first(shown) + u"…"_s : text) + u")"_s,
-                     plain);
+    return DataError(what.arg(reason), reason);
 }
 
 }  // namespace kelvora

@@ -8,7 +8,7 @@
 
 namespace kelvora {
 
-/// What the data file could not do, in words for the sampler (UTF-8 in what()): which statement failed and why.
+/// What the data file could not do, and why, in words for the sampler (UTF-8 in what()).
 class DataError : public std::runtime_error {
 public:
     /// The reason alone is for a message that names the obstacle in words of its own.
@@ -21,10 +21,11 @@ private:
     QString m_reason;
 };
 
-/// The error of a statement that the engine refused. resultCode is the engine's, reason its own words.
-DataError statementError(const std::string& statement, int resultCode, const QString& reason);
+/// The error of a statement that was refused for a reason. The statement itself is nothing for a sampler to read.
+DataError statementError(const std::string& statement, const QString& reason);
 
-/// Why the engine refused, in plain words; falls back to its own.
-QString plainReason(int resultCode, const QString& reason);
+/// Why the engine refused, in plain words; falls back to its own. resultCode is the engine's, extended if known;
+/// systemError the number of the error that the system gave it, 0 if none.
+QString plainReason(int resultCode, const QString& reason, int systemError = 0);
 
 }  // namespace kelvora

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <stdexcept>
+#include <utility>
 
 namespace kelvora {
 
@@ -41,6 +42,18 @@ std::optional<double> ResultSet::number(int row, QStringView name) const {
 
 QDate ResultSet::date(int row, QStringView name) const {
     return fromIsoText(text(row, name));
+}
+
+ResultSet keyed(ResultSet result, QStringView key) {
+    int row = 0;
+    std::vector<std::vector<QVariant>> rows;
+    for (std::vector<QVariant>& values : result.rows) {
+        if (result.integer(row++, key)) {
+            rows.push_back(std::move(values));
+        }
+    }
+    result.rows = std::move(rows);
+    return result;
 }
 
 QString displayText(const QVariant& value) {

@@ -33,6 +33,10 @@ public:
     [[nodiscard]] QDate date(int row, QStringView name) const;
 };
 
+/// The rows that have a key in a column. Another program may have stored one that no key of ours looks like: it is
+/// passed over, and hides none of the others.
+ResultSet keyed(ResultSet result, QStringView key);
+
 /// A value of a result set as it is shown.
 QString displayText(const QVariant& value);
 

@@ -98,7 +98,7 @@ void FinderPanel::onSearch() {
         return;
     }
     const std::optional<Sql> search = m_fields->search();
-    m_found = search ? m_connection.query(numbersOnly(*search)) : ResultSet();
+    m_found = search ? keyed(m_connection.query(numbersOnly(*search)), u"optid") : ResultSet();
     m_navigator->setRowCount(m_found.rowCount());
     if (m_found.isEmpty()) {
         clear();

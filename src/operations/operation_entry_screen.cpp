@@ -42,9 +42,9 @@ std::optional<int> keyAmong(const std::vector<int>& found, const std::optional<i
 
 }  // namespace
 
-OperationEntryScreen::OperationEntryScreen(const Context& context, Connection::Patience patience)
+OperationEntryScreen::OperationEntryScreen(const Context& context)
     : Screen(u"Fishing Information"_s, context),
-      m_connection(context.databasePath, patience),
+      m_connection(context.databasePath, context.waiting()),
       m_form(new OperationForm(m_connection, dialogs(), context.session.userName)),
       m_save(new QPushButton(u"&SAVE"_s)) {
     auto* clearButton = new QPushButton(u"&CLEAR"_s);

@@ -20,7 +20,7 @@ class OperationEntryScreen : public Screen {
 
 public:
     /// Throws DataError if the data file cannot be opened or read.
-    explicit OperationEntryScreen(const Context& context, Connection::Patience patience = Connection::Patience::Long);
+    explicit OperationEntryScreen(const Context& context);
     ~OperationEntryScreen() override;
 
     /// Adds a state if the sampler confirms.

@@ -27,7 +27,11 @@ namespace {
 /// Why the fish could not be stored, in the words for a sampler.
 QString reasonOf(const std::exception& failure) {
     const auto* known = dynamic_cast<const DataError*>(&failure);
-    return known != nullptr && !known->reason().isEmpty() ? known->reason() : QString::fromUtf8(failure.what());
+    if (known != nullptr && !known->reason().isEmpty()) {
+        return known->reason();
+    }
+    const QString reason = internalReason(failure);
+    return reason.isEmpty() ? QString::fromUtf8(failure.what()) : reason;
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace kelvora {
 
 GonadMaturityScreen::GonadMaturityScreen(const Context& context)
     : Screen(u"Gonad Matuarity Detail"_s, context),
-      m_connection(context.databasePath, Connection::Patience::Long),
+      m_connection(context.databasePath, context.waiting()),
       m_finder(new FinderPanel(u"Fishing Information No."_s, m_connection, context)),
       m_entry(new GonadEntryPanel(*m_finder, m_connection, context)) {
     auto* tabs = new QTabWidget;

@@ -109,13 +109,13 @@ void LengthEntryPanel::connectFields() {
     connect(m_species, &QComboBox::editTextChanged, this, guarded(dialogs, [this] { onSpeciesChosen(); }));
     connect(m_interval, &QLineEdit::textChanged, this, &LengthEntryPanel::onIntervalChanged);
     connect(m_start, &QPushButton::clicked, this, guarded(dialogs, [this] { onStart(); }));
-    connect(m_frequency, &QLineEdit::returnPressed, this, &LengthEntryPanel::onFrequency);
-    connect(m_finish, &QPushButton::clicked, this, &LengthEntryPanel::onFinish);
+    connect(m_frequency, &QLineEdit::returnPressed, this, guarded(dialogs, [this] { onFrequency(); }));
+    connect(m_finish, &QPushButton::clicked, this, guarded(dialogs, [this] { onFinish(); }));
     connect(m_save, &QPushButton::clicked, this, guarded(dialogs, [this] { onSave(); }));
-    connect(m_clear, &QPushButton::clicked, this, [this] {
-        clear();
-        m_species->setFocus();
-    });
+    connect(m_clear, &QPushButton::clicked, this, guarded(dialogs, [this] {
+                clear();
+                m_species->setFocus();
+            }));
 }
 
 void LengthEntryPanel::reset() {

@@ -12,7 +12,7 @@ namespace kelvora {
 
 LengthFrequencyScreen::LengthFrequencyScreen(const Context& context)
     : Screen(u"Length Frequency"_s, context),
-      m_connection(context.databasePath),
+      m_connection(context.databasePath, context.waiting()),
       m_finder(new FinderPanel(u"Fishing Information No."_s, m_connection, context)),
       m_entry(new LengthEntryPanel(*m_finder, m_connection, context)) {
     auto* tabs = new QTabWidget;

@@ -76,7 +76,7 @@ PendingGroupPanel::PendingGroupPanel(const FinderPanel& finder, Connection& conn
     connect(add, &QPushButton::clicked, this, guarded(dialogs, [this] { onAdd(); }));
     connect(m_weight, &QLineEdit::returnPressed, add, &QPushButton::click);
     connect(m_save, &QPushButton::clicked, this, guarded(dialogs, [this] { onSave(); }));
-    connect(m_clear, &QPushButton::clicked, this, [this] { onClear(); });
+    connect(m_clear, &QPushButton::clicked, this, guarded(dialogs, [this] { onClear(); }));
     onClear();
     m_save->setEnabled(false);
     m_clear->setEnabled(false);

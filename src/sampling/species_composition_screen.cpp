@@ -17,7 +17,7 @@ namespace kelvora {
 
 SpeciesCompositionScreen::SpeciesCompositionScreen(const Context& context)
     : Screen(u"Species Composition"_s, context),
-      m_connection(context.databasePath, Connection::Patience::Long),
+      m_connection(context.databasePath, context.waiting()),
       m_finder(new FinderPanel(u"Fishing operation no."_s, m_connection, context)),
       m_singleSpecies(new SingleSpeciesPanel(*m_finder, m_connection, context)),
       m_pendingGroup(new PendingGroupPanel(*m_finder, m_connection, context)),

@@ -50,8 +50,10 @@ StoredGroupsPanel::StoredGroupsPanel(const FinderPanel& finder, Connection& conn
 }
 
 void StoredGroupsPanel::refresh(int operation) {
-    m_groups = m_connection.query(Sql("SELECT distinct groupname,groupid,totalsampling from group_main where optid =")
-                                  << operation << " and groupid <> 1 order by groupid");
+    m_groups =
+        keyed(m_connection.query(Sql("SELECT distinct groupname,groupid,totalsampling from group_main where optid =")
+                                 << operation << " and groupid <> 1 order by groupid"),
+              u"groupid");
     m_navigator->setRowCount(m_groups.rowCount());
     if (m_groups.isEmpty()) {
         m_navigator->setCaption(u"No Group Data"_s);

@@ -62,8 +62,10 @@ void CompositionTab::reload() {
         return;
     }
     m_summary->refresh(connection(), operation()->number);
-    m_groups = connection().query(Sql("SELECT distinct groupname,groupid,totalsampling from group_main where optid =")
-                                  << operation()->number << " order by groupid");
+    m_groups =
+        keyed(connection().query(Sql("SELECT distinct groupname,groupid,totalsampling from group_main where optid =")
+                                 << operation()->number << " order by groupid"),
+              u"groupid");
     m_navigator->setRowCount(m_groups.rowCount());
 }
 

@@ -70,9 +70,11 @@ GonadTab::GonadTab(Connection& connection, Dialogs& dialogs)
 void GonadTab::reload() {
     m_samples = {};
     if (operation()) {
-        m_samples = connection().query(Sql("SELECT fish.fishno, fish.genus & ' ' & fish.fishname AS Species FROM fish "
-                                           "INNER JOIN gonad ON fish.fishno = gonad.spid WHERE gonad.optid=")
-                                       << operation()->number);
+        m_samples =
+            keyed(connection().query(Sql("SELECT fish.fishno, fish.genus & ' ' & fish.fishname AS Species FROM fish "
+                                         "INNER JOIN gonad ON fish.fishno = gonad.spid WHERE gonad.optid=")
+                                     << operation()->number),
+                  u"fishno");
     }
     m_navigator->setRowCount(m_samples.rowCount());
 }

@@ -87,9 +87,11 @@ QLayout* LengthTab::sampleForm() {
 void LengthTab::reload() {
     m_samples = {};
     if (operation()) {
-        m_samples = connection().query(Sql("SELECT fish.genus & ' ' & fish.fishname AS Species,fish.fishno FROM fish "
-                                           "INNER JOIN length ON fish.fishno = length.spid where optid = ")
-                                       << operation()->number);
+        m_samples =
+            keyed(connection().query(Sql("SELECT fish.genus & ' ' & fish.fishname AS Species,fish.fishno FROM fish "
+                                         "INNER JOIN length ON fish.fishno = length.spid where optid = ")
+                                     << operation()->number),
+                  u"fishno");
     }
     m_navigator->setRowCount(m_samples.rowCount());
 }

@@ -18,9 +18,9 @@ using namespace Qt::StringLiterals;
 
 namespace kelvora {
 
-SearchScreen::SearchScreen(const Context& context, Connection::Patience patience)
+SearchScreen::SearchScreen(const Context& context)
     : Screen(u"Search"_s, context),
-      m_connection(context.databasePath, patience),
+      m_connection(context.databasePath, context.waiting()),
       m_fields(new SearchFields(m_connection, dialogs())),
       m_searchButton(new QPushButton(u"SEARCH"_s)),
       m_delete(new QPushButton(u"&DELETE"_s)),
@@ -88,7 +88,7 @@ void SearchScreen::onSearch() {
 }
 
 void SearchScreen::runSearch() {
-    const ResultSet found = m_search ? m_connection.query(numbersOnly(*m_search)) : ResultSet();
+    const ResultSet found = m_search ? keyed(m_connection.query(numbersOnly(*m_search)), u"optid") : ResultSet();
     m_found.clear();
     for (int row = 0; row < found.rowCount(); ++row) {
         m_found.push_back(found.integer(row, u"optid").value());

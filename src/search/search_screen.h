@@ -23,7 +23,7 @@ class SearchScreen : public Screen {
 
 public:
     /// Throws DataError if the data file cannot be opened or read.
-    explicit SearchScreen(const Context& context, Connection::Patience patience = Connection::Patience::Long);
+    explicit SearchScreen(const Context& context);
 
 protected:
     void refillLists() override;

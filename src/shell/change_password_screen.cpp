@@ -65,8 +65,15 @@ void ChangePasswordScreen::changePassword() {
         dialogs().message(u"ERROR"_s, u"Password not match please retry again"_s);
         return;
     }
-    m_db.execute(Sql("update kelvora_user set passwd = ")
-                 << m_password->text() << ",uname = " << m_userName->text() << " where login = " << m_login->text());
+    const int accounts =
+        m_db.execute(Sql("update kelvora_user set passwd = ") << m_password->text() << ",uname = " << m_userName->text()
+                                                              << " where login = " << m_login->text());
+    if (accounts == 0) {
+        dialogs().message(u"ERROR"_s,
+                          u"There is no account '%1' any more: it was renamed or deleted elsewhere. The "
+                          "password was not changed."_s.arg(m_login->text()));
+        return;
+    }
     dialogs().message(u"Complete"_s);
     context().session.userName = m_userName->text();
     context().session.password = m_password->text();

@@ -93,7 +93,7 @@ void LoginDialog::openStore() {
     m_line->setText(state.line);
     m_line->setVisible(!state.line.isEmpty());
     if (state.usable) {
-        m_connection.emplace(m_context.databasePath);
+        m_connection.emplace(m_context.databasePath, m_context.waiting());
     }
 }
 

@@ -113,7 +113,7 @@ void MainWindow::addToolBar() {
     }
     bar->addSeparator();
     QAction* leave = bar->addAction(QIcon(u":/icons/exit.svg"_s), u"Exit"_s);
-    connect(leave, &QAction::triggered, this, &MainWindow::exit);
+    connect(leave, &QAction::triggered, this, guarded(m_context.dialogs, [this] { exit(); }));
 }
 
 void MainWindow::addMenus() {
@@ -160,6 +160,7 @@ void MainWindow::open(std::size_t index) {
         window->setAttribute(Qt::WA_DeleteOnClose);
         window->setWidget(scrolled(screen));
         window->setWindowTitle(screen->windowTitle());
+        window->installEventFilter(this);
         m_area->addSubWindow(window);
         entry.window = window;
         entry.action->setEnabled(entry.icon.isEmpty());
@@ -202,7 +203,20 @@ void MainWindow::exit() {
     }
 }
 
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    // A screen goes when its handler has come to its end.
+    if (event->type() == QEvent::Close && handlerWaits()) {
+        event->ignore();
+        return true;
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
+    if (handlerWaits()) {
+        event->ignore();
+        return;
+    }
     // Every screen closes its connection before the program ends.
     m_area->closeAllSubWindows();
     event->accept();

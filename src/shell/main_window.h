@@ -28,6 +28,7 @@ Q_SIGNALS:
     void ended();
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:

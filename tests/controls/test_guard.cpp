@@ -1,11 +1,14 @@
 #include "controls/guard.h"
+#include "controls/progress.h"
 #include "controls/screen.h"
 #include "data/errors.h"
 #include "support/temporary_store.h"
 #include "support/test_main.h"
 
+#include <QApplication>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -39,13 +42,37 @@ private Q_SLOTS:
         store.dialogs.expectMessage(u"Älv: zu voll"_s);
         screen.press();
         fail = [] { throw std::out_of_range("no column x"); };
-        store.dialogs.expectMessage(u"no column x"_s);
+        store.dialogs.expectMessage(u"This could not be done: the program made a mistake."_s);
+        screen.press();
+        fail = [] { throw std::bad_alloc(); };
+        store.dialogs.expectMessage(u"This could not be done: there is not enough memory."_s);
         screen.press();
         QVERIFY(store.dialogs.done());
         QCOMPARE(ended, 0);
         fail = [] {};
         screen.press();
         QCOMPARE(ended, 1);
+    }
+
+    /// A screen reader presses buttons also behind a box.
+    void pressedOnceMoreMeanwhile() {
+        test::TemporaryStore store;
+        int begun = 0;
+        std::unique_ptr<OneButton> screen;
+        screen = std::make_unique<OneButton>(store.context(), [&] {
+            ++begun;
+            // What a handler calls itself belongs to it.
+            QVERIFY(runGuarded(store.dialogs, [] {}));
+            Progress progress(u"Storing…"_s, 2);
+            QTest::qSleep(600);
+            QTimer::singleShot(0, screen.get(), [&] { screen->press(); });
+            progress.step();
+            QVERIFY(QApplication::activeModalWidget() != nullptr);
+        });
+        screen->press();
+        QCOMPARE(begun, 1);
+        screen->press();
+        QCOMPARE(begun, 2);
     }
 };
 

@@ -2,6 +2,7 @@
 #include "support/temporary_store.h"
 #include "support/test_main.h"
 
+#include <QFile>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -61,9 +62,7 @@ private Q_SLOTS:
         QVERIFY(executeThenAsk(m_store->db(), insert(1), answer(true)));
         QCOMPARE(stored(), QStringList{u"1"_s});
         const QString message = failure([&] { executeThenAsk(m_store->db(), insert(1), neverAsked); });
-        QVERIFY2(message.startsWith(u"Nothing was stored or deleted: this key is already stored."),
-                 qPrintable(message));
-        QVERIFY(message.contains(u"insert into state(stateid) values(1)"));
+        QCOMPARE(message, u"Nothing was stored or deleted: this key is already stored."_s);
         QVERIFY_EXCEPTION_THROWN(executeThenAsk(m_store->db(), insert(2), neverAsked), std::runtime_error);
         QCOMPARE(stored(), QStringList{u"1"_s});
     }
@@ -82,15 +81,37 @@ private Q_SLOTS:
     }
 
     void failedStatements() {
-        QString message = failure([this] { m_store->rows("select * from nowhere"); });
-        QVERIFY2(message.startsWith(u"The data could not be read: no such table: nowhere."), qPrintable(message));
-        message = failure(
-            [this] { m_store->db().execute(Sql("insert into nowhere values(") << QString(10'000, u'x') << ")"); });
-        QVERIFY(message.startsWith(u"Nothing was stored or deleted"));
-        QVERIFY2(message.size() < 300, qPrintable(message));
+        const QString other = u"the tables of the data file are not as they should be (no such table: nowhere)."_s;
+        QCOMPARE(failure([this] { m_store->rows("select * from nowhere"); }),
+                 u"The data could not be read: "_s + other);
+        QCOMPARE(failure([this] { m_store->execute("insert into nowhere values('some text')"); }),
+                 u"Nothing was stored or deleted: "_s + other);
+        m_store->execute("create table strict_one(id integer not null check(id > 0)) strict");
+        struct Refused {
+            Literal statement;
+            const char* reason;
+        };
+        const Refused all[] = {
+            {"insert into strict_one values(null)", "a value that the data file asks for is missing"},
+            {"insert into strict_one values('x')", "a value is not of the kind that the data file takes"},
+            {"insert into strict_one values(0)", "a rule that was laid into the data file does not allow it"}};
+        for (const auto& [statement, reason] : all) {
+            const QString said = failure([&, row = statement] { m_store->execute(row); });
+            QVERIFY2(said.contains(QLatin1String(reason)), qPrintable(said));
+        }
         QVERIFY(failure([this] {
                     const Connection nowhere(m_store->file(u"nowhere/data.sqlite"_s));
                 }).contains(u"nowhere/data.sqlite"));
+    }
+
+    void fileReplacedWhileOpen() {
+        m_other.reset();
+        QVERIFY(QFile::rename(m_store->path(), m_store->file(u"moved"_s)));
+        QVERIFY(QFile::copy(m_store->file(u"moved"_s), m_store->path()));
+        const QString message = failure([this] { m_store->db().execute(insert(1)); });
+        QVERIFY2(message.contains(u"was moved, deleted or replaced while it was open"), qPrintable(message));
+        m_store = std::make_unique<test::TemporaryStore>();
+        m_other = std::make_unique<Connection>(m_store->path());
     }
 
     void valuesOfAResult() {

@@ -2,7 +2,7 @@
 
 #include <sqlite3.h>
 
-#include <cerrno>
+#include <array>
 #include <unistd.h>
 #include <utility>
 
@@ -14,25 +14,36 @@ WriteHook& writeHook() {
     return hook;
 }
 
-std::function<void()>& removalHook() {
-    static std::function<void()> hook;
+int writeError = ENOSPC;
+
+std::function<int()>& removalHook() {
+    static std::function<int()> hook;
     return hook;
 }
 
 ssize_t writeAt(int file, const void* bytes, std::size_t size, off_t at) {
     const std::size_t taken = writeHook() ? writeHook()(file, bytes, size, at) : size;
     if (taken < size) {
-        errno = ENOSPC;
+        errno = writeError;
         return -1;
     }
     return pwrite(file, bytes, size, at);
 }
 
 int removeFile(const char* path) {
-    if (removalHook()) {
-        removalHook()();
+    errno = removalHook() ? removalHook()() : 0;
+    return errno == 0 ? unlink(path) : -1;
+}
+
+/// Instead of a folder a pipe, which cannot be brought to a disk.
+int openFolder(const char* /*path*/, int* opened) {
+    std::array<int, 2> ends{};
+    if (pipe(ends.data()) != 0) {
+        return SQLITE_CANTOPEN;
     }
-    return unlink(path);
+    close(ends[1]);
+    *opened = ends[0];
+    return SQLITE_OK;
 }
 
 long long slept = 0;
@@ -49,20 +60,25 @@ void replace(const char* call, sqlite3_syscall_ptr function) {
 
 }  // namespace
 
-void interceptWrites(const WriteHook& hook) {
+void interceptWrites(const WriteHook& hook, int error) {
     writeHook() = hook;
+    writeError = error;
     for (const char* call : {"pwrite", "pwrite64"}) {
         replace(call, reinterpret_cast<sqlite3_syscall_ptr>(&writeAt));
     }
 }
 
-void interceptRemovals(const std::function<void()>& hook) {
+void interceptRemovals(const std::function<int()>& hook) {
     removalHook() = hook;
     replace("unlink", reinterpret_cast<sqlite3_syscall_ptr>(&removeFile));
 }
 
+void failFolderSyncs() {
+    replace("openDirectory", reinterpret_cast<sqlite3_syscall_ptr>(&openFolder));
+}
+
 void leaveSystemCallsAlone() {
-    for (const char* call : {"pwrite", "pwrite64", "unlink"}) {
+    for (const char* call : {"pwrite", "pwrite64", "unlink", "openDirectory"}) {
         replace(call, nullptr);
     }
 }

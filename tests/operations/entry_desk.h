@@ -36,7 +36,7 @@ struct Desk {
     }
     void open() {
         screen.reset();
-        screen = std::make_unique<OperationEntryScreen>(store.context(), Connection::Patience::Short);
+        screen = std::make_unique<OperationEntryScreen>(store.context());
         screen->show();
         QVERIFY(QTest::qWaitForWindowActive(screen.get()));
     }

@@ -33,7 +33,7 @@ struct SearchWindow {
             " (1, 1, 2, 210, 200, 205, 190, 200, 'Female', 3, 12, 6),"
             " (1, 1, 3, 210, 200, 205, 190, 200, 'None', 0, 12, null),"
             " (1, 1, 4, 210.5, 200, 205, 190, 300.125, 'Male', 2, 10, 3.33333333333333)");
-        screen = std::make_unique<SearchScreen>(store.context(), Connection::Patience::Short);
+        screen = std::make_unique<SearchScreen>(store.context());
         hand = std::make_unique<ScreenDriver>(screen.get());
     }
     /// Every planned box has come.

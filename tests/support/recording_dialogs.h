@@ -32,7 +32,13 @@ public:
     std::optional<QString> saveCsvFile() override { return path; }
     std::optional<QString> savePictureFile() override { return path; }
 
+    std::function<bool()> waiting() override {
+        ++waits;
+        return [] { return false; };
+    }
+
     QStringList said, asked;
+    int waits = 0;  ///< for a file that another program held, each given up at once
     bool yes = true;
     std::optional<QString> typed, path;
 };
