@@ -16,8 +16,6 @@
 #include <array>
 #include <utility>
 
-#include <utility>
-
 using namespace Qt::StringLiterals;
 
 namespace kelvora {

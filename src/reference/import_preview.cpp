@@ -272,7 +272,8 @@ ImportOutcome ImportPreview::storeAll() {
 
 void ImportPreview::saveOthers() {
     if (const std::optional<QString> path = dialogs().saveCsvFile()) {
-        writeWholeFile(withCsvEnding(*path), importFileOf(m_layout, m_others), u"The lines could not be written"_s);
+        writeWholeFile(withCsvEnding(*path), importFileOf(m_layout, m_others), u"The lines could not be written"_s,
+                       connection().path());
     }
 }
 
