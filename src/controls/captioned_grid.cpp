@@ -224,6 +224,8 @@ void follow(RecordNavigator* navigator, Grid* grid) {
         }
     });
     QObject::connect(grid, &Grid::rowChosen, navigator, &RecordNavigator::moveTo);
+    // What a button under the grid does, it does to the row that the navigator stands on: no other is to look chosen.
+    grid->setSelectionMode(QAbstractItemView::SingleSelection);
 }
 
 }  // namespace kelvora

@@ -70,7 +70,8 @@ void AreaPanel::AddArea(const QString& name, const QString& description) {
         return;
     }
     const Sql statement = Sql("insert into fishing_area(aname,describ) values(") << name << "," << description << ")";
-    const bool stored = confirmAfterExecute(statement, u"Are you sure to insert this fishing area? "_s);
+    const bool stored =
+        confirmAfterExecute(statement, Dialogs::Question::Adding, u"Are you sure to insert this fishing area? "_s);
     dialogs().message(u"RESULT"_s, stored ? u"Insert fishing area Complete"_s : u"Insert fishing area not Complete"_s);
 }
 
@@ -84,7 +85,7 @@ void AreaPanel::deleteArea(const QString& name) {
         clearEntry();
         return;
     }
-    if (confirmAfterExecute(Sql("delete from fishing_area where aname = ") << name,
+    if (confirmAfterExecute(Sql("delete from fishing_area where aname = ") << name, Dialogs::Question::Deleting,
                             u"Do you want to delete this area?"_s)) {
         m_areas->setCaption({});
         RefreshAreaGrid();

@@ -73,7 +73,8 @@ void GearMethodPanel::add() {
 void GearMethodPanel::AddGear(const QString& name) {
     const int id = nextGear(connection());
     const Sql statement = Sql("insert into Fishing_gear(gearid,guname) values(") << id << "," << name << ")";
-    if (!confirmAfterExecute(statement, u"Are you sure to insert fishing gear '%1'?"_s.arg(name))) {
+    if (!confirmAfterExecute(statement, Dialogs::Question::Adding,
+                             u"Are you sure to insert fishing gear '%1'?"_s.arg(name))) {
         dialogs().message(u"RESULT"_s, u"Insert fishing gear not Complete"_s);
         return;
     }

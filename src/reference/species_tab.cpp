@@ -110,7 +110,7 @@ void SpeciesTab::deleteSpecies() {
             return;
         }
     }
-    if (confirmAfterExecute(Sql("delete from fish where fishno = ") << m_selectedSpecies,
+    if (confirmAfterExecute(Sql("delete from fish where fishno = ") << m_selectedSpecies, Dialogs::Question::Deleting,
                             u"Are you sure to delete this species"_s, u"CONFIRM"_s)) {
         m_catalogue->setCaption({});
         RefreshSpeciesGrid();

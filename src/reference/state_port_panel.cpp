@@ -113,7 +113,8 @@ void StatePortPanel::AddSamplingPort(const QString& portName, int stateid) {
     }
     const int id = nextSamplingPort(connection());
     const Sql statement = Sql("insert into samplingport values(") << id << "," << portName << "," << stateid << ")";
-    if (confirmAfterExecute(statement, u"Are you sure to insert sampling port '%1'"_s.arg(portName))) {
+    if (confirmAfterExecute(statement, Dialogs::Question::Adding,
+                            u"Are you sure to insert sampling port '%1'"_s.arg(portName))) {
         RefreshStatePortGrid();
     }
 }
@@ -124,7 +125,7 @@ void StatePortPanel::DeleteSamplingPort(int samplingid) {
         return;
     }
     if (confirmAfterExecute(Sql("delete from samplingport where samplingid = ") << samplingid,
-                            u"Do you want to remove this sampling port"_s)) {
+                            Dialogs::Question::Deleting, u"Do you want to remove this sampling port"_s)) {
         m_ports->setCaption({});
         RefreshStatePortGrid();
         PurgeStatesWithoutPorts();

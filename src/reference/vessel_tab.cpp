@@ -161,7 +161,8 @@ Sql VesselTab::insertStatement() const {
 }
 
 void VesselTab::addvessel(const Sql& statement) {
-    static_cast<void>(confirmAfterExecute(statement, u"Are you sure to insert this fishing vessel? "_s));
+    static_cast<void>(
+        confirmAfterExecute(statement, Dialogs::Question::Adding, u"Are you sure to insert this fishing vessel? "_s));
 }
 
 void VesselTab::addvessel2(const Sql& statement) {
@@ -193,7 +194,7 @@ void VesselTab::deleteVessel(const QString& name) {
         dialogs().message(u"ERROR!"_s, u"Can not delete because vessel used in another table"_s);
         return;
     }
-    if (confirmAfterExecute(Sql("delete from vessel where vesselname = ") << name,
+    if (confirmAfterExecute(Sql("delete from vessel where vesselname = ") << name, Dialogs::Question::Deleting,
                             u"Are you sure to delete '%1'?"_s.arg(name))) {
         m_register->setCaption({});
         RefreshVesselGrid();

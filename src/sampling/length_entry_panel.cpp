@@ -213,7 +213,8 @@ bool LengthEntryPanel::giveWay(const StoredOperation& operation, const ChosenSpe
         return true;
     }
     if (!m_context.dialogs.confirm(u"CONFORM"_s,
-                                   u"This species have lenght frequency data in database. Do you want to update?"_s)) {
+                                   u"This species have lenght frequency data in database. Do you want to update?"_s,
+                                   Dialogs::Question::Deleting)) {
         return false;
     }
     deleteLengthSample(m_connection, operation, species);

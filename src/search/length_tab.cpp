@@ -198,7 +198,7 @@ void LengthTab::onAdd() {
 }
 
 void LengthTab::onDelete() {
-    if (dialogs().confirm(u"Are you sure to delete?"_s) && isStored(sample())) {
+    if (dialogs().confirm(u"Are you sure to delete?"_s, Dialogs::Question::Deleting) && isStored(sample())) {
         deleteLengthSample(connection(), *operation(), shownSpecies());
         reload();
     }

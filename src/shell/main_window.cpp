@@ -192,7 +192,7 @@ void MainWindow::turnTab(int by) {
 }
 
 void MainWindow::exit() {
-    if (m_context.dialogs.confirm(u"Question"_s, u"Do you want to exit program?"_s, Dialogs::Icon::Question)) {
+    if (m_context.dialogs.confirm(u"Question"_s, u"Do you want to exit program?"_s, Dialogs::Question::Leaving)) {
         close();
     }
 }
