@@ -212,7 +212,6 @@ RecordNavigator* CaptionedGrid::addNavigator(const QString& name) {
 
 QPushButton* CaptionedGrid::addButton(const QString& caption) {
     auto* button = new QPushButton(caption, this);
-    button->setAutoDefault(false);
     m_footer->addWidget(button);
     return button;
 }

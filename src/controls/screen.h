@@ -18,7 +18,16 @@ class Screen : public QWidget {
 public:
     Screen(const QString& caption, Context context);
 
+Q_SIGNALS:
+    /// The screen has done what it was opened for: its window closes.
+    void finished();
+
 protected:
+    /// A press beside the rows that a list offers closes them. Enter presses the button that has the keyboard. Alt and
+    /// a letter press a button at once, where the toolkit waits while the next keys still go to the field before. A
+    /// double click presses once: the second click is no answer to what the first one did.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
     [[nodiscard]] const Context& context() const { return m_context; }
     [[nodiscard]] Dialogs& dialogs() const { return m_context.dialogs; }
 
@@ -28,7 +37,10 @@ protected:
     void onClick(QAbstractButton* button, const std::function<void()>& handler);
 
 private:
+    bool onButtonEvent(QAbstractButton* button, const QEvent* event) const;
+
     Context m_context;
+    bool m_keyRepeats = false;  ///< the key that is pressed is held down
 };
 
 }  // namespace kelvora

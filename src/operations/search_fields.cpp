@@ -42,7 +42,7 @@ SearchFields::SearchFields(Connection& connection, Dialogs& dialogs, QWidget* pa
     connect(m_criterion, &QComboBox::activated, this, guarded(m_dialogs, [this] { onCriterionChosen(); }));
     connect(m_value, &BoundList::chosen, this, &SearchFields::valueChosen);
     connect(m_value->lineEdit(), &QLineEdit::textEdited, this, &SearchFields::valueTyped);
-    connect(m_value->lineEdit(), &QLineEdit::returnPressed, this, &SearchFields::entered);
+    connect(m_value, &BoundList::entered, this, &SearchFields::entered);
 }
 
 void SearchFields::chooseFirstCriterion() {

@@ -24,7 +24,6 @@ ReportScreen::ReportScreen(const QString& caption, const Context& context, const
     }
     searchOnEnterIn(m_years);
 
-    m_export->setAutoDefault(false);
     m_export->setEnabled(false);
     onClick(m_export, [this] { saveExport(); });
 }
@@ -49,7 +48,7 @@ void ReportScreen::searchOn(QAbstractButton* button) {
 
 void ReportScreen::searchOnEnterIn(BoundList* list) {
     // While rows are offered below the list, Enter in it does not reach the screen.
-    connect(list->lineEdit(), &QLineEdit::returnPressed, this, guarded(dialogs(), [this] { search(); }));
+    connect(list, &BoundList::entered, this, guarded(dialogs(), [this] { search(); }));
     m_searching.append(list);
 }
 

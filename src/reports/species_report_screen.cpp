@@ -20,7 +20,6 @@ SpeciesReportScreen::SpeciesReportScreen(const QString& caption, const Context& 
     m_species->setSource(db().model(species), u"sp"_s, u"fishno"_s);
     searchOnEnterIn(m_species);
     searchOn(m_search);
-    m_search->setAutoDefault(false);
     // What a report puts below comes behind.
     setReadingOrder({yearList(), m_species, m_search, exportButton()});
 }

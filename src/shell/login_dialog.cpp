@@ -38,7 +38,6 @@ LoginDialog::LoginDialog(const Context& context)
     auto* logIn = new QPushButton(u"&Log in"_s, this);
     auto* cancel = new QPushButton(u"&Cancel"_s, this);
     logIn->setDefault(true);
-    cancel->setAutoDefault(false);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(logIn);
