@@ -113,6 +113,13 @@ int Grid::currentRow() const {
     return currentIndex().row();
 }
 
+void Grid::bringIntoView(int column, const QString& text) {
+    const auto found = m_presented->match(m_presented->index(0, column), Qt::DisplayRole, text, -1, Qt::MatchExactly);
+    if (!found.isEmpty()) {
+        scrollTo(found.last());
+    }
+}
+
 void Grid::setCurrentRow(int row) {
     if (row != currentRow()) {
         selectRow(row);

@@ -154,9 +154,6 @@ void OperationForm::addCatchColumn(QGridLayout* form) {
     m_number->setReadOnly(true);
     // The number is there to be read and copied; typing starts with the vessel.
     m_number->setFocusPolicy(Qt::ClickFocus);
-    QPalette toRead = m_number->palette();
-    toRead.setColor(QPalette::Base, toRead.color(QPalette::Window));
-    m_number->setPalette(toRead);
 }
 
 void OperationForm::addLandingColumn(QGridLayout* form) {
@@ -235,7 +232,7 @@ void OperationForm::clear(const QString& recorder) {
     }
     m_ports->clearSource();
     m_methods->clearSource();
-    m_vesselNames->setFocus();
+    focusOn(m_vesselNames);
 }
 
 void OperationForm::fillLists() {
@@ -340,7 +337,7 @@ void OperationForm::sendBack(const OperationCheck& failed) {
         box->setText(kNoNumber);
     }
     if (failed.reaction == Reaction::Focus || failed.reaction == Reaction::EmptyAndFocus) {
-        found->setFocus(Qt::TabFocusReason);
+        focusOn(found);
     }
 }
 

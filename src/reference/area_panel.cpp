@@ -33,6 +33,7 @@ AreaPanel::AreaPanel(Connection& connection, Dialogs& dialogs)
     layout->addWidget(m_areas, 1);
 
     onClick(addButton, [this] { add(); });
+    connect(m_description, &QLineEdit::returnPressed, addButton, &QPushButton::click);
     m_areas->onArrival(dialogs, [this](bool onRow) {
         m_areas->setCaption(m_areas->current(0));
         m_areas->deleteButton()->setEnabled(onRow);
@@ -51,17 +52,20 @@ void AreaPanel::RefreshAreaGrid() {
 void AreaPanel::add() {
     if (m_name->text().isEmpty()) {
         dialogs().message(u"Please insert fishing area"_s);
-        m_name->setFocus();
+        focusOn(m_name);
         return;
     }
     if (m_description->text().isEmpty()) {
         dialogs().message(u"Please insert description"_s);
-        m_description->setFocus();
+        focusOn(m_description);
         return;
     }
-    AddArea(m_name->text(), m_description->text());
+    const QString name = m_name->text();
+    AddArea(name, m_description->text());
     clearEntry();
+    focusOn(m_name);
     RefreshAreaGrid();
+    m_areas->grid()->bringIntoView(0, name);
 }
 
 void AreaPanel::AddArea(const QString& name, const QString& description) {

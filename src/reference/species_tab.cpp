@@ -49,6 +49,7 @@ SpeciesTab::SpeciesTab(Connection& connection, Dialogs& dialogs)
     layout->addWidget(new SpeciesImportPanel(*this, connection, dialogs), 1);
 
     onClick(addButton, [this] { add(); });
+    connect(m_commonName, &QLineEdit::returnPressed, addButton, &QPushButton::click);
     m_catalogue->onArrival(dialogs, [this](bool onRow) {
         m_catalogue->deleteButton()->setEnabled(onRow);
         m_selectedSpecies = m_catalogue->current(0).toInt();
@@ -84,7 +85,9 @@ void SpeciesTab::add() {
     for (QLineEdit* field : {m_family, m_genus, m_species, m_commonName}) {
         field->clear();
     }
+    focusOn(m_family);
     RefreshSpeciesGrid();
+    m_catalogue->grid()->scrollToBottom();
 }
 
 bool SpeciesTab::AddSpecies(const QString& species, const QString& genus, const QString& family,

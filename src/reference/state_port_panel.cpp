@@ -36,6 +36,7 @@ StatePortPanel::StatePortPanel(Connection& connection, Dialogs& dialogs)
     form->addWidget(addButton, 1, 2);
 
     onClick(addButton, [this] { add(); });
+    connect(m_port, &QLineEdit::returnPressed, addButton, &QPushButton::click);
     m_ports->onArrival(dialogs, [this](bool onRow) { followRow(onRow); });
     onClick(m_ports->deleteButton(), [this] {
         if (!m_ports->caption().isEmpty()) {
@@ -94,6 +95,7 @@ void StatePortPanel::add() {
         AddSamplingPort(port, chosen.isValid() ? chosen.toInt() : found.integer(0, u"stateid").value_or(0));
     }
     m_port->clear();
+    focusOn(m_port);
 }
 
 int StatePortPanel::InsertState(const QString& name) {
@@ -108,7 +110,7 @@ void StatePortPanel::AddSamplingPort(const QString& portName, int stateid) {
     if (finds(Sql("select * from samplingport where samplingname = ") << portName << "and stateid = " << stateid)) {
         dialogs().message(u"ERROR"_s, u"sampling port repeat please try again"_s);
         m_port->clear();
-        m_port->setFocus();
+        focusOn(m_port);
         return;
     }
     const int id = nextSamplingPort(connection());
@@ -116,6 +118,7 @@ void StatePortPanel::AddSamplingPort(const QString& portName, int stateid) {
     if (confirmAfterExecute(statement, Dialogs::Question::Adding,
                             u"Are you sure to insert sampling port '%1'"_s.arg(portName))) {
         RefreshStatePortGrid();
+        m_ports->grid()->scrollToBottom();
     }
 }
 

@@ -65,6 +65,7 @@ VesselTab::VesselTab(Connection& connection, Dialogs& dialogs)
     vessels->addWidget(new VesselImportPanel(*this, connection, dialogs), 4);
 
     onClick(addButton, [this] { add(); });
+    connect(m_length, &QLineEdit::returnPressed, addButton, &QPushButton::click);
     m_register->onArrival(dialogs, [this](bool onRow) {
         m_register->setCaption(m_register->current(0));
         m_register->deleteButton()->setEnabled(onRow);
@@ -114,8 +115,12 @@ void VesselTab::add() {
         return;
     }
     addvessel(insertStatement());
+    const int column = m_name->text().isEmpty() ? 1 : 0;
+    const QString added = (column == 0 ? m_name : m_registerId)->text();
     ClearVesselFields();
+    focusOn(m_name);
     RefreshVesselGrid();
+    m_register->grid()->bringIntoView(column, added);
 }
 
 bool VesselTab::isRefused() {
@@ -145,7 +150,7 @@ bool VesselTab::isRefused() {
             check.emptied->clear();
         }
         if (check.focus != nullptr) {
-            check.focus->setFocus();
+            focusOn(check.focus);
         }
         return true;
     }

@@ -2,10 +2,10 @@
 
 #include "controls/bound_list.h"
 #include "controls/dialogs.h"
+#include "controls/fields.h"
 #include "controls/guard.h"
 
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
@@ -37,7 +37,7 @@ std::optional<int> ReportScreen::neededYear() const {
     const std::optional<int> chosen = year();
     if (!chosen) {
         dialogs().message(u"Please choose a year from the list"_s);
-        m_years->setFocus();
+        focusOn(m_years);
     }
     return chosen;
 }

@@ -171,7 +171,7 @@ void LengthTab::onUpdate() {
     const double weight = leadingNumber(m_weight->text());
     if (weight < 0 || !std::isfinite(weight)) {
         dialogs().message(kError, u"Please input sample weight: a number not below 0"_s);
-        m_weight->setFocus();
+        focusOn(m_weight);
         return;
     }
     if (isStored(sample())) {
@@ -185,7 +185,7 @@ void LengthTab::onAdd() {
     if (!isFrequency(m_frequency->text())) {
         dialogs().message(kError, u"Numeric Only"_s);
         m_frequency->clear();
-        m_frequency->setFocus();
+        focusOn(m_frequency);
         return;
     }
     if (isStored(sample())) {
@@ -193,7 +193,7 @@ void LengthTab::onAdd() {
                        {*m_next, m_next->middle(), leadingNumber(m_frequency->text())});
         showClasses();
         m_classes->scrollToBottom();
-        m_frequency->setFocus();
+        focusOn(m_frequency);
     }
 }
 

@@ -64,13 +64,13 @@ LoginDialog::LoginDialog(const Context& context)
 
 void LoginDialog::reject() {
     m_password->clear();
-    m_password->setFocus();
+    focusOn(m_password);
 }
 
 void LoginDialog::changeEvent(QEvent* event) {
     QDialog::changeEvent(event);
     if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
-        m_password->setFocus();
+        focusOn(m_password);
     }
 }
 
