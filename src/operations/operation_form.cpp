@@ -151,8 +151,8 @@ void OperationForm::addCatchColumn(QGridLayout* form) {
     addField(form, 3, kFirst, u" Fishing Gear"_s, m_gears);
     addField(form, 4, kFirst, u" Fishing Method"_s, m_methods);
     addField(form, 5, kFirst, u" Fishing Area"_s, m_areas);
-    m_number->setReadOnly(true);
-    // The number is there to be read and copied; typing starts with the vessel.
+    makeReadOnly(m_number);
+    // Typing starts with the vessel.
     m_number->setFocusPolicy(Qt::ClickFocus);
 }
 
