@@ -70,6 +70,10 @@ void FinderPanel::open(bool selectFirstCriterion) {
     m_search->setEnabled(!m_current);
 }
 
+bool FinderPanel::isLocked() const {
+    return !m_search->isEnabled();
+}
+
 QString FinderPanel::currentOperation() const {
     return m_number->text();
 }

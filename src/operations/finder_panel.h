@@ -30,6 +30,8 @@ public:
     /// To be called once, when the screen is built. With an operation saved last, the panel stays on that operation for
     /// the screen's whole life.
     void open(bool selectFirstCriterion);
+    /// Whether it stays on the operation saved last.
+    [[nodiscard]] bool isLocked() const;
 
     [[nodiscard]] const QString& numberCaption() const { return m_numberCaption; }
     /// The number of the current operation in decimal text; empty if there is none.
