@@ -2,8 +2,11 @@
 
 #include <QAbstractItemView>
 #include <QAbstractProxyModel>
+#include <QApplication>
 #include <QCompleter>
+#include <QFocusEvent>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QStringListModel>
 #include <QWheelEvent>
@@ -49,7 +52,23 @@ BoundList::BoundList(QWidget* parent) : QComboBox(parent) {
     // announce a text that was merely shown when the sampler passes the field.
     disconnect(lineEdit(), &QLineEdit::returnPressed, this, nullptr);
     disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
-    connect(lineEdit(), &QLineEdit::editingFinished, this, &BoundList::settle);
+    // Enter on an offered row is the completer's: the row announces itself.
+    connect(lineEdit(), &QLineEdit::editingFinished, this, [this] {
+        if (!hasFocus() || offeredRow() < 0) {
+            settle();
+        }
+    });
+    connect(lineEdit(), &QLineEdit::returnPressed, this, [this] {
+        if (offeredRow() < 0) {
+            settle();
+            Q_EMIT entered();
+        }
+    });
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* left) {
+        if (left == this && offersRows()) {
+            onLeft();
+        }
+    });
 }
 
 BoundList::~BoundList() = default;
@@ -174,24 +193,61 @@ int BoundList::rowWith(int column, int role, const QVariant& value) const {
     return found.isEmpty() ? -1 : found.first().row();
 }
 
+bool BoundList::offersRows() const {
+    return m_offers != nullptr && m_offers->isVisible();
+}
+
+void BoundList::closeOffers() {
+    if (offersRows()) {
+        m_offers->hide();
+    }
+}
+
+/// The keyboard stays in the box while rows are offered: a window of rows that took it would keep it on a busy desktop
+/// for some of the keys that a fast typist means for the next field. The box asks the rows first what a key is to them.
+bool BoundList::event(QEvent* event) {
+    if (event->type() != QEvent::KeyPress || completer() == nullptr || m_offersHaveKey) {
+        return QComboBox::event(event);
+    }
+    if (m_offers != completer()->popup()) {
+        m_offers = completer()->popup();
+        m_offers->setWindowFlags(Qt::ToolTip);
+    }
+    if (!m_offers->isVisible()) {
+        return QComboBox::event(event);
+    }
+    const QScopedValueRollback asked(m_offersHaveKey, true);
+    QCoreApplication::sendEvent(m_offers, event);
+    event->accept();
+    return true;
+}
+
 /// The row that the sampler has gone to among those offered below a typed text; -1 if there is none.
 int BoundList::offeredRow() const {
-    const QAbstractItemView* offered = completer() != nullptr ? completer()->popup() : nullptr;
-    const auto* matching =
-        completer() != nullptr ? qobject_cast<const QAbstractProxyModel*>(completer()->completionModel()) : nullptr;
-    if (offered == nullptr || matching == nullptr || !offered->isVisible()) {
+    if (!offersRows()) {
         return -1;
     }
-    return matching->mapToSource(offered->currentIndex()).row();
+    const auto* matching = qobject_cast<const QAbstractProxyModel*>(completer()->completionModel());
+    return matching == nullptr ? -1 : matching->mapToSource(m_offers->currentIndex()).row();
+}
+
+/// The completer has kept from the box that it was left while rows were offered.
+void BoundList::onLeft() {
+    settle();
+    QFocusEvent left(QEvent::FocusOut);
+    QCoreApplication::sendEvent(this, &left);
+}
+
+void BoundList::finishTyping() {
+    settle();
+    Q_EMIT lineEdit()->editingFinished();
 }
 
 void BoundList::settle() {
+    const int offered = offeredRow();
+    closeOffers();
     if (text() == m_settled) {
         return;
-    }
-    const int offered = offeredRow();
-    if (offered >= 0 && hasFocus()) {
-        return;  // Enter on an offered row, which announces itself
     }
     m_settled = text();
     if (const int found = offered >= 0 ? offered : row(); found >= 0) {

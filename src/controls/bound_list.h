@@ -1,12 +1,14 @@
 #pragma once
 
 #include <QComboBox>
+#include <QPointer>
 #include <QVariant>
 
 #include <functional>
 #include <memory>
 
 class QAbstractItemModel;
+class QAbstractItemView;
 
 namespace kelvora {
 
@@ -47,25 +49,37 @@ public:
 
     void showPopup() override;
 
+    /// What is typed is finished, as if the list were left: before a key presses a button and leaves the keyboard here.
+    void finishTyping();
+    /// Closes the rows offered below a typed text.
+    void closeOffers();
+
 Q_SIGNALS:
     /// The sampler chose a row, or finished typing the text of one. Leaving a text as it was announces nothing.
     void chosen();
+    /// Enter was pressed on a finished text. On one of the rows offered below, Enter only chooses that row.
+    void entered();
 
 protected:
+    bool event(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
     [[nodiscard]] bool hasRowsOf(const QAbstractItemModel& source, int shown, int key) const;
     [[nodiscard]] int rowWith(int column, int role, const QVariant& value) const;
+    [[nodiscard]] bool offersRows() const;
     [[nodiscard]] int offeredRow() const;
     void settle();
+    void onLeft();
 
     std::unique_ptr<QAbstractItemModel> m_source;
     int m_shownColumn = -1;
     int m_keyColumn = -1;
     QString m_goneText;  ///< of a chosen row that the list has lost
     QVariant m_goneKey;
-    QString m_settled;  ///< the text that was last chosen or set, so that a row is announced once
+    QString m_settled;                     ///< the text that was last chosen or set, so that a row is announced once
+    QPointer<QAbstractItemView> m_offers;  ///< the rows below a typed text
+    bool m_offersHaveKey = false;
     std::function<bool()> m_mayOpen;
 };
 

@@ -119,6 +119,13 @@ int Grid::currentRow() const {
     return currentIndex().row();
 }
 
+void Grid::bringIntoView(int column, const QString& text) {
+    const auto found = m_presented->match(m_presented->index(0, column), Qt::DisplayRole, text, -1, Qt::MatchExactly);
+    if (!found.isEmpty()) {
+        scrollTo(found.last());
+    }
+}
+
 void Grid::setCurrentRow(int row) {
     if (row != currentRow()) {
         selectRow(row);
@@ -248,7 +255,6 @@ RecordNavigator* CaptionedGrid::addNavigator(const QString& name) {
 
 QPushButton* CaptionedGrid::addButton(const QString& caption) {
     auto* button = new QPushButton(caption, this);
-    button->setAutoDefault(false);
     m_footer->addWidget(button);
     return button;
 }
@@ -265,6 +271,8 @@ void follow(RecordNavigator* navigator, Grid* grid) {
         QObject::connect(grid, signal, navigator,
                          [navigator](const QModelIndex& cell) { navigator->moveTo(cell.row()); });
     }
+    // What a button under the grid does, it does to the row that the navigator stands on: no other is to look chosen.
+    grid->setSelectionMode(QAbstractItemView::SingleSelection);
 }
 
 }  // namespace kelvora

@@ -49,6 +49,8 @@ public:
     /// The selected row; -1 if there is none.
     [[nodiscard]] int currentRow() const;
     void setCurrentRow(int row);
+    /// Scrolls to the last row with a text in a column; the selected row stays the same.
+    void bringIntoView(int column, const QString& text);
 
     [[nodiscard]] QSize sizeHint() const override;
 

@@ -29,13 +29,12 @@ int titleRoom(const QString& title) {
 }
 
 QMessageBox::StandardButton show(const QString& title, const QString& text, QMessageBox::Icon icon,
-                                 QMessageBox::StandardButtons buttons) {
+                                 QMessageBox::StandardButtons buttons, QMessageBox::StandardButton proposed) {
     QMessageBox box(icon, title, fitting(text), buttons, QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
     auto* layout = qobject_cast<QGridLayout*>(box.layout());
     layout->addItem(new QSpacerItem(titleRoom(title), 0), layout->rowCount(), 0, 1, layout->columnCount());
-    // Enter goes on, on every desktop: a sampler confirms fish after fish with it. Without effect on a box with "OK".
-    box.setDefaultButton(QMessageBox::Yes);
+    box.setDefaultButton(proposed);
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 
@@ -50,12 +49,14 @@ std::optional<QString> unlessCancelled(const QString& path) {
 }  // namespace
 
 void ModalDialogs::message(const QString& title, const QString& text) {
-    show(title, text, QMessageBox::NoIcon, QMessageBox::Ok);
+    show(title, text, QMessageBox::NoIcon, QMessageBox::Ok, QMessageBox::Ok);
 }
 
-bool ModalDialogs::confirm(const QString& title, const QString& text, Icon icon) {
-    const auto shown = icon == Icon::Question ? QMessageBox::Question : QMessageBox::NoIcon;
-    return show(title, text, shown, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+bool ModalDialogs::confirm(const QString& title, const QString& text, Question question) {
+    const auto icon = question == Question::Leaving ? QMessageBox::Question : QMessageBox::NoIcon;
+    // Enter goes on, on every desktop: a sampler confirms fish after fish with it. What deletes is not to go with them.
+    const auto proposed = question == Question::Deleting ? QMessageBox::No : QMessageBox::Yes;
+    return show(title, text, icon, QMessageBox::Yes | QMessageBox::No, proposed) == QMessageBox::Yes;
 }
 
 std::optional<QString> ModalDialogs::input(const QString& title, const QString& prompt, const QString& proposed) {

@@ -13,7 +13,9 @@ inline constexpr QStringView kApplicationTitle = u"Kelvora";
 /// Every box that the program shows is asked for here, so that a test can answer in the sampler's place.
 class Dialogs {
 public:
-    enum class Icon { None, Question };
+    /// What a Yes does. Enter is a Yes where something is added, and a No where something stored or measured is
+    /// deleted.
+    enum class Question { Adding, Deleting, Leaving };
     enum class FileKind { Csv, Any };
 
     virtual ~Dialogs() = default;
@@ -21,7 +23,7 @@ public:
     /// A text with an OK button.
     virtual void message(const QString& title, const QString& text) = 0;
     /// A question with Yes and No; anything but Yes is a no.
-    virtual bool confirm(const QString& title, const QString& text, Icon icon = Icon::None) = 0;
+    virtual bool confirm(const QString& title, const QString& text, Question question = Question::Adding) = 0;
     /// A line of text, at first the proposed one; nothing if it was cancelled.
     virtual std::optional<QString> input(const QString& title, const QString& prompt, const QString& proposed) = 0;
     struct Answer {
@@ -45,7 +47,9 @@ public:
 
     /// A text with an OK button under the application's title.
     void message(const QString& text) { message(kApplicationTitle.toString(), text); }
-    bool confirm(const QString& text) { return confirm(kApplicationTitle.toString(), text); }
+    bool confirm(const QString& text, Question question = Question::Adding) {
+        return confirm(kApplicationTitle.toString(), text, question);
+    }
     std::optional<QString> input(const QString& prompt) { return input(kApplicationTitle.toString(), prompt, {}); }
 };
 
@@ -57,7 +61,7 @@ public:
     using Dialogs::message;
 
     void message(const QString& title, const QString& text) override;
-    bool confirm(const QString& title, const QString& text, Icon icon) override;
+    bool confirm(const QString& title, const QString& text, Question question) override;
     std::optional<QString> input(const QString& title, const QString& prompt, const QString& proposed) override;
     Answer inputOrNoMore(const QString& title, const QString& prompt, const QString& proposed) override;
     std::optional<QString> openFile(FileKind kind) override;

@@ -1,5 +1,6 @@
 #include "controls/fields.h"
 
+#include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLineEdit>
@@ -45,10 +46,28 @@ QLabel* addField(QGridLayout* form, int row, int column, const QString& caption,
 
 QPushButton* keyButton(const QString& caption) {
     auto* button = new QPushButton(caption);
-    button->setAutoDefault(true);
     constexpr int margins = 32;
     button->setMinimumWidth(button->fontMetrics().horizontalAdvance(caption) + margins);
     return button;
+}
+
+void focusOn(QWidget* field) {
+    field->setFocus(Qt::TabFocusReason);
+    if (auto* date = qobject_cast<QAbstractSpinBox*>(field)) {
+        date->selectAll();
+        return;
+    }
+    const auto* list = qobject_cast<QComboBox*>(field);
+    if (auto* line = list != nullptr ? list->lineEdit() : qobject_cast<QLineEdit*>(field)) {
+        line->selectAll();
+    }
+}
+
+void makeReadOnly(QLineEdit* field) {
+    field->setReadOnly(true);
+    QPalette toRead = field->palette();
+    toRead.setColor(QPalette::Base, toRead.color(QPalette::Window));
+    field->setPalette(toRead);
 }
 
 void nameList(QComboBox* list, const QString& name) {

@@ -33,7 +33,13 @@ void nameList(QComboBox* list, const QString& name);
 /// Makes a text box show "*" for each typed character.
 void showStars(QLineEdit* field);
 
-/// A button that Enter presses too, once the keyboard is on it.
+/// Moves the keyboard to a field. Its text is selected, so that what is typed replaces it.
+void focusOn(QWidget* field);
+
+/// A text box that is there to be read and copied.
+void makeReadOnly(QLineEdit* field);
+
+/// A button as wide as those beside it.
 QPushButton* keyButton(const QString& caption);
 
 /// A text box for a number: wide enough for eight digits and the point.

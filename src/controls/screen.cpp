@@ -1,8 +1,11 @@
 #include "controls/screen.h"
 
+#include "controls/bound_list.h"
 #include "controls/guard.h"
 
-#include <QAbstractButton>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPushButton>
 
 #include <exception>
 #include <utility>
@@ -11,6 +14,44 @@ namespace kelvora {
 
 Screen::Screen(const QString& caption, Context context) : m_context(std::move(context)) {
     setWindowTitle(caption);
+    qApp->installEventFilter(this);
+}
+
+bool Screen::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        m_keyRepeats = static_cast<QKeyEvent*>(event)->isAutoRepeat();
+    }
+    const bool pressed = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Wheel;
+    if ((pressed && watched->isWidgetType() && static_cast<QWidget*>(watched)->window() == window()) ||
+        (event->type() == QEvent::Move && watched == window())) {
+        if (auto* list = qobject_cast<BoundList*>(QApplication::focusWidget())) {
+            list->closeOffers();
+        }
+    }
+    auto* button = qobject_cast<QAbstractButton*>(watched);
+    return (button != nullptr && isAncestorOf(button) && onButtonEvent(button, event)) ||
+           QWidget::eventFilter(watched, event);
+}
+
+/// Whether the event is dealt with.
+bool Screen::onButtonEvent(QAbstractButton* button, const QEvent* event) const {
+    if (event->type() == QEvent::MouseButtonDblClick) {
+        return qobject_cast<QPushButton*>(button) != nullptr;
+    }
+    const bool enter = event->type() == QEvent::KeyPress && !button->isCheckable() &&
+                       (static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Return ||
+                        static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Enter);
+    const bool letter = event->type() == QEvent::Shortcut && !static_cast<const QShortcutEvent*>(event)->isAmbiguous();
+    if (!enter && !letter) {
+        return false;
+    }
+    if (auto* list = qobject_cast<BoundList*>(QApplication::focusWidget())) {
+        list->finishTyping();
+    }
+    if (!m_keyRepeats) {
+        button->click();
+    }
+    return true;
 }
 
 void Screen::cameToFront() {

@@ -21,7 +21,16 @@ public:
     /// To be called whenever the screen comes to the front. Shows no box, which would bring it to the front again.
     void cameToFront();
 
+Q_SIGNALS:
+    /// The screen has done what it was opened for: its window closes.
+    void finished();
+
 protected:
+    /// A press beside the rows that a list offers closes them. Enter presses the button that has the keyboard. Alt and
+    /// a letter press a button at once, where the toolkit waits while the next keys still go to the field before. A
+    /// double click presses once: the second click is no answer to what the first one did.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
     /// Fills the lists again if another screen or program has changed the data file: each keeps what it shows.
     virtual void refillLists() {}
 
@@ -34,7 +43,10 @@ protected:
     void onClick(QAbstractButton* button, const std::function<void()>& handler);
 
 private:
+    bool onButtonEvent(QAbstractButton* button, const QEvent* event) const;
+
     Context m_context;
+    bool m_keyRepeats = false;  ///< the key that is pressed is held down
 };
 
 }  // namespace kelvora

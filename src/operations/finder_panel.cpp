@@ -74,6 +74,10 @@ void FinderPanel::refillLists() {
     m_fields->refill();
 }
 
+bool FinderPanel::isLocked() const {
+    return !m_search->isEnabled();
+}
+
 QString FinderPanel::currentOperation() const {
     return m_number->text();
 }

@@ -30,6 +30,8 @@ public:
     /// To be called once, when the screen is built. With an operation saved last, the panel stays on that operation for
     /// the screen's whole life.
     void open(bool selectFirstCriterion);
+    /// Whether it stays on the operation saved last.
+    [[nodiscard]] bool isLocked() const;
 
     /// Fills the list of values again, which another screen may have changed.
     void refillLists();

@@ -152,12 +152,9 @@ void OperationForm::addCatchColumn(QGridLayout* form) {
     addField(form, 3, kFirst, u" Fishing Gear"_s, m_gears);
     addField(form, 4, kFirst, u" Fishing Method"_s, m_methods);
     addField(form, 5, kFirst, u" Fishing Area"_s, m_areas);
-    m_number->setReadOnly(true);
-    // The number is there to be read and copied; typing starts with the vessel.
+    makeReadOnly(m_number);
+    // Typing starts with the vessel.
     m_number->setFocusPolicy(Qt::ClickFocus);
-    QPalette toRead = m_number->palette();
-    toRead.setColor(QPalette::Base, toRead.color(QPalette::Window));
-    m_number->setPalette(toRead);
 }
 
 void OperationForm::addLandingColumn(QGridLayout* form) {
@@ -246,7 +243,7 @@ void OperationForm::clear(const QString& recorder) {
     }
     m_ports->clearSource();
     m_methods->clearSource();
-    m_vesselNames->setFocus();
+    focusOn(m_vesselNames);
 }
 
 void OperationForm::fillLists() {
@@ -352,7 +349,7 @@ void OperationForm::sendBack(const OperationCheck& failed) {
         box->setText(kNoNumber);
     }
     if (failed.reaction == Reaction::Focus || failed.reaction == Reaction::EmptyAndFocus) {
-        found->setFocus(Qt::TabFocusReason);
+        focusOn(found);
     }
 }
 

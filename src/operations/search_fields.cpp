@@ -42,7 +42,7 @@ SearchFields::SearchFields(Connection& connection, Dialogs& dialogs, QWidget* pa
     connect(m_criterion, &QComboBox::activated, this, guarded(m_dialogs, [this] { onCriterionChosen(); }));
     connect(m_value, &BoundList::chosen, this, guarded(m_dialogs, [this] { Q_EMIT valueChosen(); }));
     connect(m_value->lineEdit(), &QLineEdit::textEdited, this, guarded(m_dialogs, [this] { Q_EMIT valueTyped(); }));
-    connect(m_value->lineEdit(), &QLineEdit::returnPressed, this, guarded(m_dialogs, [this] { Q_EMIT entered(); }));
+    connect(m_value, &BoundList::entered, this, guarded(m_dialogs, [this] { Q_EMIT entered(); }));
 }
 
 void SearchFields::chooseFirstCriterion() {

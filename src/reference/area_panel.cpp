@@ -34,6 +34,7 @@ AreaPanel::AreaPanel(Connection& connection, Dialogs& dialogs)
     layout->addWidget(m_areas, 1);
 
     onClick(addButton, [this] { add(); });
+    connect(m_description, &QLineEdit::returnPressed, addButton, &QPushButton::click);
     m_areas->onArrival(dialogs, [this](bool onRow) {
         m_areas->setCaption(m_areas->current(0));
         m_areas->deleteButton()->setEnabled(onRow);
@@ -54,17 +55,19 @@ void AreaPanel::add() {
     const QString description = typed(m_description);
     if (name.isEmpty()) {
         dialogs().message(u"Please insert fishing area"_s);
-        m_name->setFocus();
+        focusOn(m_name);
         return;
     }
     if (description.isEmpty()) {
         dialogs().message(u"Please insert description"_s);
-        m_description->setFocus();
+        focusOn(m_description);
         return;
     }
     AddArea(name, description);
     clearEntry();
+    focusOn(m_name);
     RefreshAreaGrid();
+    m_areas->grid()->bringIntoView(0, name);
 }
 
 void AreaPanel::AddArea(const QString& name, const QString& description) {
@@ -73,7 +76,8 @@ void AreaPanel::AddArea(const QString& name, const QString& description) {
         return;
     }
     const Sql statement = Sql("insert into fishing_area(aname,describ) values(") << name << "," << description << ")";
-    const bool stored = confirmAfterExecute(statement, u"Are you sure to insert this fishing area? "_s);
+    const bool stored =
+        confirmAfterExecute(statement, Dialogs::Question::Adding, u"Are you sure to insert this fishing area? "_s);
     dialogs().message(u"RESULT"_s, stored ? u"Insert fishing area Complete"_s : u"Insert fishing area not Complete"_s);
 }
 
@@ -87,7 +91,7 @@ void AreaPanel::deleteArea(const QString& name) {
         clearEntry();
         return;
     }
-    if (confirmAfterExecute(Sql("delete from fishing_area where aname = ") << name,
+    if (confirmAfterExecute(Sql("delete from fishing_area where aname = ") << name, Dialogs::Question::Deleting,
                             u"Do you want to delete this area?"_s)) {
         m_areas->setCaption({});
         RefreshAreaGrid();

@@ -37,6 +37,7 @@ GearMethodPanel::GearMethodPanel(Connection& connection, Dialogs& dialogs)
     layout->addWidget(m_methods, 1);
 
     onClick(addButton, [this] { add(); });
+    connect(m_method, &QLineEdit::returnPressed, addButton, &QPushButton::click);
     m_methods->onArrival(dialogs, [this](bool onRow) {
         m_selectedMethod = m_methods->current(0).toInt();
         m_methods->setCaption(m_methods->current(2));
@@ -74,8 +75,10 @@ void GearMethodPanel::add() {
 void GearMethodPanel::AddGear(const QString& name) {
     const int id = nextGear(connection());
     const Sql statement = Sql("insert into Fishing_gear(gearid,guname) values(") << id << "," << name << ")";
-    if (!confirmAfterExecute(statement, u"Are you sure to insert fishing gear '%1'?"_s.arg(name))) {
+    if (!confirmAfterExecute(statement, Dialogs::Question::Adding,
+                             u"Are you sure to insert fishing gear '%1'?"_s.arg(name))) {
         dialogs().message(u"RESULT"_s, u"Insert fishing gear not Complete"_s);
+        focusOn(m_method);
         return;
     }
     RefreshMethodGearList();
@@ -92,8 +95,10 @@ void GearMethodPanel::AddMethod(const QString& name, int gearid) {
     const int id = nextMethod(connection());
     connection().execute(Sql("insert into Fishing_method values(") << id << "," << name << "," << gearid << ")");
     RefreshGearMethodGrid();
+    m_methods->grid()->bringIntoView(0, QString::number(id));
     m_gear->setText({});
     m_method->clear();
+    focusOn(m_gear);
 }
 
 void GearMethodPanel::deleteMethod() {

@@ -25,8 +25,9 @@ bool ReferencePanel::finds(const Sql& query) const {
     return !m_connection.query(query).isEmpty();
 }
 
-bool ReferencePanel::confirmAfterExecute(const Sql& statement, const QString& question, const QString& title) const {
-    return executeThenAsk(m_connection, statement, [&] { return m_dialogs.confirm(title, question); });
+bool ReferencePanel::confirmAfterExecute(const Sql& statement, Dialogs::Question kind, const QString& question,
+                                         const QString& title) const {
+    return executeThenAsk(m_connection, statement, [&] { return m_dialogs.confirm(title, question, kind); });
 }
 
 }  // namespace kelvora

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/dialogs.h"
 #include "data/connection.h"
 
 #include <QWidget>
@@ -12,8 +13,6 @@ class QLineEdit;
 namespace kelvora {
 
 using namespace Qt::StringLiterals;
-
-class Dialogs;
 
 /// A part of the "General Information" screen that keeps one reference list, over the screen's connection.
 class ReferencePanel : public QWidget {
@@ -33,7 +32,7 @@ protected:
     /// Whether a query finds a row.
     [[nodiscard]] bool finds(const Sql& query) const;
     /// Executes a statement, asks, and keeps or takes back what it did; returns the answer.
-    [[nodiscard]] bool confirmAfterExecute(const Sql& statement, const QString& question,
+    [[nodiscard]] bool confirmAfterExecute(const Sql& statement, Dialogs::Question kind, const QString& question,
                                            const QString& title = u"Confirm"_s) const;
 
 private:

@@ -50,6 +50,7 @@ SpeciesTab::SpeciesTab(Connection& connection, Dialogs& dialogs)
     layout->addWidget(new SpeciesImportPanel(*this, connection, dialogs), 1);
 
     onClick(addButton, [this] { add(); });
+    connect(m_commonName, &QLineEdit::returnPressed, addButton, &QPushButton::click);
     m_catalogue->onArrival(dialogs, [this](bool onRow) {
         m_catalogue->deleteButton()->setEnabled(onRow);
         m_selectedSpecies = m_catalogue->current(0).toInt();
@@ -86,7 +87,9 @@ void SpeciesTab::add() {
     for (QLineEdit* field : {m_family, m_genus, m_species, m_commonName}) {
         field->clear();
     }
+    focusOn(m_family);
     RefreshSpeciesGrid();
+    m_catalogue->grid()->scrollToBottom();
 }
 
 bool SpeciesTab::AddSpecies(const QString& species, const QString& genus, const QString& family,
@@ -112,7 +115,7 @@ void SpeciesTab::deleteSpecies() {
             return;
         }
     }
-    if (confirmAfterExecute(Sql("delete from fish where fishno = ") << m_selectedSpecies,
+    if (confirmAfterExecute(Sql("delete from fish where fishno = ") << m_selectedSpecies, Dialogs::Question::Deleting,
                             u"Are you sure to delete this species"_s, u"CONFIRM"_s)) {
         m_catalogue->setCaption({});
         RefreshSpeciesGrid();

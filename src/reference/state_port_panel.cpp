@@ -37,6 +37,7 @@ StatePortPanel::StatePortPanel(Connection& connection, Dialogs& dialogs)
     form->addWidget(addButton, 1, 2);
 
     onClick(addButton, [this] { add(); });
+    connect(m_port, &QLineEdit::returnPressed, addButton, &QPushButton::click);
     m_ports->onArrival(dialogs, [this](bool onRow) { followRow(onRow); });
     onClick(m_ports->deleteButton(), [this] {
         if (!m_ports->caption().isEmpty()) {
@@ -95,6 +96,7 @@ void StatePortPanel::add() {
         AddSamplingPort(port, chosen.isValid() ? chosen.toInt() : found.integer(0, u"stateid").value_or(0));
     }
     m_port->clear();
+    focusOn(m_port);
 }
 
 int StatePortPanel::InsertState(const QString& name) {
@@ -110,13 +112,15 @@ void StatePortPanel::AddSamplingPort(const QString& portName, int stateid) {
     if (!rowsNamed(connection(), ports, {{"samplingname", portName}}).isEmpty()) {
         dialogs().message(u"ERROR"_s, u"sampling port repeat please try again"_s);
         m_port->clear();
-        m_port->setFocus();
+        focusOn(m_port);
         return;
     }
     const int id = nextSamplingPort(connection());
     const Sql statement = Sql("insert into samplingport values(") << id << "," << portName << "," << stateid << ")";
-    if (confirmAfterExecute(statement, u"Are you sure to insert sampling port '%1'"_s.arg(portName))) {
+    if (confirmAfterExecute(statement, Dialogs::Question::Adding,
+                            u"Are you sure to insert sampling port '%1'"_s.arg(portName))) {
         RefreshStatePortGrid();
+        m_ports->grid()->scrollToBottom();
     }
 }
 
@@ -126,7 +130,7 @@ void StatePortPanel::DeleteSamplingPort(int samplingid) {
         return;
     }
     if (confirmAfterExecute(Sql("delete from samplingport where samplingid = ") << samplingid,
-                            u"Do you want to remove this sampling port"_s)) {
+                            Dialogs::Question::Deleting, u"Do you want to remove this sampling port"_s)) {
         m_ports->setCaption({});
         RefreshStatePortGrid();
         m_ports->leaveRow();

@@ -65,6 +65,7 @@ VesselTab::VesselTab(Connection& connection, Dialogs& dialogs)
     vessels->addWidget(new VesselImportPanel(*this, connection, dialogs), 4);
 
     onClick(addButton, [this] { add(); });
+    connect(m_length, &QLineEdit::returnPressed, addButton, &QPushButton::click);
     m_register->onArrival(dialogs, [this](bool onRow) {
         const QString name = m_register->current(0);
         m_register->setCaption(name.isEmpty() ? m_register->current(1) : name);
@@ -115,8 +116,12 @@ void VesselTab::add() {
         return;
     }
     addvessel(insertStatement());
+    const int column = m_name->text().isEmpty() ? 1 : 0;
+    const QString added = (column == 0 ? m_name : m_registerId)->text();
     ClearVesselFields();
+    focusOn(m_name);
     RefreshVesselGrid();
+    m_register->grid()->bringIntoView(column, added);
 }
 
 bool VesselTab::isRefused() {
@@ -146,7 +151,7 @@ bool VesselTab::isRefused() {
             check.emptied->clear();
         }
         if (check.focus != nullptr) {
-            check.focus->setFocus();
+            focusOn(check.focus);
         }
         return true;
     }
@@ -162,7 +167,8 @@ Sql VesselTab::insertStatement() const {
 }
 
 void VesselTab::addvessel(const Sql& statement) {
-    static_cast<void>(confirmAfterExecute(statement, u"Are you sure to insert this fishing vessel? "_s));
+    static_cast<void>(
+        confirmAfterExecute(statement, Dialogs::Question::Adding, u"Are you sure to insert this fishing vessel? "_s));
 }
 
 void VesselTab::addvessel2(const Sql& statement) {
@@ -199,7 +205,8 @@ void VesselTab::deleteVessel(const QString& name, const QString& registerId) {
     const Sql statement = named ? Sql("delete from vessel where vesselname = ") << name
                                 : Sql("delete from vessel where ifnull(vesselname,'') = '' and vesselid = ")
                                       << registerId;
-    if (confirmAfterExecute(statement, u"Are you sure to delete '%1'?"_s.arg(named ? name : registerId))) {
+    if (confirmAfterExecute(statement, Dialogs::Question::Deleting,
+                            u"Are you sure to delete '%1'?"_s.arg(named ? name : registerId))) {
         m_register->setCaption({});
         RefreshVesselGrid();
         m_register->leaveRow();

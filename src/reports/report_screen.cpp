@@ -2,6 +2,7 @@
 
 #include "controls/bound_list.h"
 #include "controls/dialogs.h"
+#include "controls/fields.h"
 #include "controls/guard.h"
 #include "data/whole_file.h"
 
@@ -29,7 +30,6 @@ ReportScreen::ReportScreen(const QString& caption, const Context& context, const
     m_rowsLine->setTextFormat(Qt::PlainText);
     m_rowsLine->setMinimumHeight(m_rowsLine->fontMetrics().height());
 
-    m_export->setAutoDefault(false);
     m_export->setEnabled(false);
     onClick(m_export, [this] { saveExport(); });
 }
@@ -69,7 +69,7 @@ std::optional<int> ReportScreen::neededYear() const {
     const std::optional<int> chosen = year();
     if (!chosen) {
         dialogs().message(u"Please choose a year from the list"_s);
-        m_years->setFocus();
+        focusOn(m_years);
     }
     return chosen;
 }
@@ -80,7 +80,7 @@ void ReportScreen::searchOn(QAbstractButton* button) {
 
 void ReportScreen::searchOnEnterIn(BoundList* list) {
     // While rows are offered below the list, Enter in it does not reach the screen.
-    connect(list->lineEdit(), &QLineEdit::returnPressed, this, guarded(dialogs(), [this] { search(); }));
+    connect(list, &BoundList::entered, this, guarded(dialogs(), [this] { search(); }));
     m_searching.append(list);
 }
 

@@ -63,7 +63,6 @@ QLayout* SpeciesCompositionReportScreen::yearRow() {
     row->setHorizontalSpacing(8);
     addField(row, 0, 0, u"Year"_s, yearList());
     searchOn(m_search);
-    m_search->setAutoDefault(false);
     row->addWidget(m_search, 0, 2);
     row->setColumnMinimumWidth(3, 24);
     QFont bold = m_total->font();

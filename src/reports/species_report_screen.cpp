@@ -22,7 +22,6 @@ SpeciesReportScreen::SpeciesReportScreen(const QString& caption, const Context& 
     searchOnEnterIn(m_species);
     watch(m_species);
     searchOn(m_search);
-    m_search->setAutoDefault(false);
     // What a report puts below comes behind.
     setReadingOrder({yearList(), m_species, m_search, exportButton()});
 }

@@ -75,14 +75,14 @@ void FishFields::setLocked(bool locked) {
 }
 
 void FishFields::focusFirst() {
-    m_order.front()->setFocus(Qt::TabFocusReason);
+    focusOn(m_order.front());
 }
 
 void FishFields::refuse(FishField field) {
     for (const Measurement& measurement : m_measurements) {
         if (measurement.field == field) {
             measurement.box->clear();
-            measurement.box->setFocus();
+            focusOn(measurement.box);
         }
     }
 }
@@ -155,7 +155,7 @@ void FishFields::leave(const QObject* field) {
     if (at + 1 == m_order.end()) {
         Q_EMIT completed();
     } else {
-        (*(at + 1))->setFocus(Qt::TabFocusReason);
+        focusOn(*(at + 1));
     }
 }
 

@@ -246,7 +246,7 @@ void GonadEntryPanel::onSave() {
     }
     endSample();
     m_start->setEnabled(false);
-    m_species->setFocus();
+    focusOn(m_species);
 }
 
 std::optional<GonadSample> GonadEntryPanel::sampleToStore() {
@@ -262,7 +262,7 @@ std::optional<GonadSample> GonadEntryPanel::sampleToStore() {
         m_dialogs.message(kGonadTitle.toString(),
                           u"Please input Sampling weight in numeric (decimal point, no comma)"_s);
         showWeight();
-        m_weight->setFocus(Qt::TabFocusReason);
+        focusOn(m_weight);
         return std::nullopt;
     }
     return GonadSample{*m_operation, chosenSpecies(*m_species).value(), *weight, m_grid->fish()};

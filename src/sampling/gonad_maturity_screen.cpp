@@ -24,6 +24,8 @@ GonadMaturityScreen::GonadMaturityScreen(const Context& context)
     connect(m_finder, &FinderPanel::cleared, m_entry, &GonadEntryPanel::reset);
     connect(m_finder, &FinderPanel::loaded, m_entry, &GonadEntryPanel::refresh);
     m_finder->open(false);
+    // Where there is nothing to find, the sampler goes on with the sample.
+    tabs->setCurrentIndex(m_finder->isLocked() ? 1 : 0);
 }
 
 void GonadMaturityScreen::refillLists() {

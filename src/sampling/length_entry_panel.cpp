@@ -114,7 +114,7 @@ void LengthEntryPanel::connectFields() {
     connect(m_save, &QPushButton::clicked, this, guarded(dialogs, [this] { onSave(); }));
     connect(m_clear, &QPushButton::clicked, this, guarded(dialogs, [this] {
                 clear();
-                m_species->setFocus();
+                focusOn(m_species);
             }));
 }
 
@@ -206,7 +206,7 @@ void LengthEntryPanel::onStart() {
     }
     if (!giveWay(*m_finder.operation(), chosenSpecies(*m_species).value())) {
         clear();
-        m_species->setFocus();
+        focusOn(m_species);
         return;
     }
     m_started = m_finder.operation();
@@ -219,7 +219,8 @@ bool LengthEntryPanel::giveWay(const StoredOperation& operation, const ChosenSpe
         return true;
     }
     if (!m_context.dialogs.confirm(u"CONFORM"_s,
-                                   u"This species have lenght frequency data in database. Do you want to update?"_s)) {
+                                   u"This species have lenght frequency data in database. Do you want to update?"_s,
+                                   Dialogs::Question::Deleting)) {
         return false;
     }
     deleteLengthSample(m_connection, operation, species);
@@ -232,7 +233,7 @@ void LengthEntryPanel::startAt(const LengthClass& first) {
     m_grid->startWith(first);
     m_finish->setEnabled(false);
     m_frame->show();
-    m_frequency->setFocus();
+    focusOn(m_frequency);
     m_start->setEnabled(false);
     m_weight->setEnabled(false);
     m_lowerLimit->setEnabled(false);
@@ -246,7 +247,7 @@ void LengthEntryPanel::onFrequency() {
     if (!isFrequency(typed)) {
         m_context.dialogs.message(u"ERROR"_s, u"Numeric Only"_s);
         m_frequency->clear();
-        m_frequency->setFocus();
+        focusOn(m_frequency);
         return;
     }
     if (const auto refusal = intervalRefusal(m_interval->text())) {
@@ -259,7 +260,7 @@ void LengthEntryPanel::onFrequency() {
     m_current = next;
     m_currentClass->setText(plainText(m_current.lower) + u'-' + plainText(m_current.upper));
     m_frequency->clear();
-    m_frequency->setFocus();
+    focusOn(m_frequency);
 }
 
 void LengthEntryPanel::onFinish() {
@@ -299,7 +300,7 @@ void LengthEntryPanel::onSave() {
     storeLengthSample(m_connection, {m_started.value(), chosenSpecies(*m_species).value(),
                                      leadingNumber(m_weight->text()), leadingNumber(m_interval->text()), classes});
     clear();
-    m_species->setFocus();
+    focusOn(m_species);
 }
 
 void LengthEntryPanel::clear() {
@@ -338,8 +339,7 @@ QLineEdit* LengthEntryPanel::boxOf(LengthRefusal::Field field) const {
 void LengthEntryPanel::refuse(const LengthRefusal& refusal) {
     m_context.dialogs.message(u"ERROR"_s, refusal.message);
     if (QLineEdit* box = boxOf(refusal.field)) {
-        box->setFocus();
-        box->selectAll();
+        focusOn(box);
     }
 }
 

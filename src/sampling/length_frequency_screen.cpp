@@ -24,6 +24,8 @@ LengthFrequencyScreen::LengthFrequencyScreen(const Context& context)
     connect(m_finder, &FinderPanel::cleared, m_entry, &LengthEntryPanel::reset);
     connect(m_finder, &FinderPanel::loaded, m_entry, &LengthEntryPanel::refresh);
     m_finder->open(false);
+    // Where there is nothing to find, the sampler goes on with the sample.
+    tabs->setCurrentIndex(m_finder->isLocked() ? 1 : 0);
 }
 
 void LengthFrequencyScreen::refillLists() {

@@ -36,6 +36,7 @@ MeasuredFishGrid::MeasuredFishGrid(Dialogs& dialogs)
       m_rows(new TextTable(static_cast<int>(fishColumns().size()), this)),
       m_line(new ValueLabel) {
     m_grid->show(m_rows, fishColumns());
+    m_grid->setSelectionMode(QAbstractItemView::SingleSelection);  // the Delete key takes one fish
     m_grid->installEventFilter(this);
     auto* note = new QLabel(u"* Double Click for delete row"_s);
     auto* layout = new QVBoxLayout(this);
@@ -84,7 +85,8 @@ void MeasuredFishGrid::askAndDelete(int row) {
         return;
     }
     runGuarded(m_dialogs, [&] {
-        if (!m_dialogs.confirm(u"Confirm"_s, u"Are you sure for delete sampling '%1'"_s.arg(row + 1))) {
+        if (!m_dialogs.confirm(u"Confirm"_s, u"Are you sure for delete sampling '%1'"_s.arg(row + 1),
+                               Dialogs::Question::Deleting)) {
             return;
         }
         m_fish.erase(m_fish.begin() + row);

@@ -109,7 +109,7 @@ double PendingGroupPanel::sample() const {
 
 void PendingGroupPanel::refuse(const QString& title, const QString& text, QWidget* field) const {
     m_context.dialogs.message(title, text);
-    field->setFocus();
+    focusOn(field);
 }
 
 bool PendingGroupPanel::askName() {
@@ -177,7 +177,7 @@ void PendingGroupPanel::onAdd() {
     m_weight->clear();
     m_save->setEnabled(true);
     m_clear->setEnabled(true);
-    m_species->setFocus();
+    focusOn(m_species);
 }
 
 bool PendingGroupPanel::chooseFreeName(int operation) {
@@ -187,7 +187,7 @@ bool PendingGroupPanel::chooseFreeName(int operation) {
     m_context.dialogs.message(u"ERROR!"_s, u"Group repeat please change new group"_s);
     m_group->clear();
     m_group->setEnabled(true);
-    m_group->setFocus();
+    focusOn(m_group);
     return false;
 }
 
@@ -217,6 +217,7 @@ void PendingGroupPanel::onSave() {
     }
     storeGroup(m_connection, *operation, group);
     onClear();
+    focusOn(m_group);
     m_save->setEnabled(false);
     m_clear->setEnabled(false);
     Q_EMIT saved();

@@ -87,7 +87,7 @@ void SingleSpeciesPanel::reset() {
 
 void SingleSpeciesPanel::refuse(const QString& title, const QString& text, QWidget* field) const {
     m_context.dialogs.message(title, text);
-    field->setFocus();
+    focusOn(field);
 }
 
 void SingleSpeciesPanel::onAdd() {
@@ -114,8 +114,9 @@ void SingleSpeciesPanel::onAdd() {
     }
     storeSingleSpecies(m_connection, *operation, *species, leadingNumber(m_weight->text()));
     m_weight->clear();
-    m_weight->setFocus();
+    focusOn(m_weight);
     refresh(operation->number);
+    m_stored->grid()->bringIntoView(0, species->name);
     Q_EMIT changed();
 }
 

@@ -35,6 +35,8 @@ SpeciesCompositionScreen::SpeciesCompositionScreen(const Context& context)
     connect(m_pendingGroup, &PendingGroupPanel::saved, this, &SpeciesCompositionScreen::refreshGroups);
     connect(m_storedGroups, &StoredGroupsPanel::changed, this, &SpeciesCompositionScreen::refreshSummary);
     m_finder->open(true);
+    // Where there is nothing to find, the sampler goes on with the sample.
+    tabs->setCurrentIndex(m_finder->isLocked() ? 1 : 0);
 }
 
 QWidget* SpeciesCompositionScreen::createCompositionTab() {

@@ -100,7 +100,8 @@ void StoredGroupsPanel::onArrived(int row) {
 
 void StoredGroupsPanel::onDelete() {
     const auto& operation = m_finder.operation();
-    if (!operation || !m_context.dialogs.confirm(u"Are you sure to delete this group?"_s)) {
+    if (!operation ||
+        !m_context.dialogs.confirm(u"Are you sure to delete this group?"_s, Dialogs::Question::Deleting)) {
         return;
     }
     deleteGroup(m_connection, *operation, m_groups.integer(m_navigator->row(), u"groupid").value());

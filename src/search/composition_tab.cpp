@@ -98,7 +98,7 @@ void CompositionTab::showNone(const QString& caption) {
 }
 
 void CompositionTab::onDelete() {
-    if (!dialogs().confirm(u"Are you sure to delete this group?"_s)) {
+    if (!dialogs().confirm(u"Are you sure to delete this group?"_s, Dialogs::Question::Deleting)) {
         return;
     }
     const int group = currentGroup();

@@ -142,7 +142,7 @@ void GonadTab::onAdd() {
 }
 
 void GonadTab::onDelete() {
-    const bool sure = dialogs().confirm(u"CONFIRM"_s, u"Are you sure to delete?"_s);
+    const bool sure = dialogs().confirm(u"CONFIRM"_s, u"Are you sure to delete?"_s, Dialogs::Question::Deleting);
     if (sure && isStored(sample())) {
         deleteGonadSample(connection(), *operation(), species());
         reload();

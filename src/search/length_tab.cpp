@@ -171,8 +171,7 @@ void LengthTab::onUpdate() {
     const std::optional<double> weight = toNumber(m_weight->text());
     if (!weight || *weight < 0) {
         dialogs().message(kError, u"Please input sample weight: a number not below 0 (decimal point, no comma)"_s);
-        m_weight->setFocus();
-        m_weight->selectAll();
+        focusOn(m_weight);
         return;
     }
     if (isStored(sample())) {
@@ -186,7 +185,7 @@ void LengthTab::onAdd() {
     if (!isFrequency(m_frequency->text())) {
         dialogs().message(kError, u"Numeric Only"_s);
         m_frequency->clear();
-        m_frequency->setFocus();
+        focusOn(m_frequency);
         return;
     }
     if (isStored(sample())) {
@@ -194,12 +193,12 @@ void LengthTab::onAdd() {
                        {*m_next, m_next->middle(), leadingNumber(m_frequency->text())});
         showClasses();
         m_classes->scrollToBottom();
-        m_frequency->setFocus();
+        focusOn(m_frequency);
     }
 }
 
 void LengthTab::onDelete() {
-    if (dialogs().confirm(u"Are you sure to delete?"_s) && isStored(sample())) {
+    if (dialogs().confirm(u"Are you sure to delete?"_s, Dialogs::Question::Deleting) && isStored(sample())) {
         deleteLengthSample(connection(), *operation(), shownSpecies());
         reload();
     }

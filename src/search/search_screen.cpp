@@ -162,7 +162,8 @@ void SearchScreen::onOutdated() {
 }
 
 void SearchScreen::onDelete() {
-    if (!dialogs().confirm(u"CONFIRM"_s, u"Are you sure to delete all data in this operation?"_s)) {
+    if (!dialogs().confirm(u"CONFIRM"_s, u"Are you sure to delete all data in this operation?"_s,
+                           Dialogs::Question::Deleting)) {
         return;
     }
     const int number = m_operation.value().number;

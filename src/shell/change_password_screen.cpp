@@ -28,8 +28,7 @@ ChangePasswordScreen::ChangePasswordScreen(const Context& context)
       m_password(passwordField(context.session.password)),
       m_repeated(passwordField(context.session.password)) {
     // The login name is the key of the account: with another one the change would go to somebody else, or nowhere.
-    m_login->setReadOnly(true);
-    m_login->setEnabled(false);
+    makeReadOnly(m_login);
     constexpr int fieldWidth = 280;  // pixels
     for (QLineEdit* field : {m_userName, m_login, m_password, m_repeated}) {
         field->setFixedWidth(fieldWidth);
@@ -77,8 +76,7 @@ void ChangePasswordScreen::changePassword() {
     dialogs().message(u"Complete"_s);
     context().session.userName = m_userName->text();
     context().session.password = m_password->text();
-    // The screen is shown in a window of the main window, which goes with it.
-    (parentWidget() != nullptr ? parentWidget() : this)->close();
+    Q_EMIT finished();
 }
 
 }  // namespace kelvora

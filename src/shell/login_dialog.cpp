@@ -40,7 +40,6 @@ LoginDialog::LoginDialog(const Context& context)
     auto* logIn = new QPushButton(u"&Log in"_s, this);
     auto* cancel = new QPushButton(u"&Cancel"_s, this);
     logIn->setDefault(true);
-    cancel->setAutoDefault(false);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(logIn);
@@ -73,13 +72,13 @@ LoginDialog::LoginDialog(const Context& context)
 
 void LoginDialog::reject() {
     m_password->clear();
-    m_password->setFocus();
+    focusOn(m_password);
 }
 
 void LoginDialog::changeEvent(QEvent* event) {
     QDialog::changeEvent(event);
     if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
-        m_password->setFocus();
+        focusOn(m_password);
     }
 }
 

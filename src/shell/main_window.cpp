@@ -1,6 +1,7 @@
 #include "shell/main_window.h"
 
 #include "controls/dialogs.h"
+#include "controls/fields.h"
 #include "controls/guard.h"
 #include "controls/screen.h"
 #include "operations/operation_entry_screen.h"
@@ -15,9 +16,12 @@
 #include "search/search_screen.h"
 #include "shell/change_password_screen.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
@@ -38,20 +42,28 @@ Screen* make(const Context& context) {
     return new ScreenClass(context);
 }
 
-/// The first field of a screen or tab that takes the keyboard, and can: a sampler types as soon as it is open. The tabs
-/// of a screen, where no field before them or on the first one can be used.
+/// Whether something can be typed or chosen in a widget.
+bool isField(const QWidget* widget) {
+    const auto* line = qobject_cast<const QLineEdit*>(widget);
+    return (line != nullptr && !line->isReadOnly()) || qobject_cast<const QComboBox*>(widget) != nullptr ||
+           qobject_cast<const QAbstractSpinBox*>(widget) != nullptr;
+}
+
+/// The first field of a screen or tab that can be used: a sampler types as soon as it is open. Where there is none, the
+/// first thing that takes the keyboard, a grid or the tabs.
 QWidget* firstField(QWidget* page) {
-    QWidget* tabs = page;
+    QWidget* other = nullptr;
     for (QWidget* next = page->nextInFocusChain(); next != page; next = next->nextInFocusChain()) {
-        if ((next->focusPolicy() & Qt::TabFocus) == 0 || !next->isVisibleTo(page) || !next->isEnabled()) {
-            continue;
+        const bool usable = (next->focusPolicy() & Qt::TabFocus) != 0 && page->isAncestorOf(next) &&
+                            next->isVisibleTo(page) && next->isEnabled();
+        if (usable && isField(next)) {
+            return next;
         }
-        if (qobject_cast<QTabWidget*>(next) == nullptr && qobject_cast<QTabBar*>(next) == nullptr) {
-            return page->isAncestorOf(next) ? next : tabs;
+        if (usable && (other == nullptr || qobject_cast<QTabBar*>(other) != nullptr)) {
+            other = next;
         }
-        tabs = next;
     }
-    return tabs;
+    return other != nullptr ? other : page;
 }
 
 /// On a screen too small for a form, or with large letters, nothing is out of reach.
@@ -70,6 +82,8 @@ MainWindow::MainWindow(const Context& context) : m_context(context), m_area(new 
     setWindowTitle(kApplicationTitle.toString());
     addToolBar();
     addMenus();
+    // Every screen keeps its own size: minimizing one must not shrink the others.
+    m_area->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     m_area->setBackground(palette().brush(QPalette::Window));
     setCentralWidget(m_area);
     connect(m_area, &QMdiArea::subWindowActivated, this, [](const QMdiSubWindow* window) {
@@ -151,7 +165,7 @@ void MainWindow::open(std::size_t index) {
     }
     Entry& entry = m_entries[index];
     if (entry.window != nullptr) {
-        m_area->setActiveSubWindow(entry.window);
+        bringToFront(entry.window);
         return;
     }
     runGuarded(m_context.dialogs, [&] {
@@ -165,10 +179,22 @@ void MainWindow::open(std::size_t index) {
         entry.window = window;
         entry.action->setEnabled(entry.icon.isEmpty());
         connect(window, &QObject::destroyed, this, [this, index] { onScreenClosed(index); });
+        connect(screen, &Screen::finished, window, &QWidget::close);
         window->showMaximized();
-        firstField(screen)->setFocus(Qt::TabFocusReason);
+        focusOn(firstField(screen));
         listWindows();
     });
+}
+
+void MainWindow::bringToFront(QMdiSubWindow* window) {
+    const bool wasMinimized = window->isMinimized();
+    if (wasMinimized) {
+        window->showMaximized();
+    }
+    m_area->setActiveSubWindow(window);
+    if (wasMinimized) {
+        focusOn(firstField(window->widget()));
+    }
 }
 
 void MainWindow::onScreenClosed(std::size_t index) {
@@ -182,7 +208,7 @@ void MainWindow::listWindows() {
     for (const Entry& entry : m_entries) {
         if (entry.window != nullptr) {
             m_windows->addAction(entry.window->windowTitle(), this,
-                                 [this, window = entry.window] { m_area->setActiveSubWindow(window); });
+                                 [this, window = entry.window] { bringToFront(window); });
         }
     }
     m_windows->menuAction()->setEnabled(!m_windows->isEmpty());
@@ -193,12 +219,12 @@ void MainWindow::turnTab(int by) {
     auto* tabs = front == nullptr ? nullptr : front->findChild<QTabWidget*>();
     if (tabs != nullptr && tabs->currentIndex() + by >= 0 && tabs->currentIndex() + by < tabs->count()) {
         tabs->setCurrentIndex(tabs->currentIndex() + by);
-        firstField(tabs->currentWidget())->setFocus(Qt::TabFocusReason);
+        focusOn(firstField(tabs->currentWidget()));
     }
 }
 
 void MainWindow::exit() {
-    if (m_context.dialogs.confirm(u"Question"_s, u"Do you want to exit program?"_s, Dialogs::Icon::Question)) {
+    if (m_context.dialogs.confirm(u"Question"_s, u"Do you want to exit program?"_s, Dialogs::Question::Leaving)) {
         close();
     }
 }

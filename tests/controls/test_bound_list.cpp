@@ -91,6 +91,12 @@ private Q_SLOTS:
         press(Qt::Key_Return);
         QCOMPARE(m_list->text(), u"be"_s);
         QCOMPARE(m_chosen->size(), 0);
+        QTest::keyClicks(m_list, u"x"_s);
+        m_list->setFocus();
+        QTest::keyClick(m_list, Qt::Key_Backspace);
+        QVERIFY(m_list->completer()->popup()->isVisible());
+        m_list->clearFocus();
+        QVERIFY(!m_list->completer()->popup()->isVisible());
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab}) {
             m_list->setText({});
             m_list->setFocus();

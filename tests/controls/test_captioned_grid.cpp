@@ -90,6 +90,8 @@ private Q_SLOTS:
         table->setRow(2, {u"R-2"_s, u"two\r\nlines\tand a tab"_s});
         m_columns[0].hidden = true;
         m_grid->show(std::move(table), m_columns);
+        QCOMPARE(m_grid->selectionMode(), QAbstractItemView::SingleSelection);  // a button takes the navigator's row
+        m_grid->setSelectionMode(QAbstractItemView::ExtendedSelection);
         clickRow(3);
         clickRow(2, Qt::ControlModifier);
         clickRow(0, Qt::ControlModifier);

@@ -16,11 +16,13 @@ class TestDialogs : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void enterGoesOnEscapeDoesNot() {
-        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+    void enterAddsAndDeletesNothing() {
+        using enum Dialogs::Question;
+        for (const auto& [key, question, yes] : {std::tuple{Qt::Key_Return, Adding, true},
+                                                 {Qt::Key_Escape, Adding, false},
+                                                 {Qt::Key_Return, Deleting, false}}) {
             QTimer::singleShot(50, this, [key] { QTest::keyClick(QApplication::activeModalWidget(), key); });
-            QCOMPARE(ModalDialogs().confirm(u"GONAD"_s, u"Are you sure?"_s, Dialogs::Icon::None),
-                     key == Qt::Key_Return);
+            QCOMPARE(ModalDialogs().confirm(u"GONAD"_s, u"Are you sure?"_s, question), yes);
         }
     }
 

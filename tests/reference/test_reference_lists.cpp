@@ -179,7 +179,10 @@ private Q_SLOTS:
                                   u"Can not delete fishing gear because this gear used in another table"_s);
         }
         screen.hand().move(kMethods, u"Last"_s);
-        screen.in(kMethods).press(u"Delete"_s);
+        auto* button = screen.in(kMethods).button(u"Delete"_s);
+        QTest::mouseClick(button, Qt::LeftButton);
+        QTest::mouseDClick(button, Qt::LeftButton);  // nothing asks before the next method goes
+        QTest::mouseRelease(button, Qt::LeftButton);
         QCOMPARE(screen.store.rows("select methodid from Fishing_method").join(u' '), u"1 2 3"_s);
         QCOMPARE(screen.rows(kMethods).size(), 3);
         QCOMPARE(screen.store.rows("select count(*) from Fishing_gear"), QStringList{u"3"_s});

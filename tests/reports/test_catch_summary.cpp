@@ -117,6 +117,8 @@ private Q_SLOTS:
     void aYearThatLostItsOperations() {
         Summary report;
         report.screen->show();
+        report.screen->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(report.screen.get()));
         report.search(u"2004"_s);
         report.ui().press(kByMonth);
         report.store.execute("delete from fishoperation where optid = 5");

@@ -104,6 +104,13 @@ private Q_SLOTS:
         QCOMPARE(windows(window),
                  QStringList({u"Fishing Information"_s, u"Number of record and estimate total catch"_s}));
 
+        // A screen that was minimized leaves the others as they are, and comes back where it was opened.
+        QMdiSubWindow* minimized = window.findChildren<QMdiSubWindow*>().last();
+        minimized->showMinimized();
+        QVERIFY(window.findChildren<QMdiSubWindow*>().first()->isMaximized());
+        report->trigger();
+        QVERIFY(minimized->isMaximized());
+
         window.findChildren<QMdiSubWindow*>().first()->close();
         QVERIFY(QTest::qWaitFor([&] { return button->isEnabled(); }));
         QCOMPARE(windows(window).size(), 1);

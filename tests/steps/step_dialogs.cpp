@@ -1,5 +1,7 @@
 #include "step_dialogs.h"
 
+#include "support/scripted_dialogs.h"
+
 using namespace Qt::StringLiterals;
 
 namespace kelvora::test {
@@ -19,7 +21,10 @@ void StepDialogs::message(const QString& title, const QString& text) {
     next(u"message"_s, title, text);
 }
 
-bool StepDialogs::confirm(const QString& title, const QString& text, Icon /*icon*/) {
+bool StepDialogs::confirm(const QString& title, const QString& text, Question question) {
+    if (!proposesRightly(question, text)) {
+        m_unplanned.append(u"the wrong button is proposed: "_s + text);
+    }
     return next(u"question"_s, title, text) == u"Yes"_s;
 }
 

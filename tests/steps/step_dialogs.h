@@ -29,7 +29,7 @@ public:
     [[nodiscard]] const QStringList& unplanned() const { return m_unplanned; }
 
     void message(const QString& title, const QString& text) override;
-    bool confirm(const QString& title, const QString& text, Icon icon) override;
+    bool confirm(const QString& title, const QString& text, Question question) override;
     std::optional<QString> input(const QString& title, const QString& prompt, const QString& proposed) override;
     Answer inputOrNoMore(const QString& title, const QString& prompt, const QString& proposed) override;
     std::optional<QString> openFile(FileKind kind) override;

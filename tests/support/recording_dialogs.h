@@ -17,7 +17,7 @@ public:
     using Dialogs::message;
 
     void message(const QString& title, const QString& text) override { said.append(title + u": "_s + text); }
-    bool confirm(const QString& title, const QString& text, Icon /*icon*/) override {
+    bool confirm(const QString& title, const QString& text, Question /*question*/) override {
         asked.append(title + u": "_s + text);
         return yes;
     }

@@ -1,10 +1,17 @@
 #include "support/scripted_dialogs.h"
 
+#include <QRegularExpression>
 #include <QtDebug>
 
 using namespace Qt::StringLiterals;
 
 namespace kelvora::test {
+
+bool proposesRightly(Dialogs::Question question, const QString& text) {
+    // An "update" of a length sample deletes the one that is stored.
+    static const QRegularExpression deletes(u"delete|remove|update"_s);
+    return text.contains(deletes) == (question == Dialogs::Question::Deleting);
+}
 
 ScriptedDialogs::~ScriptedDialogs() {
     if (!done()) {

@@ -10,6 +10,9 @@ namespace kelvora::test {
 
 using namespace Qt::StringLiterals;
 
+/// Whether Enter in a question deletes nothing and goes on adding, by the words of the question.
+bool proposesRightly(Dialogs::Question question, const QString& text);
+
 /// The boxes of the program with the answers planned by a test, in order. A box that nobody planned, or one with
 /// another title or text, ends the test at once and says what was expected.
 class ScriptedDialogs : public Dialogs {
@@ -45,7 +48,10 @@ public:
     [[nodiscard]] bool done() const { return m_planned.isEmpty(); }
 
     void message(const QString& title, const QString& text) override { next(u"message"_s, title, text); }
-    bool confirm(const QString& title, const QString& text, Icon /*icon*/) override {
+    bool confirm(const QString& title, const QString& text, Question question) override {
+        if (!proposesRightly(question, text)) {
+            qFatal("the wrong button is proposed: %s", qPrintable(text));
+        }
         return next(u"question"_s, title, text).has_value();
     }
     std::optional<QString> input(const QString& title, const QString& prompt, const QString& /*proposed*/) override {
