@@ -26,7 +26,7 @@ struct StepCase {
 QList<StepCase> casesOf(const QString& path);
 
 /// What stands in the way of a save when a case is replayed.
-enum class Obstacle { None, RefusingTable, FullDisk };
+enum class Obstacle { None, RefusingTable, FullDisk, LockedFile };
 
 /// The main window over a small sampled year, in which one case is played.
 class Stage {

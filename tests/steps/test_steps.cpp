@@ -37,8 +37,9 @@ using namespace Qt::StringLiterals;
 ///     rows Composition, written summary.csv          followed by their rows as lines with |
 ///
 /// Every box that comes must be named and every named box must come; every change of the whole file must be listed
-/// behind the step that makes it. Each saving step is replayed with each of its tables refusing, and with a full disk:
-/// nothing may be stored then, it must be said, and the step must work afterwards.
+/// behind the step that makes it. Each saving step is replayed with each of its tables refusing, on a full disk, and
+/// with the file held by another program: nothing may be stored then, it must be said, and the step must work
+/// afterwards.
 namespace kelvora::test_steps {
 
 class TestSteps : public QObject {
@@ -89,6 +90,9 @@ private Q_SLOTS:
 
     void onAFullDisk_data() { addRows(true); }
     void onAFullDisk() { play(test::Obstacle::FullDisk); }
+
+    void onALockedFile_data() { addRows(true); }
+    void onALockedFile() { play(test::Obstacle::LockedFile); }
 };
 
 KELVORA_TEST(TestSteps, "steps");
