@@ -261,6 +261,7 @@ void ImportPreview::save() {
 ImportOutcome ImportPreview::storeAll() {
     ImportOutcome outcome;
     Transaction transaction(connection());
+    beginStoring();
     Progress progress(u"Storing the rows…"_s, static_cast<int>(m_records.size()));
     for (const CsvRecord& record : m_records) {
         store(record, outcome);

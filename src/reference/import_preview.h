@@ -27,6 +27,8 @@ protected:
 
     /// Completes the records of a file before they are shown.
     virtual void complete(std::vector<CsvRecord>& records);
+    /// The records are about to be stored, inside the transaction of the save.
+    virtual void beginStoring() {}
     /// Stores one record, inside the transaction of the save, and counts what became of it.
     virtual void store(const CsvRecord& record, ImportOutcome& outcome) = 0;
     /// The stored rows have changed.

@@ -49,13 +49,30 @@ void VesselImportPanel::complete(std::vector<CsvRecord>& records) {
     }
 }
 
+void VesselImportPanel::beginStoring() {
+    m_names.clear();
+    const ResultSet stored = connection().query(Sql("select vesselname from vessel"));
+    for (int row = 0; row < stored.rowCount(); ++row) {
+        m_names.insert(stored.text(row, u"vesselname"));
+    }
+}
+
+QStringList VesselImportPanel::asStored(QStringList fields) const {
+    const auto name = m_names.find(fields.first());
+    if (name != m_names.end() && !finds(vesselsKnownAs(fields))) {
+        fields.first() = *name;
+    }
+    return fields;
+}
+
 void VesselImportPanel::store(const CsvRecord& record, ImportOutcome& outcome) {
     const QStringList& fields = record.fields;
     const QStringList unusable = unusableNumbers(fields);
     const ResultSet gears = gearsNamed(fields[kGearColumn]);
     const int gear = gears.isEmpty() ? 0 : gears.integer(0, u"gearid").value_or(0);
-    if (finds(vesselsKnownAs(fields))) {
-        if (unusable.isEmpty() && finds(vesselsLike(fields, gear))) {
+    const QStringList sought = asStored(fields);
+    if (finds(vesselsKnownAs(sought))) {
+        if (unusable.isEmpty() && finds(vesselsLike(sought, gear))) {
             ++outcome.repeated;
         } else {
             outcome.others.push_back(record);
@@ -64,6 +81,7 @@ void VesselImportPanel::store(const CsvRecord& record, ImportOutcome& outcome) {
         outcome.refused.push_back({record, unusable});
     } else {
         m_tab.addvessel2(vesselInsert(fields, gear));
+        m_names.insert(fields.first());
         ++outcome.stored;
     }
 }
