@@ -187,6 +187,8 @@ void GonadEntryPanel::onImport() {
 }
 
 void GonadEntryPanel::importFile(const QString& path) {
+    // What was said of the file before holds for it alone.
+    m_grid->say({});
     try {
         CsvReader csv(path);
         importFish(csv);
