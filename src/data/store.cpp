@@ -1,6 +1,5 @@
 #include "data/store.h"
 
-#include "data/connection.h"
 #include "data/schema.h"
 #include "data/store_files.h"
 
@@ -26,7 +25,8 @@ class Hindrance : public DataError {
 };
 
 bool isHindrance(const QString& reason) {
-    return reason == plainReason(SQLITE_READONLY, {}) || reason == plainReason(SQLITE_FULL, {});
+    const auto hinders = [&](int code) { return reason == plainReason(code, {}); };
+    return hinders(SQLITE_READONLY) || hinders(SQLITE_FULL) || hinders(SQLITE_BUSY);
 }
 
 [[noreturn]] void refuse(const QString& path, const QString& reason, const QString& copies = {}) {
@@ -131,9 +131,9 @@ QString tableFault(Connection& connection) {
 }
 
 /// Opens a file: the engine undoes an interrupted save and takes in what a log keeps. Says what is wrong with it.
-QString faultOfOpening(const QString& path, bool everyPage) {
+QString faultOfOpening(const QString& path, bool everyPage, const Connection::Waiting& waiting = {}) {
     try {
-        Connection connection(path);
+        Connection connection(path, waiting);
         // One file is all the data, so that its copy is a backup: no log beside it, whatever tool made one.
         if (connection.query(Sql("pragma journal_mode=delete")).text(0, u"journal_mode") != u"delete") {
             return u"its log cannot be ended"_s;
@@ -191,7 +191,7 @@ QString faultOfWriting(const QString& path) {
 }
 
 /// Checks an existing file. Returns the line that is to be shown.
-QString openedWithLine(const QString& path) {
+QString openedWithLine(const QString& path, const Connection::Waiting& waiting) {
     const Header header(path);
     if (!header.fault.isEmpty()) {
         refuse(path, header.fault);
@@ -205,7 +205,7 @@ QString openedWithLine(const QString& path) {
     } else if (const QString fault = header.faultOfWhole(); !fault.isEmpty()) {
         refuse(path, fault);
     }
-    const QString fault = faultOfOpening(path, false);
+    const QString fault = faultOfOpening(path, false, waiting);
     if (!fault.isEmpty()) {
         refuse(path, fault);
     }
@@ -225,7 +225,7 @@ QString defaultStorePath() {
     return QDir(folder).filePath(u"kelvora_db.sqlite"_s);
 }
 
-StoreState prepareStore(const QString& path) {
+StoreState prepareStore(const QString& path, const Connection::Waiting& waiting) {
     const QFileInfo file(path);
     try {
         if (!file.exists() && !file.isSymLink()) {
@@ -235,7 +235,7 @@ StoreState prepareStore(const QString& path) {
         if (!file.isFile()) {
             refuse(path, u"it is not a file"_s);
         }
-        return {openedWithLine(placeOf(path))};
+        return {openedWithLine(placeOf(path), waiting)};
     } catch (const Hindrance& e) {
         return {QString::fromUtf8(e.what()), false};
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "data/connection.h"
+
 #include <QString>
 
 namespace kelvora {
@@ -18,6 +20,8 @@ struct StoreState {
 /// not a database throws DataError with its path and the reason, and is not written to. A place that cannot be written
 /// to is no fault of the file: the line says so, and where the file cannot be read without writing it is not usable
 /// yet.
-StoreState prepareStore(const QString& path);
+///
+/// A file that another program holds is waited for as a connection does; then it is not usable yet.
+StoreState prepareStore(const QString& path, const Connection::Waiting& waiting = {});
 
 }  // namespace kelvora

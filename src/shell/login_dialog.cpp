@@ -88,7 +88,7 @@ void LoginDialog::closeEvent(QCloseEvent* event) {
 }
 
 void LoginDialog::openStore() {
-    const StoreState state = prepareStore(m_context.databasePath);
+    const StoreState state = prepareStore(m_context.databasePath, m_context.waiting());
     m_line->setText(state.line);
     m_line->setVisible(!state.line.isEmpty());
     if (state.usable) {

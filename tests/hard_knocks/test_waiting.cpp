@@ -1,17 +1,22 @@
 #include "actions.h"
 #include "controls/progress.h"
+#include "shell/login_dialog.h"
 #include "shell/main_window.h"
 #include "support/test_main.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
 #include <QMdiArea>
 #include <QPointer>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <QToolBar>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -22,11 +27,33 @@ struct Sampler : test::RecordingDialogs {
     std::function<bool()> waiting() override { return waitingBox(); }
 };
 
-/// Another program holds the data file while an operation is saved at the main window.
+/// Another program holds the data file while the program starts, and while an operation is saved at the main window.
 class TestWaiting : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void starts() {
+        test::TemporaryStore store;
+        store.execute("begin exclusive");
+        Sampler sampler;
+        QTimer::singleShot(900, this, [] {
+            auto* box = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
+            QVERIFY(box != nullptr);
+            box->findChild<QPushButton*>()->click();
+        });
+        LoginDialog login({store.path(), store.session, sampler});
+        QCOMPARE(sampler.said, QStringList());
+        const QList<QLabel*> labels = login.findChildren<QLabel*>();
+        QVERIFY(std::ranges::any_of(
+            labels, [](const QLabel* label) { return label->text().contains(u"another program is using"); }));
+        store.execute("rollback");
+        const QSignalSpy signedIn(&login, &LoginDialog::signedIn);
+        const test::ScreenDriver hand(&login);
+        hand.type(u"PASSWORD"_s, u"kelvora"_s);
+        hand.press(u"Log in"_s);
+        QCOMPARE(signedIn.count(), 1);
+    }
+
     void saves_data() {
         QTest::addColumn<bool>("givenUp");
         QTest::newRow("until the file is free") << false;
