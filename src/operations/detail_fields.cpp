@@ -37,6 +37,8 @@ void DetailFields::addNote(QGridLayout* form, int row, const QString& caption, i
     m_note = new QPlainTextEdit;
     m_note->setReadOnly(true);
     m_note->setTabChangesFocus(true);
+    // The lines are broken at the edge: a bar below them would only take the place of one.
+    m_note->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_note->setFrameShape(QFrame::NoFrame);
     m_note->document()->setDocumentMargin(0);
     QPalette flat = m_note->palette();

@@ -86,7 +86,13 @@ MainWindow::MainWindow(const Context& context) : m_context(context), m_area(new 
     m_area->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     m_area->setBackground(palette().brush(QPalette::Window));
     setCentralWidget(m_area);
-    connect(m_area, &QMdiArea::subWindowActivated, this, [](const QMdiSubWindow* window) {
+    connect(m_area, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* window) {
+        // A list left open would lie over the other screen and take the keys meant for it. Closing, it calls its own
+        // screen back to the front.
+        if (QWidget* opened = QApplication::activePopupWidget(); opened != nullptr) {
+            opened->close();
+            m_area->setActiveSubWindow(window);
+        }
         if (auto* screen = window == nullptr ? nullptr : window->findChild<Screen*>(); screen != nullptr) {
             screen->cameToFront();
         }
