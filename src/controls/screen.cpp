@@ -28,9 +28,20 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
             list->closeOffers();
         }
     }
+    if (event->type() == QEvent::KeyPress && isLetterOfNoButton(watched, *static_cast<QKeyEvent*>(event))) {
+        return true;
+    }
     auto* button = qobject_cast<QAbstractButton*>(watched);
     return (button != nullptr && isAncestorOf(button) && onButtonEvent(button, event)) ||
            QWidget::eventFilter(watched, event);
+}
+
+/// A button that is disabled takes no Alt and letter, also when its own first press disabled it and the key is pressed
+/// again or held down: the field with the keyboard would take the letter as typed.
+bool Screen::isLetterOfNoButton(const QObject* watched, const QKeyEvent& key) const {
+    return watched->isWidgetType() && isAncestorOf(static_cast<const QWidget*>(watched)) &&
+           (key.modifiers() & ~Qt::ShiftModifier) == Qt::AltModifier && !key.text().isEmpty() &&
+           key.text().front().isPrint();
 }
 
 /// Whether the event is dealt with.

@@ -7,6 +7,7 @@
 #include <functional>
 
 class QAbstractButton;
+class QKeyEvent;
 
 namespace kelvora {
 
@@ -28,7 +29,6 @@ Q_SIGNALS:
 protected:
     /// A press beside the rows that a list offers closes them. Enter presses the button that has the keyboard. Alt and
     /// a letter press a button at once, where the toolkit waits while the next keys still go to the field before. A
-    /// double click presses once: the second click is no answer to what the first one did.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     /// Fills the lists again if another screen or program has changed the data file: each keeps what it shows.
@@ -43,6 +43,7 @@ protected:
     void onClick(QAbstractButton* button, const std::function<void()>& handler);
 
 private:
+    bool isLetterOfNoButton(const QObject* watched, const QKeyEvent& key) const;
     bool onButtonEvent(QAbstractButton* button, const QEvent* event) const;
 
     Context m_context;
