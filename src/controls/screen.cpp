@@ -45,9 +45,15 @@ bool Screen::isLetterOfNoButton(const QObject* watched, const QKeyEvent& key) co
 }
 
 /// Whether the event is dealt with.
-bool Screen::onButtonEvent(QAbstractButton* button, const QEvent* event) const {
-    if (event->type() == QEvent::MouseButtonDblClick) {
-        return qobject_cast<QPushButton*>(button) != nullptr;
+bool Screen::onButtonEvent(QAbstractButton* button, const QEvent* event) {
+    const bool again = event->type() == QEvent::MouseButtonDblClick;
+    if (qobject_cast<QPushButton*>(button) != nullptr && (again || event->type() == QEvent::MouseButtonPress)) {
+        // The third click of a row of fast ones begins a new double click.
+        const quint64 now = static_cast<const QMouseEvent*>(event)->timestamp();
+        const bool third =
+            m_doubleClicked != 0 && now - m_doubleClicked < static_cast<quint64>(QApplication::doubleClickInterval());
+        m_doubleClicked = again || third ? now : 0;
+        return again || third;
     }
     const bool enter = event->type() == QEvent::KeyPress && !button->isCheckable() &&
                        (static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Return ||

@@ -29,6 +29,7 @@ Q_SIGNALS:
 protected:
     /// A press beside the rows that a list offers closes them. Enter presses the button that has the keyboard. Alt and
     /// a letter press a button at once, where the toolkit waits while the next keys still go to the field before. A
+    /// double click presses once: the second click is no answer to what the first one did.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     /// Fills the lists again if another screen or program has changed the data file: each keeps what it shows.
@@ -44,10 +45,11 @@ protected:
 
 private:
     bool isLetterOfNoButton(const QObject* watched, const QKeyEvent& key) const;
-    bool onButtonEvent(QAbstractButton* button, const QEvent* event) const;
+    bool onButtonEvent(QAbstractButton* button, const QEvent* event);
 
     Context m_context;
-    bool m_keyRepeats = false;  ///< the key that is pressed is held down
+    quint64 m_doubleClicked = 0;  ///< when a double click on a button was last passed over, or a click right behind one
+    bool m_keyRepeats = false;    ///< the key that is pressed is held down
 };
 
 }  // namespace kelvora
