@@ -28,15 +28,32 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
             list->closeOffers();
         }
     }
+    if (event->type() == QEvent::KeyPress && isLetterOfNoButton(watched, *static_cast<QKeyEvent*>(event))) {
+        return true;
+    }
     auto* button = qobject_cast<QAbstractButton*>(watched);
     return (button != nullptr && isAncestorOf(button) && onButtonEvent(button, event)) ||
            QWidget::eventFilter(watched, event);
 }
 
+/// A button that is disabled takes no Alt and letter, also when its own first press disabled it and the key is pressed
+/// again or held down: the field with the keyboard would take the letter as typed.
+bool Screen::isLetterOfNoButton(const QObject* watched, const QKeyEvent& key) const {
+    return watched->isWidgetType() && isAncestorOf(static_cast<const QWidget*>(watched)) &&
+           (key.modifiers() & ~Qt::ShiftModifier) == Qt::AltModifier && !key.text().isEmpty() &&
+           key.text().front().isPrint();
+}
+
 /// Whether the event is dealt with.
-bool Screen::onButtonEvent(QAbstractButton* button, const QEvent* event) const {
-    if (event->type() == QEvent::MouseButtonDblClick) {
-        return qobject_cast<QPushButton*>(button) != nullptr;
+bool Screen::onButtonEvent(QAbstractButton* button, const QEvent* event) {
+    const bool again = event->type() == QEvent::MouseButtonDblClick;
+    if (qobject_cast<QPushButton*>(button) != nullptr && (again || event->type() == QEvent::MouseButtonPress)) {
+        // The third click of a row of fast ones begins a new double click.
+        const quint64 now = static_cast<const QMouseEvent*>(event)->timestamp();
+        const bool third =
+            m_doubleClicked != 0 && now - m_doubleClicked < static_cast<quint64>(QApplication::doubleClickInterval());
+        m_doubleClicked = again || third ? now : 0;
+        return again || third;
     }
     const bool enter = event->type() == QEvent::KeyPress && !button->isCheckable() &&
                        (static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Return ||

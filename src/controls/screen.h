@@ -7,6 +7,7 @@
 #include <functional>
 
 class QAbstractButton;
+class QKeyEvent;
 
 namespace kelvora {
 
@@ -43,10 +44,12 @@ protected:
     void onClick(QAbstractButton* button, const std::function<void()>& handler);
 
 private:
-    bool onButtonEvent(QAbstractButton* button, const QEvent* event) const;
+    bool isLetterOfNoButton(const QObject* watched, const QKeyEvent& key) const;
+    bool onButtonEvent(QAbstractButton* button, const QEvent* event);
 
     Context m_context;
-    bool m_keyRepeats = false;  ///< the key that is pressed is held down
+    quint64 m_doubleClicked = 0;  ///< when a double click on a button was last passed over, or a click right behind one
+    bool m_keyRepeats = false;    ///< the key that is pressed is held down
 };
 
 }  // namespace kelvora

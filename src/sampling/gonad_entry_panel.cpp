@@ -296,6 +296,7 @@ void GonadEntryPanel::endSample() {
 bool GonadEntryPanel::hasSpecies() {
     if (!m_species->key().isValid()) {
         m_dialogs.message(u"select species"_s);
+        focusOn(m_species);
         return false;
     }
     if (m_operation != m_finder.operation()) {

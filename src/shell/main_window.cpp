@@ -186,6 +186,14 @@ void MainWindow::open(std::size_t index) {
         entry.action->setEnabled(entry.icon.isEmpty());
         connect(window, &QObject::destroyed, this, [this, index] { onScreenClosed(index); });
         connect(screen, &Screen::finished, window, &QWidget::close);
+        connect(
+            window, &QMdiSubWindow::windowStateChanged, this,
+            [this](Qt::WindowStates before, Qt::WindowStates now) {
+                if ((now & ~before & Qt::WindowMinimized) != 0) {
+                    leaveMinimized();
+                }
+            },
+            Qt::QueuedConnection);
         window->showMaximized();
         focusOn(firstField(screen));
         listWindows();
@@ -201,6 +209,17 @@ void MainWindow::bringToFront(QMdiSubWindow* window) {
     if (wasMinimized) {
         focusOn(firstField(window->widget()));
     }
+}
+
+/// A minimized screen would keep the keyboard: what is typed belongs to the screen that is seen behind it.
+void MainWindow::leaveMinimized() {
+    const QMdiSubWindow* front = m_area->activeSubWindow();
+    if (front == nullptr || !front->isMinimized()) {
+        return;
+    }
+    QList<QMdiSubWindow*> windows = m_area->subWindowList(QMdiArea::ActivationHistoryOrder);
+    windows.removeIf([](const QMdiSubWindow* window) { return window->isMinimized(); });
+    m_area->setActiveSubWindow(windows.isEmpty() ? nullptr : windows.last());
 }
 
 void MainWindow::onScreenClosed(std::size_t index) {

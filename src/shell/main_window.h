@@ -50,6 +50,7 @@ private:
     void open(std::size_t index);
     /// A screen that was minimized comes back as it opened.
     void bringToFront(QMdiSubWindow* window);
+    void leaveMinimized();
     void onScreenClosed(std::size_t index);
     void listWindows();
     /// Goes to the next tab of the screen in front (1) or the one before (-1), and into its first field.

@@ -3,6 +3,7 @@
 #include "reference_screen.h"
 
 #include <QLineEdit>
+#include <QMouseEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -180,9 +181,12 @@ private Q_SLOTS:
         }
         screen.hand().move(kMethods, u"Last"_s);
         auto* button = screen.in(kMethods).button(u"Delete"_s);
-        QTest::mouseClick(button, Qt::LeftButton);
-        QTest::mouseDClick(button, Qt::LeftButton);  // nothing asks before the next method goes
-        QTest::mouseRelease(button, Qt::LeftButton);
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
+                                QEvent::MouseButtonRelease, QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            QMouseEvent click(type, {4, 4}, button->mapToGlobal(QPointF(4, 4)), Qt::LeftButton, Qt::LeftButton, {});
+            click.setTimestamp(1'000);
+            QCoreApplication::sendEvent(button, &click);  // nothing asks before the next method goes
+        }
         QCOMPARE(screen.store.rows("select methodid from Fishing_method").join(u' '), u"1 2 3"_s);
         QCOMPARE(screen.rows(kMethods).size(), 3);
         QCOMPARE(screen.store.rows("select count(*) from Fishing_gear"), QStringList{u"3"_s});

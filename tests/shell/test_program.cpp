@@ -5,6 +5,7 @@
 #include "support/temporary_store.h"
 #include "support/test_main.h"
 
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QSignalSpy>
@@ -104,10 +105,13 @@ private Q_SLOTS:
         QCOMPARE(windows(window),
                  QStringList({u"Fishing Information"_s, u"Number of record and estimate total catch"_s}));
 
-        // A screen that was minimized leaves the others as they are, and comes back where it was opened.
+        // A screen that was minimized leaves the others as they are, and the keyboard to them; it comes back where it
+        // was opened.
         QMdiSubWindow* minimized = window.findChildren<QMdiSubWindow*>().last();
         minimized->showMinimized();
-        QVERIFY(window.findChildren<QMdiSubWindow*>().first()->isMaximized());
+        QMdiSubWindow* behind = window.findChildren<QMdiSubWindow*>().first();
+        QVERIFY(behind->isMaximized());
+        QVERIFY(QTest::qWaitFor([&] { return window.findChild<QMdiArea*>()->activeSubWindow() == behind; }));
         report->trigger();
         QVERIFY(minimized->isMaximized());
 
