@@ -83,7 +83,7 @@ void SpeciesCompositionReportScreen::addOptions() {
         button->setEnabled(false);
         m_options->addButton(button, option);
         auto* choices = new BoundList(m_optionFrame);
-        choices->setMinimumContentsLength(6);
+        choices->setMinimumContentsLength(3);
         nameList(choices, subset.option);
         choices->setEnabled(false);
         m_choices.push_back(choices);
@@ -92,7 +92,7 @@ void SpeciesCompositionReportScreen::addOptions() {
         form->addWidget(choices, option / perRow, column + 1);
         form->setColumnStretch(column + 1, 1);
         if (column > 0) {
-            form->setColumnMinimumWidth(column - 1, 16);
+            form->setColumnMinimumWidth(column - 1, 8);
         }
         watch(choices);
         connect(choices, &BoundList::chosen, this, guarded(dialogs(), [this, option] { showComposition(option); }));

@@ -272,17 +272,18 @@ void LengthEntryPanel::onFinish() {
 
 bool LengthEntryPanel::mayBeSaved(const std::vector<CountedClass>& classes) {
     const LengthStart start = typedStart();
-    if (const auto refusal = saveRefusal(start)) {
+    const int started = m_started.value().number;
+    const bool elsewhere = start.operation && *start.operation != started;
+    if (const auto refusal = elsewhere ? std::nullopt : saveRefusal(start)) {
         refuse(*refusal);
         return false;
     }
-    const auto [operation, started] = std::pair(*start.operation, m_started.value().number);
     QString problem;
-    if (operation != started) {
+    if (elsewhere) {
         problem = u"This sample belongs to fishing operation no. %1: go back to it to save"_s.arg(started);
     } else if (classes.empty()) {
         problem = u"There is no length class with a frequency to save"_s;
-    } else if (hasLengthSample(m_connection, operation, *start.species)) {
+    } else if (hasLengthSample(m_connection, started, *start.species)) {
         problem = u"This species has a length sample in this operation already"_s;
     }
     if (!problem.isEmpty()) {
