@@ -13,7 +13,7 @@ namespace {
 enum Column { Name, RegisterId, EngineType, Power, Length, State, Size, Gear, NetLength, NetWidth, MeshSize };
 static_assert(Gear == kGearColumn);
 
-auto numberIn(const QStringList& fields) {
+auto numberOf(const QStringList& fields) {
     return [&fields](Column column) { return toNumber(fields[column]).value_or(0); };
 }
 
@@ -67,7 +67,7 @@ Sql vesselsKnownAs(const QStringList& fields) {
 }
 
 Sql vesselsLike(const QStringList& fields, int gear) {
-    const auto number = numberIn(fields);
+    const auto number = numberOf(fields);
     return Sql("select * from vessel where vesselname = ")
            << fields[Name] << " and vesselid = " << fields[RegisterId] << " and flagstate = " << fields[State]
            << " and enginetype = " << fields[EngineType] << " and enginepower = " << number(Power)
@@ -77,7 +77,7 @@ Sql vesselsLike(const QStringList& fields, int gear) {
 }
 
 Sql vesselInsert(const QStringList& fields, int gear) {
-    const auto number = numberIn(fields);
+    const auto number = numberOf(fields);
     return Sql("insert into vessel values(")
            << fields[Name] << "," << fields[RegisterId] << "," << fields[State] << "," << fields[EngineType] << ","
            << number(Power) << "," << number(Size) << "," << number(Length) << "," << gear << "," << fields[MeshSize]
