@@ -16,7 +16,7 @@
 #include <QRadioButton>
 
 #include <map>
-#include <set>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -72,21 +72,30 @@ void fillFrom(const BoundList& from, BoundList& to) {
 }
 
 /// The rows of the register behind its ids: of two rows with one id, one registered by its id alone says nothing.
-ResultSet registeredIds(const ResultSet& vessels) {
-    std::set<QString> named;
-    for (int row = 0; row < vessels.rowCount(); ++row) {
-        if (!isBlank(vessels.text(row, u"vesselname"))) {
-            named.insert(vessels.text(row, u"vesselid").toCaseFolded());
+ResultSet registeredIds(ResultSet vessels) {
+    using Row = std::vector<QVariant>;
+    const auto text = [&](const Row& row, QStringView column) {
+        return displayText(row[static_cast<std::size_t>(vessels.column(column))]);
+    };
+    const auto isNameless = [&](const Row& row) { return isBlank(text(row, u"vesselname")); };
+    std::map<QString, bool> named;  // ids of rows without a name: whether another row with the id has one
+    for (const Row& row : vessels.rows) {
+        if (isNameless(row)) {
+            named[text(row, u"vesselid").toCaseFolded()] = false;
         }
     }
-    ResultSet ids{vessels.columns, {}};
-    for (int row = 0; row < vessels.rowCount(); ++row) {
-        if (!isBlank(vessels.text(row, u"vesselname")) ||
-            !named.contains(vessels.text(row, u"vesselid").toCaseFolded())) {
-            ids.rows.push_back(vessels.rows[static_cast<std::size_t>(row)]);
+    if (named.empty()) {
+        return vessels;
+    }
+    for (const Row& row : vessels.rows) {
+        const auto found = named.find(text(row, u"vesselid").toCaseFolded());
+        if (found != named.end() && !isNameless(row)) {
+            found->second = true;
         }
     }
-    return ids;
+    std::erase_if(vessels.rows,
+                  [&](const Row& row) { return isNameless(row) && named.at(text(row, u"vesselid").toCaseFolded()); });
+    return vessels;
 }
 
 }  // namespace
