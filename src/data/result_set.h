@@ -50,8 +50,7 @@ bool sameName(QStringView left, QStringView right);
 int compareText(QStringView left, QStringView right);
 
 /// A result set for lists, grids and navigators. Headers are the column names; DisplayRole is the shown text, EditRole
-/// the value itself. match() compares texts as the database does,
-/// and as names where that finds none.
+/// the value itself. match() compares texts as the database does, and as names where that finds none.
 class ResultModel : public QAbstractTableModel {
 public:
     explicit ResultModel(ResultSet result, QObject* parent = nullptr);

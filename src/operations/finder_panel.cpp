@@ -79,7 +79,7 @@ bool FinderPanel::isLocked() const {
 }
 
 QString FinderPanel::currentOperation() const {
-    return m_number->text();
+    return m_current ? QString::number(m_current->number) : QString();
 }
 
 void FinderPanel::clear() {
@@ -92,7 +92,7 @@ void FinderPanel::clear() {
 void FinderPanel::onValueTyped() {
     // What is typed is another value from the first letter on: an operation found by the former one must not stay
     // current under it.
-    if (!currentOperation().isEmpty() || !m_navigator->caption().isEmpty()) {
+    if (m_current || !m_navigator->caption().isEmpty()) {
         clear();
     }
 }
@@ -147,7 +147,7 @@ void FinderPanel::setOperation(int number) {
 void FinderPanel::setCurrent(std::optional<StoredOperation> operation, QStringList unregistered) {
     m_current = std::move(operation);
     m_unregistered = std::move(unregistered);
-    m_number->setText(m_current ? QString::number(m_current->number) : QString());
+    m_number->setText(currentOperation());
     Q_EMIT operationChanged();
 }
 
