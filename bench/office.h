@@ -18,6 +18,8 @@ using namespace Qt::StringLiterals;
 class Database;
 }  // namespace SQLite
 
+using namespace Qt::StringLiterals;
+
 namespace kelvora::bench {
 
 /// The program in front of a sampler, without a display, on a copy of a generated data file. The copy's last operation
