@@ -1,9 +1,9 @@
 #include "demo/demo_catalogue.h"
 
 #include "data/csv_reader.h"
-#include "data/keys.h"
+#include "records/keys.h"
 #include "data/transaction.h"
-#include "reference/vessel_import.h"
+#include "records/vessel_import.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 #include "data/numbers.h"
 #include "demo/demo_trip.h"
-#include "sampling/composition_store.h"
-#include "sampling/raising.h"
+#include "records/composition_store.h"
+#include "records/raising.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,9 +1,9 @@
 #include "data/numbers.h"
 #include "demo/demo_trip.h"
-#include "sampling/composition_store.h"
-#include "sampling/gonad_import.h"
-#include "sampling/gonad_store.h"
-#include "sampling/length_store.h"
+#include "records/composition_store.h"
+#include "records/gonad_import.h"
+#include "records/gonad_store.h"
+#include "records/length_store.h"
 
 #include <algorithm>
 #include <map>

@@ -1,10 +1,10 @@
 #include "demo/demo_year.h"
 
-#include "data/keys.h"
+#include "records/keys.h"
 #include "data/numbers.h"
 #include "data/store.h"
 #include "demo/demo_trip.h"
-#include "operations/operation_checks.h"
+#include "records/operation_checks.h"
 
 using namespace Qt::StringLiterals;
 

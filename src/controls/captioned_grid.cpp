@@ -84,8 +84,8 @@ void Grid::show(QAbstractItemModel* source, GridColumns columns) {
     m_columns = std::move(columns);
     m_presented->setSourceModel(source);
     m_source.reset();
-    const auto widest = std::ranges::max_element(m_columns, {}, &GridColumn::twips);
-    const bool unequal = !m_columns.empty() && std::ranges::count(m_columns, widest->twips, &GridColumn::twips) == 1;
+    const auto widest = std::ranges::max_element(m_columns, {}, &GridColumn::width);
+    const bool unequal = !m_columns.empty() && std::ranges::count(m_columns, widest->width, &GridColumn::width) == 1;
     m_names = unequal ? static_cast<int>(widest - m_columns.begin()) : -1;
     for (int i = 0; i < static_cast<int>(m_columns.size()); ++i) {
         setColumnHidden(i, m_columns[static_cast<std::size_t>(i)].hidden);
@@ -190,14 +190,13 @@ void Grid::copySelection() const {
 
 /// The widths of the columns for themselves, in pixels; where room is tight numbers are no wider than they have to be.
 std::vector<int> Grid::wantedWidths(bool tight) const {
-    constexpr int twipsPerPixel = 15;
     constexpr int headerMargin = 14;
     std::vector<int> widths;
     for (int i = 0; i < static_cast<int>(m_columns.size()); ++i) {
         const GridColumn& column = m_columns[static_cast<std::size_t>(i)];
         const bool numbers = i != m_names && column.alignment != Qt::AlignLeft;
         const int caption = horizontalHeader()->fontMetrics().horizontalAdvance(column.caption) + headerMargin;
-        const int usual = tight && numbers ? 0 : column.twips * logicalDpiX() / 96 / twipsPerPixel;
+        const int usual = tight && numbers ? 0 : column.width * logicalDpiX() / 96;
         const int whole = numbers ? sizeHintForColumn(i) : 0;
         widths.push_back(column.hidden ? 0 : std::max({caption, usual, whole}));
     }

@@ -14,10 +14,10 @@ namespace kelvora {
 
 class RecordNavigator;
 
-/// A column of a grid: its caption, its starting width in twips (15 are one pixel at 96 dpi), its alignment.
+/// A column of a grid: its caption, its starting width in pixels at 96 dpi, its alignment.
 struct GridColumn {
     QString caption;
-    int twips = 1500;
+    int width = 100;
     Qt::Alignment alignment = Qt::AlignLeft;
     bool hidden = false;
 };

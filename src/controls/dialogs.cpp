@@ -1,5 +1,6 @@
 #include "controls/dialogs.h"
 
+#include "controls/fields.h"
 #include "controls/progress.h"
 
 #include <QApplication>
@@ -105,6 +106,13 @@ std::optional<QString> ModalDialogs::savePictureFile() {
 
 std::function<bool()> ModalDialogs::waiting() {
     return waitingBox();
+}
+
+void refuse(Dialogs& dialogs, const QString& title, const QString& message, QWidget* field) {
+    dialogs.message(title.isEmpty() ? kApplicationTitle.toString() : title, message);
+    if (field != nullptr) {
+        focusOn(field);
+    }
 }
 
 }  // namespace kelvora

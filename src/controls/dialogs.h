@@ -5,6 +5,8 @@
 #include <functional>
 #include <optional>
 
+class QWidget;
+
 namespace kelvora {
 
 /// The application's title, which a box without a title of its own carries.
@@ -69,5 +71,9 @@ public:
     std::optional<QString> savePictureFile() override;
     std::function<bool()> waiting() override;
 };
+
+/// Says what is wrong with an entry, under the program's title where there is none, and moves the keyboard to the field
+/// that is to be put right.
+void refuse(Dialogs& dialogs, const QString& title, const QString& message, QWidget* field = nullptr);
 
 }  // namespace kelvora

@@ -2,6 +2,7 @@
 
 #include "data/crosstab.h"
 #include "data/dialect.h"
+#include "data/functions.h"
 #include "data/transaction.h"
 
 #include <QElapsedTimer>

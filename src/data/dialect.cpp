@@ -1,14 +1,8 @@
 #include "data/dialect.h"
 
-#include "data/dates.h"
 #include "data/distinct.h"
 #include "data/grouping.h"
-#include "data/numbers.h"
 #include "data/tokens.h"
-
-#include <QLocale>
-#include <SQLiteCpp/Database.h>
-#include <sqlite3.h>
 
 #include <algorithm>
 #include <array>
@@ -149,92 +143,6 @@ int takeDirection(std::string& term) {
     return 1;
 }
 
-// The functions of the connection ------------------------------------------------------------------------------------
-
-std::string_view textOf(sqlite3_value* value) {
-    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-    return text == nullptr ? std::string_view()
-                           : std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value)));
-}
-
-void resultText(sqlite3_context* context, const QByteArray& utf8) {
-    sqlite3_result_text(context, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT);
-}
-
-struct YearMonth {
-    int year = 0, month = 0;
-};
-
-/// The year and month of an ISO text, whatever time of day another tool wrote behind the day. A report asks for the
-/// months of tens of thousands of rows: they are read without a text object.
-YearMonth dateOf(sqlite3_value* value) {
-    if (sqlite3_value_type(value) != SQLITE_TEXT) {
-        return {};
-    }
-    const std::string_view text = textOf(value);
-    const auto digit = [](char c) { return c >= '0' && c <= '9'; };
-    constexpr std::string_view form = "dddd-dd-dd";
-    bool date = text.size() >= form.size() && (text.size() == form.size() || !digit(text[form.size()]));
-    for (std::size_t i = 0; date && i < form.size(); ++i) {
-        date = form[i] == 'd' ? digit(text[i]) : text[i] == form[i];
-    }
-    const auto number = [text](std::size_t at, std::size_t digits) {
-        int read = 0;
-        for (const char c : text.substr(at, digits)) {
-            read = read * 10 + (c - '0');
-        }
-        return read;
-    };
-    const YearMonth read = date ? YearMonth{number(0, 4), number(5, 2)} : YearMonth{};
-    return read.month >= 1 && read.month <= 12 ? read : YearMonth{};
-}
-
-void yearFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
-    if (const YearMonth date = dateOf(values[0]); date.month > 0) {
-        sqlite3_result_int(context, date.year);
-    }
-}
-
-void monthFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
-    if (const YearMonth date = dateOf(values[0]); date.month > 0) {
-        sqlite3_result_int(context, date.month);
-    }
-}
-
-/// The name of a month, looked up once for each language.
-const QByteArray& monthText(int month) {
-    thread_local QLocale language = QLocale::c();
-    thread_local std::array<QByteArray, 13> names;
-    if (const QLocale now; now != language || names[1].isEmpty()) {
-        language = now;
-        for (int i = 1; i <= 12; ++i) {
-            names.at(static_cast<std::size_t>(i)) = monthName(i).toUtf8();
-        }
-    }
-    return names.at(static_cast<std::size_t>(month));
-}
-
-void formatFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
-    if (sqlite3_value_type(values[0]) == SQLITE_NULL) {
-        return;
-    }
-    const char* pattern = textOf(values[1]).data();
-    const auto is = [pattern](const char* known) { return pattern != nullptr && sqlite3_stricmp(pattern, known) == 0; };
-    const bool number = is("m");
-    if (number || is("mmmm")) {
-        if (const YearMonth date = dateOf(values[0]); date.month > 0) {
-            resultText(context, number ? QByteArray::number(date.month) : monthText(date.month));
-        }
-        return;
-    }
-    const int type = sqlite3_value_numeric_type(values[0]);
-    if ((type == SQLITE_INTEGER || type == SQLITE_FLOAT) && (is("#0.00") || is("0.00") || is("fixed"))) {
-        resultText(context, twoDecimals(sqlite3_value_double(values[0])).toUtf8());
-        return;
-    }
-    sqlite3_result_value(context, values[0]);
-}
-
 }  // namespace
 
 std::string translate(const std::string& statement) {
@@ -253,13 +161,6 @@ std::string translate(const std::string& statement) {
     const std::string order =
         found.group != found.end ? behindBy(tokens, found.group, found.end) : orderOfDistinct(tokens, found);
     return joined(tokens, 0, found.end) + (order.empty() ? "" : " ORDER BY" + order);
-}
-
-void registerFunctions(SQLite::Database& database) {
-    // The month names follow the language of the system, which does not change while a connection is open.
-    database.createFunction("year", 1, true, nullptr, yearFunction);
-    database.createFunction("month", 1, true, nullptr, monthFunction);
-    database.createFunction("format", 2, true, nullptr, formatFunction);
 }
 
 std::optional<Crosstab> parseCrosstab(const std::string& statement) {

@@ -4,10 +4,6 @@
 #include <string>
 #include <vector>
 
-namespace SQLite {
-class Database;
-}
-
 namespace kelvora {
 
 /// The statements of this program are written in the dialect of a desktop database. This is the one place that knows
@@ -23,11 +19,6 @@ namespace kelvora {
 ///
 /// Texts between quotes are never touched.
 std::string translate(const std::string& statement);
-
-/// Makes year(date), month(date) and format(value, pattern) known to a connection. Dates are ISO texts; a null or a
-/// text that is no date gives null. Patterns of format: '0.00', '#0.00' and 'Fixed' (two decimals, half away from
-/// zero), 'mmmm' (full month name in the system's language) and 'm' (month number); others give the value unchanged.
-void registerFunctions(SQLite::Database& database);
 
 /// A crosstab statement taken apart.
 struct Crosstab {

@@ -7,8 +7,8 @@
 #include "controls/search_button.h"
 #include "data/connection.h"
 #include "operations/operation_details.h"
-#include "operations/operation_query.h"
 #include "operations/search_fields.h"
+#include "records/operation_query.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>

@@ -2,7 +2,7 @@
 
 #include "controls/session.h"
 #include "data/result_set.h"
-#include "operations/stored_operation.h"
+#include "records/stored_operation.h"
 
 #include <QWidget>
 

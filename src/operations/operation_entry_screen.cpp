@@ -1,12 +1,12 @@
 #include "operations/operation_entry_screen.h"
 
 #include "controls/dialogs.h"
-#include "data/keys.h"
 #include "data/names.h"
 #include "data/transaction.h"
-#include "operations/operation_checks.h"
-#include "operations/operation_entry.h"
 #include "operations/operation_form.h"
+#include "records/keys.h"
+#include "records/operation_checks.h"
+#include "records/operation_entry.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -99,7 +99,7 @@ bool OperationEntryScreen::passesChecks(const OperationEntry& entry) {
     if (failed == nullptr) {
         return entry.date.isValid();
     }
-    dialogs().message(failed->title.toString(), failed->message.toString());
+    refuse(dialogs(), failed->title.toString(), failed->message.toString());
     m_form->sendBack(*failed);
     return false;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "operations/operation_checks.h"
-#include "operations/operation_entry.h"
+#include "records/operation_checks.h"
+#include "records/operation_entry.h"
 
 #include <QWidget>
 

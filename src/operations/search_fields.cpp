@@ -4,7 +4,7 @@
 #include "controls/fields.h"
 #include "controls/guard.h"
 #include "data/connection.h"
-#include "operations/operation_query.h"
+#include "records/operation_query.h"
 
 #include <QHBoxLayout>
 #include <QLineEdit>

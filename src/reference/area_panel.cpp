@@ -18,7 +18,7 @@ AreaPanel::AreaPanel(Connection& connection, Dialogs& dialogs)
     : ReferencePanel(connection, dialogs),
       m_name(new QLineEdit),
       m_description(new QLineEdit),
-      m_areas(new RecordGrid(u"Fishing Area"_s, {{u"Area"_s, 1500}, {u"Description"_s, 2900}})) {
+      m_areas(new RecordGrid(u"Fishing Area"_s, {{u"Area"_s, 100}, {u"Description"_s, 193}})) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
 

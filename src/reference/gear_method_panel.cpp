@@ -3,8 +3,8 @@
 #include "controls/bound_list.h"
 #include "controls/dialogs.h"
 #include "controls/fields.h"
-#include "data/keys.h"
 #include "data/names.h"
+#include "records/keys.h"
 #include "reference/record_grid.h"
 
 #include <QGridLayout>
@@ -21,7 +21,7 @@ GearMethodPanel::GearMethodPanel(Connection& connection, Dialogs& dialogs)
       m_gear(new BoundList),
       m_method(new QLineEdit),
       m_methods(new RecordGrid(u"Fishing Gear and Method"_s,
-                               {{u"No."_s, 500}, {u"Fishing gear"_s, 2000}, {u"Method"_s, 2000}})) {
+                               {{u"No."_s, 33}, {u"Fishing gear"_s, 133}, {u"Method"_s, 133}})) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
 

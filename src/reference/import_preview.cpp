@@ -69,7 +69,7 @@ protected:
 GridColumns columnsOf(const ImportLayout& layout) {
     GridColumns columns;
     for (const ImportColumn& column : layout.columns) {
-        columns.push_back({column.caption, column.twips});
+        columns.push_back({column.caption, column.width});
     }
     return columns;
 }

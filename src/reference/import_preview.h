@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reference/import_file.h"
+#include "records/import_file.h"
 #include "reference/reference_panel.h"
 
 class QGroupBox;

@@ -2,7 +2,7 @@
 
 #include "controls/captioned_grid.h"
 #include "controls/text_table.h"
-#include "reference/species_import.h"
+#include "records/species_import.h"
 #include "reference/species_tab.h"
 
 #include <QPushButton>

@@ -2,8 +2,8 @@
 
 #include "controls/dialogs.h"
 #include "controls/fields.h"
-#include "data/keys.h"
 #include "data/names.h"
+#include "records/keys.h"
 #include "reference/record_grid.h"
 #include "reference/species_import_panel.h"
 
@@ -24,11 +24,11 @@ SpeciesTab::SpeciesTab(Connection& connection, Dialogs& dialogs)
       m_genus(new QLineEdit),
       m_species(new QLineEdit),
       m_commonName(new QLineEdit),
-      m_catalogue(new RecordGrid(u"Target Species"_s, {{u"No."_s, 300, Qt::AlignLeft, true},
-                                                       {u"Family"_s, 1400},
-                                                       {u"Genus"_s, 1500},
-                                                       {u"Specie"_s, 1500},
-                                                       {u"Common name"_s, 2000}})) {
+      m_catalogue(new RecordGrid(u"Target Species"_s, {{u"No."_s, 20, Qt::AlignLeft, true},
+                                                       {u"Family"_s, 93},
+                                                       {u"Genus"_s, 100},
+                                                       {u"Specie"_s, 100},
+                                                       {u"Common name"_s, 133}})) {
     auto* layout = new QHBoxLayout(this);
     auto* catalogue = new QVBoxLayout;
     layout->addLayout(catalogue, 1);

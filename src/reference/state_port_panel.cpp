@@ -3,9 +3,9 @@
 #include "controls/bound_list.h"
 #include "controls/dialogs.h"
 #include "controls/fields.h"
-#include "data/keys.h"
 #include "data/names.h"
 #include "data/transaction.h"
+#include "records/keys.h"
 #include "reference/record_grid.h"
 
 #include <QGridLayout>
@@ -22,7 +22,7 @@ StatePortPanel::StatePortPanel(Connection& connection, Dialogs& dialogs)
       m_state(new BoundList),
       m_port(new QLineEdit),
       m_ports(new RecordGrid(u"State/Province and Sampling Port"_s,
-                             {{u"State/Province"_s, 2000}, {u"Sampling Port"_s, 2300}})) {
+                             {{u"State/Province"_s, 133}, {u"Sampling Port"_s, 153}})) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(m_ports, 1);

@@ -2,7 +2,7 @@
 
 #include "controls/dialogs.h"
 #include "data/names.h"
-#include "reference/vessel_import.h"
+#include "records/vessel_import.h"
 #include "reference/vessel_tab.h"
 
 using namespace Qt::StringLiterals;

@@ -3,8 +3,8 @@
 #include "controls/bound_list.h"
 #include "controls/dialogs.h"
 #include "controls/fields.h"
-#include "data/keys.h"
 #include "data/numbers.h"
+#include "records/keys.h"
 #include "reference/record_grid.h"
 #include "reference/vessel_import_panel.h"
 
@@ -21,10 +21,9 @@ namespace kelvora {
 namespace {
 
 GridColumns registerColumns() {
-    return {{u"Vessel name"_s, 1500},   {u"Register id"_s, 1000},   {u"Engine type"_s, 1100},
-            {u"Engine power"_s, 1300},  {u"Vessel length"_s, 1300}, {u"State/Province"_s, 1300},
-            {u"Size(GRT)"_s, 1300},     {u"Type of gear"_s, 1200},  {u"Net length(m.)"_s, 1300},
-            {u"Net width(m.)"_s, 1300}, {u"Mesh size(cm.)"_s, 1300}};
+    return {{u"Vessel name"_s, 100},   {u"Register id"_s, 66},    {u"Engine type"_s, 73},   {u"Engine power"_s, 86},
+            {u"Vessel length"_s, 86},  {u"State/Province"_s, 86}, {u"Size(GRT)"_s, 86},     {u"Type of gear"_s, 80},
+            {u"Net length(m.)"_s, 86}, {u"Net width(m.)"_s, 86},  {u"Mesh size(cm.)"_s, 86}};
 }
 
 double numberOf(const QLineEdit* field) {

@@ -21,10 +21,10 @@ namespace kelvora {
 namespace {
 
 GridColumns columnsOf(const CatchGrouping& grouping) {
-    return {{grouping.header, 3000, Qt::AlignLeft},
-            {u"Number(Record)"_s, 2000, Qt::AlignHCenter},
-            {grouping.catchHeader, 2000, Qt::AlignHCenter},
-            {u"%total catch"_s, 2000, Qt::AlignHCenter}};
+    return {{grouping.header, 200, Qt::AlignLeft},
+            {u"Number(Record)"_s, 133, Qt::AlignHCenter},
+            {grouping.catchHeader, 133, Qt::AlignHCenter},
+            {u"%total catch"_s, 133, Qt::AlignHCenter}};
 }
 
 /// A grid without data: the four columns, and a blank row if asked for.

@@ -15,10 +15,10 @@ using namespace Qt::StringLiterals;
 namespace kelvora {
 namespace {
 
-GridColumns columns(const QString& first, const std::vector<QString>& found, int twips) {
-    GridColumns columns{{first, 2000, Qt::AlignHCenter}};
+GridColumns columns(const QString& first, const std::vector<QString>& found, int width) {
+    GridColumns columns{{first, 133, Qt::AlignHCenter}};
     for (std::size_t i = 1; i < found.size(); ++i) {
-        columns.push_back({found[i], i == 1 ? 1350 : twips, Qt::AlignHCenter});
+        columns.push_back({found[i], i == 1 ? 90 : width, Qt::AlignHCenter});
     }
     return columns;
 }
@@ -33,12 +33,12 @@ void show(Grid* grid, ResultSet found, GridColumns columns, std::size_t blankCol
 }
 
 void showSexes(Grid* grid, ResultSet found) {
-    GridColumns shown = columns(u"Month/SEX"_s, found.columns, 1000);
+    GridColumns shown = columns(u"Month/SEX"_s, found.columns, 66);
     show(grid, std::move(found), std::move(shown), 4);
 }
 
 void showStages(Grid* grid, ResultSet found) {
-    GridColumns shown = columns(u"Month/Stage"_s, found.columns, 1200);
+    GridColumns shown = columns(u"Month/Stage"_s, found.columns, 80);
     show(grid, std::move(found), std::move(shown), 2);
 }
 

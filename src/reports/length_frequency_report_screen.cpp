@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace kelvora {
 namespace {
 
-constexpr int kWidth = 1200;
+constexpr int kWidth = 80;
 
 /// The columns of the length classes, and one of each month behind them.
 GridColumns columns(const std::vector<QString>& found) {

@@ -23,9 +23,9 @@ namespace kelvora {
 namespace {
 
 GridColumns columns() {
-    return {{u"Species"_s, 3000, Qt::AlignLeft},
-            {u"Composition(Kg.)"_s, 2000, Qt::AlignRight},
-            {u"%Composition"_s, 2000, Qt::AlignRight}};
+    return {{u"Species"_s, 200, Qt::AlignLeft},
+            {u"Composition(Kg.)"_s, 133, Qt::AlignRight},
+            {u"%Composition"_s, 133, Qt::AlignRight}};
 }
 
 const CompositionSubset& subsetAt(int option) {

@@ -5,10 +5,6 @@
 
 namespace kelvora {
 
-/// For each species of an operation its estimated catch (kg) over all groups and its share of the operation's estimated
-/// catch (%), both with two decimals, in the order of the shown names. The share is null if the catch sums to 0.
-ResultSet compositionOf(Connection& connection, int operation);
-
 /// The composition of an operation as a grid.
 class CompositionSummary : public CaptionedGrid {
 public:

@@ -9,8 +9,8 @@
 #include "data/numbers.h"
 #include "operations/finder_panel.h"
 #include "operations/operation_line.h"
+#include "records/gonad_import.h"
 #include "sampling/fish_fields.h"
-#include "sampling/gonad_import.h"
 #include "sampling/measured_fish_grid.h"
 #include "sampling/species_list.h"
 

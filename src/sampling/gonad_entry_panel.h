@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/session.h"
-#include "sampling/gonad_store.h"
+#include "records/gonad_store.h"
 
 #include <QWidget>
 

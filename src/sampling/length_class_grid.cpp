@@ -11,10 +11,10 @@ namespace {
 enum ClassColumn { Lower, Upper, Middle, Frequency, ClassColumnCount };
 
 GridColumns classColumns() {
-    return {{u"Lower"_s, 1200, Qt::AlignRight},
-            {u"Upper"_s, 1200, Qt::AlignRight},
-            {u"Mid-Length"_s, 1500, Qt::AlignRight},
-            {u"Frequency"_s, 1500, Qt::AlignRight}};
+    return {{u"Lower"_s, 80, Qt::AlignRight},
+            {u"Upper"_s, 80, Qt::AlignRight},
+            {u"Mid-Length"_s, 100, Qt::AlignRight},
+            {u"Frequency"_s, 100, Qt::AlignRight}};
 }
 
 QStringList rowOf(const LengthClass& c, const QString& frequency = {}) {

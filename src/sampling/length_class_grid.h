@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/captioned_grid.h"
-#include "sampling/length_store.h"
+#include "records/length_store.h"
 
 #include <vector>
 

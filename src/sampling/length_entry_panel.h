@@ -1,8 +1,8 @@
 #pragma once
 
 #include "controls/session.h"
-#include "sampling/length_checks.h"
-#include "sampling/length_store.h"
+#include "records/length_checks.h"
+#include "records/length_store.h"
 
 #include <QWidget>
 

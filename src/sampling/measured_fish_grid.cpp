@@ -5,7 +5,7 @@
 #include "controls/fields.h"
 #include "controls/guard.h"
 #include "controls/text_table.h"
-#include "sampling/gonad_import.h"
+#include "records/gonad_import.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -19,9 +19,9 @@ namespace kelvora {
 namespace {
 
 GridColumns fishColumns() {
-    return {{u"No."_s, 500, Qt::AlignRight},    {u"TL(mm)"_s, 800, Qt::AlignRight},  {u"BL(mm)"_s, 800, Qt::AlignRight},
-            {u"FL(mm)"_s, 800, Qt::AlignRight}, {u"SL(mm)"_s, 800, Qt::AlignRight},  {u"BW(g)"_s, 800, Qt::AlignRight},
-            {u"SEX"_s, 800, Qt::AlignHCenter},  {u"STAGE"_s, 700, Qt::AlignHCenter}, {u"GW(g)"_s, 800, Qt::AlignRight}};
+    return {{u"No."_s, 33, Qt::AlignRight},    {u"TL(mm)"_s, 53, Qt::AlignRight},  {u"BL(mm)"_s, 53, Qt::AlignRight},
+            {u"FL(mm)"_s, 53, Qt::AlignRight}, {u"SL(mm)"_s, 53, Qt::AlignRight},  {u"BW(g)"_s, 53, Qt::AlignRight},
+            {u"SEX"_s, 53, Qt::AlignHCenter},  {u"STAGE"_s, 46, Qt::AlignHCenter}, {u"GW(g)"_s, 53, Qt::AlignRight}};
 }
 
 QStringList gridRow(std::size_t number, const GonadFish& fish) {

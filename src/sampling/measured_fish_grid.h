@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sampling/gonad_fish.h"
+#include "records/gonad_fish.h"
 
 #include <QWidget>
 

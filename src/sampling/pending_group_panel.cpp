@@ -8,8 +8,8 @@
 #include "data/numbers.h"
 #include "data/result_set.h"
 #include "operations/finder_panel.h"
-#include "sampling/composition_store.h"
-#include "sampling/raising.h"
+#include "records/composition_store.h"
+#include "records/raising.h"
 #include "sampling/species_list.h"
 
 #include <QGridLayout>
@@ -24,8 +24,8 @@ namespace {
 enum PendingColumn { Species, Weight, Key, PendingColumnCount };
 
 GridColumns pendingColumns() {
-    return {{u"Species"_s, 3400, Qt::AlignLeft},
-            {u" Weight(kg.)"_s, 1300, Qt::AlignHCenter},
+    return {{u"Species"_s, 226, Qt::AlignLeft},
+            {u" Weight(kg.)"_s, 86, Qt::AlignHCenter},
             {QString(), 0, Qt::AlignLeft, true}};
 }
 

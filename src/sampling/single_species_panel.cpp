@@ -9,8 +9,8 @@
 #include "controls/text_table.h"
 #include "data/numbers.h"
 #include "operations/finder_panel.h"
-#include "sampling/composition_store.h"
-#include "sampling/raising.h"
+#include "records/composition_store.h"
+#include "records/raising.h"
 #include "sampling/species_list.h"
 
 #include <QGridLayout>
@@ -22,8 +22,8 @@ using namespace Qt::StringLiterals;
 namespace kelvora {
 namespace {
 
-GridColumns columns() {
-    return {{u"Species"_s, 3000, Qt::AlignLeft}, {u"Weight(kg)"_s, 1300, Qt::AlignHCenter}};
+GridColumns weightColumns() {
+    return {{u"Species"_s, 200, Qt::AlignLeft}, {u"Weight(kg)"_s, 86, Qt::AlignHCenter}};
 }
 
 }  // namespace
@@ -72,7 +72,7 @@ void SingleSpeciesPanel::refresh(int operation) {
         << operation << " and group_composition.groupid = 1"
         << " ORDER BY fish.genus & ' ' & fish.fishname;");
     const int count = stored->rowCount();
-    m_stored->grid()->show(std::move(stored), columns());
+    m_stored->grid()->show(std::move(stored), weightColumns());
     m_navigator->setRowCount(count);
 }
 
@@ -81,7 +81,7 @@ void SingleSpeciesPanel::refillLists() {
 }
 
 void SingleSpeciesPanel::reset() {
-    m_stored->grid()->show(std::make_unique<TextTable>(2), columns());
+    m_stored->grid()->show(std::make_unique<TextTable>(2), weightColumns());
     m_navigator->setRowCount(0);
 }
 

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "data/connection.h"
-
-#include <QString>
+#include "records/species.h"
 
 #include <optional>
 
@@ -17,16 +15,6 @@ void fillSpecies(BoundList& list, Connection& connection);
 void fillCaughtSpecies(BoundList& list, Connection& connection, int operation);
 /// The same for the operation that the list was filled for: a chosen species stays chosen.
 void refillCaughtSpecies(BoundList& list, Connection& connection, int operation);
-
-/// A species chosen in a list.
-struct ChosenSpecies {
-    int number = 0;
-    QString name;  ///< as the list shows it, however it was typed
-};
-
-/// To be called inside the transaction that stores for a species. Throws OriginLost unless the catalogue still has it
-/// under this number with this name: the number of a deleted species is given anew.
-void requireSpecies(Connection& connection, const ChosenSpecies& species);
 
 /// The species that a list stands on; nothing if none is chosen or the typed text is none.
 std::optional<ChosenSpecies> chosenSpecies(const BoundList& list);

@@ -7,7 +7,7 @@
 #include "controls/text_table.h"
 #include "data/connection.h"
 #include "operations/finder_panel.h"
-#include "sampling/composition_store.h"
+#include "records/composition_store.h"
 
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -18,9 +18,9 @@ namespace kelvora {
 namespace {
 
 GridColumns groupColumns() {
-    return {{u"species"_s, 2600, Qt::AlignLeft},
-            {u"Sampling Weight"_s, 1500, Qt::AlignHCenter},
-            {u"estimate total catch"_s, 1700, Qt::AlignHCenter}};
+    return {{u"species"_s, 173, Qt::AlignLeft},
+            {u"Sampling Weight"_s, 100, Qt::AlignHCenter},
+            {u"estimate total catch"_s, 113, Qt::AlignHCenter}};
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include "controls/guard.h"
 #include "controls/record_navigator.h"
 #include "data/connection.h"
-#include "sampling/composition_store.h"
+#include "records/composition_store.h"
 #include "sampling/composition_summary.h"
 
 #include <QGroupBox>
@@ -18,15 +18,15 @@ namespace kelvora {
 namespace {
 
 GridColumns groupColumns() {
-    return {{u"Species"_s, 2600},
-            {u"Total weight(kg.)"_s, 2000, Qt::AlignHCenter},
-            {u"Estimate total catch(kg.)"_s, 2100, Qt::AlignHCenter}};
+    return {{u"Species"_s, 173},
+            {u"Total weight(kg.)"_s, 133, Qt::AlignHCenter},
+            {u"Estimate total catch(kg.)"_s, 140, Qt::AlignHCenter}};
 }
 
 GridColumns noGroupColumns() {
-    return {{u"Species"_s, 2600},
-            {u"Sampling weight(kg.)"_s, 2000, Qt::AlignHCenter},
-            {u"Estimate total catch(kg.)"_s, 2100, Qt::AlignHCenter}};
+    return {{u"Species"_s, 173},
+            {u"Sampling weight(kg.)"_s, 133, Qt::AlignHCenter},
+            {u"Estimate total catch(kg.)"_s, 140, Qt::AlignHCenter}};
 }
 
 }  // namespace

@@ -6,9 +6,8 @@
 #include "controls/guard.h"
 #include "controls/record_navigator.h"
 #include "data/connection.h"
+#include "records/gonad_store.h"
 #include "sampling/fish_fields.h"
-#include "sampling/gonad_store.h"
-#include "search/deletion.h"
 
 #include <QGridLayout>
 #include <QPushButton>
@@ -19,10 +18,10 @@ namespace kelvora {
 namespace {
 
 GridColumns fishColumns() {
-    GridColumns columns = {{u"No."_s, 500, Qt::AlignHCenter}};
+    GridColumns columns = {{u"No."_s, 33, Qt::AlignHCenter}};
     for (const auto& caption :
          {u"TL(cm)"_s, u"BL(cm)"_s, u"FL(cm)"_s, u"SL(cm)"_s, u"BW(g)"_s, u"SEX"_s, u"STAGE"_s, u"GW(g)"_s, u"GSI"_s}) {
-        columns.push_back({caption, 800, Qt::AlignHCenter});
+        columns.push_back({caption, 53, Qt::AlignHCenter});
     }
     return columns;
 }

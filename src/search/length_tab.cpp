@@ -7,8 +7,8 @@
 #include "controls/record_navigator.h"
 #include "data/connection.h"
 #include "data/numbers.h"
-#include "sampling/length_checks.h"
-#include "sampling/length_store.h"
+#include "records/length_checks.h"
+#include "records/length_store.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -23,10 +23,10 @@ namespace {
 const QString kError = u"ERROR"_s;
 
 GridColumns classColumns() {
-    return {{u"Lower(cm.)"_s, 1500, Qt::AlignHCenter},
-            {u"Upper(cm.)"_s, 1500, Qt::AlignHCenter},
-            {u"Mid-length(cm.)"_s, 1500, Qt::AlignHCenter},
-            {u"Frequency"_s, 1500, Qt::AlignHCenter}};
+    return {{u"Lower(cm.)"_s, 100, Qt::AlignHCenter},
+            {u"Upper(cm.)"_s, 100, Qt::AlignHCenter},
+            {u"Mid-length(cm.)"_s, 100, Qt::AlignHCenter},
+            {u"Frequency"_s, 100, Qt::AlignHCenter}};
 }
 
 }  // namespace

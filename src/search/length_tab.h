@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/result_set.h"
-#include "sampling/length_classes.h"
+#include "records/length_classes.h"
 #include "sampling/species_list.h"
 #include "search/sample_tab.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "operations/stored_operation.h"
+#include "records/stored_operation.h"
 
 #include <QWidget>
 

@@ -2,10 +2,9 @@
 
 #include "controls/dialogs.h"
 #include "controls/record_navigator.h"
-#include "operations/operation_query.h"
 #include "operations/search_fields.h"
+#include "records/operation_query.h"
 #include "search/composition_tab.h"
-#include "search/deletion.h"
 #include "search/gonad_tab.h"
 #include "search/length_tab.h"
 #include "search/operation_frame.h"

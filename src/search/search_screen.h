@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/screen.h"
-#include "operations/stored_operation.h"
+#include "records/stored_operation.h"
 
 #include <optional>
 #include <vector>

@@ -43,7 +43,7 @@ class TestCaptionedGrid : public QObject {
 
 private Q_SLOTS:
     void init() {
-        m_columns = {{u" Register ID"_s, 1500}, {u"Vessel name"_s, 3000}, {u"GRT"_s, 1500, Qt::AlignHCenter}};
+        m_columns = {{u" Register ID"_s, 100}, {u"Vessel name"_s, 200}, {u"GRT"_s, 100, Qt::AlignHCenter}};
         m_frame = std::make_unique<CaptionedGrid>(u"FISHING VESSEL"_s);
         m_grid = m_frame->grid();
         m_navigator = m_frame->addNavigator(u"Vessels"_s);

@@ -1,7 +1,7 @@
 #include "data/connection.h"
 #include "data/store.h"
 #include "demo/demo_year.h"
-#include "operations/operation_query.h"
+#include "records/operation_query.h"
 #include "reports/catch_summary.h"
 #include "reports/gonad_maturity_report.h"
 #include "reports/length_frequency_report.h"

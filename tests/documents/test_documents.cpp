@@ -91,9 +91,8 @@ private Q_SLOTS:
         static const QRegularExpression sentence(
             u"^[A-Za-z'…]\\S*( \\S+){4,}$|^([Pp]lease|Are you|Do you|Can not|can't|No data|Numeric)\\b"_s);
         static const QRegularExpression code(
-            u"[=_]|::|'#|^(select|insert|update|delete|from|where|and|or|order|inner|group "
-            u"by|transform|create|pragma|with recursive|"
-            "format)\\b"_s,
+            u"[=_]|::|'#|^(select|insert|update|delete|from|where|and|or|order|inner|left join|group by|transform|"
+            u"create|pragma|with recursive|format|as \\w+,? from|union|having|exists|collate|between|cast)\\b"_s,
             QRegularExpression::CaseInsensitiveOption);
         verifyExplained(compared(guide), 60, [](const SourceText& text, const QString& line) {
             return sentence.match(line).hasMatch() && !code.match(line).hasMatch() && !text.ofAFault;

@@ -4,9 +4,9 @@
 #include "data/csv_reader.h"
 #include "data/dialect.h"
 #include "data/numbers.h"
-#include "reference/species_import.h"
-#include "reference/vessel_import.h"
-#include "sampling/gonad_import.h"
+#include "records/gonad_import.h"
+#include "records/species_import.h"
+#include "records/vessel_import.h"
 
 #include <cmath>
 #include <cstring>

@@ -1,6 +1,6 @@
 #include "import_desk.h"
-#include "reference/species_import.h"
-#include "reference/vessel_import.h"
+#include "records/species_import.h"
+#include "records/vessel_import.h"
 
 #include <QLineEdit>
 

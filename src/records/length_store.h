@@ -1,0 +1,49 @@
+#pragma once
+
+#include "records/length_classes.h"
+#include "records/species.h"
+#include "records/stored_operation.h"
+
+#include <optional>
+#include <vector>
+
+namespace kelvora {
+
+/// A length class and the fish counted in it.
+struct CountedClass {
+    LengthClass limits;
+    double middle = 0;
+    double frequency = 0;
+};
+
+/// A length-frequency sample of a species in an operation.
+struct LengthSample {
+    StoredOperation operation;
+    ChosenSpecies species;
+    double weight = 0;    ///< sampling weight in kg
+    double interval = 0;  ///< class interval in cm
+    std::vector<CountedClass> classes;
+};
+
+/// The class interval (cm) remembered for a species; nothing while it has none.
+std::optional<double> storedInterval(Connection& connection, int species);
+
+/// Whether an operation has a length sample of a species.
+bool hasLengthSample(Connection& connection, int operation, int species);
+
+/// Deletes an operation's length sample of a species with its classes. All or nothing. This and what else stores or
+/// deletes for an operation throws OriginLost if the operation or the species is not stored any more as the screen read
+/// it.
+void deleteLengthSample(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species);
+
+/// Stores a sample with its classes in their order, and its interval if the species has none yet. All or nothing.
+void storeLengthSample(Connection& connection, const LengthSample& sample);
+
+/// Corrects the sampling weight (kg) of a stored sample.
+void correctWeight(Connection& connection, const StoredOperation& operation, int species, double weight);
+
+/// Adds a class to a stored sample.
+void addLengthClass(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species,
+                    const CountedClass& counted);
+
+}  // namespace kelvora

@@ -1,0 +1,29 @@
+#include "records/species.h"
+
+#include "records/stored_operation.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvora {
+
+Sql catalogueSpecies() {
+    return Sql("SELECT fishno, ") << kSpeciesName << " AS sp FROM fish WHERE fishno <> 0 ORDER BY sp";
+}
+
+Sql caughtSpecies(int operation) {
+    return Sql("SELECT DISTINCT spid, ")
+           << kSpeciesName
+           << " AS Species FROM group_composition INNER JOIN fish ON fish.fishno = group_composition.spid"
+           << " WHERE optid = " << operation << " ORDER BY Species";
+}
+
+void requireSpecies(Connection& connection, const ChosenSpecies& species) {
+    const ResultSet found =
+        connection.query(Sql("SELECT ") << kSpeciesName << " AS sp FROM fish WHERE fishno = " << species.number);
+    if (found.isEmpty() || found.text(0, u"sp") != species.name) {
+        const QString reason = u"the species %1 was deleted or renamed since it was chosen here"_s.arg(species.name);
+        throw OriginLost(u"Nothing was stored: %1. What was entered is still on the screen."_s.arg(reason), reason);
+    }
+}
+
+}  // namespace kelvora

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "data/connection.h"
+
+#include <QString>
+
+namespace kelvora {
+
+/// The shown name of a species, genus and epithet, of a row of the table fish; it compares and sorts as the text
+/// columns do.
+inline constexpr Literal kSpeciesName = "(ifnull(fish.genus,'') || ' ' || ifnull(fish.fishname,'')) COLLATE NOCASE";
+
+/// A species as the sampler chose it.
+struct ChosenSpecies {
+    int number = 0;
+    QString name;  ///< as a list shows it, however it was typed
+};
+
+/// All species of the catalogue by their shown names: fishno, sp.
+Sql catalogueSpecies();
+
+/// The species of an operation's composition by their shown names: spid, Species. Only what was in the catch can have
+/// been measured.
+Sql caughtSpecies(int operation);
+
+/// To be called inside the transaction that stores for a species. Throws OriginLost unless the catalogue still has it
+/// under this number with this name: the number of a deleted species is given anew.
+void requireSpecies(Connection& connection, const ChosenSpecies& species);
+
+}  // namespace kelvora
