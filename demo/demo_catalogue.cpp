@@ -1,8 +1,8 @@
 #include "demo/demo_catalogue.h"
 
 #include "data/csv_reader.h"
-#include "records/keys.h"
 #include "data/transaction.h"
+#include "records/keys.h"
 #include "records/vessel_import.h"
 
 using namespace Qt::StringLiterals;

@@ -1,9 +1,9 @@
 #include "demo/demo_year.h"
 
-#include "records/keys.h"
 #include "data/numbers.h"
 #include "data/store.h"
 #include "demo/demo_trip.h"
+#include "records/keys.h"
 #include "records/operation_checks.h"
 
 using namespace Qt::StringLiterals;
