@@ -4,7 +4,7 @@
 #include "data/store.h"
 #include "demo/demo_trip.h"
 #include "records/keys.h"
-#include "records/operation_checks.h"
+#include "records/operation.h"
 
 using namespace Qt::StringLiterals;
 
@@ -12,14 +12,13 @@ namespace kelvora {
 
 StoredOperation demo::recordTrip(Connection& connection, const Catalogue& catalogue, const Trip& trip) {
     const QString none = u"0"_s;
-    const OperationEntry entry{.vesselName = trip.vessel,
-                               .registerId = trip.registerId,
-                               .method = catalogue.method(trip.fishery.gear),
-                               .area = trip.area,
-                               .chosenArea = trip.area,
-                               .state = trip.port.state,
+    const OperationEntry entry{.state = trip.port.state,
                                .port = trip.port.name,
                                .date = trip.date,
+                               .vesselName = trip.vessel,
+                               .registerId = trip.registerId,
+                               .method = QString::number(catalogue.method(trip.fishery.gear)),
+                               .area = trip.area,
                                .latitudeDec = trip.latitude,
                                .latitudeMin = none,
                                .longitudeDec = trip.longitude,
@@ -32,12 +31,11 @@ StoredOperation demo::recordTrip(Connection& connection, const Catalogue& catalo
                                .totalCatch = plainText(trip.catchKg),
                                .recorder = trip.recorder,
                                .note = trip.note};
-    if (const OperationCheck* failed = firstFailed(entry)) {
-        throw DataError(
-            u"%1 on %2: %3"_s.arg(trip.port.name, trip.date.toString(Qt::ISODate), failed->message.toString()));
+    if (const auto refusal = refusalOf(entry)) {
+        throw DataError(u"%1 on %2: %3"_s.arg(trip.port.name, trip.date.toString(Qt::ISODate), refusal->message));
     }
     const int operation = nextOperation(connection);
-    connection.execute(insertStatement(entry, operation, catalogue.port(trip.port.name)));
+    insertOperation(connection, entry, operation, catalogue.port(trip.port.name));
     return storedOperation(connection, operation).value();
 }
 

@@ -6,9 +6,7 @@
 #include "controls/record_navigator.h"
 #include "controls/search_button.h"
 #include "data/connection.h"
-#include "operations/operation_details.h"
 #include "operations/search_fields.h"
-#include "records/operation_query.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -18,6 +16,20 @@
 using namespace Qt::StringLiterals;
 
 namespace kelvora {
+namespace {
+
+QGridLayout* detailForm(QWidget* parent) {
+    auto* form = new QGridLayout(parent);
+    form->setColumnStretch(1, 1);
+    form->setColumnStretch(3, 1);
+    form->setColumnMinimumWidth(0, 180);
+    form->setColumnMinimumWidth(2, 180);
+    form->setHorizontalSpacing(12);
+    form->setVerticalSpacing(8);
+    return form;
+}
+
+}  // namespace
 
 FinderPanel::FinderPanel(const QString& numberCaption, Connection& connection, Context context, QWidget* parent)
     : QWidget(parent),
@@ -27,8 +39,7 @@ FinderPanel::FinderPanel(const QString& numberCaption, Connection& connection, C
       m_search(new QGroupBox(u"Search"_s, this)),
       m_fields(new SearchFields(connection, m_context.dialogs)),
       m_navigator(new RecordNavigator(u"Result"_s)),
-      m_number(new ValueLabel),
-      m_details(new OperationDetails) {
+      m_number(new ValueLabel) {
     auto* button = new SearchButton;
     auto* searchLine = new QHBoxLayout(m_search);
     searchLine->addWidget(m_fields, 1);
@@ -47,7 +58,7 @@ FinderPanel::FinderPanel(const QString& numberCaption, Connection& connection, C
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_search);
     layout->addLayout(operationLine);
-    layout->addWidget(m_details);
+    addDetails(layout);
     layout->addStretch(1);
 
     Dialogs& dialogs = m_context.dialogs;
@@ -57,6 +68,30 @@ FinderPanel::FinderPanel(const QString& numberCaption, Connection& connection, C
     connect(button, &SearchButton::clicked, this, guarded(dialogs, [this] { onSearch(); }));
     connect(m_fields, &SearchFields::entered, this, guarded(dialogs, [this] { onSearch(); }));
     connect(m_navigator, &RecordNavigator::arrived, this, &FinderPanel::onArrived);
+}
+
+void FinderPanel::addDetails(QVBoxLayout* layout) {
+    auto* location = new QGroupBox(u"Sampling Location"_s);
+    auto* operation = new QGroupBox(u"Operation"_s);
+    layout->addWidget(location);
+    layout->addWidget(operation);
+    QGridLayout* locationForm = detailForm(location);
+    QGridLayout* form = detailForm(operation);
+    using enum OperationField::FinderColumn;
+    int places = 0;
+    int left = 0;
+    int right = 0;
+    for (const OperationField& field : operationFields()) {
+        const QStringView caption = field.captions.finder;
+        if (field.finderColumn == Location) {
+            m_details.add(locationForm, 0, 2 * places++, caption, field.shown);
+        } else if (field.finderColumn == Left) {
+            m_details.add(form, left++, 0, caption, field.shown, field.minutes);
+        } else if (field.finderColumn == Right) {
+            m_details.add(form, right++, 2, caption, field.shown);
+        }
+    }
+    m_details.addNote(form, form->rowCount(), 3);
 }
 
 void FinderPanel::open(bool selectFirstCriterion) {
@@ -83,7 +118,7 @@ QString FinderPanel::currentOperation() const {
 }
 
 void FinderPanel::clear() {
-    m_details->clear();
+    m_details.clear();
     m_navigator->setCaption({});
     setCurrent(std::nullopt);
     Q_EMIT cleared();
@@ -101,10 +136,9 @@ void FinderPanel::onSearch() {
     if (!m_fields->hasValue()) {
         return;
     }
-    const std::optional<Sql> search = m_fields->search();
-    m_found = search ? keyed(m_connection.query(numbersOnly(*search)), u"optid") : ResultSet();
-    m_navigator->setRowCount(m_found.rowCount());
-    if (m_found.isEmpty()) {
+    m_found = operationsFound(m_connection, m_fields->search());
+    m_navigator->setRowCount(static_cast<int>(m_found.size()));
+    if (m_found.empty()) {
         clear();
         m_navigator->setCaption(u"[No Record]"_s);
     }
@@ -115,8 +149,8 @@ void FinderPanel::onArrived(int row) {
         return;
     }
     const bool shown = runGuarded(m_context.dialogs, [&] {
-        setOperation(m_found.integer(row, u"optid").value());
-        m_navigator->setCaption(u"Result %1 Of %2"_s.arg(row + 1).arg(m_found.rowCount()));
+        setOperation(m_found.at(static_cast<std::size_t>(row)));
+        m_navigator->setCaption(u"Result %1 Of %2"_s.arg(row + 1).arg(m_found.size()));
     });
     if (!shown) {
         // Rather no operation than one whose details are those of another.
@@ -133,12 +167,12 @@ void FinderPanel::setOperation(int number) {
                 .arg(number));
         return;
     }
-    const ResultSet details = m_connection.query(operationByNumber(number));
+    const ResultSet details = operationDetails(m_connection, number);
     if (details.isEmpty()) {
-        m_details->clear();
+        m_details.clear();
         setCurrent(std::move(stored), unregisteredNames(m_connection, number));
     } else {
-        m_details->fill(details, 0);
+        m_details.fill(details);
         setCurrent(std::move(stored));
     }
     Q_EMIT loaded();

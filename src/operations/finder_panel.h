@@ -1,19 +1,19 @@
 #pragma once
 
 #include "controls/session.h"
-#include "data/result_set.h"
-#include "records/stored_operation.h"
+#include "operations/operation_details.h"
+#include "records/operation_store.h"
 
 #include <QWidget>
 
 #include <optional>
 
 class QGroupBox;
+class QVBoxLayout;
 
 namespace kelvora {
 
 class Connection;
-class OperationDetails;
 class RecordNavigator;
 class SearchFields;
 class ValueLabel;
@@ -53,6 +53,7 @@ Q_SIGNALS:
     void loaded();
 
 private:
+    void addDetails(QVBoxLayout* layout);
     void clear();
     void onValueTyped();
     void onSearch();
@@ -67,8 +68,8 @@ private:
     SearchFields* m_fields;
     RecordNavigator* m_navigator;
     ValueLabel* m_number;
-    OperationDetails* m_details;
-    ResultSet m_found;
+    OperationDetails m_details;
+    std::vector<int> m_found;  ///< numbers of the operations found
     std::optional<StoredOperation> m_current;
     QStringList m_unregistered;
 };

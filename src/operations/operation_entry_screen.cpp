@@ -5,8 +5,7 @@
 #include "data/transaction.h"
 #include "operations/operation_form.h"
 #include "records/keys.h"
-#include "records/operation_checks.h"
-#include "records/operation_entry.h"
+#include "records/operation_store.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -65,7 +64,7 @@ OperationEntryScreen::OperationEntryScreen(const Context& context)
 
     onClick(m_save, [this] { save(); });
     onClick(clearButton, [this] { clear(); });
-    guard([this] { showNextNumber(); });
+    guard([this] { giveNumber(); });
 }
 
 OperationEntryScreen::~OperationEntryScreen() {
@@ -92,38 +91,39 @@ void OperationEntryScreen::save() {
 }
 
 bool OperationEntryScreen::passesChecks(const OperationEntry& entry) {
-    const OperationCheck* failed = firstFailed(entry);
-    if (failed == nullptr && !entry.date.isValid()) {
+    if (const auto refusal = refusalOf(entry)) {
+        refuse(dialogs(), refusal->title, refusal->message);
+        m_form->putRight(*refusal);
+        return false;
+    }
+    if (!entry.date.isValid()) {
         m_form->refuseDate();
     }
-    if (failed == nullptr) {
-        return entry.date.isValid();
-    }
-    refuse(dialogs(), failed->title.toString(), failed->message.toString());
-    m_form->sendBack(*failed);
-    return false;
+    return entry.date.isValid();
 }
 
 /// Makes sure that the number shown is still free, before the sampler is asked anything about the operation.
 bool OperationEntryScreen::claimNumber() {
-    if (!m_form->number()) {
-        showNextNumber();
+    if (!m_number) {
+        giveNumber();
     }
-    const int number = m_form->number().value();
-    if (m_connection.query(Sql("select optid from fishoperation where optid = ") << number).isEmpty()) {
+    const int number = m_number.value();
+    if (!storedOperation(m_connection, number)) {
         return true;
     }
-    showNextNumber();
+    giveNumber();
     dialogs().message(
         u"No. %1 was given to another operation in the meantime. Nothing was stored yet: "
         "this operation now has No. %2, please press SAVE again."_s.arg(number)
-            .arg(m_form->number().value()));
+            .arg(m_number.value()));
     return false;
 }
 
-void OperationEntryScreen::showNextNumber() {
-    m_form->setNumber(std::nullopt);
-    m_form->setNumber(nextOperation(m_connection));
+void OperationEntryScreen::giveNumber() {
+    m_number.reset();
+    m_form->showNumber(m_number);
+    m_number = nextOperation(m_connection);
+    m_form->showNumber(m_number);
 }
 
 int OperationEntryScreen::stateKeyOf(const QString& state) {
@@ -164,12 +164,9 @@ void OperationEntryScreen::offerVessel(const QString& registerId) {
 }
 
 void OperationEntryScreen::store(const OperationEntry& entry) {
-    const int number = m_form->number().value();
-    Transaction transaction(m_connection);
-    m_connection.execute(insertStatement(entry, number, m_portKey));
-    transaction.commit();
+    insertOperation(m_connection, entry, m_number.value(), m_portKey);
     dialogs().message(u"Insert Complete"_s);
-    context().session.lastSavedOperation = number;
+    context().session.lastSavedOperation = *m_number;
     m_save->setEnabled(false);
 }
 
@@ -178,7 +175,7 @@ void OperationEntryScreen::clear() {
     context().session.lastSavedOperation = 0;
     m_save->setEnabled(true);
     m_form->fillLists();
-    showNextNumber();
+    giveNumber();
 }
 
 void OperationEntryScreen::AddState(const QString& name) {

@@ -42,7 +42,7 @@ private:
     void clear();
     bool passesChecks(const OperationEntry& entry);
     bool claimNumber();
-    void showNextNumber();
+    void giveNumber();
     int stateKeyOf(const QString& state);
     int portKeyOf(const QString& state, const QString& port);
     void offerVessel(const QString& registerId);
@@ -51,7 +51,8 @@ private:
     Connection m_connection;
     OperationForm* m_form;
     QPushButton* m_save;
-    int m_stateKey = 0;  ///< of the state of the operation being saved; 0 if it was declined
+    std::optional<int> m_number;  ///< of the operation on the screen; nothing while none could be given
+    int m_stateKey = 0;           ///< of the state of the operation being saved; 0 if it was declined
     int m_portKey = 0;
 };
 

@@ -6,6 +6,7 @@
 #include "controls/guard.h"
 #include "data/connection.h"
 #include "operations/date_field.h"
+#include "operations/operation_details.h"
 
 #include <QApplication>
 #include <QButtonGroup>
@@ -23,37 +24,7 @@ using namespace Qt::StringLiterals;
 namespace kelvora {
 namespace {
 
-/// Where the captions of the three columns stand; the fields stand beside them, the room between columns behind those.
-constexpr int kFirst = 0;
-constexpr int kSecond = 3;
-constexpr int kThird = 6;
-
 const QString kNoNumber = u"0"_s;
-
-QLineEdit* zeroField(QWidget* parent, const QString& name = {}) {
-    QLineEdit* field = numberField(kNoNumber);
-    field->setParent(parent);
-    field->setAccessibleName(name);
-    return field;
-}
-
-/// Degrees and minutes in one row of a form: "Dec [ ] Min [ ] N".
-void addPosition(QGridLayout* form, int row, const QString& caption, QLineEdit* dec, QLineEdit* min,
-                 const QString& direction) {
-    auto* position = new QHBoxLayout;
-    position->setSpacing(8);
-    position->addWidget(new QLabel(u"Dec"_s));
-    position->addWidget(dec, 1);
-    position->addWidget(new QLabel(u"Min"_s));
-    position->addWidget(min, 1);
-    auto* side = new QLabel(direction);
-    side->setFixedWidth(side->fontMetrics().horizontalAdvance(u'N'));
-    position->addWidget(side);
-    auto* label = new QLabel(caption);
-    label->setBuddy(dec);
-    form->addWidget(label, row, kSecond);
-    form->addLayout(position, row, kSecond + 1);
-}
 
 /// The key of a list's row as a whole number.
 std::optional<int> chosenKey(const BoundList& list) {
@@ -103,48 +74,37 @@ ResultSet registeredIds(ResultSet vessels) {
 OperationForm::OperationForm(Connection& connection, Dialogs& dialogs, const QString& recorder)
     : m_connection(connection),
       m_dialogs(dialogs),
-      m_number(new QLineEdit(this)),
-      m_vesselNames(new BoundList(this)),
-      m_registerIds(new BoundList(this)),
-      m_gears(new BoundList(this)),
-      m_methods(new BoundList(this)),
-      m_areas(new BoundList(this)),
-      m_states(new BoundList(this)),
-      m_ports(new BoundList(this)),
-      m_date(new DateField(this)),
-      m_latitudeDec(zeroField(this, u"Latitude Dec"_s)),
-      m_latitudeMin(zeroField(this, u"Latitude Min"_s)),
-      m_longitudeDec(zeroField(this, u"Longtitude Dec"_s)),
-      m_longitudeMin(zeroField(this, u"Longtitude Min"_s)),
+      m_number(new QLineEdit),
+      m_vesselNames(new BoundList),
+      m_registerIds(new BoundList),
+      m_gears(new BoundList),
+      m_methods(new BoundList),
+      m_areas(new BoundList),
+      m_states(new BoundList),
+      m_ports(new BoundList),
+      m_date(new DateField),
       m_fishingTime(new QButtonGroup(this)),
-      m_bottomDepth(zeroField(this)),
-      m_fishingDepth(zeroField(this)),
-      m_hauls(zeroField(this)),
-      m_duration(zeroField(this)),
-      m_totalCatch(zeroField(this)),
-      m_recorder(new QLineEdit(recorder, this)),
-      m_note(new QPlainTextEdit(this)) {
+      m_recorder(new QLineEdit(recorder)),
+      m_note(new QPlainTextEdit) {
     auto* form = new QGridLayout(this);
     form->setContentsMargins(0, 0, 0, 0);
     form->setHorizontalSpacing(10);
     form->setVerticalSpacing(14);
-    // With large letters a name still fits on the right.
-    form->setColumnMinimumWidth(kThird + 1, fontMetrics().averageCharWidth() * 11);
     for (BoundList* list : {m_vesselNames, m_registerIds, m_gears, m_methods, m_areas, m_states, m_ports}) {
         list->setMinimumContentsLength(12);
     }
-    for (const int captions : {kFirst, kSecond, kThird}) {
-        form->setColumnStretch(captions + 1, 1);
-    }
-    for (const int gap : {kSecond - 1, kThird - 1}) {
-        form->setColumnMinimumWidth(gap, 20);
-    }
-    addCatchColumn(form);
-    addLandingColumn(form);
-    addTripColumn(form);
+    constexpr int gap = 20;
+    layOutInThree(form, gap,
+                  [=, this](const OperationField& field, int row, int column) { add(form, row, column, field); });
+    // With large letters a name still fits on the right.
+    form->setColumnMinimumWidth(form->columnCount() - 1, fontMetrics().averageCharWidth() * 11);
+    makeReadOnly(m_number);
+    // Typing starts with the vessel.
+    m_number->setFocusPolicy(Qt::ClickFocus);
 
-    QLabel* note = addField(form, 6, kFirst, u" Note"_s, m_note);
-    form->addWidget(m_note, 6, kFirst + 1, 1, kThird + 1 - kFirst);
+    const int noteRow = form->rowCount();
+    QLabel* note = addField(form, noteRow, 0, u"Note"_s, m_note);
+    form->addWidget(m_note, noteRow, 1, 1, -1);
     form->setAlignment(note, Qt::AlignTop);
     m_note->setTabChangesFocus(true);
     m_note->setMinimumHeight(m_note->fontMetrics().lineSpacing() * 4);
@@ -154,50 +114,34 @@ OperationForm::OperationForm(Connection& connection, Dialogs& dialogs, const QSt
     fillLists();
 }
 
-void OperationForm::addCatchColumn(QGridLayout* form) {
-    addField(form, 0, kFirst, u" No."_s, m_number);
-    addField(form, 1, kFirst, u" Vessel Name"_s, m_vesselNames);
-    addField(form, 2, kFirst, u" Vessel Register id"_s, m_registerIds);
-    addField(form, 3, kFirst, u" Fishing Gear"_s, m_gears);
-    addField(form, 4, kFirst, u" Fishing Method"_s, m_methods);
-    addField(form, 5, kFirst, u" Fishing Area"_s, m_areas);
-    makeReadOnly(m_number);
-    // Typing starts with the vessel.
-    m_number->setFocusPolicy(Qt::ClickFocus);
-}
-
-void OperationForm::addLandingColumn(QGridLayout* form) {
-    addField(form, 0, kSecond, u" Landing State/Province"_s, m_states);
-    addField(form, 1, kSecond, u" Landing Port"_s, m_ports);
-    addField(form, 2, kSecond, u" Sampling Date"_s, m_date);
-    addPosition(form, 3, u"Latitude"_s, m_latitudeDec, m_latitudeMin, u"N"_s);
-    addPosition(form, 4, u"Longtitude"_s, m_longitudeDec, m_longitudeMin, u"E"_s);
-
-    auto* options = new QHBoxLayout;
-    options->setSpacing(14);
-    QWidget* before = m_longitudeMin;
-    for (const QString& time : {u"Day"_s, u"Night"_s, u"Day and Night"_s}) {
-        auto* option = new QRadioButton(time, this);
-        m_fishingTime->addButton(option);
-        options->addWidget(option);
-        setTabOrder(before, option);
-        before = option;
+void OperationForm::add(QGridLayout* form, int row, int column, const OperationField& field) {
+    if (field.shown == u"fishingtime") {
+        for (QRadioButton* time : addFishingTime(form, row, column, 14)) {
+            m_fishingTime->addButton(time);
+        }
+        m_fishingTime->buttons().first()->setChecked(true);
+        return;
     }
-    options->addStretch();
-    m_fishingTime->buttons().first()->setChecked(true);
-    auto* label = new QLabel(u"Fishing time"_s);
-    label->setBuddy(m_fishingTime->buttons().first());
-    form->addWidget(label, 5, kSecond);
-    form->addLayout(options, 5, kSecond + 1);
-}
-
-void OperationForm::addTripColumn(QGridLayout* form) {
-    addField(form, 0, kThird, u" Bottom Depth(Meter)"_s, m_bottomDepth);
-    addField(form, 1, kThird, u" Fishing Depth(Meter)"_s, m_fishingDepth);
-    addField(form, 2, kThird, u" No of haul per Trip(haul)"_s, m_hauls);
-    addField(form, 3, kThird, u" Duration of Trip(days)"_s, m_duration);
-    addField(form, 4, kThird, u" Total Catch (kg/trip)"_s, m_totalCatch);
-    addField(form, 5, kThird, u" Recorder"_s, m_recorder);
+    const std::map<QStringView, QWidget*> known = {{u"optid", m_number},       {u"vesselname", m_vesselNames},
+                                                   {u"vid", m_registerIds},    {u"guname", m_gears},
+                                                   {u"methodname", m_methods}, {u"aname", m_areas},
+                                                   {u"statename", m_states},   {u"samplingname", m_ports},
+                                                   {u"optdate", m_date},       {u"interviewer", m_recorder}};
+    const auto found = known.find(field.shown);
+    QLineEdit* number = found == known.end() ? m_numbers.emplace_back(numberField(kNoNumber)) : nullptr;
+    QWidget* box = m_boxes[&field] = number != nullptr ? number : found->second;
+    if (field.part.isEmpty()) {
+        addField(form, row, column, field.captions.entry.toString(), box);
+        return;
+    }
+    QHBoxLayout* line = addAngle(form, row, column, field.captions.entry, field, number);
+    line->setSpacing(8);
+    line->setStretchFactor(number, 1);
+    if (!field.side.isEmpty()) {
+        auto* side = new QLabel(field.side.toString());
+        side->setFixedWidth(side->fontMetrics().horizontalAdvance(u'N'));
+        line->addWidget(side);
+    }
 }
 
 void OperationForm::connectLists() {
@@ -240,8 +184,7 @@ void OperationForm::onState() {
 
 void OperationForm::clear(const QString& recorder) {
     m_recorder->setText(recorder);
-    for (QLineEdit* number : {m_bottomDepth, m_latitudeDec, m_latitudeMin, m_longitudeDec, m_longitudeMin,
-                              m_fishingDepth, m_hauls, m_duration, m_totalCatch}) {
+    for (QLineEdit* number : m_numbers) {
         number->setText(kNoNumber);
     }
     m_note->clear();
@@ -308,26 +251,21 @@ void OperationForm::fillPorts() {
 }
 
 OperationEntry OperationForm::entry() const {
-    return {.vesselName = m_vesselNames->text(),
-            .registerId = m_registerIds->text(),
-            .method = chosenKey(*m_methods),
-            .area = m_areas->text(),
-            .chosenArea = m_areas->key().toString(),
-            .state = m_states->text(),
-            .port = m_ports->text(),
-            .date = m_date->date(),
-            .latitudeDec = m_latitudeDec->text(),
-            .latitudeMin = m_latitudeMin->text(),
-            .longitudeDec = m_longitudeDec->text(),
-            .longitudeMin = m_longitudeMin->text(),
-            .fishingTime = m_fishingTime->checkedButton()->text(),
-            .bottomDepth = m_bottomDepth->text(),
-            .fishingDepth = m_fishingDepth->text(),
-            .hauls = m_hauls->text(),
-            .duration = m_duration->text(),
-            .totalCatch = m_totalCatch->text(),
-            .recorder = m_recorder->text(),
-            .note = m_note->toPlainText()};
+    OperationEntry entry;
+    for (const auto& [field, box] : m_boxes) {
+        if (field->member == nullptr) {
+            continue;
+        }
+        const auto* list = qobject_cast<const BoundList*>(box);
+        entry.*field->member = list != nullptr ? list->text() : static_cast<const QLineEdit*>(box)->text();
+    }
+    const auto keyOf = [](const BoundList& list) { return isBlank(list.text()) ? QString() : list.key().toString(); };
+    entry.method = keyOf(*m_methods);
+    entry.area = keyOf(*m_areas);
+    entry.date = m_date->date();
+    entry.fishingTime = m_fishingTime->checkedButton()->text();
+    entry.note = m_note->toPlainText();
+    return entry;
 }
 
 std::optional<int> OperationForm::chosenState() const {
@@ -338,27 +276,20 @@ std::optional<int> OperationForm::chosenPort() const {
     return chosenKey(*m_ports);
 }
 
-std::optional<int> OperationForm::number() const {
-    bool whole = false;
-    const int shown = m_number->text().toInt(&whole);
-    return whole ? std::optional(shown) : std::nullopt;
-}
-
-void OperationForm::setNumber(std::optional<int> number) {
+void OperationForm::showNumber(std::optional<int> number) {
     m_number->setText(number ? QString::number(*number) : QString());
 }
 
-void OperationForm::sendBack(const OperationCheck& failed) {
-    QWidget* found = field(failed.field);
-    auto* box = qobject_cast<QLineEdit*>(found);
-    if (box != nullptr && failed.reaction == Reaction::EmptyAndFocus) {
-        box->clear();
+void OperationForm::putRight(const OperationRefusal& refusal) {
+    QWidget* box = m_boxes.at(&operationFields()[static_cast<std::size_t>(refusal.field)]);
+    if (refusal.reaction == Reaction::SetToZero) {
+        static_cast<QLineEdit*>(box)->setText(kNoNumber);
     }
-    if (box != nullptr && failed.reaction == Reaction::SetToZero) {
-        box->setText(kNoNumber);
+    if (refusal.reaction == Reaction::EmptyAndFocus) {
+        static_cast<QLineEdit*>(box)->clear();
     }
-    if (failed.reaction == Reaction::Focus || failed.reaction == Reaction::EmptyAndFocus) {
-        focusOn(found);
+    if (refusal.reaction == Reaction::Focus || refusal.reaction == Reaction::EmptyAndFocus) {
+        focusOn(box);
     }
 }
 
@@ -369,27 +300,6 @@ void OperationForm::refuseDate() {
     m_dialogs.message(u"ERROR"_s, u"The sampling date is no date. Please write it like %1"_s.arg(m_date->example()));
     m_date->setFocus(Qt::OtherFocusReason);
     m_date->selectAll();
-}
-
-QWidget* OperationForm::field(OperationField field) const {
-    using enum OperationField;
-    const std::map<OperationField, QWidget*> fields = {
-        {State, m_states},
-        {Port, m_ports},
-        {Area, m_areas},
-        {RegisterId, m_registerIds},
-        {Method, m_methods},
-        {LatitudeDec, m_latitudeDec},
-        {LatitudeMin, m_latitudeMin},
-        {LongitudeDec, m_longitudeDec},
-        {LongitudeMin, m_longitudeMin},
-        {BottomDepth, m_bottomDepth},
-        {FishingDepth, m_fishingDepth},
-        {Hauls, m_hauls},
-        {Duration, m_duration},
-        {TotalCatch, m_totalCatch},
-    };
-    return fields.at(field);
 }
 
 }  // namespace kelvora

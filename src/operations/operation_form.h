@@ -1,11 +1,12 @@
 #pragma once
 
-#include "records/operation_checks.h"
-#include "records/operation_entry.h"
+#include "records/operation.h"
 
 #include <QWidget>
 
+#include <map>
 #include <optional>
+#include <vector>
 
 class QButtonGroup;
 class QGridLayout;
@@ -45,24 +46,20 @@ public:
     [[nodiscard]] std::optional<int> chosenState() const;
     [[nodiscard]] std::optional<int> chosenPort() const;
 
-    /// The operation number shown; nothing while none could be given.
-    [[nodiscard]] std::optional<int> number() const;
-    void setNumber(std::optional<int> number);
+    /// Shows the operation number; nothing while none could be given.
+    void showNumber(std::optional<int> number);
 
-    /// Takes the sampler back to the field of a check that failed.
-    void sendBack(const OperationCheck& failed);
+    /// Takes the sampler back to the field of a refusal.
+    void putRight(const OperationRefusal& refusal);
     /// The same where the date is none: says how a date is written.
     void refuseDate();
 
 private:
-    void addCatchColumn(QGridLayout* form);
-    void addLandingColumn(QGridLayout* form);
-    void addTripColumn(QGridLayout* form);
+    void add(QGridLayout* form, int row, int column, const OperationField& field);
     void connectLists();
     void onState();
     void fillGears();
     void fillMethods();
-    [[nodiscard]] QWidget* field(OperationField field) const;
 
     Connection& m_connection;
     Dialogs& m_dialogs;
@@ -78,19 +75,11 @@ private:
     BoundList* m_ports;
     std::optional<int> m_stateOfPorts;  ///< whose ports are offered
     DateField* m_date;
-    QLineEdit* m_latitudeDec;
-    QLineEdit* m_latitudeMin;
-    QLineEdit* m_longitudeDec;
-    QLineEdit* m_longitudeMin;
     QButtonGroup* m_fishingTime;
-
-    QLineEdit* m_bottomDepth;
-    QLineEdit* m_fishingDepth;
-    QLineEdit* m_hauls;
-    QLineEdit* m_duration;
-    QLineEdit* m_totalCatch;
     QLineEdit* m_recorder;
     QPlainTextEdit* m_note;
+    std::vector<QLineEdit*> m_numbers;  ///< "0" in a new operation
+    std::map<const OperationField*, QWidget*> m_boxes;
 };
 
 }  // namespace kelvora

@@ -4,7 +4,7 @@
 #include "controls/fields.h"
 #include "controls/guard.h"
 #include "data/connection.h"
-#include "records/operation_query.h"
+#include "records/operation_store.h"
 
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -17,7 +17,7 @@ namespace {
 QStringList criterionCaptions() {
     QStringList captions;
     for (const SearchCriterion& criterion : searchCriteria()) {
-        captions.append(criterion.caption);
+        captions.append(criterion.caption.toString());
     }
     return captions;
 }
@@ -53,7 +53,8 @@ void SearchFields::chooseFirstCriterion() {
 void SearchFields::refill() {
     if (m_criterion->currentIndex() >= 0) {
         const SearchCriterion& criterion = searchCriteria()[static_cast<std::size_t>(m_criterion->currentIndex())];
-        m_value->refill(m_connection.model(Sql(criterion.values)), criterion.shown, criterion.bound);
+        m_value->refill(m_connection.model(Sql(criterion.values)), criterion.shown.toString(),
+                        criterion.key.toString());
     }
 }
 
@@ -61,9 +62,10 @@ bool SearchFields::hasValue() const {
     return m_criterion->currentIndex() >= 0 && !m_value->text().isEmpty();
 }
 
-std::optional<Sql> SearchFields::search() const {
-    const SearchCriterion& criterion = searchCriteria()[static_cast<std::size_t>(m_criterion->currentIndex())];
-    return operationSearch(criterion, m_value->text(), m_value->key());
+OperationSearch SearchFields::search() const {
+    const int chosen = m_criterion->currentIndex();
+    const bool byText = searchCriteria()[static_cast<std::size_t>(chosen)].by == SearchCriterion::By::ShownName;
+    return {chosen, byText ? QVariant(m_value->text()) : m_value->key()};
 }
 
 void SearchFields::onCriterionChosen() {

@@ -1,10 +1,6 @@
 #pragma once
 
-#include "data/sql.h"
-
 #include <QWidget>
-
-#include <optional>
 
 namespace kelvora {
 
@@ -12,6 +8,7 @@ class BoundList;
 class Connection;
 class Dialogs;
 class FixedList;
+struct OperationSearch;
 
 /// What operations are searched by: one of the five criteria, and a value of its reference table.
 class SearchFields : public QWidget {
@@ -28,9 +25,8 @@ public:
 
     /// Whether there is a value to search for.
     [[nodiscard]] bool hasValue() const;
-    /// The query of the operations that match the value, in ascending order of their numbers; nothing for a text that
-    /// is no value of the list and so matches no operation.
-    [[nodiscard]] std::optional<Sql> search() const;
+    /// A criterion must be chosen.
+    [[nodiscard]] OperationSearch search() const;
 
 Q_SIGNALS:
     /// Another criterion was chosen; its values are not offered yet.

@@ -1,14 +1,8 @@
 #pragma once
 
-#include "operations/detail_fields.h"
+#include "operations/operation_details.h"
 
 #include <QGroupBox>
-
-#include <array>
-
-class QGridLayout;
-class QLineEdit;
-class QRadioButton;
 
 namespace kelvora {
 
@@ -20,21 +14,15 @@ class OperationFrame : public QGroupBox {
 public:
     explicit OperationFrame(QWidget* parent = nullptr);
 
-    /// Shows a row of the operation query that also has the vessel's register id, as "vid".
-    void fill(const ResultSet& result, int row);
+    /// Shows the first row of the details of an operation.
+    void fill(const ResultSet& details);
     void clear();
 
 private:
-    void addPosition(QGridLayout* form, int row, const QString& caption, const QString& name, const QString& column);
-    void addFishingTime(QGridLayout* form, int row);
+    void add(QGridLayout* form, int row, int column, const OperationField& field);
 
-    struct Angle {
-        QLineEdit* box;
-        QString column;
-    };
-    DetailFields m_fields;
-    std::vector<Angle> m_angles;  ///< degrees and minutes
-    std::array<QRadioButton*, 3> m_times{};
+    OperationDetails m_details;
+    std::vector<QRadioButton*> m_times;
 };
 
 }  // namespace kelvora

@@ -3,7 +3,6 @@
 #include "controls/dialogs.h"
 #include "controls/record_navigator.h"
 #include "operations/search_fields.h"
-#include "records/operation_query.h"
 #include "search/composition_tab.h"
 #include "search/gonad_tab.h"
 #include "search/length_tab.h"
@@ -87,12 +86,8 @@ void SearchScreen::onSearch() {
 }
 
 void SearchScreen::runSearch() {
-    const ResultSet found = m_search ? keyed(m_connection.query(numbersOnly(*m_search)), u"optid") : ResultSet();
-    m_found.clear();
-    for (int row = 0; row < found.rowCount(); ++row) {
-        m_found.push_back(found.integer(row, u"optid").value());
-    }
-    m_navigator->setRowCount(found.rowCount());
+    m_found = operationsFound(m_connection, m_search);
+    m_navigator->setRowCount(static_cast<int>(m_found.size()));
 }
 
 void SearchScreen::onArrived(int row) {
@@ -113,13 +108,13 @@ void SearchScreen::refresh(int operation) {
 }
 
 void SearchScreen::showOperation(int operation) {
-    const ResultSet details = detailsOf(operation);
+    const ResultSet details = operationDetails(m_connection, operation);
     if (details.isEmpty()) {
         reportGone(operation);
         return;
     }
     m_operation = storedOperation(m_connection, operation);
-    m_frame->fill(details, 0);
+    m_frame->fill(details);
     m_frame->setEnabled(true);
     m_delete->show();
     for (SampleTab* tab : m_tabs) {
@@ -137,11 +132,6 @@ void SearchScreen::clearOperation() {
     }
 }
 
-ResultSet SearchScreen::detailsOf(int operation) {
-    return m_connection.query(operationFields()
-                              << ",vessel.vesselid as vid" << operationJoin() << " Where optid = " << operation);
-}
-
 /// The operation was deleted, or one of the names that it is found by, while it was in the result.
 void SearchScreen::reportGone(int operation) {
     dialogs().message(
@@ -152,7 +142,7 @@ void SearchScreen::reportGone(int operation) {
 
 void SearchScreen::onOutdated() {
     const int operation = m_operation.value().number;
-    if (!detailsOf(operation).isEmpty()) {
+    if (!operationDetails(m_connection, operation).isEmpty()) {
         dialogs().message(
             u"This sample is not stored any more: it was deleted elsewhere. The samples of "
             "the operation are shown as they are now."_s);

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "controls/screen.h"
-#include "records/stored_operation.h"
+#include "data/connection.h"
+#include "records/operation_store.h"
 
 #include <optional>
 #include <vector>
@@ -42,7 +43,6 @@ private:
     void refresh(int operation);
     void showOperation(int operation);
     void clearOperation();
-    [[nodiscard]] ResultSet detailsOf(int operation);
     void reportGone(int operation);
 
     Connection m_connection;
@@ -53,8 +53,8 @@ private:
     OperationFrame* m_frame;
     std::vector<SampleTab*> m_tabs;
 
-    std::optional<Sql> m_search;  ///< what was searched last; nothing for a value that matches no operation
-    std::vector<int> m_found;     ///< numbers of the operations found
+    OperationSearch m_search;                    ///< what was searched last
+    std::vector<int> m_found;                    ///< numbers of the operations found
     std::optional<StoredOperation> m_operation;  ///< the one shown
 };
 

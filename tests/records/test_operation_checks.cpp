@@ -1,4 +1,4 @@
-#include "records/operation_checks.h"
+#include "records/operation.h"
 #include "support/test_main.h"
 
 #include <QTest>
@@ -34,7 +34,7 @@ private Q_SLOTS:
             {&Entry::totalCatch, u" 0.00 "_s, total},
             {&Entry::totalCatch, u"-3"_s, total},
             {&Entry::state, u"  "_s, u"please select state  first!"_s},
-            {&Entry::chosenArea, {}, u"please select fishing area"_s},
+            {&Entry::area, {}, u"please select fishing area"_s},
         };
         OperationEntry right;
         for (QString Entry::*number :
@@ -42,16 +42,15 @@ private Q_SLOTS:
               &Entry::fishingDepth, &Entry::hauls, &Entry::duration}) {
             right.*number = u"0"_s;
         }
-        right.state = right.port = right.area = right.chosenArea = right.registerId = u"x"_s;
+        right.state = right.port = right.area = right.registerId = u"x"_s;
         right.totalCatch = u"10"_s;
-        right.method = 1;
-        QVERIFY(firstFailed(right) == nullptr);
+        right.method = u"1"_s;
+        QVERIFY(!refusalOf(right));
         for (const Limit& limit : limits) {
             OperationEntry entry = right;
             entry.*limit.field = limit.text;
-            const OperationCheck* failed = firstFailed(entry);
-            QVERIFY2((failed == nullptr ? QString() : failed->message.toString()) == limit.message,
-                     qPrintable(limit.text));
+            const auto refusal = refusalOf(entry);
+            QVERIFY2((refusal ? refusal->message : QString()) == limit.message, qPrintable(limit.text));
         }
     }
 };
