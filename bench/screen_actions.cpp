@@ -1,6 +1,6 @@
 #include "answers.h"
 #include "office.h"
-#include "records/operation_query.h"
+#include "records/operation_store.h"
 
 using namespace Qt::StringLiterals;
 

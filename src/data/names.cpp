@@ -35,4 +35,8 @@ ResultSet rowsNamed(Connection& connection, const Sql& query, std::initializer_l
     return found;
 }
 
+bool finds(Connection& connection, const Sql& query) {
+    return !connection.query(query).isEmpty();
+}
+
 }  // namespace kelvora

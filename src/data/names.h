@@ -20,4 +20,7 @@ struct Named {
 /// compared here. The query ends in "where " or "and " and selects the columns.
 ResultSet rowsNamed(Connection& connection, const Sql& query, std::initializer_list<Named> names);
 
+/// Whether a query finds a row.
+bool finds(Connection& connection, const Sql& query);
+
 }  // namespace kelvora

@@ -1,11 +1,11 @@
 #include "operations/operation_entry_screen.h"
 
 #include "controls/dialogs.h"
-#include "data/names.h"
-#include "data/transaction.h"
 #include "operations/operation_form.h"
 #include "records/keys.h"
 #include "records/operation_store.h"
+#include "records/places.h"
+#include "records/vessels.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -18,9 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace kelvora {
 namespace {
-
-const QString kConfirm = u"Confirm"_s;
-const QString kNoRecord = u"No Record"_s;
 
 QLabel* heading(const QString& text) {
     auto* label = new QLabel(text);
@@ -127,40 +124,44 @@ void OperationEntryScreen::giveNumber() {
 }
 
 int OperationEntryScreen::stateKeyOf(const QString& state) {
-    const ResultSet rows = rowsNamed(m_connection, Sql("select * from state where "), {{"statename", state}});
-    std::vector<int> found;
-    found.reserve(static_cast<std::size_t>(rows.rowCount()));
-    for (int row = 0; row < rows.rowCount(); ++row) {
-        found.push_back(rows.integer(row, u"stateid").value_or(0));
-    }
-    if (const auto key = keyAmong(found, m_form->chosenState())) {
+    if (const auto key = keyAmong(keysOfState(m_connection, state), m_form->chosenState())) {
         return *key;
     }
-    AddState(state);
-    return getstateid(state).value_or(0);
+    if (AddState(m_connection, state, asked(u"Are you sure to insert state '"_s + state + u'\''))) {
+        m_form->fillStates();
+        m_form->fillPorts();
+    }
+    return foundKey(getstateid(m_connection, state));
 }
 
 int OperationEntryScreen::portKeyOf(const QString& state, const QString& port) {
-    const ResultSet rows = rowsNamed(m_connection, Sql("select * from samplingport where "), {{"samplingname", port}});
-    std::vector<int> found;
-    found.reserve(static_cast<std::size_t>(rows.rowCount()));
-    for (int row = 0; row < rows.rowCount(); ++row) {
-        // A port of the same name in another state is another port.
-        if (m_stateKey != 0 && rows.integer(row, u"stateid") == m_stateKey) {
-            found.push_back(rows.integer(row, u"samplingid").value_or(0));
-        }
-    }
-    if (const auto key = keyAmong(found, m_form->chosenPort())) {
+    if (const auto key = keyAmong(keysOfPort(m_connection, port, m_stateKey), m_form->chosenPort())) {
         return *key;
     }
-    AddSampling(port, m_stateKey);
-    return getsamplingid(state, port).value_or(0);
+    if (AddSampling(m_connection, port, m_stateKey,
+                    asked(u"Are you sure to insert sampling port '"_s + port + u'\''))) {
+        m_form->fillPorts();
+    }
+    return foundKey(getsamplingid(m_connection, state, port, m_stateKey));
+}
+
+/// A key that was looked up; 0 if what it is the key of was declined.
+int OperationEntryScreen::foundKey(const std::optional<int>& key) {
+    if (!key) {
+        dialogs().message(u"No Record"_s);
+    }
+    return key.value_or(0);
 }
 
 void OperationEntryScreen::offerVessel(const QString& registerId) {
-    if (rowsNamed(m_connection, Sql("select * from vessel where "), {{"vesselid", registerId}}).isEmpty()) {
-        addvessel(Sql("insert into vessel(vesselid) values(") << registerId << ")");
+    if (!isRegisterIdStored(m_connection, registerId) &&
+        addvessel(m_connection, registerId, asked(u"Are you sure to insert this fishing vessel? "_s))) {
+        m_form->fillVessels();
     }
+}
+
+std::function<bool()> OperationEntryScreen::asked(const QString& question) {
+    return [this, question] { return dialogs().confirm(u"Confirm"_s, question); };
 }
 
 void OperationEntryScreen::store(const OperationEntry& entry) {
@@ -176,61 +177,6 @@ void OperationEntryScreen::clear() {
     m_save->setEnabled(true);
     m_form->fillLists();
     giveNumber();
-}
-
-void OperationEntryScreen::AddState(const QString& name) {
-    const int key = nextState(m_connection);
-    const bool added = executeThenAsk(m_connection, Sql("insert into state values(") << key << "," << name << ")", [&] {
-        return dialogs().confirm(kConfirm, u"Are you sure to insert state '"_s + name + u'\'');
-    });
-    if (added) {
-        m_form->fillStates();
-        m_form->fillPorts();
-    }
-}
-
-std::optional<int> OperationEntryScreen::getstateid(const QString& name) {
-    const ResultSet rows = rowsNamed(m_connection, Sql("select * from state where "), {{"statename", name}});
-    if (rows.isEmpty()) {
-        dialogs().message(kNoRecord);
-        return std::nullopt;
-    }
-    return rows.integer(0, u"stateid");
-}
-
-void OperationEntryScreen::AddSampling(const QString& name, int stateKey) {
-    const int key = nextSamplingPort(m_connection);
-    const bool added = executeThenAsk(
-        m_connection, Sql("insert into samplingport values(") << key << "," << name << "," << stateKey << ")",
-        [&] { return dialogs().confirm(kConfirm, u"Are you sure to insert sampling port '"_s + name + u'\''); });
-    if (added) {
-        m_form->fillPorts();
-    }
-}
-
-std::optional<int> OperationEntryScreen::getsamplingid(const QString& stateName, const QString& portName) {
-    const ResultSet rows = rowsNamed(
-        m_connection, Sql("select * from samplingport inner join state on samplingport.stateid = state.stateid where "),
-        {{"statename", stateName}, {"samplingname", portName}});
-    if (rows.isEmpty()) {
-        dialogs().message(kNoRecord);
-        return std::nullopt;
-    }
-    for (int row = 0; row < rows.rowCount(); ++row) {
-        if (rows.integer(row, u"stateid") == m_stateKey) {
-            return rows.integer(row, u"samplingid");
-        }
-    }
-    return rows.integer(0, u"samplingid");
-}
-
-void OperationEntryScreen::addvessel(const Sql& statement) {
-    const bool added = executeThenAsk(m_connection, statement, [this] {
-        return dialogs().confirm(kConfirm, u"Are you sure to insert this fishing vessel? "_s);
-    });
-    if (added) {
-        m_form->fillVessels();
-    }
 }
 
 }  // namespace kelvora

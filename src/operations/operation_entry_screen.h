@@ -23,17 +23,6 @@ public:
     explicit OperationEntryScreen(const Context& context);
     ~OperationEntryScreen() override;
 
-    /// Adds a state if the sampler confirms.
-    void AddState(const QString& name);
-    /// The key of a state; "No Record" and nothing if it is not stored.
-    std::optional<int> getstateid(const QString& name);
-    /// Adds a port to a state if the sampler confirms.
-    void AddSampling(const QString& name, int stateKey);
-    /// The key of a port of a state; "No Record" and nothing if it is not stored.
-    std::optional<int> getsamplingid(const QString& stateName, const QString& portName);
-    /// Executes the complete insert statement of a vessel, and keeps it if the sampler confirms.
-    void addvessel(const Sql& statement);
-
 protected:
     void refillLists() override;
 
@@ -45,7 +34,9 @@ private:
     void giveNumber();
     int stateKeyOf(const QString& state);
     int portKeyOf(const QString& state, const QString& port);
+    int foundKey(const std::optional<int>& key);
     void offerVessel(const QString& registerId);
+    std::function<bool()> asked(const QString& question);
     void store(const OperationEntry& entry);
 
     Connection m_connection;

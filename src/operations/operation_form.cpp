@@ -7,6 +7,9 @@
 #include "data/connection.h"
 #include "operations/date_field.h"
 #include "operations/operation_details.h"
+#include "records/gears.h"
+#include "records/places.h"
+#include "records/vessels.h"
 
 #include <QApplication>
 #include <QButtonGroup>
@@ -206,7 +209,7 @@ void OperationForm::fillLists() {
 }
 
 void OperationForm::fillVessels() {
-    ResultSet vessels = m_connection.query(Sql("select * from vessel order by vesselname"));
+    ResultSet vessels = m_connection.query(vesselsByName());
     const QString name = u"vesselname"_s;
     const QString registerId = u"vesselid"_s;
     m_registerIds->setSource(std::make_unique<ResultModel>(registeredIds(vessels)), registerId, name);
@@ -214,35 +217,28 @@ void OperationForm::fillVessels() {
 }
 
 void OperationForm::fillGears() {
-    m_gears->setSource(m_connection.model(Sql("select * from fishing_gear where gearid in "
-                                              "(select gearid from Fishing_method )order by guname")),
-                       u"guname"_s, u"gearid"_s);
+    m_gears->setSource(m_connection.model(gearsWithMethods()), u"guname"_s, u"gearid"_s);
 }
 
 void OperationForm::fillMethods() {
     if (const auto gear = chosenKey(*m_gears)) {
-        m_methods->setSource(
-            m_connection.model(Sql("select * from Fishing_method where gearid = ") << *gear << " order by methodname"),
-            u"methodname"_s, u"methodid"_s);
+        m_methods->setSource(m_connection.model(methodsByName(*gear)), u"methodname"_s, u"methodid"_s);
     }
 }
 
 void OperationForm::fillAreasAndMethods() {
-    m_areas->setSource(m_connection.model(Sql("select * from Fishing_area order by aname")), u"aname"_s, u"aname"_s);
+    m_areas->setSource(m_connection.model(areasByName()), u"aname"_s, u"aname"_s);
     fillMethods();
 }
 
 void OperationForm::fillStates() {
-    m_states->setSource(m_connection.model(Sql("select * from state order by statename")), u"statename"_s,
-                        u"stateid"_s);
+    m_states->setSource(m_connection.model(statesByName()), u"statename"_s, u"stateid"_s);
 }
 
 void OperationForm::fillPorts() {
     m_stateOfPorts = chosenState();
     if (const auto state = m_stateOfPorts) {
-        m_ports->setSource(m_connection.model(Sql("select * from samplingport where stateid = ")
-                                              << *state << " order by samplingname"),
-                           u"samplingname"_s, u"samplingid"_s);
+        m_ports->setSource(m_connection.model(portsByName(*state)), u"samplingname"_s, u"samplingid"_s);
         return;
     }
     const QString kept = m_ports->text();

@@ -53,8 +53,7 @@ void SearchFields::chooseFirstCriterion() {
 void SearchFields::refill() {
     if (m_criterion->currentIndex() >= 0) {
         const SearchCriterion& criterion = searchCriteria()[static_cast<std::size_t>(m_criterion->currentIndex())];
-        m_value->refill(m_connection.model(Sql(criterion.values)), criterion.shown.toString(),
-                        criterion.key.toString());
+        m_value->refill(m_connection.model(criterion.values()), criterion.shown.toString(), criterion.key.toString());
     }
 }
 

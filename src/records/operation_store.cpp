@@ -2,7 +2,10 @@
 
 #include "data/numbers.h"
 #include "data/transaction.h"
+#include "records/gears.h"
 #include "records/operation.h"
+#include "records/places.h"
+#include "records/vessels.h"
 
 #include <array>
 
@@ -17,10 +20,14 @@ constexpr Literal kOperationTables =
     " FROM fishoperation"
     " INNER JOIN samplingport ON samplingport.samplingid = fishoperation.portid"
     " INNER JOIN state ON state.stateid = samplingport.stateid"
-    " INNER JOIN vessel ON vessel.vesselname = fishoperation.vesselid"
-    " INNER JOIN fishing_area ON fishing_area.aname = fishoperation.areaid"
     " INNER JOIN Fishing_method ON Fishing_method.methodid = fishoperation.fishing_method"
-    " INNER JOIN Fishing_gear ON Fishing_gear.gearid = Fishing_method.gearid";
+    " INNER JOIN Fishing_gear ON Fishing_gear.gearid = Fishing_method.gearid"
+    " INNER JOIN fishing_area ON fishing_area.aname = fishoperation.areaid"
+    " INNER JOIN vessel ON vessel.vesselname = fishoperation.vesselid";
+
+Sql allPortsByName() {
+    return Sql("select * from samplingport order by samplingname");
+}
 
 }  // namespace
 
@@ -115,16 +122,14 @@ std::span<const SearchCriterion> searchCriteria() {
     // An operation stores the name of its vessel, so vessels are matched by their shown name and not by their key, the
     // register id. Areas are shown by their description, and matched by their name.
     static constexpr std::array criteria = {
-        SearchCriterion{u"State/Province", "select * from state order by statename", u"statename", u"stateid",
+        SearchCriterion{u"State/Province", statesByName, u"statename", u"stateid",
                         " WHERE samplingport.stateid = ", Number},
-        SearchCriterion{u"Sampling Port", "select * from samplingport order by samplingname", u"samplingname",
-                        u"samplingid", " WHERE fishoperation.portid = ", Number},
-        SearchCriterion{u"Fishing Area", "select * from fishing_area order by aname", u"describ", u"aname",
-                        " WHERE fishoperation.areaid = ", Name},
-        SearchCriterion{u"Vessel", "select * from vessel order by vesselname", u"vesselname", u"vesselid",
+        SearchCriterion{u"Sampling Port", allPortsByName, u"samplingname", u"samplingid",
+                        " WHERE fishoperation.portid = ", Number},
+        SearchCriterion{u"Fishing Area", areasByName, u"describ", u"aname", " WHERE fishoperation.areaid = ", Name},
+        SearchCriterion{u"Vessel", vesselsByName, u"vesselname", u"vesselid",
                         " WHERE fishoperation.vesselid = ", ShownName},
-        SearchCriterion{u"Fishing Gear", "select * from Fishing_gear order by guname", u"guname", u"gearid",
-                        " WHERE Fishing_method.gearid = ", Number},
+        SearchCriterion{u"Fishing Gear", gearsByName, u"guname", u"gearid", " WHERE Fishing_method.gearid = ", Number},
     };
     return criteria;
 }

@@ -1,5 +1,8 @@
 #include "records/species.h"
 
+#include "data/names.h"
+#include "data/transaction.h"
+#include "records/keys.h"
 #include "records/stored_operation.h"
 
 using namespace Qt::StringLiterals;
@@ -24,6 +27,39 @@ void requireSpecies(Connection& connection, const ChosenSpecies& species) {
         const QString reason = u"the species %1 was deleted or renamed since it was chosen here"_s.arg(species.name);
         throw OriginLost(u"Nothing was stored: %1. What was entered is still on the screen."_s.arg(reason), reason);
     }
+}
+
+Sql speciesAsEntered() {
+    return Sql(
+        "SELECT fish.fishno,fish.family, fish.genus, fish.fishname, fish.common_name FROM fish"
+        " where fishno <> 0 order by fish.fishno");
+}
+
+bool isSpeciesStored(Connection& connection, const SpeciesEntry& species) {
+    return !rowsNamed(connection, Sql("select family, genus, fishname from fish where "),
+                      {{"family", species.family}, {"genus", species.genus}, {"fishname", species.epithet}})
+                .isEmpty();
+}
+
+bool AddSpecies(Connection& connection, const SpeciesEntry& species) {
+    if (isSpeciesStored(connection, species)) {
+        return false;
+    }
+    const int number = nextSpecies(connection);
+    connection.execute(Sql("insert into fish(fishno,fishname,genus,family,common_name) values(")
+                       << number << "," << species.epithet << "," << species.genus << "," << species.family << ","
+                       << species.commonName << ")");
+    return true;
+}
+
+bool isSpeciesUsed(Connection& connection, int species) {
+    return finds(connection, Sql("select * from group_composition where spid = ") << species) ||
+           finds(connection, Sql("select * from length where spid = ") << species) ||
+           finds(connection, Sql("select * from gonad where spid = ") << species);
+}
+
+bool deleteSpecies(Connection& connection, int species, const std::function<bool()>& ask) {
+    return executeThenAsk(connection, Sql("delete from fish where fishno = ") << species, ask);
 }
 
 }  // namespace kelvora

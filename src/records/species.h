@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace kelvora {
 
 /// The shown name of a species, genus and epithet, of a row of the table fish; it compares and sorts as the text
@@ -26,5 +28,21 @@ Sql caughtSpecies(int operation);
 /// To be called inside the transaction that stores for a species. Throws OriginLost unless the catalogue still has it
 /// under this number with this name: the number of a deleted species is given anew.
 void requireSpecies(Connection& connection, const ChosenSpecies& species);
+
+/// A species of the catalogue as it is entered or imported.
+struct SpeciesEntry {
+    QString family, genus, epithet, commonName;
+};
+
+/// The catalogue as it was entered: fishno, family, genus, fishname, common_name. The row 0 is reserved for no species.
+Sql speciesAsEntered();
+/// Whether a species of this family, genus and epithet is stored.
+bool isSpeciesStored(Connection& connection, const SpeciesEntry& species);
+/// Stores a species under the next number, unless it is stored already. Returns whether it was stored.
+bool AddSpecies(Connection& connection, const SpeciesEntry& species);
+/// Whether a sample has the species.
+bool isSpeciesUsed(Connection& connection, int species);
+/// Deletes a species, asks, and leaves it deleted on Yes; returns the answer.
+bool deleteSpecies(Connection& connection, int species, const std::function<bool()>& ask);
 
 }  // namespace kelvora

@@ -1,7 +1,7 @@
 #include "data/connection.h"
 #include "data/store.h"
 #include "demo/demo_year.h"
-#include "records/operation_query.h"
+#include "records/operation_store.h"
 #include "reports/catch_summary.h"
 #include "reports/gonad_maturity_report.h"
 #include "reports/length_frequency_report.h"
@@ -56,7 +56,7 @@ private Q_SLOTS:
         QVERIFY(operations.rowCount() > 100);
         for (int row = 0; row < operations.rowCount(); ++row) {
             const int operation = operations.integer(row, u"optid").value();
-            QCOMPARE(m_db->query(operationByNumber(operation)).rowCount(), 1);
+            QCOMPARE(operationDetails(*m_db, operation).rowCount(), 1);
         }
     }
 
