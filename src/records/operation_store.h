@@ -53,7 +53,7 @@ ResultSet operationDetails(Connection& connection, int number);
 /// What operations are searched by: a reference table offers the values, and the chosen one becomes a filter.
 struct SearchCriterion {
     QStringView caption;
-    Literal values;                                ///< query of the reference table
+    Sql (*values)();                               ///< query of the reference table
     QStringView shown;                             ///< column that the value list shows
     QStringView key;                               ///< column that is the value's key
     Literal filter;                                ///< what the value follows in a search
