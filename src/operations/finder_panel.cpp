@@ -113,10 +113,6 @@ bool FinderPanel::isLocked() const {
     return !m_search->isEnabled();
 }
 
-QString FinderPanel::currentOperation() const {
-    return m_current ? QString::number(m_current->number) : QString();
-}
-
 void FinderPanel::clear() {
     m_details.clear();
     m_navigator->setCaption({});
@@ -181,7 +177,7 @@ void FinderPanel::setOperation(int number) {
 void FinderPanel::setCurrent(std::optional<StoredOperation> operation, QStringList unregistered) {
     m_current = std::move(operation);
     m_unregistered = std::move(unregistered);
-    m_number->setText(currentOperation());
+    m_number->setText(m_current ? QString::number(m_current->number) : QString());
     Q_EMIT operationChanged();
 }
 

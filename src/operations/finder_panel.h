@@ -37,8 +37,6 @@ public:
     void refillLists();
 
     [[nodiscard]] const QString& numberCaption() const { return m_numberCaption; }
-    /// The number of the current operation in decimal text; empty if there is none.
-    [[nodiscard]] QString currentOperation() const;
     /// The current operation as it was read; nothing if there is none.
     [[nodiscard]] const std::optional<StoredOperation>& operation() const { return m_current; }
     /// What the current operation refers to and is not registered; its details are not shown then.

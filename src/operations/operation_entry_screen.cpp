@@ -71,7 +71,6 @@ OperationEntryScreen::~OperationEntryScreen() {
 void OperationEntryScreen::refillLists() {
     if (m_connection.changedElsewhere()) {
         m_form->fillLists();
-        m_form->fillPorts();
     }
 }
 
@@ -81,10 +80,13 @@ void OperationEntryScreen::save() {
     if (!passesChecks(entry) || !claimNumber()) {
         return;
     }
-    m_stateKey = stateKeyOf(entry.state);
-    m_portKey = portKeyOf(entry.state, entry.port);
+    const int state = stateKeyOf(entry.state);
+    const int port = portKeyOf(entry, state);
     offerVessel(entry.registerId);
-    store(entry);
+    insertOperation(m_connection, entry, m_number.value(), port);
+    dialogs().message(u"Insert Complete"_s);
+    context().session.lastSavedOperation = *m_number;
+    m_save->setEnabled(false);
 }
 
 bool OperationEntryScreen::passesChecks(const OperationEntry& entry) {
@@ -128,21 +130,20 @@ int OperationEntryScreen::stateKeyOf(const QString& state) {
         return *key;
     }
     if (AddState(m_connection, state, asked(u"Are you sure to insert state '"_s + state + u'\''))) {
-        m_form->fillStates();
-        m_form->fillPorts();
+        m_form->fillPlaces();
     }
     return foundKey(getstateid(m_connection, state));
 }
 
-int OperationEntryScreen::portKeyOf(const QString& state, const QString& port) {
-    if (const auto key = keyAmong(keysOfPort(m_connection, port, m_stateKey), m_form->chosenPort())) {
+int OperationEntryScreen::portKeyOf(const OperationEntry& entry, int state) {
+    const QString& port = entry.port;
+    if (const auto key = keyAmong(keysOfPort(m_connection, port, state), m_form->chosenPort())) {
         return *key;
     }
-    if (AddSampling(m_connection, port, m_stateKey,
-                    asked(u"Are you sure to insert sampling port '"_s + port + u'\''))) {
+    if (AddSampling(m_connection, port, state, asked(u"Are you sure to insert sampling port '"_s + port + u'\''))) {
         m_form->fillPorts();
     }
-    return foundKey(getsamplingid(m_connection, state, port, m_stateKey));
+    return foundKey(getsamplingid(m_connection, entry.state, port, state));
 }
 
 /// A key that was looked up; 0 if what it is the key of was declined.
@@ -162,13 +163,6 @@ void OperationEntryScreen::offerVessel(const QString& registerId) {
 
 std::function<bool()> OperationEntryScreen::asked(const QString& question) {
     return [this, question] { return dialogs().confirm(u"Confirm"_s, question); };
-}
-
-void OperationEntryScreen::store(const OperationEntry& entry) {
-    insertOperation(m_connection, entry, m_number.value(), m_portKey);
-    dialogs().message(u"Insert Complete"_s);
-    context().session.lastSavedOperation = *m_number;
-    m_save->setEnabled(false);
 }
 
 void OperationEntryScreen::clear() {

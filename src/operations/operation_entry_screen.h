@@ -33,18 +33,15 @@ private:
     bool claimNumber();
     void giveNumber();
     int stateKeyOf(const QString& state);
-    int portKeyOf(const QString& state, const QString& port);
+    int portKeyOf(const OperationEntry& entry, int state);
     int foundKey(const std::optional<int>& key);
     void offerVessel(const QString& registerId);
     std::function<bool()> asked(const QString& question);
-    void store(const OperationEntry& entry);
 
     Connection m_connection;
     OperationForm* m_form;
     QPushButton* m_save;
     std::optional<int> m_number;  ///< of the operation on the screen; nothing while none could be given
-    int m_stateKey = 0;           ///< of the state of the operation being saved; 0 if it was declined
-    int m_portKey = 0;
 };
 
 }  // namespace kelvora

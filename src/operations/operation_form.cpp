@@ -48,27 +48,25 @@ void fillFrom(const BoundList& from, BoundList& to) {
 /// The rows of the register behind its ids: of two rows with one id, one registered by its id alone says nothing.
 ResultSet registeredIds(ResultSet vessels) {
     using Row = std::vector<QVariant>;
-    const auto text = [&](const Row& row, QStringView column) {
-        return displayText(row[static_cast<std::size_t>(vessels.column(column))]);
-    };
-    const auto isNameless = [&](const Row& row) { return isBlank(text(row, u"vesselname")); };
+    const auto name = static_cast<std::size_t>(vessels.column(u"vesselname"));
+    const auto id = static_cast<std::size_t>(vessels.column(u"vesselid"));
+    const auto isNameless = [=](const Row& row) { return isBlank(displayText(row[name])); };
+    const auto idOf = [=](const Row& row) { return displayText(row[id]).toCaseFolded(); };
     std::map<QString, bool> named;  // ids of rows without a name: whether another row with the id has one
     for (const Row& row : vessels.rows) {
         if (isNameless(row)) {
-            named[text(row, u"vesselid").toCaseFolded()] = false;
+            named[idOf(row)] = false;
         }
     }
     if (named.empty()) {
         return vessels;
     }
     for (const Row& row : vessels.rows) {
-        const auto found = named.find(text(row, u"vesselid").toCaseFolded());
-        if (found != named.end() && !isNameless(row)) {
-            found->second = true;
+        if (!isNameless(row) && named.contains(idOf(row))) {
+            named[idOf(row)] = true;
         }
     }
-    std::erase_if(vessels.rows,
-                  [&](const Row& row) { return isNameless(row) && named.at(text(row, u"vesselid").toCaseFolded()); });
+    std::erase_if(vessels.rows, [&](const Row& row) { return isNameless(row) && named.at(idOf(row)); });
     return vessels;
 }
 
@@ -88,7 +86,11 @@ OperationForm::OperationForm(Connection& connection, Dialogs& dialogs, const QSt
       m_date(new DateField),
       m_fishingTime(new QButtonGroup(this)),
       m_recorder(new QLineEdit(recorder)),
-      m_note(new QPlainTextEdit) {
+      m_note(new QPlainTextEdit),
+      m_boxes{{u"optid", m_number},        {u"vesselname", m_vesselNames}, {u"vid", m_registerIds},
+              {u"guname", m_gears},        {u"methodname", m_methods},     {u"aname", m_areas},
+              {u"statename", m_states},    {u"samplingname", m_ports},     {u"optdate", m_date},
+              {u"interviewer", m_recorder}} {
     auto* form = new QGridLayout(this);
     form->setContentsMargins(0, 0, 0, 0);
     form->setHorizontalSpacing(10);
@@ -125,21 +127,17 @@ void OperationForm::add(QGridLayout* form, int row, int column, const OperationF
         m_fishingTime->buttons().first()->setChecked(true);
         return;
     }
-    const std::map<QStringView, QWidget*> known = {{u"optid", m_number},       {u"vesselname", m_vesselNames},
-                                                   {u"vid", m_registerIds},    {u"guname", m_gears},
-                                                   {u"methodname", m_methods}, {u"aname", m_areas},
-                                                   {u"statename", m_states},   {u"samplingname", m_ports},
-                                                   {u"optdate", m_date},       {u"interviewer", m_recorder}};
-    const auto found = known.find(field.shown);
-    QLineEdit* number = found == known.end() ? m_numbers.emplace_back(numberField(kNoNumber)) : nullptr;
-    QWidget* box = m_boxes[&field] = number != nullptr ? number : found->second;
+    QWidget*& box = m_boxes[field.shown];
+    if (box == nullptr) {
+        box = m_numbers.emplace_back(numberField(kNoNumber));
+    }
     if (field.part.isEmpty()) {
         addField(form, row, column, field.captions.entry.toString(), box);
         return;
     }
-    QHBoxLayout* line = addAngle(form, row, column, field.captions.entry, field, number);
+    QHBoxLayout* line = addAngle(form, row, column, field.captions.entry, field, m_numbers.back());
     line->setSpacing(8);
-    line->setStretchFactor(number, 1);
+    line->setStretchFactor(box, 1);
     if (!field.side.isEmpty()) {
         auto* side = new QLabel(field.side.toString());
         side->setFixedWidth(side->fontMetrics().horizontalAdvance(u'N'));
@@ -202,9 +200,9 @@ void OperationForm::clear(const QString& recorder) {
 }
 
 void OperationForm::fillLists() {
-    fillStates();
+    fillPlaces();
     fillVessels();
-    fillGears();
+    m_gears->setSource(m_connection.model(gearsWithMethods()), u"guname"_s, u"gearid"_s);
     fillAreasAndMethods();
 }
 
@@ -214,10 +212,6 @@ void OperationForm::fillVessels() {
     const QString registerId = u"vesselid"_s;
     m_registerIds->setSource(std::make_unique<ResultModel>(registeredIds(vessels)), registerId, name);
     m_vesselNames->setSource(std::make_unique<ResultModel>(std::move(vessels)), name, registerId);
-}
-
-void OperationForm::fillGears() {
-    m_gears->setSource(m_connection.model(gearsWithMethods()), u"guname"_s, u"gearid"_s);
 }
 
 void OperationForm::fillMethods() {
@@ -231,8 +225,9 @@ void OperationForm::fillAreasAndMethods() {
     fillMethods();
 }
 
-void OperationForm::fillStates() {
+void OperationForm::fillPlaces() {
     m_states->setSource(m_connection.model(statesByName()), u"statename"_s, u"stateid"_s);
+    fillPorts();
 }
 
 void OperationForm::fillPorts() {
@@ -248,12 +243,13 @@ void OperationForm::fillPorts() {
 
 OperationEntry OperationForm::entry() const {
     OperationEntry entry;
-    for (const auto& [field, box] : m_boxes) {
-        if (field->member == nullptr) {
+    for (const OperationField& field : operationFields()) {
+        const auto found = m_boxes.find(field.shown);
+        if (found == m_boxes.end() || field.member == nullptr) {
             continue;
         }
-        const auto* list = qobject_cast<const BoundList*>(box);
-        entry.*field->member = list != nullptr ? list->text() : static_cast<const QLineEdit*>(box)->text();
+        const auto* list = qobject_cast<const BoundList*>(found->second);
+        entry.*field.member = list != nullptr ? list->text() : static_cast<const QLineEdit*>(found->second)->text();
     }
     const auto keyOf = [](const BoundList& list) { return isBlank(list.text()) ? QString() : list.key().toString(); };
     entry.method = keyOf(*m_methods);
@@ -277,7 +273,7 @@ void OperationForm::showNumber(std::optional<int> number) {
 }
 
 void OperationForm::putRight(const OperationRefusal& refusal) {
-    QWidget* box = m_boxes.at(&operationFields()[static_cast<std::size_t>(refusal.field)]);
+    QWidget* box = m_boxes.at(operationFields()[static_cast<std::size_t>(refusal.field)].shown);
     if (refusal.reaction == Reaction::SetToZero) {
         static_cast<QLineEdit*>(box)->setText(kNoNumber);
     }

@@ -35,8 +35,8 @@ public:
     /// Fills lists again; each keeps what it shows.
     void fillLists();
     void fillVessels();
-    void fillStates();
-    /// The ports of the chosen state; none while the state's text is that of none.
+    /// The states, and the ports of the chosen one; none while the state's text is that of none.
+    void fillPlaces();
     void fillPorts();
     /// The lists of which a row must be chosen, so that rows added or deleted on another screen count.
     void fillAreasAndMethods();
@@ -58,7 +58,6 @@ private:
     void add(QGridLayout* form, int row, int column, const OperationField& field);
     void connectLists();
     void onState();
-    void fillGears();
     void fillMethods();
 
     Connection& m_connection;
@@ -78,8 +77,8 @@ private:
     QButtonGroup* m_fishingTime;
     QLineEdit* m_recorder;
     QPlainTextEdit* m_note;
-    std::vector<QLineEdit*> m_numbers;  ///< "0" in a new operation
-    std::map<const OperationField*, QWidget*> m_boxes;
+    std::vector<QLineEdit*> m_numbers;        ///< "0" in a new operation
+    std::map<QStringView, QWidget*> m_boxes;  ///< by what their fields are shown from, the options and the note aside
 };
 
 }  // namespace kelvora

@@ -56,7 +56,7 @@ struct OperationField {
     QStringView minutes = {};     ///< of degrees: what the minutes are shown from
 };
 
-/// All fields, column by column in the order in which they stand on the screens.
+/// All fields, each column of every screen in its order from top to bottom.
 std::span<const OperationField> operationFields();
 
 /// What happens to the field after the message.

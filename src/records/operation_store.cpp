@@ -95,17 +95,12 @@ QStringList unregisteredNames(Connection& connection, int number) {
 }
 
 void deleteOperation(Connection& connection, const StoredOperation& operation) {
-    static constexpr std::array samples = {Literal("delete from gonad where optid = "),
-                                           Literal("delete from gonad_detail where optid = "),
-                                           Literal("delete from group_composition where optid = "),
-                                           Literal("delete from group_main where optid = "),
-                                           Literal("delete from length where optid = "),
-                                           Literal("delete from length_detail where optid = ")};
     Transaction transaction(connection);
     requireOperation(connection, operation);
-    connection.execute(Sql("delete from fishoperation where optid = ") << operation.number);
-    for (const Literal& sample : samples) {
-        connection.execute(Sql(sample) << operation.number);
+    for (const Literal table :
+         {Literal("fishoperation"), Literal("gonad"), Literal("gonad_detail"), Literal("group_composition"),
+          Literal("group_main"), Literal("length"), Literal("length_detail")}) {
+        connection.execute(Sql("delete from ") << table << " where optid = " << operation.number);
     }
     transaction.commit();
 }

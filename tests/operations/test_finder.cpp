@@ -44,13 +44,14 @@ struct Finder {
         hand().type(kValue, value);
         hand().press(u"Search"_s);
     }
+    [[nodiscard]] QString current() const { return hand().text(u"Fishing operation no."_s); }
     [[nodiscard]] QString caption() const { return hand().navigator(kResult)->caption(); }
     /// The numbers of all operations of the result, in its order.
     [[nodiscard]] QString found() const {
-        QStringList numbers{panel->currentOperation()};
+        QStringList numbers{current()};
         while (numbers.size() < hand().navigator(kResult)->rowCount()) {
             hand().move(kResult, u"Next"_s);
-            numbers.append(panel->currentOperation());
+            numbers.append(current());
         }
         return numbers.join(u' ');
     }
@@ -132,9 +133,9 @@ private Q_SLOTS:
         const Finder finder;
         finder.search(kState, u"Alpha"_s);
         finder.hand().choose(kValue, u"Beta"_s);
-        QCOMPARE(finder.panel->currentOperation(), QString());
+        QCOMPARE(finder.current(), QString());
         finder.hand().move(kResult, u"Next"_s);
-        QCOMPARE(finder.panel->currentOperation(), u"2"_s);
+        QCOMPARE(finder.current(), u"2"_s);
         QCOMPARE(finder.caption(), u"Result 2 Of 2"_s);
     }
 
@@ -146,7 +147,7 @@ private Q_SLOTS:
         // Neither the details nor the number of what was found before stay behind.
         finder.searchTyped(u"1 or 1=1"_s);
         QCOMPARE(finder.caption(), u"[No Record]"_s);
-        QCOMPARE(finder.panel->currentOperation() + finder.hand().text(kVessel), QString());
+        QCOMPARE(finder.current() + finder.hand().text(kVessel), QString());
         finder.searchTyped(QString());
         QCOMPARE(finder.caption(), QString());
     }
@@ -193,14 +194,14 @@ private Q_SLOTS:
         QCOMPARE(first.hand().list(kValue)->count(), 2);
 
         Finder saved(true, 2);
-        QCOMPARE(saved.panel->currentOperation(), u"2"_s);
+        QCOMPARE(saved.current(), u"2"_s);
         QCOMPARE(saved.hand().text(kVessel), u"Blue Fin"_s);
         QVERIFY(!saved.hand().enabled(kCriterion) && !saved.hand().enabled(kValue));
 
         // An operation whose vessel is not registered yet stays current, but has no details.
         saved.store.execute("delete from vessel where vesselname = 'Blue Fin'");
         saved.open(true);
-        QCOMPARE(saved.panel->currentOperation(), u"2"_s);
+        QCOMPARE(saved.current(), u"2"_s);
         QCOMPARE(saved.line->text(),
                  u"Fishing operation no. 2 (in no search and report until registered: vessel \"Blue Fin\")"_s);
         QCOMPARE(saved.hand().text(u"Date"_s), QString());
