@@ -2,7 +2,7 @@
 
 #include "controls/dialogs.h"
 #include "controls/fields.h"
-#include "data/names.h"
+#include "records/places.h"
 #include "reference/record_grid.h"
 
 #include <QGridLayout>
@@ -18,7 +18,8 @@ AreaPanel::AreaPanel(Connection& connection, Dialogs& dialogs)
     : ReferencePanel(connection, dialogs),
       m_name(new QLineEdit),
       m_description(new QLineEdit),
-      m_areas(new RecordGrid(u"Fishing Area"_s, {{u"Area"_s, 100}, {u"Description"_s, 193}})) {
+      m_areas(new RecordGrid(u"Fishing Area"_s, {{u"Area"_s, 100}, {u"Description"_s, 193}}, areasByName(), connection,
+                             dialogs)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
 
@@ -35,19 +36,12 @@ AreaPanel::AreaPanel(Connection& connection, Dialogs& dialogs)
 
     onClick(addButton, [this] { add(); });
     connect(m_description, &QLineEdit::returnPressed, addButton, &QPushButton::click);
-    m_areas->onArrival(dialogs, [this](bool onRow) {
-        m_areas->setCaption(m_areas->current(0));
-        m_areas->deleteButton()->setEnabled(onRow);
-    });
-    onClick(m_areas->deleteButton(), [this] {
-        if (!m_areas->caption().isEmpty()) {
-            deleteArea(m_areas->caption());
-        }
-    });
+    m_areas->nameRows([this] { return m_areas->text(u"aname"); });
+    m_areas->onDelete([this] { return remove(m_areas->text(u"aname")); }, [this] { clearEntry(); });
 }
 
 void AreaPanel::RefreshAreaGrid() {
-    m_areas->refresh(connection(), Sql("select * from fishing_area order by aname"));
+    m_areas->refresh();
 }
 
 void AreaPanel::add() {
@@ -63,41 +57,31 @@ void AreaPanel::add() {
         focusOn(m_description);
         return;
     }
-    AddArea(name, description);
+    if (isAreaKnown(connection(), name)) {
+        dialogs().message(u"ERROR"_s, u"Fishing area repeat please try again"_s);
+    } else {
+        const bool stored = AddArea(connection(), name, description,
+                                    asking(Dialogs::Question::Adding, u"Are you sure to insert this fishing area? "_s));
+        dialogs().message(u"RESULT"_s,
+                          stored ? u"Insert fishing area Complete"_s : u"Insert fishing area not Complete"_s);
+    }
     clearEntry();
     focusOn(m_name);
     RefreshAreaGrid();
     m_areas->grid()->bringIntoView(0, name);
 }
 
-void AreaPanel::AddArea(const QString& name, const QString& description) {
-    if (!rowsNamed(connection(), Sql("select * from fishing_area where "), {{"aname", name}}).isEmpty()) {
-        dialogs().message(u"ERROR"_s, u"Fishing area repeat please try again"_s);
-        return;
-    }
-    const Sql statement = Sql("insert into fishing_area(aname,describ) values(") << name << "," << description << ")";
-    const bool stored =
-        confirmAfterExecute(statement, Dialogs::Question::Adding, u"Are you sure to insert this fishing area? "_s);
-    dialogs().message(u"RESULT"_s, stored ? u"Insert fishing area Complete"_s : u"Insert fishing area not Complete"_s);
-}
-
-void AreaPanel::deleteArea(const QString& name) {
-    if (finds(Sql("select * from fishoperation where areaid = ") << name)) {
+bool AreaPanel::remove(const QString& name) {
+    if (isAreaUsed(connection(), name)) {
         dialogs().message(u"ERROR"_s, u"Can not delete because this area used in Fishing Operation"_s);
-        return;
+        return false;
     }
-    if (!finds(Sql("select * from fishing_area where aname = ") << name << " ")) {
+    if (!isAreaStored(connection(), name)) {
         dialogs().message(u"ERROR"_s, u"It's doesn't have this area"_s);
         clearEntry();
-        return;
+        return false;
     }
-    if (confirmAfterExecute(Sql("delete from fishing_area where aname = ") << name, Dialogs::Question::Deleting,
-                            u"Do you want to delete this area?"_s)) {
-        m_areas->setCaption({});
-        RefreshAreaGrid();
-        m_areas->leaveRow();
-        clearEntry();
-    }
+    return deleteArea(connection(), name, asking(Dialogs::Question::Deleting, u"Do you want to delete this area?"_s));
 }
 
 void AreaPanel::clearEntry() {

@@ -19,8 +19,7 @@ public:
 
 private:
     void add();
-    void AddArea(const QString& name, const QString& description);
-    void deleteArea(const QString& name);
+    [[nodiscard]] bool remove(const QString& name);
     void clearEntry();
 
     QLineEdit* m_name;

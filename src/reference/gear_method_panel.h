@@ -25,14 +25,13 @@ Q_SIGNALS:
 
 private:
     void add();
-    void AddGear(const QString& name);
-    void AddMethod(const QString& name, int gearid);
-    void deleteMethod();
+    void addGear(const QString& name);
+    void addMethod(const QString& name, int gear);
+    [[nodiscard]] bool remove(int method);
 
     BoundList* m_gear;
     QLineEdit* m_method;
     RecordGrid* m_methods;
-    int m_selectedMethod = 0;  ///< 0 if there is none
 };
 
 }  // namespace kelvora

@@ -1,6 +1,8 @@
 #include "reference/general_information_screen.h"
 
+#include "controls/dialogs.h"
 #include "controls/guard.h"
+#include "records/places.h"
 #include "reference/area_panel.h"
 #include "reference/gear_method_panel.h"
 #include "reference/species_tab.h"
@@ -66,7 +68,11 @@ void GeneralInformationScreen::refillLists() {
 }
 
 std::optional<int> GeneralInformationScreen::getsamplingid(const QString& stateName, const QString& portName) {
-    return m_ports->getsamplingid(stateName, portName);
+    const std::optional<int> port = kelvora::getsamplingid(m_connection, stateName, portName);
+    if (!port) {
+        dialogs().message(u"No Record"_s);
+    }
+    return port;
 }
 
 }  // namespace kelvora

@@ -10,54 +10,63 @@ using namespace Qt::StringLiterals;
 
 namespace kelvora {
 
-RecordGrid::RecordGrid(const QString& caption, GridColumns columns)
+RecordGrid::RecordGrid(const QString& caption, GridColumns columns, const Sql& query, Connection& connection,
+                       Dialogs& dialogs)
     : CaptionedGrid(caption),
       m_columns(std::move(columns)),
+      m_query(query),
+      m_connection(connection),
+      m_dialogs(dialogs),
       m_navigator(addNavigator(caption)),
       m_delete(addButton(u"Delete"_s)) {
     m_delete->setEnabled(false);
 }
 
 void RecordGrid::leaveFrame() {
+    setFlat(true);
     setTitle({});
     setContentsMargins({});
     layout()->setContentsMargins({});
 }
 
-void RecordGrid::paintEvent(QPaintEvent* event) {
-    if (!title().isEmpty()) {
-        CaptionedGrid::paintEvent(event);
-    }
-}
-
-void RecordGrid::refresh(Connection& connection, const Sql& query) {
-    auto rows = connection.model(query);
-    const int count = rows->rowCount();
+void RecordGrid::refresh() {
+    auto rows = m_connection.model(m_query);
+    m_rows = rows.get();
     grid()->show(std::move(rows), m_columns);
-    m_navigator->setRowCount(count);
+    m_navigator->setRowCount(m_rows->rowCount());
 }
 
-QString RecordGrid::caption() const {
-    return m_navigator->caption();
-}
-
-void RecordGrid::setCaption(const QString& caption) {
-    m_navigator->setCaption(caption);
-}
-
-void RecordGrid::leaveRow() {
-    m_navigator->leave();
-}
-
-QString RecordGrid::current(int column) const {
-    return grid()->text(m_navigator->row(), column);
-}
-
-void RecordGrid::onArrival(Dialogs& dialogs, const std::function<void(bool onRow)>& handler) {
-    connect(m_navigator, &RecordNavigator::arrived, this, [this, &dialogs, handler](int row) {
-        setCaption({});
-        runGuarded(dialogs, [&] { handler(row >= 0); });
+void RecordGrid::nameRows(const std::function<QString()>& name) {
+    connect(m_navigator, &RecordNavigator::arrived, this, [this, name](int row) {
+        m_navigator->setCaption({});
+        runGuarded(m_dialogs, [&] {
+            if (row >= 0) {
+                m_navigator->setCaption(name());
+            }
+            m_delete->setEnabled(row >= 0);
+        });
     });
+}
+
+void RecordGrid::onDelete(const std::function<bool()>& remove, const std::function<void()>& afterwards) {
+    connect(m_delete, &QPushButton::clicked, this, guarded(m_dialogs, [this, remove, afterwards] {
+                if (!m_navigator->caption().isEmpty() && remove()) {
+                    m_navigator->setCaption({});
+                    refresh();
+                    m_navigator->leave();
+                    afterwards();
+                }
+            }));
+}
+
+QString RecordGrid::text(QStringView column) const {
+    const int row = m_navigator->row();
+    return row < 0 ? QString() : m_rows->result().text(row, column);
+}
+
+int RecordGrid::key(QStringView column) const {
+    const int row = m_navigator->row();
+    return row < 0 ? 0 : m_rows->result().integer(row, column).value_or(0);
 }
 
 }  // namespace kelvora

@@ -2,8 +2,6 @@
 
 #include "reference/reference_panel.h"
 
-#include <optional>
-
 class QLineEdit;
 
 namespace kelvora {
@@ -21,17 +19,11 @@ public:
     void RefreshStatePortGrid();
     void RefreshStateList();
 
-    /// The key of the port with these names; shows "No Record" and gives nothing when there is none.
-    std::optional<int> getsamplingid(const QString& stateName, const QString& portName);
-
 private:
-    void followRow(bool onRow);
     void add();
-    int InsertState(const QString& name);
-    void AddSamplingPort(const QString& portName, int stateid);
-    void DeleteSamplingPort(int samplingid);
-    void PurgeStatesWithoutPorts();
-    [[nodiscard]] std::optional<int> samplingid(const QString& stateName, const QString& portName) const;
+    void AddSamplingPort(const QString& portName, int state);
+    [[nodiscard]] bool remove(int port);
+    void purgeStates();
 
     BoundList* m_state;
     QLineEdit* m_port;
