@@ -10,16 +10,16 @@ using namespace Qt::StringLiterals;
 
 namespace kelvora {
 
-RecordGrid::RecordGrid(const QString& caption, GridColumns columns, const Sql& query, Connection& connection,
-                       Dialogs& dialogs)
-    : CaptionedGrid(caption),
-      m_columns(std::move(columns)),
-      m_query(query),
+RecordGrid::RecordGrid(RecordKind kind, Connection& connection, Dialogs& dialogs)
+    : CaptionedGrid(kind.caption),
+      m_kind(std::move(kind)),
       m_connection(connection),
       m_dialogs(dialogs),
-      m_navigator(addNavigator(caption)),
+      m_navigator(addNavigator(m_kind.caption)),
       m_delete(addButton(u"Delete"_s)) {
     m_delete->setEnabled(false);
+    connect(m_navigator, &RecordNavigator::arrived, this, &RecordGrid::arrive);
+    connect(m_delete, &QPushButton::clicked, this, guarded(m_dialogs, [this] { remove(); }));
 }
 
 void RecordGrid::leaveFrame() {
@@ -30,33 +30,30 @@ void RecordGrid::leaveFrame() {
 }
 
 void RecordGrid::refresh() {
-    auto rows = m_connection.model(m_query);
+    auto rows = m_connection.model(m_kind.query);
     m_rows = rows.get();
-    grid()->show(std::move(rows), m_columns);
+    grid()->show(std::move(rows), m_kind.columns);
     m_navigator->setRowCount(m_rows->rowCount());
 }
 
-void RecordGrid::nameRows(const std::function<QString()>& name) {
-    connect(m_navigator, &RecordNavigator::arrived, this, [this, name](int row) {
-        m_navigator->setCaption({});
-        runGuarded(m_dialogs, [&] {
-            if (row >= 0) {
-                m_navigator->setCaption(name());
-            }
-            m_delete->setEnabled(row >= 0);
-        });
+void RecordGrid::arrive(int row) {
+    m_navigator->setCaption({});
+    runGuarded(m_dialogs, [&] {
+        if (row >= 0) {
+            m_navigator->setCaption(m_kind.name());
+        }
+        m_delete->setEnabled(row >= 0);
     });
 }
 
-void RecordGrid::onDelete(const std::function<bool()>& remove, const std::function<void()>& afterwards) {
-    connect(m_delete, &QPushButton::clicked, this, guarded(m_dialogs, [this, remove, afterwards] {
-                if (!m_navigator->caption().isEmpty() && remove()) {
-                    m_navigator->setCaption({});
-                    refresh();
-                    m_navigator->leave();
-                    afterwards();
-                }
-            }));
+void RecordGrid::remove() {
+    if (m_navigator->caption().isEmpty() || !m_kind.remove()) {
+        return;
+    }
+    m_navigator->setCaption({});
+    refresh();
+    m_navigator->leave();
+    m_kind.removed();
 }
 
 QString RecordGrid::text(QStringView column) const {

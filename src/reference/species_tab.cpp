@@ -22,13 +22,17 @@ SpeciesTab::SpeciesTab(Connection& connection, Dialogs& dialogs)
       m_genus(new QLineEdit),
       m_species(new QLineEdit),
       m_commonName(new QLineEdit),
-      m_catalogue(new RecordGrid(u"Target Species"_s,
-                                 {{u"No."_s, 20, Qt::AlignLeft, true},
-                                  {u"Family"_s, 93},
-                                  {u"Genus"_s, 100},
-                                  {u"Specie"_s, 100},
-                                  {u"Common name"_s, 133}},
-                                 speciesAsEntered(), connection, dialogs)) {
+      m_catalogue(new RecordGrid(
+          {.caption = u"Target Species"_s,
+           .columns = {{u"No."_s, 20, Qt::AlignLeft, true},
+                       {u"Family"_s, 93},
+                       {u"Genus"_s, 100},
+                       {u"Specie"_s, 100},
+                       {u"Common name"_s, 133}},
+           .query = speciesAsEntered(),
+           .name = [this] { return m_catalogue->text(u"genus") + u' ' + m_catalogue->text(u"fishname"); },
+           .remove = [this] { return remove(m_catalogue->key(u"fishno")); }},
+          connection, dialogs)) {
     auto* layout = new QHBoxLayout(this);
     auto* catalogue = new QVBoxLayout;
     layout->addLayout(catalogue, 1);
@@ -51,8 +55,7 @@ SpeciesTab::SpeciesTab(Connection& connection, Dialogs& dialogs)
 
     onClick(addButton, [this] { add(); });
     connect(m_commonName, &QLineEdit::returnPressed, addButton, &QPushButton::click);
-    m_catalogue->nameRows([this] { return m_catalogue->text(u"genus") + u' ' + m_catalogue->text(u"fishname"); });
-    m_catalogue->onDelete([this] { return remove(m_catalogue->key(u"fishno")); });
+    m_catalogue->refresh();
 }
 
 ImportPreview* SpeciesTab::newImport() {
@@ -60,13 +63,9 @@ ImportPreview* SpeciesTab::newImport() {
         {.layout = speciesLayout(),
          .captions = {u"IMPORT"_s, u"Species file"_s, u"Species import"_s, u"SAVE"_s, u"DELETE"_s, u"CLEAR"_s},
          .store = [this](const auto& records, const auto& count) { return storeSpecies(connection(), records, count); },
-         .stored = [this] { RefreshSpeciesGrid(); },
+         .stored = [this] { m_catalogue->refresh(); },
          .isOfSpecies = true},
         connection(), dialogs());
-}
-
-void SpeciesTab::RefreshSpeciesGrid() {
-    m_catalogue->refresh();
 }
 
 void SpeciesTab::add() {
@@ -83,7 +82,7 @@ void SpeciesTab::add() {
         field->clear();
     }
     focusOn(m_family);
-    RefreshSpeciesGrid();
+    m_catalogue->refresh();
     m_catalogue->grid()->scrollToBottom();
 }
 

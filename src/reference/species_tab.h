@@ -14,9 +14,8 @@ class SpeciesTab : public ReferencePanel {
     Q_OBJECT
 
 public:
+    /// Throws DataError if the catalogue cannot be read.
     SpeciesTab(Connection& connection, Dialogs& dialogs);
-
-    void RefreshSpeciesGrid();
 
 private:
     [[nodiscard]] ImportPreview* newImport();

@@ -35,7 +35,17 @@ VesselTab::VesselTab(Connection& connection, Dialogs& dialogs)
     : ReferencePanel(connection, dialogs),
       m_gear(new BoundList),
       m_engineType(new FixedList({u"In Board"_s, u"Out Board"_s})),
-      m_register(new RecordGrid(u"FISHING VESSEL"_s, registerColumns(), vesselRegister(), connection, dialogs)) {
+      m_register(new RecordGrid(
+          {.caption = u"FISHING VESSEL"_s,
+           .columns = registerColumns(),
+           .query = vesselRegister(),
+           .name =
+               [this] {
+                   const QString name = m_register->text(u"vesselname");
+                   return name.isEmpty() ? m_register->text(u"vesselid") : name;
+               },
+           .remove = [this] { return remove(m_register->text(u"vesselname"), m_register->text(u"vesselid")); }},
+          connection, dialogs)) {
     auto* layout = new QVBoxLayout(this);
     auto* frame = new QGroupBox(u"FISHING VESSEL"_s);
     layout->addWidget(frame);
@@ -49,11 +59,8 @@ VesselTab::VesselTab(Connection& connection, Dialogs& dialogs)
     vessels->addWidget(m_register, 3);
     vessels->addWidget(newImport(), 4);
 
-    m_register->nameRows([this] {
-        const QString name = m_register->text(u"vesselname");
-        return name.isEmpty() ? m_register->text(u"vesselid") : name;
-    });
-    m_register->onDelete([this] { return remove(m_register->text(u"vesselname"), m_register->text(u"vesselid")); });
+    m_register->refresh();
+    RefreshVesselGearList();
 }
 
 /// Four rows of three, each a caption and its field.
@@ -100,7 +107,7 @@ ImportPreview* VesselTab::newImport() {
          .captions = {u"Vessel import"_s, u"Vessel file"_s, u"Vessel import"_s, u"Save"_s, u"Delete"_s, u"Clear"_s},
          .complete = [this](auto& records) { complete(records); },
          .store = [this](const auto& records, const auto& count) { return storeVessels(connection(), records, count); },
-         .stored = [this] { RefreshVesselGrid(); },
+         .stored = [this] { m_register->refresh(); },
          .isFramed = false},
         connection(), dialogs());
 }
@@ -130,10 +137,6 @@ void VesselTab::complete(std::vector<CsvRecord>& records) {
     }
 }
 
-void VesselTab::RefreshVesselGrid() {
-    m_register->refresh();
-}
-
 void VesselTab::RefreshVesselGearList() {
     m_gear->setSource(connection().model(gearsByName()), u"guname"_s, u"gearid"_s);
 }
@@ -147,7 +150,7 @@ void VesselTab::add() {
               asking(Dialogs::Question::Adding, u"Are you sure to insert this fishing vessel? "_s));
     ClearVesselFields();
     focusOn(m_texts.front().field);
-    RefreshVesselGrid();
+    m_register->refresh();
     const bool named = !vessel.name.isEmpty();
     m_register->grid()->bringIntoView(named ? 0 : 1, named ? vessel.name : vessel.registerId);
 }

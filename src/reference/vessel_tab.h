@@ -19,9 +19,9 @@ class VesselTab : public ReferencePanel {
     Q_OBJECT
 
 public:
+    /// Throws DataError if a list cannot be read.
     VesselTab(Connection& connection, Dialogs& dialogs);
 
-    void RefreshVesselGrid();
     void RefreshVesselGearList();
 
 Q_SIGNALS:
