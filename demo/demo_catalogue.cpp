@@ -3,7 +3,7 @@
 #include "data/csv_reader.h"
 #include "data/transaction.h"
 #include "records/keys.h"
-#include "records/vessel_import.h"
+#include "records/vessels.h"
 
 using namespace Qt::StringLiterals;
 
@@ -127,9 +127,9 @@ void Catalogue::storeVessels(const QString& folder) {
     std::vector<QStringList> vessels = recordsOf(folder + u"/vessels.csv"_s);
     vessels.insert(vessels.end(), surveyVessels().begin(), surveyVessels().end());
     for (const QStringList& fields : vessels) {
-        const int gear =
-            number(Sql("select gearid from Fishing_gear where guname = ") << fields[kGearColumn], u"gearid");
-        m_connection.execute(vesselInsert(fields, gear));
+        Vessel vessel = vesselOf(fields);
+        vessel.gear = number(Sql("select gearid from Fishing_gear where guname = ") << vessel.gearName, u"gearid");
+        addvessel2(m_connection, vessel);
     }
 }
 

@@ -57,7 +57,7 @@ void shareColours(const QStyleOption* option) {
 
 /// Boxes say what their buttons do in words: no pictures on "Yes" and "No". Text boxes, lists and dates are of one
 /// height, so that the rows of forms side by side line up. Options are drawn in the colour of the text, since the
-/// style's own rings vanish on a dark ground.
+/// style's own rings vanish on a dark ground. A flat frame is its caption alone.
 class CalmStyle : public QProxyStyle {
 public:
     CalmStyle() : QProxyStyle(u"Fusion"_s) {}
@@ -93,6 +93,10 @@ public:
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override {
         shareColours(option);
+        const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+        if (element == PE_FrameGroupBox && frame != nullptr && frame->features.testFlag(QStyleOptionFrame::Flat)) {
+            return;
+        }
         if (element != PE_IndicatorRadioButton) {
             QProxyStyle::drawPrimitive(element, option, painter, widget);
             return;

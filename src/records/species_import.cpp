@@ -1,5 +1,8 @@
 #include "records/species_import.h"
 
+#include "data/transaction.h"
+#include "records/species.h"
+
 using namespace Qt::StringLiterals;
 
 namespace kelvora {
@@ -11,6 +14,19 @@ const ImportLayout& speciesLayout() {
                                          {u"Common name"_s, u"Common name"_s, 113}},
                                         {4}};
     return layout;
+}
+
+ImportOutcome storeSpecies(Connection& connection, const std::vector<CsvRecord>& species,
+                           const std::function<void()>& count) {
+    ImportOutcome outcome;
+    Transaction transaction(connection);
+    for (const CsvRecord& record : species) {
+        const QStringList& fields = record.fields;
+        ++(AddSpecies(connection, {fields[0], fields[1], fields[2], fields[3]}) ? outcome.stored : outcome.known);
+        count();
+    }
+    transaction.commit();
+    return outcome;
 }
 
 }  // namespace kelvora

@@ -1,90 +1,95 @@
 #include "records/vessel_import.h"
 
 #include "data/numbers.h"
-#include "data/result_set.h"
+#include "data/transaction.h"
+#include "records/gears.h"
 
 #include <map>
+#include <set>
 
 using namespace Qt::StringLiterals;
 
 namespace kelvora {
 namespace {
 
-enum Column { Name, RegisterId, EngineType, Power, Length, State, Size, Gear, NetLength, NetWidth, MeshSize };
-static_assert(Gear == kGearColumn);
-
-auto numberOf(const QStringList& fields) {
-    return [&fields](Column column) { return toNumber(fields[column]).value_or(0); };
-}
-
 /// The gear for a name that is not stored yet.
-QString newGear(const QString& name, const GearQuestions& questions) {
-    QString answer = questions.ask(name);
+QString newGear(Connection& connection, const QString& name, const GearQuestions& questions) {
+    const QString answer = questions.ask(name);
     if (answer.trimmed().isEmpty()) {
         return {};
     }
-    if (const auto stored = questions.stored(answer)) {
-        return *stored;
+    const ResultSet stored = gearsNamed(connection, answer);
+    if (!stored.isEmpty()) {
+        return stored.text(0, u"guname");
     }
     if (!questions.confirm(answer)) {
         return {};
     }
-    questions.add(answer);
+    AddGearCounted(connection, answer);
+    questions.added();
     return answer;
+}
+
+/// The keys of the gears that a file names, 0 for none: thousands of vessels share a few of them.
+class GearKeys {
+public:
+    explicit GearKeys(Connection& connection) : m_connection(connection) {}
+
+    int operator[](const QString& name) {
+        auto known = m_keys.find(name);
+        if (known == m_keys.end()) {
+            const ResultSet gears = gearsNamed(m_connection, name);
+            const int key = gears.isEmpty() ? 0 : gears.integer(0, u"gearid").value_or(0);
+            known = m_keys.emplace(name, key).first;
+        }
+        return known->second;
+    }
+
+private:
+    Connection& m_connection;
+    std::map<QString, int> m_keys;
+};
+
+struct ByVesselName {
+    bool operator()(QStringView left, QStringView right) const { return left.compare(right, Qt::CaseInsensitive) < 0; }
+};
+
+/// The names of the stored vessels as persons read them: the data file compares A to Z only.
+using VesselNames = std::set<QString, ByVesselName>;
+
+VesselNames storedVesselNames(Connection& connection) {
+    VesselNames names;
+    const ResultSet stored = connection.query(Sql("select vesselname from vessel"));
+    for (const std::vector<QVariant>& row : stored.rows) {
+        names.insert(displayText(row.front()));
+    }
+    return names;
 }
 
 }  // namespace
 
 const ImportLayout& vesselLayout() {
-    static const ImportLayout layout = {{{u"vessel name"_s, u"Vessel name"_s, 133},
-                                         {u"vessel register id"_s, u"Vessel id"_s, 100},
-                                         {u"engine type"_s, u"Engine type"_s, 73},
-                                         {u"engine power"_s, u"Engine power"_s, 86},
-                                         {u"length(m)"_s, u"Vessel length"_s, 86},
-                                         {u"state/province"_s, u"State/Province"_s, 86},
-                                         {u"size(GRT)"_s, u"Size(GRT)"_s, 66},
-                                         {u"type of gear"_s, u"Type of gear"_s, 86},
-                                         {u"net length(m)"_s, u"Net length"_s, 66},
-                                         {u"net width(m)"_s, u"Net width"_s, 66},
-                                         {u"mesh size(cm)"_s, u"Mesh size"_s, 66}},
-                                        {4, 3, 1, 1, 1, 1}};
+    static const ImportLayout layout = [] {
+        ImportLayout all{{}, {4, 3, 1, 1, 1, 1}};
+        for (const VesselField& field : vesselFields()) {
+            all.columns.push_back({field.header, field.previewCaption, field.previewWidth});
+        }
+        return all;
+    }();
     return layout;
 }
 
-QStringList unusableNumbers(const QStringList& fields) {
+QStringList unusableNumbers(const Vessel& vessel) {
     QStringList captions;
-    for (const int column : {Power, Length, Size}) {
-        if (!isNumeric(fields[column])) {
-            captions.append(vesselLayout().columns[static_cast<std::size_t>(column)].caption);
+    for (const VesselField& field : vesselFields()) {
+        if (field.isNumber && !isNumeric(vessel.*field.text)) {
+            captions.append(field.previewCaption);
         }
     }
     return captions;
 }
 
-Sql vesselsKnownAs(const QStringList& fields) {
-    Sql named = Sql("select * from vessel where vesselname = ") << fields[Name];
-    return fields[Name].isEmpty() ? std::move(named) << " and vesselid = " << fields[RegisterId] : std::move(named);
-}
-
-Sql vesselsLike(const QStringList& fields, int gear) {
-    const auto number = numberOf(fields);
-    return Sql("select * from vessel where vesselname = ")
-           << fields[Name] << " and vesselid = " << fields[RegisterId] << " and flagstate = " << fields[State]
-           << " and enginetype = " << fields[EngineType] << " and enginepower = " << number(Power)
-           << " and vesselsize = " << number(Size) << " and vessellength = " << number(Length) << " and gear = " << gear
-           << " and meshsize = " << fields[MeshSize] << " and netlength = " << fields[NetLength]
-           << " and netwidth = " << fields[NetWidth];
-}
-
-Sql vesselInsert(const QStringList& fields, int gear) {
-    const auto number = numberOf(fields);
-    return Sql("insert into vessel values(")
-           << fields[Name] << "," << fields[RegisterId] << "," << fields[State] << "," << fields[EngineType] << ","
-           << number(Power) << "," << number(Size) << "," << number(Length) << "," << gear << "," << fields[MeshSize]
-           << "," << fields[NetLength] << "," << fields[NetWidth] << ")";
-}
-
-void settleGears(std::vector<CsvRecord>& vessels, const GearQuestions& questions) {
+void settleGears(Connection& connection, std::vector<CsvRecord>& vessels, const GearQuestions& questions) {
     const auto before = [](const QString& left, const QString& right) { return compareText(left, right) < 0; };
     // Thousands of vessels share a few gears: what was found or answered for a name holds for the whole file.
     struct Settled {
@@ -100,12 +105,45 @@ void settleGears(std::vector<CsvRecord>& vessels, const GearQuestions& questions
             continue;
         }
         const QString name = gear;
-        const bool stored = questions.stored(name).has_value();
+        const bool stored = !gearsNamed(connection, name).isEmpty();
         if (!stored) {
-            gear = newGear(name, questions);
+            gear = newGear(connection, name, questions);
         }
         settled.emplace(name, Settled{stored || compareText(name, gear) == 0, gear});
     }
+}
+
+ImportOutcome storeVessels(Connection& connection, const std::vector<CsvRecord>& vessels,
+                           const std::function<void()>& count) {
+    ImportOutcome outcome;
+    Transaction transaction(connection);
+    VesselNames names = storedVesselNames(connection);
+    GearKeys gears(connection);
+    for (const CsvRecord& record : vessels) {
+        Vessel vessel = vesselOf(record.fields);
+        vessel.gear = gears[vessel.gearName];
+        const QStringList unusable = unusableNumbers(vessel);
+        const auto name = names.find(vessel.name);
+        if (vessel.name.isEmpty() ? isVesselKnown(connection, vessel) : name != names.end()) {
+            if (!isVesselKnown(connection, vessel)) {
+                vessel.name = *name;
+            }
+            if (unusable.isEmpty() && isVesselRepeated(connection, vessel)) {
+                ++outcome.repeated;
+            } else {
+                outcome.others.push_back(record);
+            }
+        } else if (!unusable.isEmpty()) {
+            outcome.refused.push_back({record, unusable});
+        } else {
+            addvessel2(connection, vessel);
+            names.insert(vessel.name);
+            ++outcome.stored;
+        }
+        count();
+    }
+    transaction.commit();
+    return outcome;
 }
 
 }  // namespace kelvora

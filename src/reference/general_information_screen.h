@@ -3,16 +3,9 @@
 #include "controls/screen.h"
 #include "data/connection.h"
 
-#include <optional>
-
-class QWidget;
-
 namespace kelvora {
 
-class AreaPanel;
-class GearMethodPanel;
-class SpeciesTab;
-class StatePortPanel;
+class GeneralTab;
 class VesselTab;
 
 /// "General Information": the reference lists that every operation and sample refers to.
@@ -31,15 +24,9 @@ protected:
     void refillLists() override;
 
 private:
-    [[nodiscard]] QWidget* generalTab();
-    void LoadScreen();
-
     Connection m_connection;
-    GearMethodPanel* m_methods;
-    AreaPanel* m_areas;
-    StatePortPanel* m_ports;
-    SpeciesTab* m_species;
-    VesselTab* m_vessels;
+    GeneralTab* m_general = nullptr;
+    VesselTab* m_vessels = nullptr;
 };
 
 }  // namespace kelvora

@@ -5,7 +5,6 @@
 #include "controls/fields.h"
 #include "controls/progress.h"
 #include "controls/text_table.h"
-#include "data/transaction.h"
 #include "data/whole_file.h"
 
 #include <QGroupBox>
@@ -13,8 +12,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScopeGuard>
-#include <QStyleOptionGroupBox>
-#include <QStylePainter>
 #include <QStyledItemDelegate>
 
 #include <algorithm>
@@ -48,24 +45,6 @@ private:
     Grid* m_grid;
 };
 
-/// A frame that is not drawn when it is flat.
-class Section : public QGroupBox {
-public:
-    using QGroupBox::QGroupBox;
-
-protected:
-    void paintEvent(QPaintEvent* event) override {
-        if (!isFlat()) {
-            QGroupBox::paintEvent(event);
-            return;
-        }
-        QStyleOptionGroupBox option;
-        initStyleOption(&option);
-        option.subControls = QStyle::SC_GroupBoxLabel;
-        QStylePainter(this).drawComplexControl(QStyle::CC_GroupBox, option);
-    }
-};
-
 GridColumns columnsOf(const ImportLayout& layout) {
     GridColumns columns;
     for (const ImportColumn& column : layout.columns) {
@@ -76,27 +55,32 @@ GridColumns columnsOf(const ImportLayout& layout) {
 
 }  // namespace
 
-ImportPreview::ImportPreview(const ImportLayout& layout, const Captions& captions, Connection& connection,
-                             Dialogs& dialogs)
+ImportPreview::ImportPreview(const ImportKind& kind, Connection& connection, Dialogs& dialogs)
     : ReferencePanel(connection, dialogs),
-      m_layout(layout),
-      m_frame(new Section(captions.frame)),
+      m_kind(kind),
+      m_frame(new QGroupBox(kind.captions.frame)),
       m_path(new QLineEdit),
-      m_grid(new Grid(captions.preview)),
-      m_table(new TextTable(layout.width(), m_grid)),
+      m_grid(new Grid(kind.captions.preview)),
+      m_table(new TextTable(kind.layout.width(), m_grid)),
       m_line(new ValueLabel),
-      m_save(new QPushButton(captions.save)),
-      m_remove(new QPushButton(captions.remove)),
-      m_clear(new QPushButton(captions.clear)),
+      m_save(new QPushButton(kind.captions.save)),
+      m_remove(new QPushButton(kind.captions.remove)),
+      m_clear(new QPushButton(kind.captions.clear)),
       m_saveOthers(new QPushButton(u"Save other boats"_s)) {
     auto* outer = new QVBoxLayout(this);
     outer->setContentsMargins({});
     outer->addWidget(m_frame);
     auto* rows = new QVBoxLayout(m_frame);
+    if (!kind.isFramed) {
+        constexpr int gap = 4;
+        m_frame->setFlat(true);
+        m_frame->setContentsMargins(0, m_frame->fontMetrics().height() + gap, 0, 0);
+        rows->setContentsMargins({});
+    }
 
     auto* file = new QHBoxLayout;
     rows->addLayout(file);
-    m_path->setAccessibleName(captions.file);
+    m_path->setAccessibleName(kind.captions.file);
     m_path->setPlaceholderText(u"No file chosen"_s);
     m_path->setReadOnly(true);
     file->addWidget(m_path, 1);
@@ -105,7 +89,7 @@ ImportPreview::ImportPreview(const ImportLayout& layout, const Captions& caption
 
     m_grid->setItemDelegate(new RowHighlight(m_grid));
     m_grid->setSelectionMode(QAbstractItemView::SingleSelection);
-    m_grid->show(m_table, columnsOf(layout));
+    m_grid->show(m_table, columnsOf(kind.layout));
     rows->addWidget(m_grid, 1);
 
     auto* footer = new QHBoxLayout;
@@ -121,19 +105,10 @@ ImportPreview::ImportPreview(const ImportLayout& layout, const Captions& caption
     onClick(m_remove, [this] { removeRow(); });
     onClick(m_clear, [this] { clear(); });
     clear();
-}
-
-void ImportPreview::complete(std::vector<CsvRecord>& /*records*/) {}
-
-bool ImportPreview::mayRemove(const CsvRecord& /*record*/) const {
-    return true;
-}
-
-void ImportPreview::leaveFrame() {
-    constexpr int gap = 4;
-    m_frame->setFlat(true);
-    m_frame->setContentsMargins(0, m_frame->fontMetrics().height() + gap, 0, 0);
-    m_frame->layout()->setContentsMargins({});
+    if (kind.isOfSpecies) {
+        m_clear->setEnabled(false);
+        connect(m_grid, &Grid::rowChosen, this, &ImportPreview::colourRow);
+    }
 }
 
 void ImportPreview::chooseFile() {
@@ -164,9 +139,9 @@ bool ImportPreview::read(const QString& path) {
     if (!records) {
         return false;
     }
-    complete(*records);
+    m_kind.complete(*records);
     show(std::move(*records));
-    loaded();
+    m_clear->setEnabled(true);
     return true;
 }
 
@@ -184,11 +159,11 @@ std::optional<std::vector<CsvRecord>> ImportPreview::recordsOf(const QString& pa
         if (record->isBlank()) {
             ++passedOver;
         } else if (!header) {
-            if (const std::optional<FormatFault> fault = headerFault(m_layout, *record)) {
+            if (const std::optional<FormatFault> fault = headerFault(m_kind.layout, *record)) {
                 throw FormatFault(*fault);
             }
             header = true;
-        } else if (const QString uneven = unevenRecord(m_layout, *record); !uneven.isEmpty()) {
+        } else if (const QString uneven = unevenRecord(m_kind.layout, *record); !uneven.isEmpty()) {
             refuse(uneven, uneven);
             return std::nullopt;
         } else {
@@ -234,6 +209,11 @@ void ImportPreview::showCount() {
     m_line->setText(countLine(static_cast<qsizetype>(m_records.size()), m_passedOver));
 }
 
+void ImportPreview::colourRow(int row) {
+    const bool dark = palette().color(QPalette::Base).lightness() < 128;
+    m_table->setRowColours(row, QColor(), dark ? QColor(0x8a, 0xb4, 0xf8) : QColor(Qt::blue));
+}
+
 void ImportPreview::save() {
     const QString count = QString::number(m_records.size());
     if (!dialogs().confirm(u"CONFIRM"_s, u"Are you sure to insert '%1' data"_s.arg(count))) {
@@ -252,35 +232,30 @@ void ImportPreview::save() {
     m_line->setText(outcomeLine(outcome));
     m_others = outcome.others;
     m_saveOthers->setVisible(!m_others.empty());
-    refreshStored();
+    m_kind.stored();
     if (!outcome.refused.empty()) {
         dialogs().message(u"ERROR"_s, refusalText(outcome.refused));
     }
 }
 
 ImportOutcome ImportPreview::storeAll() {
-    ImportOutcome outcome;
-    Transaction transaction(connection());
-    beginStoring();
     Progress progress(u"Storing the rows…"_s, static_cast<int>(m_records.size()));
-    for (const CsvRecord& record : m_records) {
-        store(record, outcome);
-        progress.step();
-    }
-    transaction.commit();
-    return outcome;
+    return m_kind.store(m_records, [&progress] { progress.step(); });
 }
 
 void ImportPreview::saveOthers() {
     if (const std::optional<QString> path = dialogs().saveCsvFile()) {
-        writeWholeFile(withCsvEnding(*path), importFileOf(m_layout, m_others), u"The lines could not be written"_s,
+        writeWholeFile(withCsvEnding(*path), importFileOf(m_kind.layout, m_others), u"The lines could not be written"_s,
                        connection().path());
     }
 }
 
 void ImportPreview::removeRow() {
     const int row = m_grid->currentRow();
-    if (row < 0 || m_records.size() < 2 || !mayRemove(m_records.at(static_cast<std::size_t>(row)))) {
+    if (row < 0 || m_records.size() < 2) {
+        return;
+    }
+    if (m_kind.isOfSpecies && m_records.at(static_cast<std::size_t>(row)).fields.first().isEmpty()) {
         return;
     }
     m_records.erase(m_records.begin() + row);

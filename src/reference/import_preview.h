@@ -13,37 +13,32 @@ namespace kelvora {
 class Grid;
 class TextTable;
 
+/// What is imported, and what becomes of it.
+struct ImportKind {
+    const ImportLayout& layout;
+    struct Captions {
+        QString frame, file, preview, save, remove, clear;
+    } captions;
+    /// Completes the records of a file before they are shown.
+    std::function<void(std::vector<CsvRecord>& records)> complete = [](auto&) {};
+    /// Stores records, and calls a function after each of them.
+    std::function<ImportOutcome(const std::vector<CsvRecord>& records, const std::function<void()>& count)> store;
+    /// The stored rows have changed.
+    std::function<void()> stored;
+    /// Inside another frame: a caption, but no frame of its own.
+    bool isFramed = true;
+    /// Rows of species that were looked at stay blue, and one without a family is not taken out. The import is cleared
+    /// from the first file on.
+    bool isOfSpecies = false;
+};
+
 /// The import of a comma-separated file: the file is chosen, read into a preview from which rows can be taken out, and
-/// stored by "Save" only. What a record becomes is the matter of the import of vessels and that of species.
+/// stored by "Save" only.
 class ImportPreview : public ReferencePanel {
     Q_OBJECT
 
-protected:
-    struct Captions {
-        QString frame, file, preview, save, remove, clear;
-    };
-
-    ImportPreview(const ImportLayout& layout, const Captions& captions, Connection& connection, Dialogs& dialogs);
-
-    /// Completes the records of a file before they are shown.
-    virtual void complete(std::vector<CsvRecord>& records);
-    /// The records are about to be stored, inside the transaction of the save.
-    virtual void beginStoring() {}
-    /// Stores one record, inside the transaction of the save, and counts what became of it.
-    virtual void store(const CsvRecord& record, ImportOutcome& outcome) = 0;
-    /// The stored rows have changed.
-    virtual void refreshStored() = 0;
-    /// Whether the sampler may take a row out of the preview.
-    [[nodiscard]] virtual bool mayRemove(const CsvRecord& record) const;
-    /// The records of a file are shown.
-    virtual void loaded() {}
-
-    /// For an import inside another frame: a caption, but no frame of its own.
-    void leaveFrame();
-
-    [[nodiscard]] Grid* grid() const { return m_grid; }
-    [[nodiscard]] TextTable* table() const { return m_table; }
-    [[nodiscard]] QPushButton* clearButton() const { return m_clear; }
+public:
+    ImportPreview(const ImportKind& kind, Connection& connection, Dialogs& dialogs);
 
 private:
     void chooseFile();
@@ -53,13 +48,14 @@ private:
     void refuse(const QString& message, const QString& line);
     void show(std::vector<CsvRecord> records);
     void showCount();
+    void colourRow(int row);
     void save();
-    void saveOthers();
     [[nodiscard]] ImportOutcome storeAll();
+    void saveOthers();
     void removeRow();
     void clear();
 
-    const ImportLayout& m_layout;
+    const ImportKind m_kind;
     QGroupBox* m_frame;
     QLineEdit* m_path;
     Grid* m_grid;

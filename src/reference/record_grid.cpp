@@ -10,54 +10,60 @@ using namespace Qt::StringLiterals;
 
 namespace kelvora {
 
-RecordGrid::RecordGrid(const QString& caption, GridColumns columns)
-    : CaptionedGrid(caption),
-      m_columns(std::move(columns)),
-      m_navigator(addNavigator(caption)),
+RecordGrid::RecordGrid(RecordKind kind, Connection& connection, Dialogs& dialogs)
+    : CaptionedGrid(kind.caption),
+      m_kind(std::move(kind)),
+      m_connection(connection),
+      m_dialogs(dialogs),
+      m_navigator(addNavigator(m_kind.caption)),
       m_delete(addButton(u"Delete"_s)) {
     m_delete->setEnabled(false);
+    connect(m_navigator, &RecordNavigator::arrived, this, &RecordGrid::arrive);
+    connect(m_delete, &QPushButton::clicked, this, guarded(m_dialogs, [this] { remove(); }));
 }
 
 void RecordGrid::leaveFrame() {
+    setFlat(true);
     setTitle({});
     setContentsMargins({});
     layout()->setContentsMargins({});
 }
 
-void RecordGrid::paintEvent(QPaintEvent* event) {
-    if (!title().isEmpty()) {
-        CaptionedGrid::paintEvent(event);
-    }
+void RecordGrid::refresh() {
+    auto rows = m_connection.model(m_kind.query);
+    m_rows = rows.get();
+    grid()->show(std::move(rows), m_kind.columns);
+    m_navigator->setRowCount(m_rows->rowCount());
 }
 
-void RecordGrid::refresh(Connection& connection, const Sql& query) {
-    auto rows = connection.model(query);
-    const int count = rows->rowCount();
-    grid()->show(std::move(rows), m_columns);
-    m_navigator->setRowCount(count);
-}
-
-QString RecordGrid::caption() const {
-    return m_navigator->caption();
-}
-
-void RecordGrid::setCaption(const QString& caption) {
-    m_navigator->setCaption(caption);
-}
-
-void RecordGrid::leaveRow() {
-    m_navigator->leave();
-}
-
-QString RecordGrid::current(int column) const {
-    return grid()->text(m_navigator->row(), column);
-}
-
-void RecordGrid::onArrival(Dialogs& dialogs, const std::function<void(bool onRow)>& handler) {
-    connect(m_navigator, &RecordNavigator::arrived, this, [this, &dialogs, handler](int row) {
-        setCaption({});
-        runGuarded(dialogs, [&] { handler(row >= 0); });
+void RecordGrid::arrive(int row) {
+    m_navigator->setCaption({});
+    runGuarded(m_dialogs, [&] {
+        if (row >= 0) {
+            m_navigator->setCaption(m_kind.name());
+        }
+        m_delete->setEnabled(row >= 0);
     });
+}
+
+void RecordGrid::remove() {
+    if (m_navigator->caption().isEmpty() || !m_kind.remove()) {
+        return;
+    }
+    m_navigator->setCaption({});
+    refresh();
+    m_navigator->leave();
+    m_kind.removed();
+}
+
+QString RecordGrid::text(QStringView column) const {
+    const int row = m_navigator->row();
+    return row < 0 ? QString() : m_rows->result().text(row, column);
+}
+
+int RecordGrid::key(QStringView column) const {
+    const int row = m_navigator->row();
+    return row < 0 ? 0 : m_rows->result().integer(row, column).value_or(0);
 }
 
 }  // namespace kelvora

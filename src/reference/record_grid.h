@@ -11,40 +11,47 @@ namespace kelvora {
 
 class Dialogs;
 
-/// A list of reference rows: a captioned grid over a query, its navigator and its "Delete" button. The navigator's
-/// caption names the row that "Delete" is about; it is empty when there is none, and after a deletion.
+/// A list of reference rows.
+struct RecordKind {
+    QString caption;
+    GridColumns columns;
+    Sql query;
+    /// How the row that the navigator stands on is named. Where that fails there is nothing to delete.
+    std::function<QString()> name;
+    /// What "Delete" does with a named row; returns whether it is deleted.
+    std::function<bool()> remove;
+    /// A row was deleted, and the list is shown without it.
+    std::function<void()> removed = [] {};
+};
+
+/// A captioned grid over the rows, its navigator and its "Delete" button. The navigator's caption names the row that
+/// "Delete" is about; it is empty when there is none, and after a deletion, although the list marks its first row: the
+/// sampler chooses what "Delete" is about next.
 class RecordGrid : public CaptionedGrid {
 public:
-    /// The caption is also the name of the navigator.
-    RecordGrid(const QString& caption, GridColumns columns);
+    RecordGrid(RecordKind kind, Connection& connection, Dialogs& dialogs);
 
     /// For a grid inside a frame that carries its caption already: no frame and no caption of its own.
     void leaveFrame();
-
     /// Runs the query again and goes to the first row. Throws DataError and leaves the rows as they are on a failure.
-    void refresh(Connection& connection, const Sql& query);
+    void refresh();
 
-    [[nodiscard]] QString caption() const;
-    void setCaption(const QString& caption);
-    /// Names no row after one was deleted, although the list marks its first one: the sampler chooses what "Delete" is
-    /// about next.
-    void leaveRow();
-    /// A cell of the row that the navigator stands on; empty if there is none.
-    [[nodiscard]] QString current(int column) const;
-
-    /// Called on every arrival, with whether there is a row to stand on. The caption is empty by then, so that a
-    /// handler that fails leaves nothing to delete.
-    void onArrival(Dialogs& dialogs, const std::function<void(bool onRow)>& handler);
+    /// A value of the row that the navigator stands on; empty or 0 if there is none.
+    [[nodiscard]] QString text(QStringView column) const;
+    [[nodiscard]] int key(QStringView column) const;
 
     [[nodiscard]] QPushButton* deleteButton() const { return m_delete; }
 
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
 private:
-    GridColumns m_columns;
+    void arrive(int row);
+    void remove();
+
+    const RecordKind m_kind;
+    Connection& m_connection;
+    Dialogs& m_dialogs;
     RecordNavigator* m_navigator;
     QPushButton* m_delete;
+    ResultModel* m_rows = nullptr;  ///< those that the grid shows
 };
 
 }  // namespace kelvora

@@ -1,8 +1,6 @@
 #include "reference/reference_panel.h"
 
-#include "controls/dialogs.h"
 #include "controls/guard.h"
-#include "data/transaction.h"
 
 #include <QAbstractButton>
 #include <QLineEdit>
@@ -21,13 +19,9 @@ QString ReferencePanel::typed(const QLineEdit* field) {
     return typed(field->text());
 }
 
-bool ReferencePanel::finds(const Sql& query) const {
-    return !m_connection.query(query).isEmpty();
-}
-
-bool ReferencePanel::confirmAfterExecute(const Sql& statement, Dialogs::Question kind, const QString& question,
-                                         const QString& title) const {
-    return executeThenAsk(m_connection, statement, [&] { return m_dialogs.confirm(title, question, kind); });
+std::function<bool()> ReferencePanel::asking(Dialogs::Question kind, const QString& question,
+                                             const QString& title) const {
+    return [this, kind, question, title] { return m_dialogs.confirm(title, question, kind); };
 }
 
 }  // namespace kelvora

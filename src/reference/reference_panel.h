@@ -29,11 +29,9 @@ protected:
     /// What was typed as a name; blanks only are none.
     [[nodiscard]] static QString typed(const QString& text);
     [[nodiscard]] static QString typed(const QLineEdit* field);
-    /// Whether a query finds a row.
-    [[nodiscard]] bool finds(const Sql& query) const;
-    /// Executes a statement, asks, and keeps or takes back what it did; returns the answer.
-    [[nodiscard]] bool confirmAfterExecute(const Sql& statement, Dialogs::Question kind, const QString& question,
-                                           const QString& title = u"Confirm"_s) const;
+    /// The question whether what was done is to be kept.
+    [[nodiscard]] std::function<bool()> asking(Dialogs::Question kind, const QString& question,
+                                               const QString& title = u"Confirm"_s) const;
 
 private:
     Connection& m_connection;

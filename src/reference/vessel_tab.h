@@ -1,5 +1,7 @@
 #pragma once
 
+#include "data/csv_reader.h"
+#include "records/vessels.h"
 #include "reference/reference_panel.h"
 
 class QGridLayout;
@@ -9,6 +11,7 @@ namespace kelvora {
 
 class BoundList;
 class FixedList;
+class ImportPreview;
 class RecordGrid;
 
 /// The "Fishing Vessel" tab: the vessel register.
@@ -16,42 +19,34 @@ class VesselTab : public ReferencePanel {
     Q_OBJECT
 
 public:
+    /// Throws DataError if a list cannot be read.
     VesselTab(Connection& connection, Dialogs& dialogs);
 
-    void RefreshVesselGrid();
     void RefreshVesselGearList();
-
-    /// Executes the insert of a vessel and asks whether to keep it.
-    void addvessel(const Sql& statement);
-    /// Executes the insert of a vessel and keeps it without a question.
-    void addvessel2(const Sql& statement);
-    /// Stores a gear that a vessel file names, under the number of gears + 1, or behind the largest number if that one
-    /// is taken.
-    void AddGearCounted(const QString& name);
 
 Q_SIGNALS:
     /// A gear was added: other lists of gears lack it.
     void gearAdded();
 
 private:
-    void placeFields(QGridLayout* form);
-    void add();
-    [[nodiscard]] bool isRefused();
-    [[nodiscard]] Sql insertStatement() const;
-    void ClearVesselFields();
-    void deleteVessel(const QString& name, const QString& registerId);
+    struct TextField {
+        QString Vessel::*text;
+        QLineEdit* field;
+        bool isNumber;
+    };
 
-    QLineEdit* m_name;
-    QLineEdit* m_enginePower;
-    QLineEdit* m_state;
-    QLineEdit* m_registerId;
+    void fillForm(QGridLayout* form);
+    [[nodiscard]] ImportPreview* newImport();
+    void complete(std::vector<CsvRecord>& records);
+    void add();
+    [[nodiscard]] bool isRefused(const Vessel& vessel);
+    [[nodiscard]] Vessel entry() const;
+    void ClearVesselFields();
+    [[nodiscard]] bool remove(const QString& name, const QString& registerId);
+
+    std::vector<TextField> m_texts;  ///< in the order of the form
     BoundList* m_gear;
-    QLineEdit* m_netWidth;
-    QLineEdit* m_size;
-    QLineEdit* m_netLength;
-    QLineEdit* m_meshSize;
     FixedList* m_engineType;
-    QLineEdit* m_length;
     RecordGrid* m_register;
 };
 

@@ -45,8 +45,13 @@ void tryRows(const ImportLayout& layout, const std::vector<CsvRecord>& records) 
             return;
         }
         require(record.fields.size() == layout.width(), "every record has its fields");
-        if (layout.width() == vesselLayout().width() && unusableNumbers(record.fields).isEmpty()) {
-            require(!vesselInsert(record.fields, 1).text().empty(), "a vessel can be stored");
+        if (layout.width() != vesselLayout().width()) {
+            continue;
+        }
+        const Vessel vessel = vesselOf(record.fields);
+        const bool usable = unusableNumbers(vessel).isEmpty();
+        for (const QString& number : {vessel.enginePower, vessel.length, vessel.size}) {
+            require(!usable || std::isfinite(asRead(toNumber(number).value())), "a vessel can be stored");
         }
     }
 }

@@ -1,3 +1,4 @@
+#include "controls/bound_list.h"
 #include "import_desk.h"
 #include "records/species_import.h"
 #include "records/vessel_import.h"
@@ -98,10 +99,8 @@ private Q_SLOTS:
               {u"  "_s, true, u""_s, {}},
               {u"GILL NET"_s, true, u"Gill net"_s, {}}}) {
             QStringList asked;
-            const auto known = [](const QString& name) {
-                const QStringList stored = QStringList{u"Trawl"_s, u"Gill net"_s}.filter(name, Qt::CaseInsensitive);
-                return stored.isEmpty() || name.trimmed().isEmpty() ? std::nullopt : std::optional(stored.first());
-            };
+            test::TemporaryStore store;
+            store.execute("insert into Fishing_gear values (1, 'Trawl'), (2, 'Gill net')");
             const auto ask = [&, text = answer](const QString& proposed) {
                 asked.append(u"ask "_s + proposed);
                 return text == u"as proposed" ? proposed : text;
@@ -110,13 +109,13 @@ private Q_SLOTS:
                 asked.append(u"confirm "_s + name);
                 return agrees;
             };
-            const auto add = [&](const QString& name) { asked.append(u"add "_s + name); };
+            const auto added = [&] { asked.append(u"add "_s + store.rows("select guname from Fishing_gear").last()); };
             std::vector<CsvRecord> vessels;
             for (const QString& name : {u"trawl"_s, longline, u"Trawl"_s, u"LONGLINE"_s, longline}) {
                 vessels.push_back({1, QStringList(vesselLayout().width())});
                 vessels.back().fields[kGearColumn] = name;
             }
-            settleGears(vessels, {known, ask, confirm, add});
+            settleGears(store.db(), vessels, {ask, confirm, added});
             QStringList settled;
             for (const CsvRecord& record : vessels) {
                 settled.append(record.fields[kGearColumn]);
@@ -282,6 +281,7 @@ private Q_SLOTS:
             expectGear(dialogs, std::nullopt);
         });
         desk.hand().choose(u"Type of Gear"_s, u"Kite'"_s);
+        QCOMPARE(desk.hand().list(u"Fishing gear"_s)->count(), 3);
         desk.press(u"Clear"_s);
         QCOMPARE(desk.store.rows("select * from Fishing_gear order by gearid").last(), u"4|Kite'"_s);
 
