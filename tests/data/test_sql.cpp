@@ -16,7 +16,8 @@ private Q_SLOTS:
     void statementText() {
         const Sql sql = Sql("insert into t values(")
                         << 7 << "," << 10.25 << "," << u"O'Hara"_s << "," << QDate(2026, 11, 22) << ")";
-        QCOMPARE(sql.text(), std::string("insert into t values(7,10.25,'O''Hara','2026-11-22')"));
+        QCOMPARE(sql.prepared(), std::string("insert into t values(?,?,?,?)"));
+        QCOMPARE(sql.values(), (std::vector<Sql::Value>{std::int64_t{7}, 10.25, "O'Hara", "2026-11-22"}));
         QVERIFY_EXCEPTION_THROWN(Sql("select ") << std::numeric_limits<double>::infinity(), std::invalid_argument);
     }
 

@@ -46,7 +46,7 @@ void tryRows(const ImportLayout& layout, const std::vector<CsvRecord>& records) 
         }
         require(record.fields.size() == layout.width(), "every record has its fields");
         if (layout.width() == vesselLayout().width() && unusableNumbers(record.fields).isEmpty()) {
-            require(!vesselInsert(record.fields, 1).text().empty(), "a vessel can be stored");
+            require(!vesselInsert(record.fields, 1).prepared().empty(), "a vessel can be stored");
         }
     }
 }
@@ -81,7 +81,7 @@ void tryCsv(const QByteArray& bytes) {
         for (bool more = reader.readHeader(); more;) {
             const std::optional<GonadFish> fish = reader.next();
             more = fish.has_value();
-            require(!insertFish(1, 1, 1, fish.value_or(GonadFish())).text().empty(), "a fish can be stored");
+            require(!insertFish(1, 1, 1, fish.value_or(GonadFish())).prepared().empty(), "a fish can be stored");
         }
     } catch (const FormatFault&) {
         return;
