@@ -7,7 +7,6 @@
 #include <functional>
 
 class QAbstractButton;
-class QKeyEvent;
 
 namespace kelvora {
 
@@ -27,11 +26,6 @@ Q_SIGNALS:
     void finished();
 
 protected:
-    /// A press beside the rows that a list offers closes them. Enter presses the button that has the keyboard. Alt and
-    /// a letter press a button at once, where the toolkit waits while the next keys still go to the field before. A
-    /// double click presses once: the second click is no answer to what the first one did.
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
     /// Fills the lists again if another screen or program has changed the data file: each keeps what it shows.
     virtual void refillLists() {}
 
@@ -44,12 +38,7 @@ protected:
     void onClick(QAbstractButton* button, const std::function<void()>& handler);
 
 private:
-    bool isLetterOfNoButton(const QObject* watched, const QKeyEvent& key) const;
-    bool onButtonEvent(QAbstractButton* button, const QEvent* event);
-
     Context m_context;
-    quint64 m_doubleClicked = 0;  ///< when a double click on a button was last passed over, or a click right behind one
-    bool m_keyRepeats = false;    ///< the key that is pressed is held down
 };
 
 }  // namespace kelvora

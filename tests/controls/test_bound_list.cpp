@@ -1,7 +1,9 @@
 #include "controls/bound_list.h"
 #include "controls/fields.h"
+#include "controls/screen.h"
 #include "data/result_set.h"
 #include "support/screen_driver.h"
+#include "support/temporary_store.h"
 #include "support/test_main.h"
 
 #include <QAbstractItemView>
@@ -165,6 +167,8 @@ private Q_SLOTS:
     }
 
     void wheelNeedsTheFocus() {
+        test::TemporaryStore store;
+        const Screen open(u"Test"_s, store.context());
         FixedList fixed({u"Day"_s, u"Night"_s}, m_window.get());
         fixed.show();
         for (QComboBox* list : {static_cast<QComboBox*>(m_list), static_cast<QComboBox*>(&fixed)}) {
