@@ -4,7 +4,6 @@
 #include "controls/fields.h"
 #include "controls/guard.h"
 #include "controls/record_navigator.h"
-#include "controls/search_button.h"
 #include "data/connection.h"
 #include "operations/operation_details.h"
 #include "operations/search_fields.h"
