@@ -1,7 +1,7 @@
 #include "controls/record_navigator.h"
 
 #include "controls/fields.h"
-#include "controls/guard.h"
+#include "controls/screen.h"
 
 #include <QHBoxLayout>
 #include <QPainter>

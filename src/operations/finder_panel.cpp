@@ -2,8 +2,8 @@
 
 #include "controls/dialogs.h"
 #include "controls/fields.h"
-#include "controls/guard.h"
 #include "controls/record_navigator.h"
+#include "controls/screen.h"
 #include "data/connection.h"
 #include "operations/operation_details.h"
 #include "operations/search_fields.h"

@@ -1,6 +1,6 @@
 #include "reference/general_information_screen.h"
 
-#include "controls/guard.h"
+#include "controls/screen.h"
 #include "reference/area_panel.h"
 #include "reference/gear_method_panel.h"
 #include "reference/species_tab.h"

@@ -1,7 +1,7 @@
 #include "reference/reference_panel.h"
 
 #include "controls/dialogs.h"
-#include "controls/guard.h"
+#include "controls/screen.h"
 #include "data/transaction.h"
 
 #include <QAbstractButton>

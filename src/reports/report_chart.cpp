@@ -1,7 +1,7 @@
 #include "reports/report_chart.h"
 
 #include "controls/dialogs.h"
-#include "controls/guard.h"
+#include "controls/screen.h"
 #include "data/whole_file.h"
 
 #include <QAction>

@@ -2,7 +2,7 @@
 
 #include "controls/dialogs.h"
 #include "controls/fields.h"
-#include "controls/guard.h"
+#include "controls/screen.h"
 #include "data/store.h"
 #include "records/accounts.h"
 
