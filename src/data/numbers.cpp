@@ -15,12 +15,8 @@ namespace {
 constexpr int kSignificantDigits = 15;
 constexpr double kExactlyWhole = 1e15;  // from here on a number of so many digits has no decimals
 
-bool isDigit(QChar c) {
-    return c >= u'0' && c <= u'9';
-}
-
 qsizetype skipDigits(QStringView text, qsizetype at) {
-    while (at < text.size() && isDigit(text[at])) {
+    while (at < text.size() && text[at] >= u'0' && text[at] <= u'9') {
         ++at;
     }
     return at;

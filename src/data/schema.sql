@@ -1,28 +1,24 @@
 -- What a new data file holds. Numbers are REAL, so that a division leaves nothing out; dates are ISO text, whose order
 -- is the order of the days. Names compare without regard to the case of A to Z.
 
--- Who may sign in.
-CREATE TABLE kelvora_user (
+CREATE TABLE kelvora_user (  -- Who may sign in.
     login TEXT COLLATE NOCASE PRIMARY KEY,  -- name to sign in with
     passwd TEXT COLLATE NOCASE,             -- password, as it is typed
     uname TEXT COLLATE NOCASE               -- shown name: the recorder that a new operation proposes
 );
 
--- States and provinces of the coast.
-CREATE TABLE state (
+CREATE TABLE state (  -- States and provinces of the coast.
     stateid INTEGER PRIMARY KEY,   -- number
     statename TEXT COLLATE NOCASE  -- name
 );
 
--- Ports where catches are sampled.
-CREATE TABLE samplingport (
+CREATE TABLE samplingport (  -- Ports where catches are sampled.
     samplingid INTEGER PRIMARY KEY,    -- number
     samplingname TEXT COLLATE NOCASE,  -- name
     stateid INTEGER                    -- the state it lies in
 );
 
--- The vessel register. A vessel may be entered twice, or by its register id alone: no column is a key.
-CREATE TABLE vessel (
+CREATE TABLE vessel (  -- The vessel register. No column is a key: a vessel may come twice, or by its id alone.
     vesselname TEXT COLLATE NOCASE,  -- name, by which an operation knows its vessel
     vesselid TEXT COLLATE NOCASE,    -- register id, as painted on the hull
     flagstate TEXT COLLATE NOCASE,   -- state or province of registration, as typed
@@ -36,27 +32,23 @@ CREATE TABLE vessel (
     netwidth TEXT COLLATE NOCASE     -- width of its net, m, as typed
 );
 
--- Fishing gears: trawl, gill net, …
-CREATE TABLE Fishing_gear (
+CREATE TABLE Fishing_gear (  -- Fishing gears: trawl, gill net, …
     gearid INTEGER PRIMARY KEY,  -- number
     guname TEXT COLLATE NOCASE   -- name
 );
 
--- Ways to fish with a gear: otter board and pair trawl, …
-CREATE TABLE Fishing_method (
+CREATE TABLE Fishing_method (  -- Ways to fish with a gear: otter board and pair trawl, …
     methodid INTEGER PRIMARY KEY,    -- number
     methodname TEXT COLLATE NOCASE,  -- name, one of its kind within the gear
     gearid INTEGER                   -- the gear it belongs to
 );
 
--- Fishing areas.
-CREATE TABLE fishing_area (
+CREATE TABLE fishing_area (  -- Fishing areas.
     aname TEXT COLLATE NOCASE PRIMARY KEY,  -- name, by which an operation knows its area
     describ TEXT COLLATE NOCASE             -- description
 );
 
--- The species catalogue.
-CREATE TABLE fish (
+CREATE TABLE fish (  -- The species catalogue.
     fishno INTEGER PRIMARY KEY,       -- number; 0 is never shown
     family TEXT COLLATE NOCASE,       -- family
     genus TEXT COLLATE NOCASE,        -- genus
@@ -65,8 +57,7 @@ CREATE TABLE fish (
     classinterval REAL                -- width of its length classes, cm; 0 or nothing until a first sample set it
 );
 
--- Fishing operations whose catch was sampled. The state is that of the port, the gear that of the method.
-CREATE TABLE fishoperation (
+CREATE TABLE fishoperation (  -- Fishing operations. The state is that of the port, the gear that of the method.
     optid INTEGER PRIMARY KEY,        -- number
     portid INTEGER,                   -- port where it landed
     interviewer TEXT COLLATE NOCASE,  -- recorder
@@ -87,8 +78,7 @@ CREATE TABLE fishoperation (
     areaid TEXT COLLATE NOCASE        -- the name of the area
 );
 
--- Sampling groups of an operation's catch. Group 1 is "Single species": species that were weighed whole.
-CREATE TABLE group_main (
+CREATE TABLE group_main (  -- Sampling groups of a catch. 1 is "Single species": those that were weighed whole.
     groupid INTEGER,                -- number within the operation
     optid INTEGER,                  -- operation
     groupname TEXT COLLATE NOCASE,  -- name, one of its kind within the operation
@@ -96,8 +86,7 @@ CREATE TABLE group_main (
     PRIMARY KEY (optid, groupid)
 );
 
--- The species of a group.
-CREATE TABLE group_composition (
+CREATE TABLE group_composition (  -- The species of a group.
     optid INTEGER,     -- operation
     spid INTEGER,      -- species
     groupid INTEGER,   -- group
@@ -106,16 +95,14 @@ CREATE TABLE group_composition (
     PRIMARY KEY (optid, groupid, spid)
 );
 
--- Length-frequency samples.
-CREATE TABLE length (
+CREATE TABLE length (  -- Length-frequency samples.
     optid INTEGER,  -- operation
     spid INTEGER,   -- species
     weight REAL,    -- of the sample, kg
     PRIMARY KEY (optid, spid)
 );
 
--- Their length classes. Rows may repeat.
-CREATE TABLE length_detail (
+CREATE TABLE length_detail (  -- Their length classes. Rows may repeat.
     optid INTEGER,    -- operation
     spid INTEGER,     -- species
     lower1 REAL,      -- lower limit of the class, cm
@@ -124,16 +111,14 @@ CREATE TABLE length_detail (
     frequency1 REAL   -- number of fish
 );
 
--- Gonad samples.
-CREATE TABLE gonad (
+CREATE TABLE gonad (  -- Gonad samples.
     optid INTEGER,   -- operation
     spid INTEGER,    -- species
     samplingw REAL,  -- weight of its fish, kg
     PRIMARY KEY (optid, spid)
 );
 
--- Their measured fish; 0 is not measured.
-CREATE TABLE gonad_detail (
+CREATE TABLE gonad_detail (  -- Their measured fish; 0 is not measured.
     optid INTEGER,            -- operation
     spid INTEGER,             -- species
     samplingno INTEGER,       -- number of the fish within the sample
@@ -149,8 +134,7 @@ CREATE TABLE gonad_detail (
     PRIMARY KEY (optid, spid, samplingno)
 );
 
--- Stages of maturity.
-CREATE TABLE gonad_stage (
+CREATE TABLE gonad_stage (  -- Stages of maturity.
     stageid INTEGER PRIMARY KEY,   -- number, by which the lists are ordered
     stagename TEXT COLLATE NOCASE  -- name
 );

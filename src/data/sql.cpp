@@ -1,6 +1,5 @@
 #include "data/sql.h"
 
-#include "data/dates.h"
 #include "data/numbers.h"
 
 #include <cmath>
@@ -21,7 +20,7 @@ Sql operator<<(Sql left, const Sql& right) {
 }
 
 Sql operator<<(Sql left, const QDate& date) {
-    return std::move(left) << isoText(date);
+    return std::move(left) << date.toString(Qt::ISODate);
 }
 
 void Sql::bind(Value value) {
