@@ -55,7 +55,7 @@ std::optional<double> toNumber(QStringView text) {
     }
     // Too large a number reads as an infinity, too small a one as 0.
     const double value = number.toDouble();
-    return std::isfinite(asRead(value)) ? std::optional(value) : std::nullopt;
+    return std::isfinite(readable(value)) ? std::optional(value) : std::nullopt;
 }
 
 bool isNumeric(QStringView text) {
@@ -66,11 +66,11 @@ double leadingNumber(QStringView text) {
     const QStringView number = text.trimmed();
     const qsizetype length = numberLength(number);
     const double value = length == 0 ? 0 : number.first(length).toDouble();
-    return std::isfinite(asRead(value)) ? value : asRead(value);
+    return std::isfinite(readable(value)) ? value : readable(value);
 }
 
 QString plainText(double value) {
-    const double read = asRead(value);
+    const double read = readable(value);
     const double size = std::fabs(read);
     if (std::isnan(read) || size == 0) {
         return std::isnan(read) ? QString() : u"0"_s;
@@ -87,12 +87,12 @@ QString plainText(double value) {
 }
 
 QString twoDecimals(double value) {
-    const double size = std::fabs(asRead(value));
+    const double size = std::fabs(readable(value));
     if (!std::isfinite(size)) {
         return plainText(value);
     }
     const bool whole = size >= kExactlyWhole;
-    const double hundredths = whole ? size : std::round(asRead(size * 100));
+    const double hundredths = whole ? size : std::round(readable(size * 100));
     QString text = hundredths < kExactlyWhole ? QString::number(std::llround(hundredths))
                                               : QString::number(hundredths, 'f', QLocale::FloatingPointShortest);
     text = whole ? text + u"00"_s : text.rightJustified(3, u'0');
@@ -100,7 +100,7 @@ QString twoDecimals(double value) {
     return value < 0 && hundredths > 0 ? u'-' + text : text;
 }
 
-double asRead(double value) {
+double readable(double value) {
     if (value == std::trunc(value) && std::fabs(value) < kExactlyWhole) {
         return value;  // most of an import are whole numbers, which need no digits left out
     }

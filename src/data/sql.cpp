@@ -30,7 +30,7 @@ void Sql::bind(Value value) {
 
 void Sql::bindNumber(double value) {
     // The largest numbers of all are no numbers any more with fifteen digits.
-    const double read = asRead(value);
+    const double read = readable(value);
     if (!std::isfinite(read)) {
         throw std::invalid_argument("a number in a statement must be finite");
     }
