@@ -68,7 +68,11 @@ Grid::Grid(const QString& name, QWidget* parent)
     horizontalHeader()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 4);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     // The selection model is the presented model's: it outlives every source.
-    connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this, &Grid::onCurrentRowChanged);
+    connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex& current) {
+        if (current.isValid()) {
+            Q_EMIT rowChosen(current.row());
+        }
+    });
 }
 
 Grid::~Grid() {
@@ -135,12 +139,6 @@ void Grid::setCurrentRow(int row) {
 QSize Grid::sizeHint() const {
     constexpr int rows = 5;
     return {240, horizontalHeader()->sizeHint().height() + rows * verticalHeader()->defaultSectionSize() + 4};
-}
-
-void Grid::onCurrentRowChanged(const QModelIndex& current) {
-    if (current.isValid()) {
-        Q_EMIT rowChosen(current.row());
-    }
 }
 
 void Grid::keyPressEvent(QKeyEvent* event) {

@@ -64,7 +64,6 @@ protected:
     bool viewportEvent(QEvent* event) override;
 
 private:
-    void onCurrentRowChanged(const QModelIndex& current);
     void copySelection() const;
     [[nodiscard]] std::vector<int> wantedWidths(bool tight) const;
     void fitColumns();

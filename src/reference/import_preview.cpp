@@ -5,8 +5,8 @@
 #include "controls/fields.h"
 #include "controls/progress.h"
 #include "controls/text_table.h"
+#include "data/store_files.h"
 #include "data/transaction.h"
-#include "data/whole_file.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>

@@ -143,9 +143,9 @@ void StatePortPanel::PurgeStatesWithoutPorts() {
         connection().query(Sql("select * from state where stateid not in (select stateid from samplingport)"));
     for (int row = 0; row < states.rowCount(); ++row) {
         Transaction transaction(connection());
-        const Sql statement = Sql("delete from state where stateid = ") << states.integer(row, u"stateid").value_or(0);
-        dialogs().message(u"'%1'"_s.arg(QString::fromStdString(statement.text())));
-        connection().execute(statement);
+        const int state = states.integer(row, u"stateid").value_or(0);
+        dialogs().message(u"'delete from state where stateid = %1'"_s.arg(state));
+        connection().execute(Sql("delete from state where stateid = ") << state);
         dialogs().message(u"Del state"_s);
         transaction.commit();
         RefreshStateList();

@@ -2,7 +2,7 @@
 
 #include "controls/dialogs.h"
 #include "controls/screen.h"
-#include "data/whole_file.h"
+#include "data/store_files.h"
 
 #include <QAction>
 #include <QBarSet>

@@ -4,7 +4,7 @@
 #include "controls/dialogs.h"
 #include "controls/fields.h"
 #include "controls/screen.h"
-#include "data/whole_file.h"
+#include "data/store_files.h"
 
 #include <QKeyEvent>
 #include <QLabel>
