@@ -62,7 +62,8 @@ public:
             typedIn->closeOffers();
         }
         // The mouse wheel over a list that has no focus must not change the list by accident.
-        if (type == QEvent::Wheel && qobject_cast<QComboBox*>(widget) != nullptr && !widget->hasFocus()) {
+        if (type == QEvent::Wheel && qobject_cast<QComboBox*>(widget) != nullptr && !widget->hasFocus() &&
+            screenOf(widget) != nullptr) {
             event->ignore();
             return true;
         }

@@ -26,7 +26,9 @@ constexpr quint32 kSchemaVersion = 1;
 /// The statements that make an empty file a data file: tables, indexes, maturity stages, the first account.
 QByteArray schema() {
     QFile file(u":/schema.sql"_s);
-    file.open(QIODevice::ReadOnly);
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("the tables are not in the program");
+    }
     return file.readAll();
 }
 
@@ -124,7 +126,7 @@ private:
 };
 
 /// The columns of each table of a new file, in their order.
-std::vector<std::pair<QString, QStringList>> tables() {
+std::vector<std::pair<QString, QStringList>> newTables() {
     std::vector<std::pair<QString, QStringList>> found;
     for (const QString& line : QString::fromUtf8(schema()).split(u'\n')) {
         const QStringList words = line.split(u' ', Qt::SkipEmptyParts);
@@ -139,7 +141,7 @@ std::vector<std::pair<QString, QStringList>> tables() {
 
 /// What is wrong with the tables of a file; empty if nothing is. Further tables are nobody's business.
 QString tableFault(Connection& connection) {
-    for (const auto& [table, columns] : tables()) {
+    for (const auto& [table, columns] : newTables()) {
         const ResultSet found =
             connection.query(Sql("SELECT group_concat(name, ' ') AS columns FROM pragma_table_info(") << table << ")");
         if (found.text(0, u"columns") != columns.join(u' ')) {

@@ -34,6 +34,7 @@ std::unique_ptr<ResultModel> ports() {
 class TestBoundList : public QObject {
     Q_OBJECT
 
+    test::TemporaryStore m_store;
     std::unique_ptr<QWidget> m_window;
     BoundList* m_list = nullptr;
     std::unique_ptr<QSignalSpy> m_chosen;
@@ -44,7 +45,7 @@ class TestBoundList : public QObject {
 
 private Q_SLOTS:
     void init() {
-        m_window = std::make_unique<QWidget>();
+        m_window = std::make_unique<Screen>(u"Test"_s, m_store.context());
         auto* form = new QGridLayout(m_window.get());
         m_list = new BoundList;
         addField(form, 0, 0, u" Port"_s, m_list);
@@ -167,8 +168,6 @@ private Q_SLOTS:
     }
 
     void wheelNeedsTheFocus() {
-        test::TemporaryStore store;
-        const Screen open(u"Test"_s, store.context());
         FixedList fixed({u"Day"_s, u"Night"_s}, m_window.get());
         fixed.show();
         for (QComboBox* list : {static_cast<QComboBox*>(m_list), static_cast<QComboBox*>(&fixed)}) {
