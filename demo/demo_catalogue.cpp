@@ -84,7 +84,7 @@ int Catalogue::number(const Sql& query, QStringView column) const {
     const ResultSet found = m_connection.query(query);
     if (found.isEmpty()) {
         throw DataError(
-            u"The demonstration names what it has not stored: %1"_s.arg(QString::fromStdString(query.text())));
+            u"The demonstration names what it has not stored: %1"_s.arg(QString::fromStdString(query.prepared())));
     }
     return found.integer(0, column).value();
 }

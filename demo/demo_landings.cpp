@@ -59,7 +59,7 @@ Landings readLandings(const Catalogue& catalogue, const QString& folder) {
 }
 
 double rounded(double kg, double step) {
-    return asRead(std::round(kg / step) * step);
+    return readable(std::round(kg / step) * step);
 }
 
 /// What one of so many equal trips brought of each species, the heaviest first; nothing of less than 100 g.
@@ -95,7 +95,7 @@ void recordComposition(Connection& connection, const StoredOperation& operation,
             const double sampled = std::max(0.01, rounded(one.kg * kSortedPart, 0.01));
             group.species.push_back({one.species, sampled});
             group.sample = sampleWith(group.sample, sampled);
-            group.total = asRead(group.total + one.kg);
+            group.total = readable(group.total + one.kg);
         }
         storeGroup(connection, operation, group);
     }
@@ -125,7 +125,7 @@ void recordLandings(Connection& connection, const Catalogue& catalogue, const QS
         const std::vector<Weighed> species = oneTripOf(landing);
         double catchKg = 0;
         for (const Weighed& one : species) {
-            catchKg = asRead(catchKg + one.kg);
+            catchKg = readable(catchKg + one.kg);
         }
         if (catchKg < 1) {
             continue;

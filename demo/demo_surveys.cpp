@@ -47,7 +47,7 @@ void recordLengths(Connection& connection, const Catalogue& catalogue, Trip trip
     storeLengthSample(connection, {.operation = operation,
                                    .species = species,
                                    .weight = trip.catchKg,
-                                   .interval = asRead(first.upper - first.lower),
+                                   .interval = readable(first.upper - first.lower),
                                    .classes = classes});
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "demo/demo_catalogue.h"
-#include "records/stored_operation.h"
+#include "records/operation_store.h"
 
 #include <QDate>
 

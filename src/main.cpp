@@ -1,5 +1,5 @@
 #include "controls/dialogs.h"
-#include "controls/guard.h"
+#include "controls/screen.h"
 #include "controls/style.h"
 #include "data/store.h"
 #include "shell/program.h"

@@ -9,19 +9,9 @@
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QStringListModel>
-#include <QWheelEvent>
 
 namespace kelvora {
 namespace {
-
-/// The mouse wheel over a list that has no focus belongs to the window: it must not change the list by accident.
-bool wheelBelongsToWindow(const QComboBox& list, QWheelEvent* event) {
-    if (list.hasFocus()) {
-        return false;
-    }
-    event->ignore();
-    return true;
-}
 
 int columnCalled(const QAbstractItemModel& model, const QString& name) {
     for (int i = 0; i < model.columnCount(); ++i) {
@@ -170,12 +160,6 @@ void BoundList::showPopup() {
     }
 }
 
-void BoundList::wheelEvent(QWheelEvent* event) {
-    if (!wheelBelongsToWindow(*this, event)) {
-        QComboBox::wheelEvent(event);
-    }
-}
-
 bool BoundList::hasRowsOf(const QAbstractItemModel& source, int shown, int key) const {
     bool same = m_source != nullptr && m_source->rowCount() == source.rowCount();
     for (int row = 0; same && row < source.rowCount(); ++row) {
@@ -264,12 +248,6 @@ FixedList::FixedList(const QStringList& rows, QWidget* parent) : QComboBox(paren
     addItems(rows);
     setCurrentIndex(-1);
     setFocusPolicy(Qt::StrongFocus);
-}
-
-void FixedList::wheelEvent(QWheelEvent* event) {
-    if (!wheelBelongsToWindow(*this, event)) {
-        QComboBox::wheelEvent(event);
-    }
 }
 
 }  // namespace kelvora

@@ -62,7 +62,6 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
 
 private:
     [[nodiscard]] bool hasRowsOf(const QAbstractItemModel& source, int shown, int key) const;
@@ -83,13 +82,10 @@ private:
     std::function<bool()> m_mayOpen;
 };
 
-/// A drop-down list of fixed rows that the mouse wheel does not change unless it has the focus.
+/// A drop-down list of fixed rows.
 class FixedList : public QComboBox {
 public:
     explicit FixedList(const QStringList& rows, QWidget* parent = nullptr);
-
-protected:
-    void wheelEvent(QWheelEvent* event) override;
 };
 
 }  // namespace kelvora

@@ -68,7 +68,11 @@ Grid::Grid(const QString& name, QWidget* parent)
     horizontalHeader()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 4);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     // The selection model is the presented model's: it outlives every source.
-    connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this, &Grid::onCurrentRowChanged);
+    connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex& current) {
+        if (current.isValid()) {
+            Q_EMIT rowChosen(current.row());
+        }
+    });
 }
 
 Grid::~Grid() {
@@ -135,12 +139,6 @@ void Grid::setCurrentRow(int row) {
 QSize Grid::sizeHint() const {
     constexpr int rows = 5;
     return {240, horizontalHeader()->sizeHint().height() + rows * verticalHeader()->defaultSectionSize() + 4};
-}
-
-void Grid::onCurrentRowChanged(const QModelIndex& current) {
-    if (current.isValid()) {
-        Q_EMIT rowChosen(current.row());
-    }
 }
 
 void Grid::keyPressEvent(QKeyEvent* event) {
@@ -248,7 +246,18 @@ void CaptionedGrid::setCaption(const QString& caption) {
 RecordNavigator* CaptionedGrid::addNavigator(const QString& name) {
     auto* navigator = new RecordNavigator(name, this);
     m_footer->addWidget(navigator, 1);
-    follow(navigator, m_grid);
+    connect(navigator, &RecordNavigator::arrived, this, [this](int row) {
+        if (row >= 0) {
+            m_grid->setCurrentRow(row);
+        }
+    });
+    connect(m_grid, &Grid::rowChosen, navigator, &RecordNavigator::moveTo);
+    // The row that is marked already is gone to by a click or Enter, where the navigator stands on none.
+    for (const auto signal : {&Grid::clicked, &Grid::activated}) {
+        connect(m_grid, signal, navigator, [navigator](const QModelIndex& cell) { navigator->moveTo(cell.row()); });
+    }
+    // What a button under the grid does, it does to the row that the navigator stands on: no other is to look chosen.
+    m_grid->setSelectionMode(QAbstractItemView::SingleSelection);
     return navigator;
 }
 
@@ -256,22 +265,6 @@ QPushButton* CaptionedGrid::addButton(const QString& caption) {
     auto* button = new QPushButton(caption, this);
     m_footer->addWidget(button);
     return button;
-}
-
-void follow(RecordNavigator* navigator, Grid* grid) {
-    QObject::connect(navigator, &RecordNavigator::arrived, grid, [grid](int row) {
-        if (row >= 0) {
-            grid->setCurrentRow(row);
-        }
-    });
-    QObject::connect(grid, &Grid::rowChosen, navigator, &RecordNavigator::moveTo);
-    // The row that is marked already is gone to by a click or Enter, where the navigator stands on none.
-    for (const auto signal : {&Grid::clicked, &Grid::activated}) {
-        QObject::connect(grid, signal, navigator,
-                         [navigator](const QModelIndex& cell) { navigator->moveTo(cell.row()); });
-    }
-    // What a button under the grid does, it does to the row that the navigator stands on: no other is to look chosen.
-    grid->setSelectionMode(QAbstractItemView::SingleSelection);
 }
 
 }  // namespace kelvora

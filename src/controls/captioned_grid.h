@@ -64,7 +64,6 @@ protected:
     bool viewportEvent(QEvent* event) override;
 
 private:
-    void onCurrentRowChanged(const QModelIndex& current);
     void copySelection() const;
     [[nodiscard]] std::vector<int> wantedWidths(bool tight) const;
     void fitColumns();
@@ -87,7 +86,8 @@ public:
     /// The caption of the frame, and the name of the grid for a screen reader.
     void setCaption(const QString& caption);
 
-    /// Puts a navigator under the grid and keeps the two on the same row (see follow).
+    /// Puts a navigator under the grid and keeps the two on the same row. With a new result the grid shows it first,
+    /// and then the navigator gets its row count.
     RecordNavigator* addNavigator(const QString& name);
     /// Puts a button under the grid, behind the navigator.
     QPushButton* addButton(const QString& caption);
@@ -96,9 +96,5 @@ private:
     Grid* m_grid;
     QHBoxLayout* m_footer;
 };
-
-/// Keeps a navigator and a grid over the same rows on the same row. With a new result the grid shows it first, and then
-/// the navigator gets its row count.
-void follow(RecordNavigator* navigator, Grid* grid);
 
 }  // namespace kelvora

@@ -39,6 +39,24 @@ QMessageBox::StandardButton show(const QString& title, const QString& text, QMes
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 
+/// A line of text; where the same question may come many times, with a button that ends the asking.
+Dialogs::Answer ask(const QString& title, const QString& prompt, const QString& proposed, const QString& noMore) {
+    constexpr int ended = QDialog::Accepted + 1;
+    QInputDialog box(QApplication::activeWindow());
+    box.setWindowTitle(title);
+    box.setLabelText(fitting(prompt));
+    box.setTextValue(proposed);
+    if (noMore.isEmpty()) {
+        box.setMinimumWidth(titleRoom(title));
+    } else {
+        box.adjustSize();  // has its buttons only when it is laid out
+        auto* button = box.findChild<QDialogButtonBox*>()->addButton(noMore, QDialogButtonBox::ActionRole);
+        QObject::connect(button, &QPushButton::clicked, &box, [&box] { box.done(ended); });
+    }
+    const int answer = box.exec();
+    return {answer == QDialog::Accepted ? std::optional(box.textValue()) : std::nullopt, answer == ended};
+}
+
 QString csvFilter() {
     return u"CSV File (*.csv *.CSV *.Csv)"_s;
 }
@@ -61,25 +79,11 @@ bool ModalDialogs::confirm(const QString& title, const QString& text, Question q
 }
 
 std::optional<QString> ModalDialogs::input(const QString& title, const QString& prompt, const QString& proposed) {
-    QInputDialog box(QApplication::activeWindow());
-    box.setWindowTitle(title);
-    box.setLabelText(fitting(prompt));
-    box.setTextValue(proposed);
-    box.setMinimumWidth(titleRoom(title));
-    return box.exec() == QDialog::Accepted ? std::optional(box.textValue()) : std::nullopt;
+    return ask(title, prompt, proposed, {}).text;
 }
 
 Dialogs::Answer ModalDialogs::inputOrNoMore(const QString& title, const QString& prompt, const QString& proposed) {
-    constexpr int noMore = QDialog::Accepted + 1;
-    QInputDialog box(QApplication::activeWindow());
-    box.setWindowTitle(title);
-    box.setLabelText(fitting(prompt));
-    box.setTextValue(proposed);
-    box.adjustSize();  // has its buttons only when it is laid out
-    auto* button = box.findChild<QDialogButtonBox*>()->addButton(u"No more"_s, QDialogButtonBox::ActionRole);
-    QObject::connect(button, &QPushButton::clicked, &box, [&box] { box.done(noMore); });
-    const int answer = box.exec();
-    return {answer == QDialog::Accepted ? std::optional(box.textValue()) : std::nullopt, answer == noMore};
+    return ask(title, prompt, proposed, u"No more"_s);
 }
 
 std::optional<QString> ModalDialogs::openFile(FileKind kind) {

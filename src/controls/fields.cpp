@@ -89,4 +89,31 @@ QLineEdit* numberField(const QString& text) {
     return field;
 }
 
+QIcon drawnIcon(const QPalette& palette, const std::function<void(QPainter&, const QColor&)>& draw) {
+    QIcon icon;
+    for (const auto& [mode, group] :
+         {std::pair{QIcon::Normal, QPalette::Active}, {QIcon::Disabled, QPalette::Disabled}}) {
+        QPixmap pixmap(64, 64);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        draw(painter, palette.color(group, QPalette::ButtonText));
+        icon.addPixmap(pixmap, mode);
+    }
+    return icon;
+}
+
+SearchButton::SearchButton(QWidget* parent) : QToolButton(parent) {
+    setAccessibleName(u"Search"_s);
+    setToolTip(u"Search"_s);
+    setIcon(drawnIcon(palette(), [](QPainter& glass, const QColor& colour) {
+        glass.setPen(QPen(colour, 6));
+        glass.drawEllipse(QPointF(27, 27), 17, 17);
+        glass.setPen(QPen(colour, 9, Qt::SolidLine, Qt::RoundCap));
+        glass.drawLine(QPointF(41, 41), QPointF(55, 55));
+    }));
+    // A click takes the keyboard from a list beside it, so that what was typed there is settled before the search.
+    setFocusPolicy(Qt::StrongFocus);
+}
+
 }  // namespace kelvora

@@ -1,8 +1,13 @@
 #pragma once
 
+#include <QIcon>
 #include <QLabel>
+#include <QToolButton>
+
+#include <functional>
 
 class QGridLayout;
+class QPainter;
 class QComboBox;
 class QLineEdit;
 class QPushButton;
@@ -44,5 +49,14 @@ QPushButton* keyButton(const QString& caption);
 
 /// A text box for a number: wide enough for eight digits and the point.
 QLineEdit* numberField(const QString& text = {});
+
+/// A picture of 64 by 64 points in the colour of the buttons' text, drawn once as enabled and once as disabled.
+QIcon drawnIcon(const QPalette& palette, const std::function<void(QPainter&, const QColor&)>& draw);
+
+/// The picture button that starts a search: a magnifying glass, called "Search" by a screen reader.
+class SearchButton : public QToolButton {
+public:
+    explicit SearchButton(QWidget* parent = nullptr);
+};
 
 }  // namespace kelvora

@@ -48,6 +48,8 @@ protected:
 /// for later; from then on nothing but the box takes them.
 class WaitingBox {
 public:
+    WaitingBox() { m_since.start(); }
+
     bool waitOn() {
         constexpr int moment = 40;  // milliseconds
         if (!m_box && m_since.hasExpired(kPatience)) {
@@ -74,11 +76,7 @@ private:
         m_box->setFocus();
     }
 
-    QElapsedTimer m_since = [] {
-        QElapsedTimer now;
-        now.start();
-        return now;
-    }();
+    QElapsedTimer m_since;
     std::unique_ptr<QProgressDialog> m_box;
 };
 

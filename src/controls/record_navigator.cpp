@@ -1,11 +1,10 @@
 #include "controls/record_navigator.h"
 
 #include "controls/fields.h"
-#include "controls/guard.h"
+#include "controls/screen.h"
 
 #include <QHBoxLayout>
 #include <QPainter>
-#include <QToolButton>
 
 #include <algorithm>
 
@@ -14,28 +13,20 @@ using namespace Qt::StringLiterals;
 namespace kelvora {
 namespace {
 
-/// An arrow, with a bar in front of it for the ends of the result; drawn in the text colour of the window.
+/// An arrow, with a bar in front of it for the ends of the result.
 QIcon arrowIcon(const QPalette& palette, bool backwards, bool end) {
-    QIcon icon;
-    for (const auto& [mode, group] :
-         {std::pair{QIcon::Normal, QPalette::Active}, {QIcon::Disabled, QPalette::Disabled}}) {
-        QPixmap pixmap(64, 64);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(palette.color(group, QPalette::ButtonText));
+    return drawnIcon(palette, [backwards, end](QPainter& arrow, const QColor& colour) {
+        arrow.setPen(Qt::NoPen);
+        arrow.setBrush(colour);
         if (backwards) {
-            painter.translate(64, 0);
-            painter.scale(-1, 1);
+            arrow.translate(64, 0);
+            arrow.scale(-1, 1);
         }
-        painter.drawPolygon(QPolygonF({{18, 12}, {end ? 42.0 : 48.0, 32}, {18, 52}}));
+        arrow.drawPolygon(QPolygonF({{18, 12}, {end ? 42.0 : 48.0, 32}, {18, 52}}));
         if (end) {
-            painter.drawRect(QRectF(44, 12, 7, 40));
+            arrow.drawRect(QRectF(44, 12, 7, 40));
         }
-        icon.addPixmap(pixmap, mode);
-    }
-    return icon;
+    });
 }
 
 }  // namespace

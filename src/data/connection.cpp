@@ -24,6 +24,8 @@ namespace {
 
 constexpr int kShortWait = 1'000;  // milliseconds
 constexpr int kLongWait = 90'000;
+constexpr QStringView kNotRead = u"The data could not be read: %1.";
+constexpr QStringView kNotStored = u"Nothing was stored or deleted: %1.";
 
 QVariant valueOf(const SQLite::Column& column) {
     if (column.isNull()) {
@@ -61,16 +63,10 @@ ResultSet rowsOf(SQLite::Statement& query) {
     return result;
 }
 
-/// Whether only the values differ when a statement comes again. A year becomes a part of the statement itself, and a
-/// statement without values is seldom repeated.
-bool canComeAgain(const std::string& form, const Sql& sql) {
-    return !sql.values().empty() && !QByteArray::fromStdString(form).toLower().contains("year");
-}
-
 /// Not so what begins or ends a transaction, or changes the file as a whole.
 bool changesRows(const Sql& sql) {
-    const QByteArray text = QByteArray::fromStdString(sql.text()).trimmed().left(6).toLower();
-    return text == "insert" || text == "update" || text == "delete";
+    const QByteArray verb = QByteArray::fromStdString(sql.prepared()).trimmed().left(6).toLower();
+    return verb == "insert" || verb == "update" || verb == "delete";
 }
 
 }  // namespace
@@ -118,24 +114,28 @@ Connection::Connection(const QString& path, Waiting waiting) : m_waiting(std::mo
 Connection::~Connection() = default;
 
 template <typename Work>
-auto Connection::run(const Sql& sql, const Work& work) {
+auto Connection::run(const Sql& sql, QStringView failure, const Work& work) {
     try {
-        const std::string form = sql.form();
+        const RunnableSql runs = translated(sql);
         return patiently([&] {
-            if (!canComeAgain(form, sql)) {
-                SQLite::Statement statement(*m_database, translate(sql.text()));
-                return work(statement);
+            if (runs.values.empty()) {
+                SQLite::Statement once(*m_database, runs.text);
+                return work(once);
             }
-            SQLite::Statement& statement = prepared(form, sql);
+            SQLite::Statement& statement = prepared(runs.text);
             // A statement that is not reset would keep the file locked for other windows.
             const auto atEnd = qScopeGuard([&statement] {
                 (void)statement.tryReset();
                 statement.clearBindings();
             });
+            for (int place = 1; const Sql::Value& value : runs.values) {
+                std::visit([&](const auto& bound) { statement.bind(place, bound); }, value);
+                ++place;
+            }
             return work(statement);
         });
     } catch (const SQLite::Exception& e) {
-        throw statementError(sql.text(), reasonOf(e));
+        throw failed(failure, e);
     }
 }
 
@@ -144,18 +144,23 @@ QString Connection::reasonOf(const SQLite::Exception& refusal) const {
     return plainReason(refusal.getErrorCode(), QString::fromUtf8(refusal.what()), systemError);
 }
 
+DataError Connection::failed(QStringView failure, const SQLite::Exception& refusal) const {
+    const QString reason = reasonOf(refusal);
+    return DataError(failure.arg(reason), reason);
+}
+
 ResultSet Connection::query(const Sql& sql) {
-    if (const auto crosstab = parseCrosstab(sql.text())) {
+    if (const auto crosstab = parseCrosstab(written(sql))) {
         try {
             return patiently([&] {
                 SQLite::Statement statement(*m_database, translate(crosstab->statement));
                 return pivoted(*crosstab, rowsOf(statement));
             });
         } catch (const SQLite::Exception& e) {
-            throw statementError(sql.text(), reasonOf(e));
+            throw failed(kNotRead, e);
         }
     }
-    return run(sql, rowsOf);
+    return run(sql, kNotRead, rowsOf);
 }
 
 QString Connection::path() const {
@@ -193,7 +198,7 @@ int Connection::execute(const Sql& sql) {
         transaction.commit();
         return rows;
     }
-    return run(sql, [](SQLite::Statement& statement) { return statement.exec(); });
+    return run(sql, kNotStored, [](SQLite::Statement& statement) { return statement.exec(); });
 }
 
 int Connection::version() const {
@@ -209,18 +214,14 @@ bool Connection::changedElsewhere() {
     }
 }
 
-SQLite::Statement& Connection::prepared(const std::string& form, const Sql& sql) {
+SQLite::Statement& Connection::prepared(const std::string& text) {
     constexpr std::size_t most = 64;
-    auto known = m_prepared.find(form);
+    auto known = m_prepared.find(text);
     if (known == m_prepared.end()) {
         if (m_prepared.size() >= most) {
             m_prepared.clear();
         }
-        known = m_prepared.emplace(form, std::make_unique<SQLite::Statement>(*m_database, translate(form))).first;
-    }
-    for (int i = 0; const Sql::Value& value : sql.values()) {
-        std::visit([&](const auto& bound) { known->second->bind(i + 1, bound); }, value);
-        ++i;
+        known = m_prepared.emplace(text, std::make_unique<SQLite::Statement>(*m_database, text)).first;
     }
     return *known->second;
 }

@@ -36,7 +36,7 @@ public:
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    /// The rows of a query, read to their end; crosstabs ("TRANSFORM … PIVOT …") included.
+    /// The rows of a query, read to their end.
     ResultSet query(const Sql& sql);
 
     /// The same as a model for a list, grid or navigator.
@@ -58,18 +58,21 @@ public:
 
 private:
     [[nodiscard]] int version() const;
-    /// Calls a piece of work with the statement ready to run, and makes a failure a DataError.
+    /// Calls a piece of work with the statement ready to run. What it fails with becomes a DataError, whose reason is
+    /// filled into a sentence.
     template <typename Work>
-    auto run(const Sql& sql, const Work& work);
+    auto run(const Sql& sql, QStringView failure, const Work& work);
     /// Does a piece of work; as long as it meets a file held by another program and the wait goes on, once more.
     template <typename Work>
     auto patiently(const Work& work);
-    SQLite::Statement& prepared(const std::string& form, const Sql& sql);
+    /// A statement that comes again with other values is prepared once.
+    SQLite::Statement& prepared(const std::string& text);
     [[nodiscard]] QString reasonOf(const SQLite::Exception& refusal) const;
+    [[nodiscard]] DataError failed(QStringView failure, const SQLite::Exception& refusal) const;
 
     Waiting m_waiting;
     std::unique_ptr<SQLite::Database> m_database;
-    std::unordered_map<std::string, std::unique_ptr<SQLite::Statement>> m_prepared;  ///< by their form
+    std::unordered_map<std::string, std::unique_ptr<SQLite::Statement>> m_prepared;  ///< by their text
     int m_seen = 0;                                                                  ///< the version of the file
 };
 

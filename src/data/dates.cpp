@@ -6,14 +6,6 @@ using namespace Qt::StringLiterals;
 
 namespace kelvora {
 
-QString isoText(const QDate& date) {
-    return date.toString(Qt::ISODate);
-}
-
-QDate fromIsoText(QStringView text) {
-    return QDate::fromString(text, Qt::ISODate);
-}
-
 QString shortDate(const QDate& date) {
     return QLocale().toString(date, QLocale::ShortFormat);
 }

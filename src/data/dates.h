@@ -5,12 +5,6 @@
 
 namespace kelvora {
 
-/// A date as the data file holds it: 2026-11-22. Empty for an invalid date.
-QString isoText(const QDate& date);
-
-/// The date of an ISO text; an invalid date for anything else.
-QDate fromIsoText(QStringView text);
-
 /// A date in the system's short form, as it is shown and exported. Empty for an invalid date.
 QString shortDate(const QDate& date);
 

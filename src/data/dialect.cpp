@@ -2,12 +2,14 @@
 
 #include "data/distinct.h"
 #include "data/grouping.h"
+#include "data/numbers.h"
 #include "data/tokens.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <stdexcept>
+#include <unordered_map>
 
 namespace kelvora {
 
@@ -215,6 +217,41 @@ std::optional<Crosstab> parseCrosstab(const std::string& statement) {
         }
     }
     return crosstab;
+}
+
+std::string written(const Sql& sql) {
+    struct Writer {
+        std::string operator()(std::int64_t value) const { return std::to_string(value); }
+        std::string operator()(double value) const { return plainText(value).toStdString(); }
+        std::string operator()(const std::string& value) const {
+            return '\'' + QString::fromStdString(value).replace(u'\'', QLatin1String("''")).toStdString() + '\'';
+        }
+    };
+    std::string text;
+    std::size_t from = 0;
+    for (const Sql::Value& value : sql.values()) {
+        const std::size_t place = sql.prepared().find('?', from);
+        text.append(sql.prepared(), from, place - from).append(std::visit(Writer(), value));
+        from = place + 1;
+    }
+    return text.append(sql.prepared(), from);
+}
+
+RunnableSql translated(const Sql& sql) {
+    const std::string& text = sql.prepared();
+    if (lower(text).find("year") != std::string::npos) {
+        return {translate(written(sql)), {}};
+    }
+    constexpr std::size_t most = 256;
+    thread_local std::unordered_map<std::string, std::string> known;
+    auto found = known.find(text);
+    if (found == known.end()) {
+        if (known.size() >= most) {
+            known.clear();
+        }
+        found = known.emplace(text, translate(text)).first;
+    }
+    return {found->second, sql.values()};
 }
 
 }  // namespace kelvora

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "data/sql.h"
+
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,6 +21,18 @@ namespace kelvora {
 ///
 /// Texts between quotes are never touched.
 std::string translate(const std::string& statement);
+
+/// A statement as it runs.
+struct RunnableSql {
+    std::string text;
+    std::vector<Sql::Value> values;
+};
+
+/// The translated statement. A year becomes a part of the statement itself: it has no values then.
+RunnableSql translated(const Sql& sql);
+
+/// The statement with its values written into it.
+std::string written(const Sql& sql);
 
 /// A crosstab statement taken apart.
 struct Crosstab {

@@ -74,12 +74,4 @@ QString plainReason(int resultCode, const QString& reason, int systemError) {
     }
 }
 
-DataError statementError(const std::string& statement, const QString& reason) {
-    const QString text = QString::fromStdString(statement).trimmed();
-    const bool reads =
-        text.startsWith(u"select", Qt::CaseInsensitive) || text.startsWith(u"transform", Qt::CaseInsensitive);
-    const QString what = reads ? u"The data could not be read: %1."_s : u"Nothing was stored or deleted: %1."_s;
-    return DataError(what.arg(reason), reason);
-}
-
 }  // namespace kelvora

@@ -21,9 +21,6 @@ private:
     QString m_reason;
 };
 
-/// The error of a statement that was refused for a reason. The statement itself is nothing for a sampler to read.
-DataError statementError(const std::string& statement, const QString& reason);
-
 /// Why the engine refused, in plain words; falls back to its own. resultCode is the engine's, extended if known;
 /// systemError the number of the error that the system gave it, 0 if none.
 QString plainReason(int resultCode, const QString& reason, int systemError = 0);

@@ -8,6 +8,7 @@
 #include <sqlite3.h>
 
 #include <array>
+#include <charconv>
 #include <string_view>
 
 namespace kelvora {
@@ -30,24 +31,20 @@ struct YearMonth {
 /// The year and month of an ISO text, whatever time of day another tool wrote behind the day. A report asks for the
 /// months of tens of thousands of rows: they are read without a text object.
 YearMonth dateOf(sqlite3_value* value) {
-    if (sqlite3_value_type(value) != SQLITE_TEXT) {
+    const std::string_view text = sqlite3_value_type(value) == SQLITE_TEXT ? textOf(value) : std::string_view();
+    constexpr std::string_view form = "dddd-dd-dd";
+    const auto digit = [text](std::size_t at) { return text[at] >= '0' && text[at] <= '9'; };
+    if (text.size() < form.size() || (text.size() > form.size() && digit(form.size()))) {
         return {};
     }
-    const std::string_view text = textOf(value);
-    const auto digit = [](char c) { return c >= '0' && c <= '9'; };
-    constexpr std::string_view form = "dddd-dd-dd";
-    bool date = text.size() >= form.size() && (text.size() == form.size() || !digit(text[form.size()]));
-    for (std::size_t i = 0; date && i < form.size(); ++i) {
-        date = form[i] == 'd' ? digit(text[i]) : text[i] == form[i];
-    }
-    const auto number = [text](std::size_t at, std::size_t digits) {
-        int read = 0;
-        for (const char c : text.substr(at, digits)) {
-            read = read * 10 + (c - '0');
+    for (std::size_t i = 0; i < form.size(); ++i) {
+        if (form[i] == 'd' ? !digit(i) : text[i] != form[i]) {
+            return {};
         }
-        return read;
-    };
-    const YearMonth read = date ? YearMonth{number(0, 4), number(5, 2)} : YearMonth{};
+    }
+    YearMonth read;
+    std::from_chars(text.data(), text.data() + 4, read.year);
+    std::from_chars(text.data() + 5, text.data() + 7, read.month);
     return read.month >= 1 && read.month <= 12 ? read : YearMonth{};
 }
 

@@ -1,21 +1,22 @@
 #include "data/numbers.h"
 
+#include <QLocale>
+
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <string>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
 namespace kelvora {
 namespace {
 
-bool isDigit(QChar c) {
-    return c >= u'0' && c <= u'9';
-}
+constexpr int kSignificantDigits = 15;
+constexpr double kExactlyWhole = 1e15;  // from here on a number of so many digits has no decimals
 
 qsizetype skipDigits(QStringView text, qsizetype at) {
-    while (at < text.size() && isDigit(text[at])) {
+    while (at < text.size() && text[at] >= u'0' && text[at] <= u'9') {
         ++at;
     }
     return at;
@@ -44,70 +45,6 @@ qsizetype numberLength(QStringView text) {
     return at;
 }
 
-/// The significant decimal digits of a finite value and the power of ten of the first one.
-struct Decimal {
-    bool negative = false;
-    std::string digits;
-    int exponent = 0;
-};
-
-constexpr int kSignificantDigits = 15;
-
-/// "1.25000000000000e+01" for 12.5. The one place that rounds to the significant digits.
-std::string scientific(double value) {
-    std::array<char, 32> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific,
-                                   kSignificantDigits - 1)
-                         .ptr;
-    return {text.data(), end};
-}
-
-Decimal decimal(double value) {
-    const std::string written = scientific(std::fabs(value));
-    const std::size_t e = written.find('e');
-    Decimal result;
-    result.negative = std::signbit(value) && value != 0;
-    result.digits = written.substr(0, 1) + written.substr(2, e - 2);
-    result.exponent = std::stoi(written.substr(e + 1));
-    while (result.digits.size() > 1 && result.digits.back() == '0') {
-        result.digits.pop_back();
-    }
-    return result;
-}
-
-/// Digits and exponent written out without an exponent.
-std::string writtenOut(const Decimal& d) {
-    const int integerDigits = d.exponent + 1;
-    const int count = static_cast<int>(d.digits.size());
-    if (integerDigits <= 0) {
-        return "0." + std::string(static_cast<std::size_t>(-integerDigits), '0') + d.digits;
-    }
-    if (integerDigits >= count) {
-        return d.digits + std::string(static_cast<std::size_t>(integerDigits - count), '0');
-    }
-    const auto split = static_cast<std::size_t>(integerDigits);
-    return d.digits.substr(0, split) + "." + d.digits.substr(split);
-}
-
-/// Digits and exponent as "1.5e+21".
-std::string withExponent(const Decimal& d) {
-    const std::string exponent = std::to_string(std::abs(d.exponent));
-    return d.digits.substr(0, 1) + (d.digits.size() > 1 ? "." + d.digits.substr(1) : "") + "e" +
-           (d.exponent < 0 ? "-" : "+") + (exponent.size() < 2 ? "0" : "") + exponent;
-}
-
-/// Adds one to the last digit of a text of digits.
-std::string plusOne(std::string digits) {
-    for (std::size_t i = digits.size(); i-- > 0;) {
-        if (digits[i] != '9') {
-            ++digits[i];
-            return digits;
-        }
-        digits[i] = '0';
-    }
-    return "1" + digits;
-}
-
 }  // namespace
 
 std::optional<double> toNumber(QStringView text) {
@@ -118,7 +55,7 @@ std::optional<double> toNumber(QStringView text) {
     }
     // Too large a number reads as an infinity, too small a one as 0.
     const double value = number.toDouble();
-    return std::isfinite(asRead(value)) ? std::optional(value) : std::nullopt;
+    return std::isfinite(readable(value)) ? std::optional(value) : std::nullopt;
 }
 
 bool isNumeric(QStringView text) {
@@ -129,51 +66,50 @@ double leadingNumber(QStringView text) {
     const QStringView number = text.trimmed();
     const qsizetype length = numberLength(number);
     const double value = length == 0 ? 0 : number.first(length).toDouble();
-    return std::isfinite(asRead(value)) ? value : asRead(value);
+    return std::isfinite(readable(value)) ? value : readable(value);
 }
 
 QString plainText(double value) {
-    if (!std::isfinite(value)) {
-        return std::isnan(value) ? QString() : QString::fromLatin1(value < 0 ? "-inf" : "inf");
+    const double read = readable(value);
+    const double size = std::fabs(read);
+    if (std::isnan(read) || size == 0) {
+        return std::isnan(read) ? QString() : u"0"_s;
     }
-    if (value == 0) {
-        return u"0"_s;
+    if (size < 1e-9 || size >= 1e21) {
+        return QString::number(read, 'g', kSignificantDigits);
     }
-    const Decimal d = decimal(value);
-    const bool extreme = d.exponent >= 21 || d.exponent < -9;
-    return QString::fromStdString((d.negative ? "-" : "") + (extreme ? withExponent(d) : writtenOut(d)));
+    if (size >= kExactlyWhole) {
+        return QString::number(read, 'f', QLocale::FloatingPointShortest);
+    }
+    std::array<char, 32> text{};
+    const auto end = std::to_chars(text.begin(), text.end(), read, std::chars_format::fixed).ptr;
+    return QString::fromLatin1(text.data(), end - text.begin());
 }
 
 QString twoDecimals(double value) {
-    if (!std::isfinite(value)) {
+    const double size = std::fabs(readable(value));
+    if (!std::isfinite(size)) {
         return plainText(value);
     }
-    const Decimal d = decimal(value);
-    // The value in hundredths: its digits up to the second decimal, rounded by the digit behind.
-    const int kept = d.exponent + 3;
-    std::string hundredths;
-    if (kept >= 0) {
-        const auto count = static_cast<std::size_t>(kept);
-        hundredths = d.digits.substr(0, count);
-        hundredths.resize(count, '0');
-        if (count < d.digits.size() && d.digits[count] >= '5') {
-            hundredths = plusOne(hundredths);
-        }
-    }
-    if (hundredths.size() < 3) {
-        hundredths.insert(0, 3 - hundredths.size(), '0');
-    }
-    const bool zero = hundredths.find_first_not_of('0') == std::string::npos;
-    hundredths.insert(hundredths.size() - 2, ".");
-    return QString::fromStdString((d.negative && !zero ? "-" : "") + hundredths);
+    const bool whole = size >= kExactlyWhole;
+    const double hundredths = whole ? size : std::round(readable(size * 100));
+    QString text = hundredths < kExactlyWhole ? QString::number(std::llround(hundredths))
+                                              : QString::number(hundredths, 'f', QLocale::FloatingPointShortest);
+    text = whole ? text + u"00"_s : text.rightJustified(3, u'0');
+    text.insert(text.size() - 2, u'.');
+    return value < 0 && hundredths > 0 ? u'-' + text : text;
 }
 
-double asRead(double value) {
-    constexpr double fifteenDigits = 1e15;
-    if (value == std::trunc(value) && std::fabs(value) < fifteenDigits) {
+double readable(double value) {
+    if (value == std::trunc(value) && std::fabs(value) < kExactlyWhole) {
         return value;  // most of an import are whole numbers, which need no digits left out
     }
-    return std::isfinite(value) ? QString::fromStdString(scientific(value)).toDouble() : value;
+    std::array<char, 32> text{};
+    const auto end =
+        std::to_chars(text.begin(), text.end(), value, std::chars_format::scientific, kSignificantDigits - 1).ptr;
+    double read = std::copysign(std::numeric_limits<double>::infinity(), value);  // if that is too large a number
+    std::from_chars(text.begin(), end, read);
+    return read;
 }
 
 }  // namespace kelvora

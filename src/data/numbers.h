@@ -31,6 +31,6 @@ QString twoDecimals(double value);
 
 /// The value at 15 significant digits, as a person reads it: weights are compared and summed in this form, so that
 /// 0.1 and 0.2 fit a total of 0.3.
-double asRead(double value);
+double readable(double value);
 
 }  // namespace kelvora

@@ -1,6 +1,5 @@
 #include "data/result_set.h"
 
-#include "data/dates.h"
 #include "data/numbers.h"
 
 #include <algorithm>
@@ -41,7 +40,7 @@ std::optional<double> ResultSet::number(int row, QStringView name) const {
 }
 
 QDate ResultSet::date(int row, QStringView name) const {
-    return fromIsoText(text(row, name));
+    return QDate::fromString(text(row, name), Qt::ISODate);
 }
 
 ResultSet keyed(ResultSet result, QStringView key) {

@@ -45,41 +45,4 @@ const std::vector<Table>& tables() {
     return all;
 }
 
-std::vector<std::string> schemaStatements() {
-    std::vector<std::string> statements;
-    for (const Table& table : tables()) {
-        std::string columns;
-        for (const char* column : table.columns) {
-            columns += (columns.empty() ? "" : ", ") + std::string(column);
-        }
-        if (*table.key != '\0') {
-            columns += ", PRIMARY KEY (" + std::string(table.key) + ")";
-        }
-        statements.push_back("CREATE TABLE " + std::string(table.name) + " (" + columns + ")");
-    }
-    // The date index answers the yearly reports from the index alone; the others serve the finder and the deletes.
-    statements.insert(
-        statements.end(),
-        {"CREATE INDEX operation_by_date ON fishoperation(optdate, portid, fishing_method, areaid, vesselid, estotal)",
-         "CREATE INDEX operation_by_port ON fishoperation(portid)",
-         "CREATE INDEX operation_by_method ON fishoperation(fishing_method)",
-         "CREATE INDEX operation_by_area ON fishoperation(areaid)",
-         "CREATE INDEX operation_by_vessel ON fishoperation(vesselid)",
-         // A report of one port, method or area in a year. Those above stay: by them a finder's operations come in the
-         // order of their numbers.
-         "CREATE INDEX operation_by_port_and_date ON fishoperation(portid, optdate)",
-         "CREATE INDEX operation_by_method_and_date ON fishoperation(fishing_method, optdate)",
-         "CREATE INDEX operation_by_area_and_date ON fishoperation(areaid, optdate)",
-         "CREATE INDEX vessel_by_name ON vessel(vesselname, vesselid)",
-         // An import looks for every species of its file.
-         "CREATE INDEX species_by_epithet ON fish(fishname)",
-         "CREATE INDEX composition_by_species ON group_composition(optid, spid, estotal)",
-         "CREATE INDEX length_class_by_sample ON length_detail(optid, spid)",
-         "INSERT INTO gonad_stage VALUES (1, 'Immature'), (2, 'Maturing'), (3, 'Ripe'), (4, 'Spawning'), (5, 'Spent')",
-         "INSERT INTO kelvora_user VALUES ('Administrator', 'kelvora', 'Administrator')",
-         "PRAGMA application_id = " + std::to_string(kApplicationId),
-         "PRAGMA user_version = " + std::to_string(kSchemaVersion)});
-    return statements;
-}
-
 }  // namespace kelvora

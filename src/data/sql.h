@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <variant>
 #include <vector>
 
@@ -26,7 +25,7 @@ public:
             quotes += c == '\'' ? 1 : 0;
         }
         if (quotes % 2 != 0) {
-            throw "a text value brings its own quotes: leave them out of the literal";
+            throw "a value needs no quotes: leave them out of the literal";
         }
     }
 
@@ -40,10 +39,9 @@ private:
 ///
 ///     Sql("select * from state where statename = ") << name
 ///
-/// Whole numbers and numbers are written bare (numbers in plain decimal text of at most 15 significant digits), texts
-/// between single quotes with their own quotes doubled, dates as ISO text between single quotes. U+0000 is left out of
-/// texts, since no statement can carry it. A number that is not finite throws std::invalid_argument.
-/// A raw string does not compile.
+/// The values are bound: in the statement stands "?" for each of them. Numbers have at most 15 significant digits, and
+/// a whole one is a whole number for the engine too; dates are ISO text. U+0000 is left out of texts, since no other
+/// program expects it in one. A number that is not finite throws std::invalid_argument. A raw string does not compile.
 class Sql {
 public:
     explicit Sql(Literal piece) : m_text(piece.text()) {}
@@ -54,38 +52,33 @@ public:
 
     template <std::same_as<QString> Text>
     friend Sql operator<<(Sql left, const Text& value) {
-        left.appendText(value);
+        left.bind(QString(value).remove(QChar(u'\0')).toStdString());
         return left;
     }
     template <std::integral Integer>
     requires(!std::same_as<Integer, bool> && !std::same_as<Integer, char>) friend Sql operator<<(Sql left,
                                                                                                  Integer value) {
-        left.append(std::to_string(value), static_cast<std::int64_t>(value));
+        left.bind(static_cast<std::int64_t>(value));
         return left;
     }
     template <std::floating_point Number>
     friend Sql operator<<(Sql left, Number value) {
-        left.appendNumber(value);
+        left.bindNumber(value);
         return left;
     }
 
-    /// The statement, UTF-8.
-    [[nodiscard]] const std::string& text() const { return m_text; }
-
     using Value = std::variant<std::int64_t, double, std::string>;
 
-    /// The statement with "?" in the place of each value, and these values: statements of one form are prepared once.
-    [[nodiscard]] std::string form() const;
+    /// The statement as it is prepared (UTF-8), and the values for its "?".
+    [[nodiscard]] const std::string& prepared() const { return m_text; }
     [[nodiscard]] const std::vector<Value>& values() const { return m_values; }
 
 private:
-    void append(const std::string& written, Value value);
-    void appendText(const QString& value);
-    void appendNumber(double value);
+    void bind(Value value);
+    void bindNumber(double value);
 
     std::string m_text;
     std::vector<Value> m_values;
-    std::vector<std::pair<std::size_t, std::size_t>> m_places;  ///< of each value in the text: begin and length
 };
 
 }  // namespace kelvora

@@ -1,6 +1,5 @@
 #include "data/store.h"
 
-#include "data/schema.h"
 #include "data/store_files.h"
 
 #include <QCoreApplication>
@@ -18,6 +17,20 @@ using namespace Qt::StringLiterals;
 
 namespace kelvora {
 namespace {
+
+/// Marks a file as one of this program ("KELV").
+constexpr quint32 kApplicationId = 0x4B454C56;
+/// Counts up whenever the tables change.
+constexpr quint32 kSchemaVersion = 1;
+
+/// The statements that make an empty file a data file: tables, indexes, maturity stages, the first account.
+QByteArray schema() {
+    QFile file(u":/schema.sql"_s);
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("the tables are not in the program");
+    }
+    return file.readAll();
+}
 
 /// The place of the data file hinders, not the file: what to say of it until that is mended.
 class Hindrance : public DataError {
@@ -55,9 +68,8 @@ void create(const QString& path) {
     try {
         SQLite::Database database(unfinished.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
         SQLite::Transaction transaction(database);
-        for (const std::string& statement : schemaStatements()) {
-            database.exec(statement);
-        }
+        database.exec(schema().toStdString() + "; PRAGMA application_id=" + std::to_string(kApplicationId) +
+                      "; PRAGMA user_version=" + std::to_string(kSchemaVersion));
         transaction.commit();
     } catch (const SQLite::Exception& e) {
         QFile::remove(unfinished);
@@ -113,18 +125,27 @@ private:
     }
 };
 
-/// What is wrong with the tables of a file; empty if nothing is.
-QString tableFault(Connection& connection) {
-    for (const Table& table : tables()) {
-        const QString name = QString::fromLatin1(table.name);
-        const ResultSet found = connection.query(Sql("select name from pragma_table_info(") << name << ")");
-        bool same = found.rowCount() == static_cast<int>(table.columns.size());
-        for (int i = 0; same && i < found.rowCount(); ++i) {
-            const QString declared = QString::fromLatin1(table.columns[static_cast<std::size_t>(i)]);
-            same = found.text(i, u"name") == declared.section(u' ', 0, 0);
+/// The columns of each table of a new file, in their order.
+std::vector<std::pair<QString, QStringList>> newTables() {
+    std::vector<std::pair<QString, QStringList>> found;
+    for (const QString& line : QString::fromUtf8(schema()).split(u'\n')) {
+        const QStringList words = line.split(u' ', Qt::SkipEmptyParts);
+        if (line.startsWith(u"CREATE TABLE ")) {
+            found.emplace_back(words[2], QStringList());
+        } else if (line.startsWith(u"    ") && words[0] != u"PRIMARY") {
+            found.back().second.append(words[0]);
         }
-        if (!same) {
-            return u"its table %1 is not as it should be"_s.arg(name);
+    }
+    return found;
+}
+
+/// What is wrong with the tables of a file; empty if nothing is. Further tables are nobody's business.
+QString tableFault(Connection& connection) {
+    for (const auto& [table, columns] : newTables()) {
+        const ResultSet found =
+            connection.query(Sql("SELECT group_concat(name, ' ') AS columns FROM pragma_table_info(") << table << ")");
+        if (found.text(0, u"columns") != columns.join(u' ')) {
+            return u"its table %1 is not as it should be"_s.arg(table);
         }
     }
     return {};

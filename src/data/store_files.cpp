@@ -4,9 +4,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 
 #include <algorithm>
 #include <filesystem>
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -79,6 +81,28 @@ QString copyAside(const QString& path, const QString& copy) {
 void removeCopy(const QString& copy) {
     for (const QLatin1String ending : {QLatin1String(), kJournal, kLog, kLogIndex}) {
         QFile::remove(copy + ending);
+    }
+}
+
+QString withCsvEnding(const QString& path) {
+    if (!QFileInfo(path).suffix().isEmpty()) {
+        return path;
+    }
+    return path + (path.endsWith(u'.') ? u"csv"_s : u".csv"_s);
+}
+
+void writeWholeFile(const QString& path, const QByteArray& bytes, const QString& refusal, const QString& databasePath) {
+    const auto refuse = [&](const QString& reason) {
+        throw std::runtime_error(u"%1: %2.\n\n%3"_s.arg(refusal, reason, QDir::toNativeSeparators(path)).toStdString());
+    };
+    if (belongsToDataFile(path, databasePath)) {
+        refuse(u"this is a data file, or belongs to one. Please choose another name"_s);
+    }
+    QSaveFile file(path);
+    // A commit alone does not notice that the last bytes, written when the file is closed, found no room on the disk.
+    const bool written = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(bytes) == bytes.size();
+    if (!written || !file.commit()) {
+        refuse(file.errorString());
     }
 }
 

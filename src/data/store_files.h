@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 namespace kelvora {
@@ -24,5 +25,13 @@ bool setAside(const QString& path, const QStringList& endings);
 /// is not possible; nothing if it was.
 QString copyAside(const QString& path, const QString& copy);
 void removeCopy(const QString& copy);
+
+/// A path as typed, with ".csv" behind it where no ending was typed.
+QString withCsvEnding(const QString& path);
+
+/// Writes a file. A file that was there is replaced only when the new one is complete. When it cannot be written,
+/// throws std::runtime_error with the refusal, the reason and the path; so it does for what belongs to the data file,
+/// which is named because nothing that the sampler writes may replace it.
+void writeWholeFile(const QString& path, const QByteArray& bytes, const QString& refusal, const QString& databasePath);
 
 }  // namespace kelvora

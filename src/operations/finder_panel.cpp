@@ -2,9 +2,8 @@
 
 #include "controls/dialogs.h"
 #include "controls/fields.h"
-#include "controls/guard.h"
 #include "controls/record_navigator.h"
-#include "controls/search_button.h"
+#include "controls/screen.h"
 #include "data/connection.h"
 #include "operations/search_fields.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/session.h"
+#include "controls/screen.h"
 #include "operations/operation_details.h"
 #include "records/operation_store.h"
 

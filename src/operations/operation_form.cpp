@@ -3,7 +3,7 @@
 #include "controls/bound_list.h"
 #include "controls/dialogs.h"
 #include "controls/fields.h"
-#include "controls/guard.h"
+#include "controls/screen.h"
 #include "data/connection.h"
 #include "operations/date_field.h"
 #include "operations/operation_details.h"

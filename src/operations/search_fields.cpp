@@ -2,7 +2,7 @@
 
 #include "controls/bound_list.h"
 #include "controls/fields.h"
-#include "controls/guard.h"
+#include "controls/screen.h"
 #include "data/connection.h"
 #include "records/operation_store.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "records/operation_store.h"
 #include "records/species.h"
-#include "records/stored_operation.h"
 
 #include <vector>
 

@@ -59,7 +59,7 @@ std::optional<double> gonadoSomaticIndex(double gonadWeight, double bodyWeight) 
         return std::nullopt;
     }
     const double index = gonadWeight / bodyWeight * 100;
-    return std::isfinite(index) ? std::optional(asRead(index)) : std::nullopt;
+    return std::isfinite(index) ? std::optional(readable(index)) : std::nullopt;
 }
 
 std::optional<FishRefusal> fishRefusal(const GonadFish& fish) {
@@ -77,7 +77,7 @@ double bodyWeightSum(const std::vector<GonadFish>& fish) {
     for (const GonadFish& one : fish) {
         sum += numberOf(one.bw);
     }
-    return asRead(sum);
+    return readable(sum);
 }
 
 QString samplingWeightText(double bodyWeights) {

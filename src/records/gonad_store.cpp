@@ -43,7 +43,7 @@ void storeWeight(Connection& connection, const GonadSample& sample, StoredPart& 
         connection.execute(Sql("insert into gonad values(")
                            << sample.operation.number << "," << sample.species.number << "," << share << ")");
     } else {
-        connection.execute(Sql("update gonad set samplingw = ") << asRead(part.before + share) << where);
+        connection.execute(Sql("update gonad set samplingw = ") << readable(part.before + share) << where);
     }
 }
 
@@ -73,7 +73,7 @@ void storeGonadSample(Connection& connection, const GonadSample& sample, StoredP
         ++next.fish;
         next.bodyWeights += bodyWeight(fish);
         const double share = &fish == &sample.fish.back() ? sample.samplingWeight
-                             : all > 0                    ? asRead(sample.samplingWeight * (next.bodyWeights / all))
+                             : all > 0                    ? readable(sample.samplingWeight * (next.bodyWeights / all))
                                                           : 0;
         storeWeight(connection, sample, next, share);
         const int number = nextFish(connection, sample.operation.number, sample.species.number);

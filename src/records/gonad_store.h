@@ -1,8 +1,8 @@
 #pragma once
 
 #include "records/gonad_fish.h"
+#include "records/operation_store.h"
 #include "records/species.h"
-#include "records/stored_operation.h"
 
 #include <functional>
 #include <vector>

@@ -7,7 +7,7 @@
 namespace kelvora {
 
 double LengthClass::middle() const {
-    return asRead((upper + lower) / 2);
+    return readable((upper + lower) / 2);
 }
 
 std::vector<LengthClass> classTable(double interval) {
@@ -21,7 +21,7 @@ std::vector<LengthClass> classTable(double interval) {
 }
 
 std::optional<LengthClass> classHolding(double length, double interval) {
-    const double read = asRead(length);
+    const double read = readable(length);
     const std::vector<LengthClass> table = classTable(interval);
     const auto found =
         std::ranges::find_if(table, [read](const LengthClass& c) { return c.lower <= read && read < c.upper; });
@@ -29,7 +29,7 @@ std::optional<LengthClass> classHolding(double length, double interval) {
 }
 
 LengthClass nextClass(double previousUpper, double interval) {
-    return {previousUpper, asRead(previousUpper + interval)};
+    return {previousUpper, readable(previousUpper + interval)};
 }
 
 }  // namespace kelvora

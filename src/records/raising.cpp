@@ -12,11 +12,11 @@ double raisingFactor(double total, double sample) {
 }
 
 double sampleWith(double sample, double weight) {
-    return asRead(sample + weight);
+    return readable(sample + weight);
 }
 
 double roomInGroup(double total, double sample) {
-    return asRead(total - sample);
+    return readable(total - sample);
 }
 
 std::optional<QString> weightProblem(const QString& typed) {

@@ -3,7 +3,7 @@
 #include "data/names.h"
 #include "data/transaction.h"
 #include "records/keys.h"
-#include "records/stored_operation.h"
+#include "records/operation_store.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 #include "reference/general_information_screen.h"
 
 #include "controls/dialogs.h"
-#include "controls/guard.h"
+#include "controls/screen.h"
 #include "records/places.h"
 #include "reference/general_tab.h"
 #include "reference/species_tab.h"

@@ -5,7 +5,7 @@
 #include "controls/fields.h"
 #include "controls/progress.h"
 #include "controls/text_table.h"
-#include "data/whole_file.h"
+#include "data/store_files.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>

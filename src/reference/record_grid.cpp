@@ -1,7 +1,7 @@
 #include "reference/record_grid.h"
 
-#include "controls/guard.h"
 #include "controls/record_navigator.h"
+#include "controls/screen.h"
 
 #include <QLayout>
 #include <QPushButton>

@@ -1,6 +1,6 @@
 #include "reference/reference_panel.h"
 
-#include "controls/guard.h"
+#include "controls/screen.h"
 
 #include <QAbstractButton>
 #include <QLineEdit>

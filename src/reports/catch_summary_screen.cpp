@@ -4,7 +4,6 @@
 #include "controls/captioned_grid.h"
 #include "controls/dialogs.h"
 #include "controls/fields.h"
-#include "controls/search_button.h"
 #include "data/numbers.h"
 #include "reports/report_chart.h"
 

@@ -1,7 +1,7 @@
 #include "reports/csv_export.h"
 
 #include "data/dates.h"
-#include "data/whole_file.h"
+#include "data/store_files.h"
 
 #include <QAbstractItemModel>
 

@@ -1,8 +1,8 @@
 #include "reports/report_chart.h"
 
 #include "controls/dialogs.h"
-#include "controls/guard.h"
-#include "data/whole_file.h"
+#include "controls/screen.h"
+#include "data/store_files.h"
 
 #include <QAction>
 #include <QBarSet>

@@ -85,7 +85,7 @@ std::vector<Place> lengthClasses(const QAbstractItemModel& table) {
         constexpr double rounding = 1e-6;
         const double missing = width > 0 ? std::floor((lower - end) / width + rounding) : 0;
         for (int i = 0; missing <= mostMissing && i < missing; ++i) {
-            places.push_back({plainText(asRead(end + i * width))});
+            places.push_back({plainText(readable(end + i * width))});
         }
         const QString limit = textAt(table, row, 0);
         const bool shared = textAt(table, row - 1, 0) == limit || textAt(table, row + 1, 0) == limit;
@@ -147,7 +147,7 @@ ReportPicture largestFirst(ReportPicture picture) {
             picture.groups.append(groups[place]);
             picture.series.front().values.push_back(value(place));
         } else {
-            others = asRead(others + value(place));
+            others = readable(others + value(place));
         }
     }
     if (groups.size() > kMostBars) {

@@ -3,8 +3,8 @@
 #include "controls/bound_list.h"
 #include "controls/dialogs.h"
 #include "controls/fields.h"
-#include "controls/guard.h"
-#include "data/whole_file.h"
+#include "controls/screen.h"
+#include "data/store_files.h"
 
 #include <QKeyEvent>
 #include <QLabel>

@@ -4,7 +4,7 @@
 #include "controls/captioned_grid.h"
 #include "controls/dialogs.h"
 #include "controls/fields.h"
-#include "controls/guard.h"
+#include "controls/screen.h"
 #include "data/numbers.h"
 #include "reports/report_chart.h"
 #include "reports/species_composition_report.h"

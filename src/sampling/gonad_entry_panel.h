@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/session.h"
+#include "controls/screen.h"
 #include "records/gonad_store.h"
 
 #include <QWidget>

@@ -3,7 +3,7 @@
 #include "controls/bound_list.h"
 #include "controls/dialogs.h"
 #include "controls/fields.h"
-#include "controls/guard.h"
+#include "controls/screen.h"
 #include "data/numbers.h"
 #include "operations/finder_panel.h"
 #include "operations/operation_line.h"

@@ -3,7 +3,7 @@
 #include "controls/captioned_grid.h"
 #include "controls/dialogs.h"
 #include "controls/fields.h"
-#include "controls/guard.h"
+#include "controls/screen.h"
 #include "controls/text_table.h"
 #include "records/gonad_import.h"
 

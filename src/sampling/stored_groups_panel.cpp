@@ -2,8 +2,8 @@
 
 #include "controls/captioned_grid.h"
 #include "controls/dialogs.h"
-#include "controls/guard.h"
 #include "controls/record_navigator.h"
+#include "controls/screen.h"
 #include "controls/text_table.h"
 #include "data/connection.h"
 #include "operations/finder_panel.h"

@@ -2,8 +2,8 @@
 
 #include "controls/captioned_grid.h"
 #include "controls/dialogs.h"
-#include "controls/guard.h"
 #include "controls/record_navigator.h"
+#include "controls/screen.h"
 #include "data/connection.h"
 #include "records/composition_store.h"
 #include "sampling/composition_summary.h"

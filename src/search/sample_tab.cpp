@@ -1,6 +1,6 @@
 #include "search/sample_tab.h"
 
-#include "controls/guard.h"
+#include "controls/screen.h"
 #include "data/connection.h"
 
 #include <QPushButton>

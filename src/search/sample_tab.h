@@ -1,6 +1,6 @@
 #pragma once
 
-#include "records/stored_operation.h"
+#include "records/operation_store.h"
 
 #include <QWidget>
 

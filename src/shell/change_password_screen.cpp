@@ -2,6 +2,7 @@
 
 #include "controls/dialogs.h"
 #include "controls/fields.h"
+#include "records/accounts.h"
 
 #include <QGridLayout>
 #include <QLineEdit>
@@ -22,7 +23,7 @@ QLineEdit* passwordField(const QString& text) {
 
 ChangePasswordScreen::ChangePasswordScreen(const Context& context)
     : Screen(u"CHANGE PASSWORD"_s, context),
-      m_db(context.databasePath),
+      m_connection(context.databasePath),
       m_userName(new QLineEdit(context.session.userName)),
       m_login(new QLineEdit(context.session.login)),
       m_password(passwordField(context.session.password)),
@@ -64,10 +65,7 @@ void ChangePasswordScreen::changePassword() {
         dialogs().message(u"ERROR"_s, u"Password not match please retry again"_s);
         return;
     }
-    const int accounts =
-        m_db.execute(Sql("update kelvora_user set passwd = ") << m_password->text() << ",uname = " << m_userName->text()
-                                                              << " where login = " << m_login->text());
-    if (accounts == 0) {
+    if (!changeAccount(m_connection, {m_login->text(), m_password->text(), m_userName->text()})) {
         dialogs().message(u"ERROR"_s,
                           u"There is no account '%1' any more: it was renamed or deleted elsewhere. The "
                           "password was not changed."_s.arg(m_login->text()));

@@ -18,7 +18,7 @@ public:
 private:
     void changePassword();
 
-    Connection m_db;
+    Connection m_connection;
     QLineEdit* m_userName;
     QLineEdit* m_login;
     QLineEdit* m_password;

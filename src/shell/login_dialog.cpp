@@ -2,9 +2,9 @@
 
 #include "controls/dialogs.h"
 #include "controls/fields.h"
-#include "controls/guard.h"
-#include "data/names.h"
+#include "controls/screen.h"
 #include "data/store.h"
+#include "records/accounts.h"
 
 #include <QCloseEvent>
 #include <QGridLayout>
@@ -107,16 +107,15 @@ void LoginDialog::signIn() {
     if (!m_connection) {
         throw DataError(m_line->text());
     }
-    const ResultSet account = rowsNamed(*m_connection, Sql("select * from kelvora_user where "),
-                                        {{"login", m_login->text()}, {"passwd", m_password->text()}});
-    if (account.isEmpty()) {
+    const std::optional<Account> account = accountOf(*m_connection, m_login->text(), m_password->text());
+    if (!account) {
         m_context.dialogs.message(u"Your Password not correct please Try again "_s);
         m_password->clear();
         return;
     }
-    m_context.session.login = account.text(0, u"login");
-    m_context.session.password = account.text(0, u"passwd");
-    m_context.session.userName = account.text(0, u"uname");
+    m_context.session.login = account->login;
+    m_context.session.password = account->password;
+    m_context.session.userName = account->userName;
     Q_EMIT signedIn();
 }
 

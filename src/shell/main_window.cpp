@@ -2,7 +2,6 @@
 
 #include "controls/dialogs.h"
 #include "controls/fields.h"
-#include "controls/guard.h"
 #include "controls/screen.h"
 #include "operations/operation_entry_screen.h"
 #include "reference/general_information_screen.h"

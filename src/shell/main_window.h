@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/session.h"
+#include "controls/screen.h"
 
 #include <QMainWindow>
 
@@ -11,8 +11,6 @@ class QMdiArea;
 class QMdiSubWindow;
 
 namespace kelvora {
-
-class Screen;
 
 /// The frame of the program: a toolbar for the five data-entry screens, menus for searching, the password and the
 /// reports, and the list of open screens. Each screen is open at most once.

@@ -1,6 +1,6 @@
 #include "shell/program.h"
 
-#include "controls/guard.h"
+#include "controls/screen.h"
 #include "shell/login_dialog.h"
 #include "shell/main_window.h"
 

@@ -1,7 +1,9 @@
 #include "controls/bound_list.h"
 #include "controls/fields.h"
+#include "controls/screen.h"
 #include "data/result_set.h"
 #include "support/screen_driver.h"
+#include "support/temporary_store.h"
 #include "support/test_main.h"
 
 #include <QAbstractItemView>
@@ -32,6 +34,7 @@ std::unique_ptr<ResultModel> ports() {
 class TestBoundList : public QObject {
     Q_OBJECT
 
+    test::TemporaryStore m_store;
     std::unique_ptr<QWidget> m_window;
     BoundList* m_list = nullptr;
     std::unique_ptr<QSignalSpy> m_chosen;
@@ -42,7 +45,7 @@ class TestBoundList : public QObject {
 
 private Q_SLOTS:
     void init() {
-        m_window = std::make_unique<QWidget>();
+        m_window = std::make_unique<Screen>(u"Test"_s, m_store.context());
         auto* form = new QGridLayout(m_window.get());
         m_list = new BoundList;
         addField(form, 0, 0, u" Port"_s, m_list);

@@ -1,4 +1,3 @@
-#include "controls/guard.h"
 #include "controls/progress.h"
 #include "controls/screen.h"
 #include "data/errors.h"

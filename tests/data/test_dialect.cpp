@@ -174,7 +174,7 @@ private Q_SLOTS:
             const Sql sql = Sql("select optid from fishoperation ") << before << 2004 << behind;
             QStringList found = m_store->rows(sql);
             found.sort();
-            QVERIFY2(found == QStringList({u"1"_s, u"4"_s, u"5"_s}), sql.text().c_str());
+            QVERIFY2(found == QStringList({u"1"_s, u"4"_s, u"5"_s}), sql.prepared().c_str());
             const QString plan = m_store->rows(Sql("explain query plan ") << sql).join(u'\n');
             QVERIFY2(plan.contains(u"operation_by_date (optdate>? AND optdate<?)"), qPrintable(plan));
         }

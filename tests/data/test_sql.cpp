@@ -16,22 +16,21 @@ private Q_SLOTS:
     void statementText() {
         const Sql sql = Sql("insert into t values(")
                         << 7 << "," << 10.25 << "," << u"O'Hara"_s << "," << QDate(2026, 11, 22) << ")";
-        QCOMPARE(sql.text(), std::string("insert into t values(7,10.25,'O''Hara','2026-11-22')"));
+        QCOMPARE(sql.prepared(), std::string("insert into t values(?,?,?,?)"));
+        QCOMPARE(sql.values(), (std::vector<Sql::Value>{std::int64_t{7}, 10.25, "O'Hara", "2026-11-22"}));
         QVERIFY_EXCEPTION_THROWN(Sql("select ") << std::numeric_limits<double>::infinity(), std::invalid_argument);
     }
 
-    /// Also where the dialect takes a statement apart. A null character is left out: no statement can carry it.
+    /// A null character is left out: no other program expects one.
     void hostileTextsRoundTrip() {
         for (const QString& text :
-             {u"'; drop table state; --"_s,
-              u"a & b year(optdate) = 2004 TRANSFORM sum(x) group by y PIVOT ' [x] \" \\ %;("_s,
+             {u"'; drop table state; --"_s, u"a & b ? year(optdate) = 2004 group by y ' [x] \" \\ %;("_s,
               u"ปลาทู 鯖 Ålesund مرسى"_s, QString(10'000, u'\''), u"a"_s + QChar(u'\0') + u"b' or '1' = '1"_s}) {
             test::TemporaryStore store;
             store.db().execute(Sql("insert into state values(1,") << text << ")");
             const QStringList whole{QString(text).remove(QChar(u'\0'))};
             QCOMPARE(store.rows(Sql("select statename from state where (statename = ") << text << ")"), whole);
-            QCOMPARE(store.rows(Sql("select statename & '' as joined from state where ") << text << " & '' = " << text),
-                     whole);
+            QCOMPARE(store.rows(Sql("select ") << text << " || '' from state where " << text << " = statename"), whole);
         }
     }
 
@@ -47,7 +46,7 @@ private Q_SLOTS:
         insert(2, u"?"_s, 0.1);
         insert(3, QString(), -1e15);
         const auto found = [&](const Sql& condition) {
-            return store.rows(Sql("select fishno, classinterval / 2, genus & ' ' & fishname as n from fish where ")
+            return store.rows(Sql("select fishno, classinterval / 2, genus || ' ' || fishname as n from fish where ")
                               << condition);
         };
         QCOMPARE(found(Sql("fishname = ") << u"YEAR"_s), QStringList{u"1|1.5|G year"_s});

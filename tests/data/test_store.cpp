@@ -131,6 +131,28 @@ private Q_SLOTS:
         QVERIFY(refusal(store.path()).contains(u"another program is using the data file"));
     }
 
+    /// As the first version made it, with a table that another program added: opened, and left as it is.
+    void aFileOfVersion1() {
+        test::TemporaryStore store;
+        const QString path = store.file(u"first.sqlite"_s);
+        QVERIFY(QFile::copy(u"" KELVORA_TEST_FILES "/kelvora_1_0.sqlite"_s, path));
+        QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner));
+        Connection(path).execute(Sql("create table port_weather (day text)"));
+        const QByteArray before = bytes(path);
+        QCOMPARE(prepareStore(path).line, QString());
+        QCOMPARE(bytes(path), before);
+        Connection first(path);
+        for (const Literal question :
+             {Literal("select m.name, c.* from sqlite_master m, pragma_table_info(m.name) c where m.type = 'table' and"
+                      " m.name <> 'port_weather' order by m.name, c.cid"),
+              Literal("select m.name, m.tbl_name, c.* from sqlite_master m, pragma_index_xinfo(m.name) c where m.type ="
+                      " 'index' order by m.name, c.seqno"),
+              Literal("select * from kelvora_user, gonad_stage order by stageid"), Literal("pragma application_id"),
+              Literal("pragma user_version")}) {
+            QCOMPARE(test::rows(first, Sql(question)), store.rows(question));
+        }
+    }
+
     void leftoversOfAFirstStart() {
         test::TemporaryStore store;
         const QString path = store.file(u"data.sqlite"_s);

@@ -51,18 +51,18 @@ void tryRows(const ImportLayout& layout, const std::vector<CsvRecord>& records) 
         const Vessel vessel = vesselOf(record.fields);
         const bool usable = unusableNumbers(vessel).isEmpty();
         for (const QString& number : {vessel.enginePower, vessel.length, vessel.size}) {
-            require(!usable || std::isfinite(asRead(toNumber(number).value())), "a vessel can be stored");
+            require(!usable || std::isfinite(readable(toNumber(number).value())), "a vessel can be stored");
         }
     }
 }
 
 void tryNumber(double value) {
     const QString text = plainText(value);
-    if (!std::isfinite(asRead(value))) {
+    if (!std::isfinite(readable(value))) {
         return;
     }
-    require(toNumber(text) == asRead(value), "a number is read as it was written");
-    require(text == plainText(asRead(value)), "a number is written in one way");
+    require(toNumber(text) == readable(value), "a number is read as it was written");
+    require(text == plainText(readable(value)), "a number is written in one way");
     const QString two = twoDecimals(value);
     require(two.size() >= 4 && two[two.size() - 3] == u'.', "two decimals");
     const std::optional<double> rounded = toNumber(two);
@@ -114,7 +114,7 @@ void trySql(const QByteArray& bytes) {
     require(db.query(Sql("select ") << text << " & '|' & " << text << " as t").text(0, u"t") == stored + u'|' + stored,
             "a text is a value in a join");
     const double value = numberOf(bytes);
-    if (const double read = asRead(value); std::isfinite(read)) {
+    if (const double read = readable(value); std::isfinite(read)) {
         const double found = db.query(Sql("select ") << value << " as n").number(0, u"n").value();
         // Numbers as they come in sampling are exact; of those with an exponent the engine misses the last digits.
         const bool everyday = value == 0 || (std::fabs(value) >= 1e-9 && std::fabs(value) < 1e21);

@@ -1,4 +1,5 @@
 #include "data/csv_reader.h"
+#include "data/dialect.h"
 #include "data/numbers.h"
 #include "records/gonad_fish.h"
 #include "records/gonad_import.h"
@@ -101,11 +102,11 @@ private Q_SLOTS:
                                                   {u"12"_s, u"heavy"_s, u"null"_s},
                                                   {u"1e300"_s, u"1e-300"_s, u"null"_s}}) {
             const Sql insert = insertFish(1, 2, 3, {{}, {}, {}, {}, body, {}, {}, gonad});
-            QCOMPARE(QString::fromStdString(insert.text()).section(u',', -1).chopped(1), stored);
+            QCOMPARE(QString::fromStdString(written(insert)).section(u',', -1).chopped(1), stored);
         }
         // What a file may hold: a stage with its name, a quote, a number with a unit, none at all, one too large.
         const GonadFish fish = {u"152mm"_s, u""_s, u"1e999"_s, u" 7.50"_s, u"50"_s, u"Fem'ale"_s, u"3-Ripe"_s, u"1"_s};
-        QCOMPARE(QString::fromStdString(insertFish(7, 2, 6, fish).text()),
+        QCOMPARE(QString::fromStdString(written(insertFish(7, 2, 6, fish))),
                  u"Insert into gonad_detail(optid,spid,samplingno,tl,bl,fl,sl,bw,sex,stage,gw,gsi) "
                  "values(7,2,6,152,0,0,7.5,50,'Fem''ale',3,1,2)"_s);
     }

@@ -1,4 +1,4 @@
-#include "data/whole_file.h"
+#include "data/store_files.h"
 #include "report_desk.h"
 #include "reports/csv_export.h"
 #include "support/test_main.h"

@@ -1,3 +1,0 @@
-#pragma once
-
-#include "records/operation_store.h"
