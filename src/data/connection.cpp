@@ -1,6 +1,5 @@
 #include "data/connection.h"
 
-#include "data/crosstab.h"
 #include "data/dialect.h"
 #include "data/functions.h"
 #include "data/transaction.h"
@@ -145,16 +144,6 @@ QString Connection::reasonOf(const SQLite::Exception& refusal) const {
 }
 
 ResultSet Connection::query(const Sql& sql) {
-    if (const auto crosstab = parseCrosstab(sql.text())) {
-        try {
-            return patiently([&] {
-                SQLite::Statement statement(*m_database, translate(crosstab->statement));
-                return pivoted(*crosstab, rowsOf(statement));
-            });
-        } catch (const SQLite::Exception& e) {
-            throw statementError(sql.text(), reasonOf(e));
-        }
-    }
     return run(sql, rowsOf);
 }
 

@@ -36,7 +36,7 @@ public:
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    /// The rows of a query, read to their end; crosstabs ("TRANSFORM … PIVOT …") included.
+    /// The rows of a query, read to their end.
     ResultSet query(const Sql& sql);
 
     /// The same as a model for a list, grid or navigator.

@@ -8,92 +8,75 @@ using namespace Qt::StringLiterals;
 namespace kelvora {
 namespace {
 
-/// Null before numbers before texts; texts as the database compares them.
-int compare(const QVariant& left, const QVariant& right) {
-    const auto rank = [](const QVariant& v) { return !v.isValid() ? 0 : v.typeId() == QMetaType::QString ? 2 : 1; };
-    const int kind = rank(left);
-    if (kind != rank(right)) {
-        return kind < rank(right) ? -1 : 1;
-    }
-    if (kind == 1) {
-        const double a = left.toDouble();
-        const double b = right.toDouble();
-        return a < b ? -1 : a > b ? 1 : 0;
-    }
-    return kind == 0 ? 0
-                     : compareText(*static_cast<const QString*>(left.constData()),
-                                   *static_cast<const QString*>(right.constData()));
+using Cells = std::vector<QVariant>;
+
+int rankOf(const QVariant& value) {
+    return !value.isValid() ? 0 : value.typeId() == QMetaType::QString ? 2 : 1;
 }
 
-/// Sets of values in the order of their columns.
-struct InOrder {
-    const std::vector<int>* directions;
+bool isBefore(const QVariant& left, const QVariant& right) {
+    if (const int rank = rankOf(left); rank != rankOf(right) || rank == 0) {
+        return rank < rankOf(right);
+    } else if (rank == 1) {
+        return left.toDouble() < right.toDouble();
+    }
+    return compareText(left.toString(), right.toString()) < 0;
+}
 
-    bool operator()(const std::vector<QVariant>& left, const std::vector<QVariant>& right) const {
-        for (std::size_t i = 0; i < left.size(); ++i) {
-            if (const int order = compare(left[i], right[i]) * (*directions)[i]; order != 0) {
-                return order < 0;
-            }
-        }
-        return false;
+struct InOrder {
+    bool operator()(const Cells& left, const Cells& right) const {
+        return std::ranges::lexicographical_compare(left, right, isBefore);
     }
 };
 
-using Keys = std::map<std::vector<QVariant>, std::size_t, InOrder>;
+/// The places of the keys in their order.
+using Places = std::map<Cells, std::size_t, InOrder>;
 
-/// Numbers the keys in their order.
-void number(Keys& keys) {
+void number(Places& places) {
     std::size_t next = 0;
-    for (auto& [key, position] : keys) {
-        position = next++;
+    for (auto& [key, place] : places) {
+        place = next++;
     }
 }
 
-void add(QVariant& cell, const QVariant& value, Crosstab::Aggregate aggregate) {
-    if (!value.isValid()) {
-        return;
-    }
-    if (aggregate == Crosstab::Aggregate::Count) {
-        cell = cell.toLongLong() + 1;
-    } else {
-        cell = cell.toDouble() + value.toDouble();
+void add(QVariant& sum, const QVariant& number) {
+    if (sum.isValid() && number.isValid()) {
+        const bool whole = sum.typeId() == QMetaType::LongLong && number.typeId() == QMetaType::LongLong;
+        sum = whole ? QVariant(sum.toLongLong() + number.toLongLong()) : sum.toDouble() + number.toDouble();
+    } else if (number.isValid()) {
+        sum = number;
     }
 }
 
 }  // namespace
 
-ResultSet pivoted(const Crosstab& crosstab, const ResultSet& rows) {
-    const std::size_t headings = crosstab.rowHeaders.size();
-    const std::vector<int> columnOrder{crosstab.columnOrder};
-    Keys rowKeys(InOrder{&crosstab.rowOrder});
-    Keys columnKeys(InOrder{&columnOrder});
-    // Where each row belongs; its position is known when all keys are.
-    std::vector<std::pair<const std::size_t*, const std::size_t*>> cells;
-    cells.reserve(rows.rows.size());
-    std::vector<QVariant> rowKey;
-    for (const auto& row : rows.rows) {
-        rowKey.assign(row.begin(), row.begin() + static_cast<std::ptrdiff_t>(headings));
-        cells.emplace_back(&rowKeys.try_emplace(rowKey).first->second,
-                           &columnKeys.try_emplace({row[headings]}).first->second);
+ResultSet crosstab(const ResultSet& groups, int rowColumns) {
+    const auto rowOf = [rowColumns](const Cells& group) { return Cells(group.begin(), group.begin() + rowColumns); };
+    const auto columnOf = [rowColumns](const Cells& group) {
+        return Cells{group[static_cast<std::size_t>(rowColumns)]};
+    };
+    Places rows;
+    Places columns;
+    for (const Cells& group : groups.rows) {
+        rows.try_emplace(rowOf(group));
+        columns.try_emplace(columnOf(group));
     }
-    number(rowKeys);
-    number(columnKeys);
+    number(rows);
+    number(columns);
 
-    ResultSet result;
-    for (const std::string& header : crosstab.rowHeaders) {
-        result.columns.push_back(QString::fromStdString(header));
+    ResultSet table{{groups.columns.begin(), groups.columns.begin() + rowColumns}, {}};
+    for (const auto& [key, place] : columns) {
+        table.columns.push_back(key[0].isValid() ? displayText(key[0]) : u"<>"_s);
     }
-    for (const auto& [key, position] : columnKeys) {
-        result.columns.push_back(key[0].isValid() ? displayText(key[0]) : u"<>"_s);
+    for (const auto& [key, place] : rows) {
+        table.rows.push_back(key);
+        table.rows.back().resize(table.columns.size());
     }
-    for (const auto& [key, position] : rowKeys) {
-        result.rows.push_back(key);
-        result.rows.back().resize(headings + columnKeys.size());
+    for (const Cells& group : groups.rows) {
+        Cells& row = table.rows[rows[rowOf(group)]];
+        add(row[static_cast<std::size_t>(rowColumns) + columns[columnOf(group)]], group.back());
     }
-    for (std::size_t i = 0; i < cells.size(); ++i) {
-        add(result.rows[*cells[i].first][headings + *cells[i].second], rows.rows[i][headings + 1], crosstab.aggregate);
-    }
-    return result;
+    return table;
 }
 
 }  // namespace kelvora

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <stdexcept>
 
 namespace kelvora {
 
@@ -130,19 +129,6 @@ std::string orderOfDistinct(const Tokens& tokens, const Clauses& found) {
     return order;
 }
 
-/// Takes " DESC" or " ASC" from the end of an order term; returns its direction.
-int takeDirection(std::string& term) {
-    const std::string text = lower(term);
-    if (text.ends_with(" desc")) {
-        term = trimmed(term.substr(0, term.size() - 5));
-        return -1;
-    }
-    if (text.ends_with(" asc")) {
-        term = trimmed(term.substr(0, term.size() - 4));
-    }
-    return 1;
-}
-
 }  // namespace
 
 std::string translate(const std::string& statement) {
@@ -161,60 +147,6 @@ std::string translate(const std::string& statement) {
     const std::string order =
         found.group != found.end ? behindBy(tokens, found.group, found.end) : orderOfDistinct(tokens, found);
     return joined(tokens, 0, found.end) + (order.empty() ? "" : " ORDER BY" + order);
-}
-
-std::optional<Crosstab> parseCrosstab(const std::string& statement) {
-    constexpr std::string_view keyword = "transform";
-    if (lower(trimmed(statement).substr(0, keyword.size())) != keyword) {
-        return std::nullopt;
-    }
-    const Tokens tokens = tokenize(statement);
-    const std::size_t transform = skipSpace(tokens, 0);
-    if (!isWord(tokens, transform, "transform")) {
-        return std::nullopt;
-    }
-    std::size_t select = transform;
-    while (select < tokens.size() && !isWord(tokens, select, "select")) {
-        ++select;
-    }
-    const Clauses found = clauses(tokens);
-    const std::size_t open = skipSpace(tokens, skipSpace(tokens, transform + 1) + 1);
-    if (found.from == found.end || found.group == found.end || found.pivot == found.end || !isMark(tokens, open, '(')) {
-        throw std::invalid_argument("malformed crosstab: " + statement);
-    }
-
-    Crosstab crosstab;
-    const bool count = isWord(tokens, skipSpace(tokens, transform + 1), "count");
-    if (!count && !isWord(tokens, skipSpace(tokens, transform + 1), "sum")) {
-        throw std::invalid_argument("a crosstab counts or sums: " + statement);
-    }
-    crosstab.aggregate = count ? Crosstab::Aggregate::Count : Crosstab::Aggregate::Sum;
-    const std::string aggregated = trimmed(joined(tokens, open + 1, closing(tokens, open)));
-    const std::string pivot = trimmed(joined(tokens, found.pivot + 1, found.end));
-
-    std::vector<std::string> rowExpressions;
-    std::string flat = "SELECT ";
-    for (const std::string& item : listed(joined(tokens, select + 1, found.from))) {
-        const auto [expression, alias] = withAlias(item);
-        rowExpressions.push_back(bare(expression));
-        crosstab.rowHeaders.push_back(alias.empty() ? expression : alias);
-        crosstab.rowOrder.push_back(1);
-        flat += expression + ", ";
-    }
-    crosstab.statement = flat + pivot + ", " + aggregated + " " + joined(tokens, found.from, found.group);
-
-    if (found.order != found.end) {
-        for (std::string term : listed(behindBy(tokens, found.order, std::min(found.pivot, found.end)))) {
-            const int direction = takeDirection(term);
-            const auto row = std::ranges::find(rowExpressions, bare(term));
-            if (row != rowExpressions.end()) {
-                crosstab.rowOrder[static_cast<std::size_t>(row - rowExpressions.begin())] = direction;
-            } else if (bare(term) == bare(pivot)) {
-                crosstab.columnOrder = direction;
-            }
-        }
-    }
-    return crosstab;
 }
 
 }  // namespace kelvora

@@ -27,7 +27,7 @@ public:
 
 protected:
     void search() override;
-    CsvText exported(int year) override;
+    QStringList exported(int year) override;
     [[nodiscard]] QString listed() const override;
 
 private:
@@ -35,17 +35,14 @@ private:
     QLayout* headingRow();
     void addOptions();
 
-    /// The number of the year's total as the screen shows it, in kg; 0 when none is shown.
-    [[nodiscard]] double shownTotal() const;
-
     void chooseGrouping(int option);
     void showGroups(const CatchGrouping& grouping, ResultSet groups);
     void showNoData();
     void draw(int year);
 
     SearchButton* m_search;
-    ValueLabel* m_records;
-    ValueLabel* m_total;
+    ValueLabel* m_recordsLabel;
+    ValueLabel* m_totalLabel;
     QGroupBox* m_optionFrame;
     QButtonGroup* m_options;
     ValueLabel* m_word;
@@ -53,6 +50,7 @@ private:
     Grid* m_grid;
     ReportChart* m_chart;
     std::unique_ptr<ResultModel> m_groups;  ///< what the grid shows
+    QString m_total;                        ///< of the year that was searched for, in kg as it is shown
     int m_chosen = 0;                       ///< the grouping whose option is selected
 };
 

@@ -1,11 +1,8 @@
 #include "reports/length_frequency_report_screen.h"
 
-#include "controls/captioned_grid.h"
-#include "controls/dialogs.h"
 #include "reports/length_frequency_report.h"
 #include "reports/report_chart.h"
 
-#include <QPushButton>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -16,52 +13,41 @@ namespace {
 
 constexpr int kWidth = 80;
 
-/// The columns of the length classes, and one of each month behind them.
-GridColumns columns(const std::vector<QString>& found) {
-    GridColumns columns{{u"Lower"_s, kWidth, Qt::AlignRight},
-                        {u"Upper"_s, kWidth, Qt::AlignRight},
-                        {u"Mid Length"_s, kWidth, Qt::AlignRight}};
-    for (auto month = static_cast<std::size_t>(kClassColumns); month < found.size(); ++month) {
-        columns.push_back({found[month], kWidth, Qt::AlignRight});
-    }
-    return columns;
+/// The columns of the length classes, without those of the months behind them.
+GridColumns ofClasses() {
+    return {{u"Lower"_s, kWidth, Qt::AlignRight},
+            {u"Upper"_s, kWidth, Qt::AlignRight},
+            {u"Mid Length"_s, kWidth, Qt::AlignRight}};
 }
 
 }  // namespace
 
 LengthFrequencyReportScreen::LengthFrequencyReportScreen(const Context& context)
-    : SpeciesReportScreen(u"Length Frequency Report"_s, context, lengthYears(), lengthSpecies()),
+    : SpeciesReportScreen(u"Length Frequency Report"_s, context, lengthYears()),
       m_grid(new Grid(u"Result"_s, this)),
       m_chart(new ReportChart(context, this)) {
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(12);
     layout->addLayout(choiceRow());
     layout->addWidget(besideTable(m_grid, m_chart), 1);
-    m_grid->showBlank(columns({}));
+    m_grid->showBlank(ofClasses());
 }
 
-void LengthFrequencyReportScreen::showReport(int year, int fishno) {
+bool LengthFrequencyReportScreen::showReport(int year, int fishno) {
     ResultSet found = lengthsByMonth(db(), year, fishno);
-    exportButton()->setEnabled(!found.isEmpty());
-    if (found.isEmpty()) {
-        m_grid->showBlank(columns({}));
-        m_chart->draw({});
-        showsNothing();
-        dialogs().message(u"RESULT"_s, u"No data in this year"_s);
-        return;
+    const bool any = !found.isEmpty();
+    GridColumns columns = ofClasses();
+    for (std::size_t month = columns.size(); month < found.columns.size(); ++month) {
+        columns.push_back({found.columns[month], kWidth, Qt::AlignRight});
     }
-    GridColumns shown = columns(found.columns);
-    m_grid->show(std::make_unique<ResultModel>(std::move(found)), std::move(shown));
-    showsListed();
-    ReportPicture picture = histogramOf(*m_grid->model());
-    picture.title = u"Length frequency %1, %2"_s.arg(year).arg(speciesText());
-    picture.groupTitle = u"Lower limit of the length class (cm)"_s;
-    picture.valueTitle = u"Number of fish"_s;
-    m_chart->draw(std::move(picture));
+    showFound(m_grid, std::move(found), std::move(columns), ofClasses());
+    m_chart->draw(titled(histogramOf(*m_grid->model()), u"Length frequency "_s + listed(),
+                         u"Lower limit of the length class (cm)"_s, u"Number of fish"_s));
+    return any;
 }
 
-CsvText LengthFrequencyReportScreen::exported(int year) {
-    return lengthFrequencyCsv(year, speciesText(), *m_grid->model(), QDate::currentDate());
+QStringList LengthFrequencyReportScreen::exported(int year) {
+    return exportOf(u"Length Frequency data In %1"_s.arg(year), *m_grid);
 }
 
 }  // namespace kelvora

@@ -4,7 +4,6 @@
 
 namespace kelvora {
 
-class Grid;
 class ReportChart;
 
 /// How many fish of each length class were measured in each month of a year.
@@ -15,8 +14,8 @@ public:
     explicit LengthFrequencyReportScreen(const Context& context);
 
 protected:
-    void showReport(int year, int fishno) override;
-    CsvText exported(int year) override;
+    bool showReport(int year, int fishno) override;
+    QStringList exported(int year) override;
 
 private:
     Grid* m_grid;

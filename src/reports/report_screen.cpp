@@ -5,6 +5,7 @@
 #include "controls/fields.h"
 #include "controls/guard.h"
 #include "data/whole_file.h"
+#include "reports/csv_export.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -45,13 +46,8 @@ void ReportScreen::watch(const BoundList* list) {
     connect(list->lineEdit(), &QLineEdit::textChanged, this, &ReportScreen::compareRows);
 }
 
-void ReportScreen::showsListed() {
-    m_shown = listed();
-    compareRows();
-}
-
-void ReportScreen::showsNothing() {
-    m_shown.clear();
+void ReportScreen::showsListed(bool any) {
+    m_shown = any ? listed() : QString();
     compareRows();
 }
 

@@ -6,6 +6,7 @@
 #include "controls/fields.h"
 #include "controls/guard.h"
 #include "data/numbers.h"
+#include "reports/csv_export.h"
 #include "reports/report_chart.h"
 #include "reports/species_composition_report.h"
 
@@ -28,6 +29,10 @@ GridColumns columns() {
             {u"%Composition"_s, 133, Qt::AlignRight}};
 }
 
+/// The columns of the choices that a list needs.
+const QString kName = u"name"_s;
+const QString kKey = u"key"_s;
+
 const CompositionSubset& subsetAt(int option) {
     return compositionSubsets().at(static_cast<std::size_t>(option));
 }
@@ -37,7 +42,7 @@ const CompositionSubset& subsetAt(int option) {
 SpeciesCompositionReportScreen::SpeciesCompositionReportScreen(const Context& context)
     : ReportScreen(u"Species Composition Report"_s, context, compositionYears()),
       m_search(new QPushButton(u"&Search"_s, this)),
-      m_total(new ValueLabel(this)),
+      m_totalLabel(new ValueLabel(this)),
       m_optionFrame(new QGroupBox(u"Species composition of"_s, this)),
       m_options(new QButtonGroup(this)),
       m_message(new QLabel(this)),
@@ -65,10 +70,10 @@ QLayout* SpeciesCompositionReportScreen::yearRow() {
     searchOn(m_search);
     row->addWidget(m_search, 0, 2);
     row->setColumnMinimumWidth(3, 24);
-    QFont bold = m_total->font();
+    QFont bold = m_totalLabel->font();
     bold.setBold(true);
-    m_total->setFont(bold);
-    addField(row, 0, 4, u"Total catch of this year(kg.)"_s, m_total);
+    m_totalLabel->setFont(bold);
+    addField(row, 0, 4, u"Total catch of this year(kg.)"_s, m_totalLabel);
     row->setColumnStretch(5, 1);
     return row;
 }
@@ -120,7 +125,8 @@ void SpeciesCompositionReportScreen::search() {
         showNoData(*chosen);
         return;
     }
-    m_total->setText(compositionTotal(db(), *chosen));
+    m_total = compositionTotal(db(), *chosen);
+    m_totalLabel->setText(m_total);
     m_message->setText(u"click option button to see data"_s);
     for (QAbstractButton* option : m_options->buttons()) {
         option->setEnabled(true);
@@ -128,7 +134,8 @@ void SpeciesCompositionReportScreen::search() {
 }
 
 void SpeciesCompositionReportScreen::showNoData(int year) {
-    m_total->clear();
+    m_total.clear();
+    m_totalLabel->clear();
     m_message->setText(u"No data in %1"_s.arg(year));
     m_selected = -1;
     selectOption(m_selected);
@@ -155,7 +162,7 @@ void SpeciesCompositionReportScreen::chooseOption(int option) {
         BoundList* choices = m_choices[static_cast<std::size_t>(option)];
         choices->setEnabled(found->rowCount() > 0);
         if (found->rowCount() > 0) {
-            choices->setSource(std::move(found), subset.shown, subset.key);
+            choices->setSource(std::move(found), kName, kKey);
         } else {
             choices->setText(u"No data"_s);
         }
@@ -190,7 +197,7 @@ void SpeciesCompositionReportScreen::showComposition(int option) {
     if (!choice.isValid() || !chosen) {
         return;
     }
-    ResultSet found = compositionOf(db(), subsetAt(option), *chosen, choice, leadingNumber(m_total->text()));
+    ResultSet found = compositionOf(db(), subsetAt(option), *chosen, choice, leadingNumber(m_total));
     exportButton()->setEnabled(!found.isEmpty());
     if (found.isEmpty()) {
         showNoSpecies();
@@ -205,15 +212,13 @@ void SpeciesCompositionReportScreen::showComposition(int option) {
 void SpeciesCompositionReportScreen::showNoSpecies() {
     m_grid->showBlank(columns());
     m_chart->draw({});
-    showsNothing();
+    showsListed(false);
 }
 
 void SpeciesCompositionReportScreen::draw(int year, const QString& selection) {
-    ReportPicture picture = largestFirst(barsOf(*m_grid->model(), 1));
-    picture.title = u"Species composition %1, %2"_s.arg(year).arg(selection);
-    picture.groupTitle = u"Species"_s;
-    picture.valueTitle = u"Estimated catch (kg)"_s;
-    m_chart->draw(std::move(picture));
+    m_chart->draw(titled(largestFirst(barsOf(*m_grid->model(), 1)),
+                         u"Species composition %1, %2"_s.arg(year).arg(selection), u"Species"_s,
+                         u"Estimated catch (kg)"_s));
 }
 
 /// The selected option and what was chosen for it; empty when none is selected.
@@ -229,7 +234,7 @@ void SpeciesCompositionReportScreen::refillChoices() {
     BoundList* choices = m_selected < 0 ? nullptr : m_choices[static_cast<std::size_t>(m_selected)];
     if (choices != nullptr && choices->isEnabled()) {
         const CompositionSubset& subset = subsetAt(m_selected);
-        choices->refill(db().model(compositionChoices(subset, m_offered)), subset.shown, subset.key);
+        choices->refill(db().model(compositionChoices(subset, m_offered)), kName, kKey);
     }
 }
 
@@ -237,8 +242,12 @@ QString SpeciesCompositionReportScreen::listed() const {
     return u"%1, %2"_s.arg(yearList()->text(), selection());
 }
 
-CsvText SpeciesCompositionReportScreen::exported(int year) {
-    return compositionCsv(year, selection(), *m_grid->model(), QDate::currentDate());
+QStringList SpeciesCompositionReportScreen::exported(int year) {
+    QStringList titles{u"Species composition data In %1"_s.arg(year), exportDateLine(QDate::currentDate())};
+    if (m_selected >= 0) {
+        titles << selection();
+    }
+    return titles + csvTable(*m_grid->model());
 }
 
 }  // namespace kelvora
