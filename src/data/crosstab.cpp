@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 
 using namespace Qt::StringLiterals;
 
@@ -14,30 +15,18 @@ int rankOf(const QVariant& value) {
     return !value.isValid() ? 0 : value.typeId() == QMetaType::QString ? 2 : 1;
 }
 
-bool isBefore(const QVariant& left, const QVariant& right) {
-    if (const int rank = rankOf(left); rank != rankOf(right) || rank == 0) {
-        return rank < rankOf(right);
-    } else if (rank == 1) {
-        return left.toDouble() < right.toDouble();
+struct Before {
+    bool operator()(const QVariant& left, const QVariant& right) const {
+        const int rank = rankOf(left);
+        if (rank != rankOf(right) || rank == 0) {
+            return rank < rankOf(right);
+        }
+        return rank == 1 ? left.toDouble() < right.toDouble() : compareText(left.toString(), right.toString()) < 0;
     }
-    return compareText(left.toString(), right.toString()) < 0;
-}
-
-struct InOrder {
     bool operator()(const Cells& left, const Cells& right) const {
-        return std::ranges::lexicographical_compare(left, right, isBefore);
+        return std::ranges::lexicographical_compare(left, right, *this);
     }
 };
-
-/// The places of the keys in their order.
-using Places = std::map<Cells, std::size_t, InOrder>;
-
-void number(Places& places) {
-    std::size_t next = 0;
-    for (auto& [key, place] : places) {
-        place = next++;
-    }
-}
 
 void add(QVariant& sum, const QVariant& number) {
     if (sum.isValid() && number.isValid()) {
@@ -51,30 +40,24 @@ void add(QVariant& sum, const QVariant& number) {
 }  // namespace
 
 ResultSet crosstab(const ResultSet& groups, int rowColumns) {
-    const auto rowOf = [rowColumns](const Cells& group) { return Cells(group.begin(), group.begin() + rowColumns); };
-    const auto columnOf = [rowColumns](const Cells& group) {
-        return Cells{group[static_cast<std::size_t>(rowColumns)]};
-    };
-    Places rows;
-    Places columns;
+    std::map<Cells, std::map<QVariant, QVariant, Before>, Before> rows;
+    std::set<QVariant, Before> columns;
     for (const Cells& group : groups.rows) {
-        rows.try_emplace(rowOf(group));
-        columns.try_emplace(columnOf(group));
+        const auto column = group.begin() + rowColumns;
+        columns.insert(*column);
+        add(rows[Cells(group.begin(), column)][*column], group.back());
     }
-    number(rows);
-    number(columns);
 
     ResultSet table{{groups.columns.begin(), groups.columns.begin() + rowColumns}, {}};
-    for (const auto& [key, place] : columns) {
-        table.columns.push_back(key[0].isValid() ? displayText(key[0]) : u"<>"_s);
+    for (const QVariant& column : columns) {
+        table.columns.push_back(column.isValid() ? displayText(column) : u"<>"_s);
     }
-    for (const auto& [key, place] : rows) {
-        table.rows.push_back(key);
-        table.rows.back().resize(table.columns.size());
-    }
-    for (const Cells& group : groups.rows) {
-        Cells& row = table.rows[rows[rowOf(group)]];
-        add(row[static_cast<std::size_t>(rowColumns) + columns[columnOf(group)]], group.back());
+    for (const auto& [row, cells] : rows) {
+        table.rows.push_back(row);
+        for (const QVariant& column : columns) {
+            const auto cell = cells.find(column);
+            table.rows.back().push_back(cell == cells.end() ? QVariant() : cell->second);
+        }
     }
     return table;
 }

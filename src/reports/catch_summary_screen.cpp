@@ -58,7 +58,8 @@ CatchSummaryScreen::CatchSummaryScreen(const Context& context)
       m_word(figure(this)),
       m_kept(new QLabel(this)),
       m_grid(new Grid(u"Result"_s, this)),
-      m_chart(new ReportChart(context, this)) {
+      m_chart(new ReportChart(context, this)),
+      m_groups(withoutData(0)) {
     addOptions();
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(12);
@@ -71,15 +72,14 @@ CatchSummaryScreen::CatchSummaryScreen(const Context& context)
         fields.append(option);
     }
     setReadingOrder(fields << exportButton() << m_grid << m_chart);
-    showGroups(groupingAt(0), withoutData(0));
-    m_word->clear();
+    m_grid->show(std::make_unique<ResultModel>(m_groups), columnsOf(groupingAt(0)));
 }
 
 QLayout* CatchSummaryScreen::yearRow() {
     auto* row = new QGridLayout;
     row->setHorizontalSpacing(8);
     addField(row, 0, 0, u"Year"_s, yearList());
-    searchOn(m_search);
+    onClick(m_search, [this] { search(); });
     row->addWidget(m_search, 0, 2);
     row->setColumnMinimumWidth(3, 24);
     addField(row, 0, 4, u"Total Record"_s, m_recordsLabel);
@@ -162,13 +162,10 @@ void CatchSummaryScreen::chooseGrouping(int option) {
 
 /// Shows the rows of a grouping under its captions. A grouping without a row leaves the rows as they are.
 void CatchSummaryScreen::showGroups(const CatchGrouping& grouping, ResultSet groups) {
-    if (!groups.isEmpty() || m_groups == nullptr) {
-        auto model = std::make_unique<ResultModel>(std::move(groups));
-        m_grid->show(model.get(), columnsOf(grouping));
-        m_groups = std::move(model);
-    } else {
-        m_grid->show(m_groups.get(), columnsOf(grouping));
+    if (!groups.isEmpty()) {
+        m_groups = std::move(groups);
     }
+    m_grid->show(std::make_unique<ResultModel>(m_groups), columnsOf(grouping));
     m_word->setText(grouping.word);
     m_kept->clear();
 }

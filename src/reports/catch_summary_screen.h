@@ -4,8 +4,6 @@
 #include "reports/catch_summary.h"
 #include "reports/report_screen.h"
 
-#include <memory>
-
 class QButtonGroup;
 class QGroupBox;
 class QLabel;
@@ -49,9 +47,9 @@ private:
     QLabel* m_kept;  ///< says so when a grouping has no row and left rows and picture as they were
     Grid* m_grid;
     ReportChart* m_chart;
-    std::unique_ptr<ResultModel> m_groups;  ///< what the grid shows
-    QString m_total;                        ///< of the year that was searched for, in kg as it is shown
-    int m_chosen = 0;                       ///< the grouping whose option is selected
+    ResultSet m_groups;  ///< what the grid shows
+    QString m_total;     ///< of the year that was searched for, in kg as it is shown
+    int m_chosen = 0;    ///< the grouping whose option is selected
 };
 
 }  // namespace kelvora

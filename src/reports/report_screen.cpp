@@ -70,10 +70,6 @@ std::optional<int> ReportScreen::neededYear() const {
     return chosen;
 }
 
-void ReportScreen::searchOn(QAbstractButton* button) {
-    onClick(button, [this] { search(); });
-}
-
 void ReportScreen::searchOnEnterIn(BoundList* list) {
     // While rows are offered below the list, Enter in it does not reach the screen.
     connect(list, &BoundList::entered, this, guarded(dialogs(), [this] { search(); }));

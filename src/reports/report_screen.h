@@ -50,8 +50,6 @@ protected:
     /// The same for a step that cannot do without: asks the sampler for a year if there is none.
     [[nodiscard]] std::optional<int> neededYear() const;
 
-    /// Runs the search whenever a button is pressed.
-    void searchOn(QAbstractButton* button);
     /// Enter in a list runs the search, also while its rows are offered below it.
     void searchOnEnterIn(BoundList* list);
     /// Disabled until a report enables it.

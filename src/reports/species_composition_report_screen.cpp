@@ -29,10 +29,6 @@ GridColumns columns() {
             {u"%Composition"_s, 133, Qt::AlignRight}};
 }
 
-/// The columns of the choices that a list needs.
-const QString kName = u"name"_s;
-const QString kKey = u"key"_s;
-
 const CompositionSubset& subsetAt(int option) {
     return compositionSubsets().at(static_cast<std::size_t>(option));
 }
@@ -67,7 +63,7 @@ QLayout* SpeciesCompositionReportScreen::yearRow() {
     auto* row = new QGridLayout;
     row->setHorizontalSpacing(8);
     addField(row, 0, 0, u"Year"_s, yearList());
-    searchOn(m_search);
+    onClick(m_search, [this] { search(); });
     row->addWidget(m_search, 0, 2);
     row->setColumnMinimumWidth(3, 24);
     QFont bold = m_totalLabel->font();
@@ -137,8 +133,7 @@ void SpeciesCompositionReportScreen::showNoData(int year) {
     m_total.clear();
     m_totalLabel->clear();
     m_message->setText(u"No data in %1"_s.arg(year));
-    m_selected = -1;
-    selectOption(m_selected);
+    selectOption(m_selected = -1);
     for (QAbstractButton* option : m_options->buttons()) {
         option->setEnabled(false);
     }
@@ -156,13 +151,12 @@ void SpeciesCompositionReportScreen::chooseOption(int option) {
         if (!chosen) {
             return;
         }
-        const CompositionSubset& subset = subsetAt(option);
-        auto found = db().model(compositionChoices(subset, *chosen));
+        auto found = db().model(compositionChoices(subsetAt(option), *chosen));
         clearChoices();
         BoundList* choices = m_choices[static_cast<std::size_t>(option)];
         choices->setEnabled(found->rowCount() > 0);
         if (found->rowCount() > 0) {
-            choices->setSource(std::move(found), kName, kKey);
+            choices->setSource(std::move(found), u"name"_s, u"key"_s);
         } else {
             choices->setText(u"No data"_s);
         }
@@ -205,7 +199,9 @@ void SpeciesCompositionReportScreen::showComposition(int option) {
         return;
     }
     m_grid->show(std::make_unique<ResultModel>(std::move(found)), columns());
-    draw(*chosen, selection());
+    m_chart->draw(titled(largestFirst(barsOf(*m_grid->model(), 1)),
+                         u"Species composition %1, %2"_s.arg(*chosen).arg(selection()), u"Species"_s,
+                         u"Estimated catch (kg)"_s));
     showsListed();
 }
 
@@ -213,12 +209,6 @@ void SpeciesCompositionReportScreen::showNoSpecies() {
     m_grid->showBlank(columns());
     m_chart->draw({});
     showsListed(false);
-}
-
-void SpeciesCompositionReportScreen::draw(int year, const QString& selection) {
-    m_chart->draw(titled(largestFirst(barsOf(*m_grid->model(), 1)),
-                         u"Species composition %1, %2"_s.arg(year).arg(selection), u"Species"_s,
-                         u"Estimated catch (kg)"_s));
 }
 
 /// The selected option and what was chosen for it; empty when none is selected.
@@ -233,8 +223,7 @@ QString SpeciesCompositionReportScreen::selection() const {
 void SpeciesCompositionReportScreen::refillChoices() {
     BoundList* choices = m_selected < 0 ? nullptr : m_choices[static_cast<std::size_t>(m_selected)];
     if (choices != nullptr && choices->isEnabled()) {
-        const CompositionSubset& subset = subsetAt(m_selected);
-        choices->refill(db().model(compositionChoices(subset, m_offered)), kName, kKey);
+        choices->refill(db().model(compositionChoices(subsetAt(m_selected), m_offered)), u"name"_s, u"key"_s);
     }
 }
 

@@ -39,7 +39,6 @@ private:
     void clearChoices();
     void showComposition(int option);
     void showNoSpecies();
-    void draw(int year, const QString& selection);
     [[nodiscard]] QString selection() const;
 
     QPushButton* m_search;
