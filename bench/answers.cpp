@@ -85,15 +85,11 @@ std::string lengths(int species) {
            kOfTheYear + " AND spid = " + std::to_string(species) + " GROUP BY lower1, upper1, midlength1, m";
 }
 
-Statements gonads(int species) {
-    const std::string from = " FROM fishoperation o JOIN gonad_detail d ON d.optid = o.optid" + kOfTheYear +
-                             " AND spid = " + std::to_string(species);
-    Statements all = {"SELECT substr(optdate, 6, 2) AS m, sex, count(*)" + from + " GROUP BY m, sex"};
-    for (const char* sex : {"Female", "Male", "None"}) {
-        all.push_back("SELECT substr(optdate, 6, 2) AS m, stage, count(*)" + from + " AND sex = '" + sex +
-                      "' GROUP BY m, stage");
-    }
-    return all;
+std::string gonads(int species) {
+    return "SELECT substr(optdate, 6, 2) AS m, sex, stage, count(*) FROM fishoperation o JOIN gonad_detail d ON "
+           "d.optid = "
+           "o.optid" +
+           kOfTheYear + " AND spid = " + std::to_string(species) + " GROUP BY m, sex, stage";
 }
 
 Statements saved(const Statements& inserts) {

@@ -33,7 +33,8 @@ std::string compositionChoices(const std::string& name, const std::string& joine
 /// Species, weight and share of a choice.
 std::string composition(const std::string& joined, const std::string& condition);
 std::string lengths(int species);
-Statements gonads(int species);
+/// Fish by month, sex and stage: what the four tables of the gonad report are made of.
+std::string gonads(int species);
 
 /// Statements of a save, as one transaction.
 Statements saved(const Statements& inserts);

@@ -33,7 +33,7 @@ const std::vector<Grouping>& groupings() {
         {"guname || '[' || methodname || ']'", "guname || '[' || methodname || ']', methodid", methods,
          "o.fishing_method = 1", u"Gear 01[Method 01]"_s, 1},
         {"guname", "guname, g.gearid", methods, "g.gearid = 1", u"Gear 01"_s, 1},
-        {"substr(optdate, 6, 2)", "substr(optdate, 6, 2)", "", "substr(optdate, 6, 2) = '03'", u"March"_s, 3},
+        {"substr(optdate, 6, 2)", "substr(optdate, 6, 2)", "", "substr(optdate, 6, 2) = '03'", u"March"_s, u"3"_s},
         {"aname", "areaid", " JOIN fishing_area a ON a.aname = o.areaid", "o.areaid = 'Area 01'", u"Area 01"_s,
          u"Area 01"_s},
     };
@@ -82,15 +82,9 @@ void addData(std::vector<Action>& actions) {
     actions.push_back(data(u"length crosstab"_s,
                            [](Office& at) { lengthsByMonth(at.connection(), kLastYear, kCommonSpecies); },
                            {lengths(kCommonSpecies)}));
-    actions.push_back(data(
-        u"four gonad tables"_s,
-        [](Office& at) {
-            sexesByMonth(at.connection(), kLastYear, kCommonSpecies);
-            for (const Sex sex : {Sex::Female, Sex::Male, Sex::None}) {
-                stagesByMonth(at.connection(), kLastYear, kCommonSpecies, sex);
-            }
-        },
-        gonads(kCommonSpecies)));
+    actions.push_back(data(u"four gonad tables"_s,
+                           [](Office& at) { gonadTables(at.connection(), kLastYear, kCommonSpecies); },
+                           {gonads(kCommonSpecies)}));
 }
 
 struct Report {
@@ -186,7 +180,7 @@ std::vector<Action> reportActions() {
     addComposition(actions);
     addOfSpecies(actions, u"lengths"_s, {u"Length Frequency"_s, u"Length Frequency Report"_s},
                  {lengths(kCommonSpecies)});
-    addOfSpecies(actions, u"gonads"_s, {u"Gonad Maturity"_s, u"Gonad Matuarity Report"_s}, gonads(kCommonSpecies));
+    addOfSpecies(actions, u"gonads"_s, {u"Gonad Maturity"_s, u"Gonad Matuarity Report"_s}, {gonads(kCommonSpecies)});
     return actions;
 }
 

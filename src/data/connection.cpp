@@ -1,6 +1,5 @@
 #include "data/connection.h"
 
-#include "data/crosstab.h"
 #include "data/dialect.h"
 #include "data/functions.h"
 #include "data/transaction.h"
@@ -150,16 +149,6 @@ DataError Connection::failed(QStringView failure, const SQLite::Exception& refus
 }
 
 ResultSet Connection::query(const Sql& sql) {
-    if (const auto crosstab = parseCrosstab(written(sql))) {
-        try {
-            return patiently([&] {
-                SQLite::Statement statement(*m_database, translate(crosstab->statement));
-                return pivoted(*crosstab, rowsOf(statement));
-            });
-        } catch (const SQLite::Exception& e) {
-            throw failed(kNotRead, e);
-        }
-    }
     return run(sql, kNotRead, rowsOf);
 }
 

@@ -2,98 +2,64 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 
 using namespace Qt::StringLiterals;
 
 namespace kelvora {
 namespace {
 
-/// Null before numbers before texts; texts as the database compares them.
-int compare(const QVariant& left, const QVariant& right) {
-    const auto rank = [](const QVariant& v) { return !v.isValid() ? 0 : v.typeId() == QMetaType::QString ? 2 : 1; };
-    const int kind = rank(left);
-    if (kind != rank(right)) {
-        return kind < rank(right) ? -1 : 1;
-    }
-    if (kind == 1) {
-        const double a = left.toDouble();
-        const double b = right.toDouble();
-        return a < b ? -1 : a > b ? 1 : 0;
-    }
-    return kind == 0 ? 0
-                     : compareText(*static_cast<const QString*>(left.constData()),
-                                   *static_cast<const QString*>(right.constData()));
+using Cells = std::vector<QVariant>;
+
+int rankOf(const QVariant& value) {
+    return !value.isValid() ? 0 : value.typeId() == QMetaType::QString ? 2 : 1;
 }
 
-/// Sets of values in the order of their columns.
-struct InOrder {
-    const std::vector<int>* directions;
-
-    bool operator()(const std::vector<QVariant>& left, const std::vector<QVariant>& right) const {
-        for (std::size_t i = 0; i < left.size(); ++i) {
-            if (const int order = compare(left[i], right[i]) * (*directions)[i]; order != 0) {
-                return order < 0;
-            }
+struct Before {
+    bool operator()(const QVariant& left, const QVariant& right) const {
+        const int rank = rankOf(left);
+        if (rank != rankOf(right) || rank == 0) {
+            return rank < rankOf(right);
         }
-        return false;
+        return rank == 1 ? left.toDouble() < right.toDouble() : compareText(left.toString(), right.toString()) < 0;
+    }
+    bool operator()(const Cells& left, const Cells& right) const {
+        return std::ranges::lexicographical_compare(left, right, *this);
     }
 };
 
-using Keys = std::map<std::vector<QVariant>, std::size_t, InOrder>;
-
-/// Numbers the keys in their order.
-void number(Keys& keys) {
-    std::size_t next = 0;
-    for (auto& [key, position] : keys) {
-        position = next++;
-    }
-}
-
-void add(QVariant& cell, const QVariant& value, Crosstab::Aggregate aggregate) {
-    if (!value.isValid()) {
-        return;
-    }
-    if (aggregate == Crosstab::Aggregate::Count) {
-        cell = cell.toLongLong() + 1;
-    } else {
-        cell = cell.toDouble() + value.toDouble();
+void add(QVariant& sum, const QVariant& number) {
+    if (sum.isValid() && number.isValid()) {
+        const bool whole = sum.typeId() == QMetaType::LongLong && number.typeId() == QMetaType::LongLong;
+        sum = whole ? QVariant(sum.toLongLong() + number.toLongLong()) : sum.toDouble() + number.toDouble();
+    } else if (number.isValid()) {
+        sum = number;
     }
 }
 
 }  // namespace
 
-ResultSet pivoted(const Crosstab& crosstab, const ResultSet& rows) {
-    const std::size_t headings = crosstab.rowHeaders.size();
-    const std::vector<int> columnOrder{crosstab.columnOrder};
-    Keys rowKeys(InOrder{&crosstab.rowOrder});
-    Keys columnKeys(InOrder{&columnOrder});
-    // Where each row belongs; its position is known when all keys are.
-    std::vector<std::pair<const std::size_t*, const std::size_t*>> cells;
-    cells.reserve(rows.rows.size());
-    std::vector<QVariant> rowKey;
-    for (const auto& row : rows.rows) {
-        rowKey.assign(row.begin(), row.begin() + static_cast<std::ptrdiff_t>(headings));
-        cells.emplace_back(&rowKeys.try_emplace(rowKey).first->second,
-                           &columnKeys.try_emplace({row[headings]}).first->second);
+ResultSet crosstab(const ResultSet& groups, int rowColumns) {
+    std::map<Cells, std::map<QVariant, QVariant, Before>, Before> rows;
+    std::set<QVariant, Before> columns;
+    for (const Cells& group : groups.rows) {
+        const auto column = group.begin() + rowColumns;
+        columns.insert(*column);
+        add(rows[Cells(group.begin(), column)][*column], group.back());
     }
-    number(rowKeys);
-    number(columnKeys);
 
-    ResultSet result;
-    for (const std::string& header : crosstab.rowHeaders) {
-        result.columns.push_back(QString::fromStdString(header));
+    ResultSet table{{groups.columns.begin(), groups.columns.begin() + rowColumns}, {}};
+    for (const QVariant& column : columns) {
+        table.columns.push_back(column.isValid() ? displayText(column) : u"<>"_s);
     }
-    for (const auto& [key, position] : columnKeys) {
-        result.columns.push_back(key[0].isValid() ? displayText(key[0]) : u"<>"_s);
+    for (const auto& [row, cells] : rows) {
+        table.rows.push_back(row);
+        for (const QVariant& column : columns) {
+            const auto cell = cells.find(column);
+            table.rows.back().push_back(cell == cells.end() ? QVariant() : cell->second);
+        }
     }
-    for (const auto& [key, position] : rowKeys) {
-        result.rows.push_back(key);
-        result.rows.back().resize(headings + columnKeys.size());
-    }
-    for (std::size_t i = 0; i < cells.size(); ++i) {
-        add(result.rows[*cells[i].first][headings + *cells[i].second], rows.rows[i][headings + 1], crosstab.aggregate);
-    }
-    return result;
+    return table;
 }
 
 }  // namespace kelvora

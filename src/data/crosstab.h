@@ -1,14 +1,13 @@
 #pragma once
 
-#include "data/dialect.h"
 #include "data/result_set.h"
 
 namespace kelvora {
 
-/// Pivots the rows of a crosstab's statement: one row for each distinct set of row values, one column for each distinct
-/// pivot value (headed by it, "<>" for null), and in each cell the sum or count of the values that are not null; an
-/// empty cell where there is none. Rows and columns come in the crosstab's order, numbers by size, texts without regard
-/// to letter case.
-ResultSet pivoted(const Crosstab& crosstab, const ResultSet& rows);
+/// Spreads groups over columns. A group is its row, so many cells, then its column and a number: the table has one row
+/// for each row and one column for each column ("<>" for null) with the sum of the numbers in its cells, an empty cell
+/// where there is none. Both ascend, nulls before numbers before texts, texts without regard to letter case: of those
+/// that differ in nothing else the first one found is shown.
+ResultSet crosstab(const ResultSet& groups, int rowColumns);
 
 }  // namespace kelvora

@@ -2,14 +2,11 @@
 
 #include "data/distinct.h"
 #include "data/grouping.h"
-#include "data/numbers.h"
 #include "data/tokens.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <stdexcept>
-#include <unordered_map>
 
 namespace kelvora {
 
@@ -132,19 +129,6 @@ std::string orderOfDistinct(const Tokens& tokens, const Clauses& found) {
     return order;
 }
 
-/// Takes " DESC" or " ASC" from the end of an order term; returns its direction.
-int takeDirection(std::string& term) {
-    const std::string text = lower(term);
-    if (text.ends_with(" desc")) {
-        term = trimmed(term.substr(0, term.size() - 5));
-        return -1;
-    }
-    if (text.ends_with(" asc")) {
-        term = trimmed(term.substr(0, term.size() - 4));
-    }
-    return 1;
-}
-
 }  // namespace
 
 std::string translate(const std::string& statement) {
@@ -163,95 +147,6 @@ std::string translate(const std::string& statement) {
     const std::string order =
         found.group != found.end ? behindBy(tokens, found.group, found.end) : orderOfDistinct(tokens, found);
     return joined(tokens, 0, found.end) + (order.empty() ? "" : " ORDER BY" + order);
-}
-
-std::optional<Crosstab> parseCrosstab(const std::string& statement) {
-    constexpr std::string_view keyword = "transform";
-    if (lower(trimmed(statement).substr(0, keyword.size())) != keyword) {
-        return std::nullopt;
-    }
-    const Tokens tokens = tokenize(statement);
-    const std::size_t transform = skipSpace(tokens, 0);
-    if (!isWord(tokens, transform, "transform")) {
-        return std::nullopt;
-    }
-    std::size_t select = transform;
-    while (select < tokens.size() && !isWord(tokens, select, "select")) {
-        ++select;
-    }
-    const Clauses found = clauses(tokens);
-    const std::size_t open = skipSpace(tokens, skipSpace(tokens, transform + 1) + 1);
-    if (found.from == found.end || found.group == found.end || found.pivot == found.end || !isMark(tokens, open, '(')) {
-        throw std::invalid_argument("malformed crosstab: " + statement);
-    }
-
-    Crosstab crosstab;
-    const bool count = isWord(tokens, skipSpace(tokens, transform + 1), "count");
-    if (!count && !isWord(tokens, skipSpace(tokens, transform + 1), "sum")) {
-        throw std::invalid_argument("a crosstab counts or sums: " + statement);
-    }
-    crosstab.aggregate = count ? Crosstab::Aggregate::Count : Crosstab::Aggregate::Sum;
-    const std::string aggregated = trimmed(joined(tokens, open + 1, closing(tokens, open)));
-    const std::string pivot = trimmed(joined(tokens, found.pivot + 1, found.end));
-
-    std::vector<std::string> rowExpressions;
-    std::string flat = "SELECT ";
-    for (const std::string& item : listed(joined(tokens, select + 1, found.from))) {
-        const auto [expression, alias] = withAlias(item);
-        rowExpressions.push_back(bare(expression));
-        crosstab.rowHeaders.push_back(alias.empty() ? expression : alias);
-        crosstab.rowOrder.push_back(1);
-        flat += expression + ", ";
-    }
-    crosstab.statement = flat + pivot + ", " + aggregated + " " + joined(tokens, found.from, found.group);
-
-    if (found.order != found.end) {
-        for (std::string term : listed(behindBy(tokens, found.order, std::min(found.pivot, found.end)))) {
-            const int direction = takeDirection(term);
-            const auto row = std::ranges::find(rowExpressions, bare(term));
-            if (row != rowExpressions.end()) {
-                crosstab.rowOrder[static_cast<std::size_t>(row - rowExpressions.begin())] = direction;
-            } else if (bare(term) == bare(pivot)) {
-                crosstab.columnOrder = direction;
-            }
-        }
-    }
-    return crosstab;
-}
-
-std::string written(const Sql& sql) {
-    struct Writer {
-        std::string operator()(std::int64_t value) const { return std::to_string(value); }
-        std::string operator()(double value) const { return plainText(value).toStdString(); }
-        std::string operator()(const std::string& value) const {
-            return '\'' + QString::fromStdString(value).replace(u'\'', QLatin1String("''")).toStdString() + '\'';
-        }
-    };
-    std::string text;
-    std::size_t from = 0;
-    for (const Sql::Value& value : sql.values()) {
-        const std::size_t place = sql.prepared().find('?', from);
-        text.append(sql.prepared(), from, place - from).append(std::visit(Writer(), value));
-        from = place + 1;
-    }
-    return text.append(sql.prepared(), from);
-}
-
-RunnableSql translated(const Sql& sql) {
-    const std::string& text = sql.prepared();
-    if (lower(text).find("year") != std::string::npos) {
-        return {translate(written(sql)), {}};
-    }
-    constexpr std::size_t most = 256;
-    thread_local std::unordered_map<std::string, std::string> known;
-    auto found = known.find(text);
-    if (found == known.end()) {
-        if (known.size() >= most) {
-            known.clear();
-        }
-        found = known.emplace(text, translate(text)).first;
-    }
-    return {found->second, sql.values()};
 }
 
 }  // namespace kelvora

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "data/connection.h"
-#include "reports/csv_export.h"
 
 #include <vector>
 
@@ -9,17 +8,15 @@ namespace kelvora {
 
 /// What the operations of a year are counted and summed by.
 struct CatchGrouping {
-    QString option;          ///< caption of its option button
-    QString header;          ///< caption of the first column on the screen
-    QString catchHeader;     ///< caption of the third column on the screen
-    QString word;            ///< what the screen calls the grouping
-    QString exportWord;      ///< what the export calls it
-    Literal select;          ///< in front of the year's total
-    Literal selectExported;  ///< the same for the export, its columns called c1 to c4
-    Literal from;            ///< in front of the year
-    Literal groupBy;         ///< behind the year
-    Literal groupByExported;
-    bool byMonth = false;  ///< whether the first column holds the numbers of months
+    QString option;      ///< caption of its option button
+    QString header;      ///< caption of the first column on the screen
+    QString word;        ///< what the screen calls the grouping
+    QString exportWord;  ///< what the export calls it
+    Literal name;        ///< what a group is called
+    Literal groups;      ///< the columns that make a group, in whose order groups come
+    Literal joins;       ///< what stands beside an operation
+    Literal counted;     ///< operations that have this are counted
+    QString catchHeader = QStringLiteral("Total Catch(kg.)");  ///< caption of the third column on the screen
 };
 
 /// All groupings in the order of their option buttons; the first is shown by a search.
@@ -36,9 +33,9 @@ ResultSet catchTotals(Connection& connection, int year);
 /// reference row are not in it. Months are named in the system's language.
 ResultSet catchByGroup(Connection& connection, const CatchGrouping& grouping, int year, double total);
 
-/// The export of a grouping. The total is the text that the screen shows; it is written as it stands, and its number is
-/// what the shares refer to. Without a single group the export is empty.
-CsvText catchSummaryCsv(Connection& connection, const CatchGrouping& grouping, int year, const QString& total,
-                        const QDate& today);
+/// The lines of a grouping's export. The total is the text that the screen shows; it is written as it stands, and its
+/// number is what the shares refer to. Without a single group the export is empty.
+QStringList catchSummaryCsv(Connection& connection, const CatchGrouping& grouping, int year, const QString& total,
+                            const QDate& today);
 
 }  // namespace kelvora

@@ -27,11 +27,8 @@ GridColumns columnsOf(const CatchGrouping& grouping) {
 }
 
 /// A grid without data: the four columns, and a blank row if asked for.
-ResultSet withoutData(int rows) {
-    ResultSet empty;
-    empty.columns.resize(4);
-    empty.rows.resize(static_cast<std::size_t>(rows), std::vector<QVariant>(4));
-    return empty;
+ResultSet withoutData(std::size_t rows) {
+    return {std::vector<QString>(4), {rows, std::vector<QVariant>(4)}};
 }
 
 const CatchGrouping& groupingAt(int option) {
@@ -53,14 +50,15 @@ ValueLabel* figure(QWidget* parent) {
 CatchSummaryScreen::CatchSummaryScreen(const Context& context)
     : ReportScreen(u"Number of record and estimate total catch"_s, context, catchYears()),
       m_search(new SearchButton(this)),
-      m_records(figure(this)),
-      m_total(figure(this)),
+      m_recordsLabel(figure(this)),
+      m_totalLabel(figure(this)),
       m_optionFrame(new QGroupBox(u"Number of Record and estimate Total catch"_s, this)),
       m_options(new QButtonGroup(this)),
       m_word(figure(this)),
       m_kept(new QLabel(this)),
       m_grid(new Grid(u"Result"_s, this)),
-      m_chart(new ReportChart(context, this)) {
+      m_chart(new ReportChart(context, this)),
+      m_groups(withoutData(0)) {
     addOptions();
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(12);
@@ -73,20 +71,19 @@ CatchSummaryScreen::CatchSummaryScreen(const Context& context)
         fields.append(option);
     }
     setReadingOrder(fields << exportButton() << m_grid << m_chart);
-    showGroups(groupingAt(0), withoutData(0));
-    m_word->clear();
+    m_grid->show(std::make_unique<ResultModel>(m_groups), columnsOf(groupingAt(0)));
 }
 
 QLayout* CatchSummaryScreen::yearRow() {
     auto* row = new QGridLayout;
     row->setHorizontalSpacing(8);
     addField(row, 0, 0, u"Year"_s, yearList());
-    searchOn(m_search);
+    onClick(m_search, [this] { search(); });
     row->addWidget(m_search, 0, 2);
     row->setColumnMinimumWidth(3, 24);
-    addField(row, 0, 4, u"Total Record"_s, m_records);
+    addField(row, 0, 4, u"Total Record"_s, m_recordsLabel);
     row->setColumnMinimumWidth(6, 24);
-    addField(row, 0, 7, u"Total catch of this year (kg.)"_s, m_total);
+    addField(row, 0, 7, u"Total catch of this year (kg.)"_s, m_totalLabel);
     row->setColumnStretch(9, 1);
     return row;
 }
@@ -115,10 +112,6 @@ QLayout* CatchSummaryScreen::headingRow() {
     return row;
 }
 
-double CatchSummaryScreen::shownTotal() const {
-    return leadingNumber(m_total->text());
-}
-
 void CatchSummaryScreen::search() {
     const std::optional<int> chosen = year();
     if (!chosen) {
@@ -131,14 +124,14 @@ void CatchSummaryScreen::search() {
         return;
     }
     const QString total = totals.text(0, u"totals");
-    ResultSet byState = catchByGroup(db(), groupingAt(0), *chosen, leadingNumber(total));
-    m_records->setText(totals.text(0, u"totalc"));
-    m_total->setText(total);
+    showGroups(groupingAt(0), catchByGroup(db(), groupingAt(0), *chosen, leadingNumber(total)));
+    m_chosen = 0;
+    m_total = total;
+    m_totalLabel->setText(total);
+    m_recordsLabel->setText(totals.text(0, u"totalc"));
     m_optionFrame->setEnabled(true);
     exportButton()->setEnabled(true);
-    m_chosen = 0;
     m_options->button(m_chosen)->setChecked(true);
-    showGroups(groupingAt(m_chosen), std::move(byState));
     showsListed();
     draw(*chosen);
 }
@@ -147,18 +140,20 @@ void CatchSummaryScreen::search() {
 /// total of another year. Without a year, or when the figures cannot be read, the option before it stays selected.
 void CatchSummaryScreen::chooseGrouping(int option) {
     guard([this, option] {
-        if (const std::optional<int> chosen = neededYear()) {
-            ResultSet groups = catchByGroup(db(), groupingAt(option), *chosen, shownTotal());
-            const bool none = groups.isEmpty();
-            showGroups(groupingAt(option), std::move(groups));
-            m_chosen = option;
-            if (none) {
-                m_kept->setText(u"no group in %1"_s.arg(*chosen));
-                compareRows();
-            } else {
-                showsListed();
-                draw(*chosen);
-            }
+        const std::optional<int> chosen = neededYear();
+        if (!chosen) {
+            return;
+        }
+        ResultSet groups = catchByGroup(db(), groupingAt(option), *chosen, leadingNumber(m_total));
+        const bool any = !groups.isEmpty();
+        showGroups(groupingAt(option), std::move(groups));
+        m_chosen = option;
+        if (any) {
+            showsListed();
+            draw(*chosen);
+        } else {
+            m_kept->setText(u"no group in %1"_s.arg(*chosen));
+            compareRows();
         }
     });
     m_options->button(m_chosen)->setChecked(true);
@@ -166,24 +161,22 @@ void CatchSummaryScreen::chooseGrouping(int option) {
 
 /// Shows the rows of a grouping under its captions. A grouping without a row leaves the rows as they are.
 void CatchSummaryScreen::showGroups(const CatchGrouping& grouping, ResultSet groups) {
-    if (!groups.isEmpty() || m_groups == nullptr) {
-        auto model = std::make_unique<ResultModel>(std::move(groups));
-        m_grid->show(model.get(), columnsOf(grouping));
-        m_groups = std::move(model);
-    } else {
-        m_grid->show(m_groups.get(), columnsOf(grouping));
+    if (!groups.isEmpty()) {
+        m_groups = std::move(groups);
     }
+    m_grid->show(std::make_unique<ResultModel>(m_groups), columnsOf(grouping));
     m_word->setText(grouping.word);
     m_kept->clear();
 }
 
 void CatchSummaryScreen::showNoData() {
-    m_records->clear();
-    m_total->clear();
+    m_recordsLabel->clear();
+    m_total.clear();
+    m_totalLabel->clear();
     exportButton()->setEnabled(false);
     showGroups(groupingAt(0), withoutData(1));
     m_word->clear();
-    showsNothing();
+    showsListed(false);
     m_chart->draw({});
 }
 
@@ -193,18 +186,17 @@ void CatchSummaryScreen::draw(int year) {
     if (picture.groups.size() > kMostBars) {
         picture = largestFirst(std::move(picture));
     }
-    picture.title = u"Estimated catch %1 by %2"_s.arg(year).arg(m_word->text());
-    picture.groupTitle = groupingAt(m_chosen).header;
-    picture.valueTitle = u"Estimated catch (kg)"_s;
-    m_chart->draw(std::move(picture));
+    const CatchGrouping& grouping = groupingAt(m_chosen);
+    m_chart->draw(titled(std::move(picture), u"Estimated catch %1 by %2"_s.arg(year).arg(grouping.word),
+                         grouping.header, u"Estimated catch (kg)"_s));
 }
 
 QString CatchSummaryScreen::listed() const {
-    return u"%1 by %2"_s.arg(yearList()->text(), m_word->text());
+    return u"%1 by %2"_s.arg(yearList()->text(), groupingAt(m_chosen).word);
 }
 
-CsvText CatchSummaryScreen::exported(int year) {
-    return catchSummaryCsv(db(), groupingAt(m_chosen), year, m_total->text(), QDate::currentDate());
+QStringList CatchSummaryScreen::exported(int year) {
+    return catchSummaryCsv(db(), groupingAt(m_chosen), year, m_total, QDate::currentDate());
 }
 
 }  // namespace kelvora

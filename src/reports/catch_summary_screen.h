@@ -4,8 +4,6 @@
 #include "reports/catch_summary.h"
 #include "reports/report_screen.h"
 
-#include <memory>
-
 class QButtonGroup;
 class QGroupBox;
 class QLabel;
@@ -27,7 +25,7 @@ public:
 
 protected:
     void search() override;
-    CsvText exported(int year) override;
+    QStringList exported(int year) override;
     [[nodiscard]] QString listed() const override;
 
 private:
@@ -35,25 +33,23 @@ private:
     QLayout* headingRow();
     void addOptions();
 
-    /// The number of the year's total as the screen shows it, in kg; 0 when none is shown.
-    [[nodiscard]] double shownTotal() const;
-
     void chooseGrouping(int option);
     void showGroups(const CatchGrouping& grouping, ResultSet groups);
     void showNoData();
     void draw(int year);
 
     SearchButton* m_search;
-    ValueLabel* m_records;
-    ValueLabel* m_total;
+    ValueLabel* m_recordsLabel;
+    ValueLabel* m_totalLabel;
     QGroupBox* m_optionFrame;
     QButtonGroup* m_options;
     ValueLabel* m_word;
     QLabel* m_kept;  ///< says so when a grouping has no row and left rows and picture as they were
     Grid* m_grid;
     ReportChart* m_chart;
-    std::unique_ptr<ResultModel> m_groups;  ///< what the grid shows
-    int m_chosen = 0;                       ///< the grouping whose option is selected
+    ResultSet m_groups;  ///< what the grid shows
+    QString m_total;     ///< of the year that was searched for, in kg as it is shown
+    int m_chosen = 0;    ///< the grouping whose option is selected
 };
 
 }  // namespace kelvora

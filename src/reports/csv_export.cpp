@@ -9,37 +9,35 @@ using namespace Qt::StringLiterals;
 
 namespace kelvora {
 
-void CsvText::addLine(const QString& text) {
-    m_text += text + u"\r\n"_s;
-}
-
-void CsvText::addValues(const QStringList& values) {
-    for (const QString& value : values) {
-        m_text += value + u',';
-    }
-    addLine();
-}
-
-void CsvText::addGrid(const QAbstractItemModel& grid) {
-    const auto addRow = [&](const auto& textOf) {
-        QStringList values;
-        for (int column = 0; column < grid.columnCount(); ++column) {
-            values.append(textOf(column).toString());
+QStringList csvRows(const QAbstractItemModel& table) {
+    QStringList lines;
+    for (int row = 0; row < table.rowCount(); ++row) {
+        QString& line = lines.emplace_back();
+        for (int column = 0; column < table.columnCount(); ++column) {
+            line += table.index(row, column).data().toString() + u',';
         }
-        addValues(values);
-    };
-    addRow([&](int column) { return grid.headerData(column, Qt::Horizontal); });
-    for (int row = 0; row < grid.rowCount(); ++row) {
-        addRow([&](int column) { return grid.index(row, column).data(); });
     }
+    return lines;
+}
+
+QStringList csvTable(const QAbstractItemModel& table) {
+    QString captions;
+    for (int column = 0; column < table.columnCount(); ++column) {
+        captions += table.headerData(column, Qt::Horizontal).toString() + u',';
+    }
+    return QStringList{captions} + csvRows(table);
 }
 
 QString exportDateLine(const QDate& day) {
     return u"EXPORT Date : "_s + shortDate(day);
 }
 
-void saveCsv(const QString& path, const CsvText& csv, const QString& databasePath) {
-    writeWholeFile(path, csv.text().toLocal8Bit(), u"The export could not be written"_s, databasePath);
+void saveCsv(const QString& path, const QStringList& lines, const QString& databasePath) {
+    QString text;
+    for (const QString& line : lines) {
+        text += line + u"\r\n"_s;
+    }
+    writeWholeFile(path, text.toLocal8Bit(), u"The export could not be written"_s, databasePath);
 }
 
 }  // namespace kelvora

@@ -1,56 +1,42 @@
 #include "reports/gonad_maturity_report.h"
 
-#include <array>
+#include "data/crosstab.h"
+#include "reports/report_statements.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace kelvora {
-namespace {
-
-constexpr std::array<Literal, 3> kOfSex{")) and sex = 'Female'", ")) and sex = 'Male'", ")) and sex = 'None'"};
-
-}  // namespace
 
 Sql gonadYears() {
-    return Sql(
-        "SELECT distinct year(fishoperation.optdate) as gyear FROM gonad_detail INNER JOIN fishoperation ON "
-        "gonad_detail.optid = fishoperation.optid");
+    return yearsOf("EXISTS (SELECT 1 FROM gonad_detail WHERE gonad_detail.optid = fishoperation.optid)");
 }
 
-Sql gonadSpecies() {
-    return Sql("select  fishno,genus &  ' ' & fishname as sp  from fish where fishno <> 0 order by sp");
-}
-
-ResultSet sexesByMonth(Connection& connection, int year, int fishno) {
-    return connection.query(
-        Sql("TRANSFORM count(gonad_detail.sex) SELECT format(optdate,'mmmm') FROM (gonad_detail INNER JOIN "
-            "fishoperation ON gonad_detail.optid=fishoperation.optid) INNER JOIN fish ON "
-            "gonad_detail.spid=fish.fishno Where Year(optdate) = ")
-        << year << " And spid = " << fishno
-        << " GROUP BY format(optdate,'mmmm') order by  format(optdate,'mmmm') PIVOT sex;");
-}
-
-ResultSet stagesByMonth(Connection& connection, int year, int fishno, Sex sex) {
-    Sql sql = Sql("TRANSFORM Count(gonad_detail.stage) AS CountOfstage SELECT Format(optdate,'mmmm') AS Expr1 FROM "
-                  "gonad_stage INNER JOIN ((gonad_detail INNER JOIN fishoperation ON gonad_detail.optid = "
-                  "fishoperation.optid) INNER JOIN fish ON gonad_detail.spid = fish.fishno) ON gonad_stage.stageid = "
-                  "gonad_detail.stage Where (((Year([optdate])) = ")
-              << year << ") And ((gonad_detail.spid) = " << fishno;
-    sql = sql << kOfSex.at(static_cast<std::size_t>(sex))
-              << " GROUP BY Format(optdate,'mmmm') ORDER BY Format(optdate,'mmmm')";
-    if (sex == Sex::Female) {
-        sql = sql << " DESC";
+std::vector<ResultSet> gonadTables(Connection& connection, int year, int fishno) {
+    // The fish are read once. Groups come as they were found, so that of the spellings of a sex the first one is shown.
+    const ResultSet groups = connection.query(
+        Sql("SELECT month_name(optdate), sex, stageid || '-' || ifnull(stagename,''), fish FROM (SELECT optdate, "
+            "fishoperation.optid, samplingno, sex, stage, count(*) AS fish FROM fishoperation INNER JOIN gonad_detail "
+            "ON "
+            "gonad_detail.optid = fishoperation.optid INNER JOIN fish ON fish.fishno = gonad_detail.spid WHERE ")
+        << ofYear(year) << " AND fish.fishno = " << fishno
+        << " GROUP BY month_number(optdate), sex, stage) LEFT JOIN gonad_stage ON stageid = stage"
+           " ORDER BY optdate, optid, samplingno");
+    const QStringList sexes{u"Female"_s, u"Male"_s, u"None"_s};
+    std::vector<ResultSet> tables(1 + sexes.size(), {{u"Month"_s}, {}});
+    for (const auto& row : groups.rows) {
+        const QVariant &month = row[0], &sex = row[1], &stage = row[2], &fish = row[3];
+        tables[0].rows.push_back({month, sex, sex.isValid() ? fish : QVariant()});
+        for (std::size_t i = 1; stage.isValid() && i < tables.size(); ++i) {
+            if (sameText(sex.toString(), sexes[static_cast<qsizetype>(i) - 1])) {
+                tables[i].rows.push_back({month, stage, fish});
+            }
+        }
     }
-    return connection.query(sql << " PIVOT gonad_detail.stage & '-' &  stagename");
-}
-
-CsvText gonadMaturityCsv(int year, const QString& species, const QAbstractItemModel& sexes, const QDate& today) {
-    CsvText csv;
-    csv.addLine(u"Gonad Maturity data In %1"_s.arg(year));
-    csv.addLine(u"Species "_s + species);
-    csv.addLine(exportDateLine(today));
-    csv.addGrid(sexes);
-    return csv;
+    std::ranges::transform(tables, tables.begin(), [](const ResultSet& found) { return crosstab(found, 1); });
+    std::ranges::reverse(tables[1].rows);
+    return tables;
 }
 
 }  // namespace kelvora

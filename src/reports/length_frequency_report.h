@@ -1,15 +1,11 @@
 #pragma once
 
 #include "data/connection.h"
-#include "reports/csv_export.h"
 
 namespace kelvora {
 
 /// The years in which lengths were measured, in the column gyear.
 Sql lengthYears();
-
-/// All species of the catalogue by their names: fishno and sp.
-Sql lengthSpecies();
 
 /// How many columns describe a length class, in front of its months.
 constexpr int kClassColumns = 3;
@@ -18,8 +14,5 @@ constexpr int kClassColumns = 3;
 /// ascending, and behind these one column a month that has any, by the month's name from Z to A. A class without a fish
 /// in a month is empty there.
 ResultSet lengthsByMonth(Connection& connection, int year, int fishno);
-
-/// The export of the table as the grid shows it.
-CsvText lengthFrequencyCsv(int year, const QString& species, const QAbstractItemModel& grid, const QDate& today);
 
 }  // namespace kelvora

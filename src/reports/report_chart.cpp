@@ -47,7 +47,7 @@ QString label(const QString& text, qsizetype longest) {
 }
 
 /// Two groups may have one name; an axis would put them together. What tells them apart takes no room.
-QString apart(const QString& text, qsizetype group) {
+QString uniqueName(const QString& text, qsizetype group) {
     constexpr char16_t none = 0x200b;
     return text + QString(group + 1, QChar(none));
 }
@@ -169,7 +169,7 @@ void ReportChart::addGroupAxis() {
     for (qsizetype place = 0; place < groups; place += every) {
         // A lying axis counts from below.
         const qsizetype group = m_picture.standing ? place : groups - 1 - place;
-        axis->append(apart(label(m_picture.groups[group], longestName), group), static_cast<double>(place));
+        axis->append(uniqueName(label(m_picture.groups[group], longestName), group), static_cast<double>(place));
     }
     axis->setRange(-0.5, static_cast<double>(groups) - 0.5);
     axis->setTruncateLabels(false);

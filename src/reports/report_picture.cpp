@@ -117,6 +117,14 @@ double roundStep(double distance) {
 
 }  // namespace
 
+ReportPicture titled(ReportPicture picture, const QString& title, const QString& groupTitle,
+                     const QString& valueTitle) {
+    picture.title = title;
+    picture.groupTitle = groupTitle;
+    picture.valueTitle = valueTitle;
+    return picture;
+}
+
 ReportPicture barsOf(const QAbstractItemModel& table, int column) {
     ReportPicture picture;
     PictureSeries series{table.headerData(column, Qt::Horizontal).toString(), {}};

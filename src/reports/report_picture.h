@@ -29,6 +29,9 @@ struct ReportPicture {
     bool byMonth = false;   ///< the series are months, with colours of their own
 };
 
+/// A picture under its title, with the captions of its axes.
+ReportPicture titled(ReportPicture picture, const QString& title, const QString& groupTitle, const QString& valueTitle);
+
 /// The most bars whose names can be read.
 inline constexpr int kMostBars = 15;
 

@@ -5,6 +5,7 @@
 #include "controls/fields.h"
 #include "controls/screen.h"
 #include "data/store_files.h"
+#include "reports/csv_export.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -45,13 +46,8 @@ void ReportScreen::watch(const BoundList* list) {
     connect(list->lineEdit(), &QLineEdit::textChanged, this, &ReportScreen::compareRows);
 }
 
-void ReportScreen::showsListed() {
-    m_shown = listed();
-    compareRows();
-}
-
-void ReportScreen::showsNothing() {
-    m_shown.clear();
+void ReportScreen::showsListed(bool any) {
+    m_shown = any ? listed() : QString();
     compareRows();
 }
 
@@ -72,10 +68,6 @@ std::optional<int> ReportScreen::neededYear() const {
         focusOn(m_years);
     }
     return chosen;
-}
-
-void ReportScreen::searchOn(QAbstractButton* button) {
-    onClick(button, [this] { search(); });
 }
 
 void ReportScreen::searchOnEnterIn(BoundList* list) {

@@ -2,9 +2,9 @@
 
 #include "controls/screen.h"
 #include "data/connection.h"
-#include "reports/csv_export.h"
 
 #include <QList>
+#include <QStringList>
 
 #include <optional>
 
@@ -25,8 +25,8 @@ protected:
     ReportScreen(const QString& caption, const Context& context, const Sql& years);
 
     virtual void search() = 0;
-    /// The export of what is shown, for the year in the list.
-    virtual CsvText exported(int year) = 0;
+    /// The lines of the export of what is shown, for the year in the list.
+    virtual QStringList exported(int year) = 0;
 
     /// Fills the lists beside that of the years again.
     virtual void refillChoices() {}
@@ -34,9 +34,8 @@ protected:
     [[nodiscard]] virtual QString listed() const = 0;
 
     void refillLists() final;
-    /// To be called when rows of what the lists say are shown, and when none are.
-    void showsListed();
-    void showsNothing();
+    /// To be called when rows of what the lists say are shown, or none.
+    void showsListed(bool any = true);
     /// To be called when what the lists say has changed otherwise than by their texts.
     void compareRows();
     /// Calls what the rows are of whenever the lists say otherwise. A report places it above its table.
@@ -51,8 +50,6 @@ protected:
     /// The same for a step that cannot do without: asks the sampler for a year if there is none.
     [[nodiscard]] std::optional<int> neededYear() const;
 
-    /// Runs the search whenever a button is pressed.
-    void searchOn(QAbstractButton* button);
     /// Enter in a list runs the search, also while its rows are offered below it.
     void searchOnEnterIn(BoundList* list);
     /// Disabled until a report enables it.

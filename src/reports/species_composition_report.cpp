@@ -1,236 +1,70 @@
 #include "reports/species_composition_report.h"
 
+#include "records/species.h"
+#include "reports/report_statements.h"
+
 using namespace Qt::StringLiterals;
 
 namespace kelvora {
 namespace {
 
-constexpr Literal kEndOfChoices = "));";
-constexpr Literal kStateChoices =
-    "SELECT DISTINCT (state.stateid) ,state.statename FROM (group_composition INNER JOIN fishoperation ON "
-    "group_composition.optid=fishoperation.optid) INNER JOIN (samplingport INNER JOIN state ON "
-    "samplingport.stateid=state.stateid) ON fishoperation.portid=samplingport.samplingid WHERE "
-    "(((year(fishoperation.optdate))=";
-constexpr Literal kPortChoices =
-    "SELECT DISTINCT (samplingport.samplingid),samplingport.samplingname FROM (group_composition INNER JOIN "
-    "fishoperation ON group_composition.optid=fishoperation.optid) INNER JOIN (samplingport INNER JOIN state ON "
-    "samplingport.stateid=state.stateid) ON fishoperation.portid=samplingport.samplingid WHERE "
-    "(((year(fishoperation.optdate))=";
-constexpr Literal kVesselChoices =
-    "SELECT DISTINCT (vessel.vesselid),vessel.vesselname FROM (group_composition INNER JOIN fishoperation ON "
-    "group_composition.optid = fishoperation.optid) INNER JOIN vessel ON fishoperation.vesselid = vessel.vesselname "
-    "WHERE (((Year([fishoperation].[optdate]))=";
-constexpr Literal kMethodChoices =
-    "SELECT DISTINCT Fishing_gear.guname & '[' & Fishing_method.methodname & ']' as gname,Fishing_method.methodid  "
-    "FROM (group_composition INNER JOIN fishoperation ON group_composition.optid = fishoperation.optid) INNER JOIN "
-    "(Fishing_method INNER JOIN Fishing_gear ON Fishing_method.gearid = Fishing_gear.gearid) ON "
-    "fishoperation.fishing_method = Fishing_method.methodid WHERE (((Year([fishoperation].[optdate]))=";
-constexpr Literal kGearChoices =
-    "SELECT DISTINCT Fishing_gear.guname,Fishing_gear.gearid FROM (group_composition INNER JOIN fishoperation ON "
-    "group_composition.optid = fishoperation.optid) INNER JOIN (Fishing_method INNER JOIN Fishing_gear ON "
-    "Fishing_method.gearid = Fishing_gear.gearid) ON fishoperation.fishing_method = Fishing_method.methodid WHERE "
-    "(((Year([fishoperation].[optdate]))=";
-constexpr Literal kMonthChoices =
-    "SELECT DISTINCT format(optdate,'mmmm')as mn,format(optdate,'m') as m1 FROM group_composition INNER JOIN "
-    "fishoperation ON group_composition.optid = fishoperation.optid WHERE (((Year([fishoperation].[optdate]))=";
-constexpr Literal kAreaChoices =
-    "SELECT DISTINCT areaid FROM group_composition INNER JOIN fishoperation ON group_composition.optid = "
-    "fishoperation.optid WHERE (((Year([fishoperation].[optdate]))=";
-
-constexpr Literal kStateSelect =
-    "SELECT fish.genus & ' ' & fish.fishname , format(Sum(group_composition.estotal),'#0.00') AS "
-    "SumOfestotal,format((format(Sum(group_composition.estotal),'#0.00')*100)/";
-constexpr Literal kPortSelect =
-    "SELECT fish.genus & ' ' & fish.fishname ,  format(Sum(group_composition.estotal),'#0.00') AS "
-    "SumOfestotal,format((format(Sum(group_composition.estotal),'#0.00')*100)/";
-constexpr Literal kVesselSelect =
-    "SELECT  fish.genus & ' ' & fish.fishname AS Expr1, Format(Sum(group_composition.estotal),'Fixed') AS "
-    "SumOfestotal,format((format(Sum(group_composition.estotal),'#0.00')*100)/";
-constexpr Literal kGearSelect =
-    "SELECT fish.genus & ' ' & fish.fishname  AS Expr1, Format(Sum(group_composition.estotal),'Fixed') AS "
-    "SumOfestotal,format((format(Sum(group_composition.estotal),'#0.00')*100)/";
-constexpr Literal kSelect =
-    "SELECT fish.genus & ' ' & fish.fishname AS Expr1, Format(Sum(group_composition.estotal),'Fixed') AS "
-    "SumOfestotal,format((format(Sum(group_composition.estotal),'#0.00')*100)/";
-
-constexpr Literal kFromPorts =
-    " FROM ((group_composition INNER JOIN fishoperation ON group_composition.optid = fishoperation.optid) INNER JOIN "
-    "(samplingport INNER JOIN state ON samplingport.stateid = state.stateid) ON fishoperation.portid = "
-    "samplingport.samplingid) INNER JOIN fish ON group_composition.spid = fish.fishno";
-constexpr Literal kFromVessels =
-    " FROM ((group_composition INNER JOIN fishoperation ON group_composition.optid = fishoperation.optid) INNER JOIN "
-    "fish ON group_composition.spid = fish.fishno) INNER JOIN vessel ON fishoperation.vesselid = vessel.vesselname";
-constexpr Literal kFromMethods =
-    " FROM ((group_composition INNER JOIN fishoperation ON group_composition.optid = fishoperation.optid) INNER JOIN "
-    "fish ON group_composition.spid = fish.fishno) INNER JOIN (Fishing_method INNER JOIN Fishing_gear ON "
-    "Fishing_method.gearid = Fishing_gear.gearid) ON fishoperation.fishing_method = Fishing_method.methodid";
-constexpr Literal kFromOperations =
-    " FROM (group_composition INNER JOIN fishoperation ON group_composition.optid = fishoperation.optid) INNER JOIN "
-    "fish ON group_composition.spid = fish.fishno";
-constexpr Literal kFromAreas =
-    " FROM ((group_composition INNER JOIN fishoperation ON group_composition.optid = fishoperation.optid) INNER JOIN "
-    "fish ON group_composition.spid = fish.fishno) INNER JOIN fishing_area ON fishoperation.areaid = "
-    "fishing_area.aname";
-
-constexpr Literal kWhere = " Where (((Year([fishoperation].[optdate])) = ";
-constexpr Literal kOrderBy = " ORDER BY fish.genus & ' ' & fish.fishname";
-
-CompositionSubset byState() {
-    return {.option = u"By state"_s,
-            .choices = kStateChoices,
-            .afterYear = ")) ORDER BY state.statename",
-            .shown = u"statename"_s,
-            .key = u"stateid"_s,
-            .textKey = false,
-            .select = kStateSelect,
-            .from = kFromPorts,
-            .where = kWhere,
-            .beforeChoice = ") And ((state.stateid) = ",
-            .afterChoice = "))",
-            .orderBy = kOrderBy};
-}
-
-CompositionSubset bySamplingPort() {
-    return {.option = u"By sampling Port"_s,
-            .choices = kPortChoices,
-            .afterYear = ")) ORDER BY samplingport.samplingname",
-            .shown = u"samplingname"_s,
-            .key = u"samplingid"_s,
-            .textKey = false,
-            .select = kPortSelect,
-            .from = kFromPorts,
-            .where = kWhere,
-            .beforeChoice = ") And ((fishoperation.portid) = ",
-            .afterChoice = "))",
-            .orderBy = kOrderBy};
-}
-
-CompositionSubset byVessel() {
-    return {.option = u"By Fishing Vessel"_s,
-            .choices = kVesselChoices,
-            .afterYear = ")) ORDER BY vessel.vesselname",
-            .shown = u"vesselname"_s,
-            .key = u"vesselname"_s,
-            .textKey = true,
-            .select = kVesselSelect,
-            .from = kFromVessels,
-            .where = kWhere,
-            .beforeChoice = ") And ((fishoperation.vesselid) = ",
-            .afterChoice = "))",
-            .orderBy = kOrderBy};
-}
-
-CompositionSubset byFishingMethod() {
-    return {.option = u"By Fishing Method"_s,
-            .choices = kMethodChoices,
-            .afterYear = kEndOfChoices,
-            .shown = u"gname"_s,
-            .key = u"methodid"_s,
-            .textKey = false,
-            .select = kSelect,
-            .from = kFromMethods,
-            .where = " Where(((Year([fishoperation].[optdate])) = ",
-            .beforeChoice = ") And ((fishoperation.fishing_method) = ",
-            .afterChoice = "))",
-            .orderBy = kOrderBy};
-}
-
-CompositionSubset byFishingGear() {
-    return {.option = u"By Fishing Gear"_s,
-            .choices = kGearChoices,
-            .afterYear = kEndOfChoices,
-            .shown = u"guname"_s,
-            .key = u"gearid"_s,
-            .textKey = false,
-            .select = kGearSelect,
-            .from = kFromMethods,
-            .where = kWhere,
-            .beforeChoice = ") And ((Fishing_gear.gearid) = ",
-            .afterChoice = "))",
-            .orderBy = " ORDER BY  fish.genus & ' ' & fish.fishname"};
-}
-
-/// Its choices come by the number of the month as text: October to December behind January.
-CompositionSubset byMonth() {
-    return {.option = u"By Month"_s,
-            .choices = kMonthChoices,
-            .afterYear = ")) order by format(optdate,'m');",
-            .shown = u"mn"_s,
-            .key = u"m1"_s,
-            .textKey = false,
-            .select = kSelect,
-            .from = kFromOperations,
-            .where = kWhere,
-            .beforeChoice = ") And ((Month(fishoperation.optdate) = ",
-            .afterChoice = ")))",
-            .orderBy = " ORDER BY fish.genus & ' ' & fish.fishname;"};
-}
-
-CompositionSubset byFishingArea() {
-    return {.option = u"By Fishing Area"_s,
-            .choices = kAreaChoices,
-            .afterYear = kEndOfChoices,
-            .shown = u"areaid"_s,
-            .key = u"areaid"_s,
-            .textKey = true,
-            .select = kSelect,
-            .from = kFromAreas,
-            .where = " WHERE (((Year([fishoperation].[optdate]))=",
-            .beforeChoice = " ) AND ((fishing_area.aname)=",
-            .afterChoice = "))",
-            .orderBy = kOrderBy};
-}
+constexpr Literal kWeighed =
+    "EXISTS (SELECT 1 FROM group_composition WHERE group_composition.optid = fishoperation.optid)";
 
 }  // namespace
 
 const std::vector<CompositionSubset>& compositionSubsets() {
+    // Months come by their numbers as texts: October to December behind January.
+    constexpr Literal month = "CAST(month_number(optdate) AS TEXT)";
     static const std::vector<CompositionSubset> all = {
-        byState(), bySamplingPort(), byVessel(), byFishingMethod(), byFishingGear(), byMonth(), byFishingArea()};
+        {u"By state"_s, "statename", "state.stateid", "1", kWithPort},
+        {u"By sampling Port"_s, "samplingname", "fishoperation.portid", "1", kWithPort},
+        {u"By Fishing Vessel"_s, "vesselname", "vessel.vesselname", "1", kWithVessel, ", vessel.vesselid"},
+        {u"By Fishing Method"_s, kMethodName, "fishoperation.fishing_method", "1, 2", kWithMethod},
+        {u"By Fishing Gear"_s, "guname", "Fishing_gear.gearid", "1, 2", kWithMethod},
+        {u"By Month"_s, "month_name(optdate)", month, "2", ""},
+        {u"By Fishing Area"_s, "areaid", "fishoperation.areaid", "1", kWithArea, "", false},
+    };
     return all;
 }
 
 Sql compositionYears() {
-    return Sql(
-        "SELECT distinct( year(fishoperation.optdate)) as gyear FROM group_composition INNER JOIN fishoperation ON "
-        "group_composition.optid = fishoperation.optid");
+    return yearsOf(kWeighed);
 }
 
 bool hasComposition(Connection& connection, int year) {
-    const Sql sql = Sql("SELECT DISTINCT Year(fishoperation.optdate) FROM group_composition INNER JOIN fishoperation "
-                        "ON group_composition.optid = fishoperation.optid Where Year(fishoperation.optdate) = ")
-                    << year;
-    return !connection.query(sql).isEmpty();
+    return !connection
+                .query(Sql("SELECT 1 FROM fishoperation WHERE ") << kWeighed << " AND " << ofYear(year) << " LIMIT 1")
+                .isEmpty();
 }
 
 QString compositionTotal(Connection& connection, int year) {
-    const Sql sql = Sql("SELECT Format(Sum(group_composition.estotal),'Fixed') AS SumOfestotal FROM (group_composition "
-                        "INNER JOIN fishoperation ON group_composition.optid = fishoperation.optid) INNER JOIN fish ON "
-                        "group_composition.spid = fish.fishno Where Year(fishoperation.optdate) = ")
-                    << year;
-    return connection.query(sql).text(0, u"SumOfestotal");
+    const Sql sql = Sql("SELECT two_decimals(sum(group_composition.estotal)) AS kg FROM fishoperation INNER JOIN "
+                        "group_composition ON group_composition.optid = fishoperation.optid INNER JOIN fish ON "
+                        "fish.fishno = group_composition.spid WHERE ")
+                    << ofYear(year);
+    return connection.query(sql).text(0, u"kg");
 }
 
 Sql compositionChoices(const CompositionSubset& subset, int year) {
-    return Sql(subset.choices) << year << subset.afterYear;
+    const Literal joins = subset.registered ? subset.joins : "";
+    return Sql("SELECT DISTINCT ") << subset.name << " AS name, " << subset.key << " AS key" << subset.also
+                                   << " FROM fishoperation" << joins << " WHERE " << kWeighed << " AND " << ofYear(year)
+                                   << " ORDER BY " << subset.order;
 }
 
 ResultSet compositionOf(Connection& connection, const CompositionSubset& subset, int year, const QVariant& choice,
                         double total) {
-    Sql sql = Sql(subset.select) << total << ",'#0.00')" << subset.from << subset.where << year << subset.beforeChoice;
-    sql = subset.textKey ? sql << choice.toString() : sql << choice.toLongLong();
-    return connection.query(sql << subset.afterChoice << " GROUP BY fish.genus & ' ' & fish.fishname"
-                                << subset.orderBy);
-}
-
-CsvText compositionCsv(int year, const QString& selection, const QAbstractItemModel& grid, const QDate& today) {
-    CsvText csv;
-    csv.addLine(u"Species composition data In %1"_s.arg(year));
-    csv.addLine(exportDateLine(today));
-    if (!selection.isEmpty()) {
-        csv.addLine(selection);
-    }
-    csv.addGrid(grid);
-    return csv;
+    const Sql key =
+        choice.typeId() == QMetaType::QString ? Sql("") << choice.toString() : Sql("") << choice.toLongLong();
+    // A species is summed by its number, then by its name, which two may share.
+    return connection.query(Sql("SELECT ")
+                            << kSpeciesName << " AS species, two_decimals(sum(part)) AS kg, two_decimals("
+                            << "two_decimals(sum(part)) * 100 / " << total
+                            << ") AS share FROM (SELECT spid, sum(group_composition.estotal) AS part FROM fishoperation"
+                            << subset.joins << " INNER JOIN group_composition ON group_composition.optid = "
+                            << "fishoperation.optid WHERE " << ofYear(year) << " AND " << subset.key << " = " << key
+                            << " GROUP BY spid) INNER JOIN fish ON fish.fishno = spid GROUP BY 1 ORDER BY 1");
 }
 
 }  // namespace kelvora

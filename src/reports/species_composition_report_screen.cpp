@@ -6,6 +6,7 @@
 #include "controls/fields.h"
 #include "controls/screen.h"
 #include "data/numbers.h"
+#include "reports/csv_export.h"
 #include "reports/report_chart.h"
 #include "reports/species_composition_report.h"
 
@@ -37,7 +38,7 @@ const CompositionSubset& subsetAt(int option) {
 SpeciesCompositionReportScreen::SpeciesCompositionReportScreen(const Context& context)
     : ReportScreen(u"Species Composition Report"_s, context, compositionYears()),
       m_search(new QPushButton(u"&Search"_s, this)),
-      m_total(new ValueLabel(this)),
+      m_totalLabel(new ValueLabel(this)),
       m_optionFrame(new QGroupBox(u"Species composition of"_s, this)),
       m_options(new QButtonGroup(this)),
       m_message(new QLabel(this)),
@@ -62,13 +63,13 @@ QLayout* SpeciesCompositionReportScreen::yearRow() {
     auto* row = new QGridLayout;
     row->setHorizontalSpacing(8);
     addField(row, 0, 0, u"Year"_s, yearList());
-    searchOn(m_search);
+    onClick(m_search, [this] { search(); });
     row->addWidget(m_search, 0, 2);
     row->setColumnMinimumWidth(3, 24);
-    QFont bold = m_total->font();
+    QFont bold = m_totalLabel->font();
     bold.setBold(true);
-    m_total->setFont(bold);
-    addField(row, 0, 4, u"Total catch of this year(kg.)"_s, m_total);
+    m_totalLabel->setFont(bold);
+    addField(row, 0, 4, u"Total catch of this year(kg.)"_s, m_totalLabel);
     row->setColumnStretch(5, 1);
     return row;
 }
@@ -120,7 +121,8 @@ void SpeciesCompositionReportScreen::search() {
         showNoData(*chosen);
         return;
     }
-    m_total->setText(compositionTotal(db(), *chosen));
+    m_total = compositionTotal(db(), *chosen);
+    m_totalLabel->setText(m_total);
     m_message->setText(u"click option button to see data"_s);
     for (QAbstractButton* option : m_options->buttons()) {
         option->setEnabled(true);
@@ -128,10 +130,10 @@ void SpeciesCompositionReportScreen::search() {
 }
 
 void SpeciesCompositionReportScreen::showNoData(int year) {
-    m_total->clear();
+    m_total.clear();
+    m_totalLabel->clear();
     m_message->setText(u"No data in %1"_s.arg(year));
-    m_selected = -1;
-    selectOption(m_selected);
+    selectOption(m_selected = -1);
     for (QAbstractButton* option : m_options->buttons()) {
         option->setEnabled(false);
     }
@@ -149,13 +151,12 @@ void SpeciesCompositionReportScreen::chooseOption(int option) {
         if (!chosen) {
             return;
         }
-        const CompositionSubset& subset = subsetAt(option);
-        auto found = db().model(compositionChoices(subset, *chosen));
+        auto found = db().model(compositionChoices(subsetAt(option), *chosen));
         clearChoices();
         BoundList* choices = m_choices[static_cast<std::size_t>(option)];
         choices->setEnabled(found->rowCount() > 0);
         if (found->rowCount() > 0) {
-            choices->setSource(std::move(found), subset.shown, subset.key);
+            choices->setSource(std::move(found), u"name"_s, u"key"_s);
         } else {
             choices->setText(u"No data"_s);
         }
@@ -190,7 +191,7 @@ void SpeciesCompositionReportScreen::showComposition(int option) {
     if (!choice.isValid() || !chosen) {
         return;
     }
-    ResultSet found = compositionOf(db(), subsetAt(option), *chosen, choice, leadingNumber(m_total->text()));
+    ResultSet found = compositionOf(db(), subsetAt(option), *chosen, choice, leadingNumber(m_total));
     exportButton()->setEnabled(!found.isEmpty());
     if (found.isEmpty()) {
         showNoSpecies();
@@ -198,22 +199,16 @@ void SpeciesCompositionReportScreen::showComposition(int option) {
         return;
     }
     m_grid->show(std::make_unique<ResultModel>(std::move(found)), columns());
-    draw(*chosen, selection());
+    m_chart->draw(titled(largestFirst(barsOf(*m_grid->model(), 1)),
+                         u"Species composition %1, %2"_s.arg(*chosen).arg(selection()), u"Species"_s,
+                         u"Estimated catch (kg)"_s));
     showsListed();
 }
 
 void SpeciesCompositionReportScreen::showNoSpecies() {
     m_grid->showBlank(columns());
     m_chart->draw({});
-    showsNothing();
-}
-
-void SpeciesCompositionReportScreen::draw(int year, const QString& selection) {
-    ReportPicture picture = largestFirst(barsOf(*m_grid->model(), 1));
-    picture.title = u"Species composition %1, %2"_s.arg(year).arg(selection);
-    picture.groupTitle = u"Species"_s;
-    picture.valueTitle = u"Estimated catch (kg)"_s;
-    m_chart->draw(std::move(picture));
+    showsListed(false);
 }
 
 /// The selected option and what was chosen for it; empty when none is selected.
@@ -228,8 +223,7 @@ QString SpeciesCompositionReportScreen::selection() const {
 void SpeciesCompositionReportScreen::refillChoices() {
     BoundList* choices = m_selected < 0 ? nullptr : m_choices[static_cast<std::size_t>(m_selected)];
     if (choices != nullptr && choices->isEnabled()) {
-        const CompositionSubset& subset = subsetAt(m_selected);
-        choices->refill(db().model(compositionChoices(subset, m_offered)), subset.shown, subset.key);
+        choices->refill(db().model(compositionChoices(subsetAt(m_selected), m_offered)), u"name"_s, u"key"_s);
     }
 }
 
@@ -237,8 +231,12 @@ QString SpeciesCompositionReportScreen::listed() const {
     return u"%1, %2"_s.arg(yearList()->text(), selection());
 }
 
-CsvText SpeciesCompositionReportScreen::exported(int year) {
-    return compositionCsv(year, selection(), *m_grid->model(), QDate::currentDate());
+QStringList SpeciesCompositionReportScreen::exported(int year) {
+    QStringList titles{u"Species composition data In %1"_s.arg(year), exportDateLine(QDate::currentDate())};
+    if (m_selected >= 0) {
+        titles << selection();
+    }
+    return titles + csvTable(*m_grid->model());
 }
 
 }  // namespace kelvora

@@ -24,7 +24,7 @@ public:
 
 protected:
     void search() override;
-    CsvText exported(int year) override;
+    QStringList exported(int year) override;
     void refillChoices() override;
     [[nodiscard]] QString listed() const override;
 
@@ -39,17 +39,17 @@ private:
     void clearChoices();
     void showComposition(int option);
     void showNoSpecies();
-    void draw(int year, const QString& selection);
     [[nodiscard]] QString selection() const;
 
     QPushButton* m_search;
-    ValueLabel* m_total;
+    ValueLabel* m_totalLabel;
     QGroupBox* m_optionFrame;
     QButtonGroup* m_options;
     std::vector<BoundList*> m_choices;  ///< the choice list of each option
     QLabel* m_message;
     Grid* m_grid;
     ReportChart* m_chart;
+    QString m_total;      ///< of the year that was searched for, in kg as it is shown
     int m_selected = -1;  ///< the selected option; -1 if there is none
     int m_offered = 0;    ///< the year of its choices
 };

@@ -124,14 +124,7 @@ void trySql(const QByteArray& bytes) {
 }
 
 void tryDialect(const QByteArray& bytes) {
-    const std::string statement = bytes.toStdString();
-    static_cast<void>(translate(statement));
-    try {
-        static_cast<void>(parseCrosstab(statement));
-    } catch (const std::invalid_argument&) {
-        // A crosstab with a part missing.
-        return;
-    }
+    static_cast<void>(translate(bytes.toStdString()));
 }
 
 void tryNumbers(const QByteArray& bytes) {

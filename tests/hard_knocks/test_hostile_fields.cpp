@@ -1,9 +1,8 @@
 #include "actions.h"
 #include "length_of_run.h"
 #include "reports/catch_summary_screen.h"
-#include "reports/gonad_maturity_report_screen.h"
-#include "reports/length_frequency_report_screen.h"
 #include "reports/species_composition_report_screen.h"
+#include "reports/species_report_screen.h"
 #include "shell/login_dialog.h"
 #include "support/test_main.h"
 

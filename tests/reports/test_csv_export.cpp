@@ -4,6 +4,7 @@
 #include "support/test_main.h"
 
 #include <QDir>
+#include <QStandardItemModel>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -19,16 +20,12 @@ private Q_SLOTS:
     void bytes() {
         const QTemporaryDir folder;
         const QString path = folder.filePath(u"a.csv"_s);
-        CsvText longer;
-        longer.addLine(QString(5'000, u'o'));
-        saveCsv(path, longer, folder.filePath(u"none"_s));
-        CsvText csv;
-        csv.addLine(u"Ålesund ปลา"_s);
-        csv.addLine();
-        csv.addValues({u"Kay, north \"K\""_s, QString(), u"7"_s});
-        csv.addValues({QString(), QString()});
-        saveCsv(path, csv, folder.filePath(u"none"_s));
-        QCOMPARE(test::contents(path), QByteArray("Ålesund ปลา\r\n\r\nKay, north \"K\",,7,\r\n,,\r\n"));
+        saveCsv(path, {QString(5'000, u'o')}, folder.filePath(u"none"_s));
+        QStandardItemModel table(2, 3);
+        table.setItem(0, 0, new QStandardItem(u"Kay, north \"K\""_s));
+        table.setItem(0, 2, new QStandardItem(u"7"_s));
+        saveCsv(path, QStringList{u"Ålesund ปลา"_s, QString()} + csvRows(table), folder.filePath(u"none"_s));
+        QCOMPARE(test::contents(path), QByteArray("Ålesund ปลา\r\n\r\nKay, north \"K\",,7,\r\n,,,\r\n"));
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{u"a.csv"_s});
     }
 

@@ -2,7 +2,7 @@
 #include "data/transaction.h"
 #include "report_desk.h"
 #include "reports/gonad_maturity_report.h"
-#include "reports/gonad_maturity_report_screen.h"
+#include "reports/species_report_screen.h"
 #include "support/test_main.h"
 
 #include <QTabWidget>
@@ -170,10 +170,10 @@ private Q_SLOTS:
         QStringList stages;
         for (int i = 0; i < years.rowCount(); ++i) {
             const int year = *years.integer(i, u"gyear");
-            sexes << cells(sexesByMonth(store.db(), year, 7), year);
-            stages << cells(stagesByMonth(store.db(), year, 7, Sex::Female), year, u"Female|"_s)
-                   << cells(stagesByMonth(store.db(), year, 7, Sex::Male), year, u"Male|"_s)
-                   << cells(stagesByMonth(store.db(), year, 7, Sex::None), year, u"None|"_s);
+            const std::vector<ResultSet> tables = gonadTables(store.db(), year, 7);
+            sexes << cells(tables[0], year);
+            stages << cells(tables[1], year, u"Female|"_s) << cells(tables[2], year, u"Male|"_s)
+                   << cells(tables[3], year, u"None|"_s);
         }
         sexes.sort();
         stages.sort();

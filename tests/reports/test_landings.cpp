@@ -120,10 +120,10 @@ private Q_SLOTS:
         const ResultSet ports = m_store.db().query(compositionChoices(byPort, 2017));
         auto line = sums.begin();
         for (int port = 0; port < ports.rowCount(); ++port) {
-            const QVariant& key = ports.value(port, byPort.key);
+            const QVariant& key = ports.value(port, u"key");
             for (const auto& row : compositionOf(m_store.db(), byPort, 2017, key, total.toDouble()).rows) {
                 const double kg = (*line)[2].toDouble();
-                QCOMPARE(ports.text(port, byPort.shown), (*line)[0]);
+                QCOMPARE(ports.text(port, u"name"), (*line)[0]);
                 QCOMPARE(row[0].toString(), (*line)[1] + u" sp."_s);
                 QCOMPARE(row[1].toString(), twoDecimals(kg));
                 QCOMPARE(row[2].toString(), QString::number(kg * 100 / year, 'f', 2));

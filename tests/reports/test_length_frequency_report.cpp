@@ -2,7 +2,7 @@
 #include "data/transaction.h"
 #include "report_desk.h"
 #include "reports/length_frequency_report.h"
-#include "reports/length_frequency_report_screen.h"
+#include "reports/species_report_screen.h"
 #include "support/test_main.h"
 
 #include <QLocale>
