@@ -1,7 +1,5 @@
 #include "data/connection.h"
 
-#include "data/crosstab.h"
-#include "data/dialect.h"
 #include "data/functions.h"
 #include "data/transaction.h"
 
@@ -116,19 +114,18 @@ Connection::~Connection() = default;
 template <typename Work>
 auto Connection::run(const Sql& sql, QStringView failure, const Work& work) {
     try {
-        const RunnableSql runs = translated(sql);
         return patiently([&] {
-            if (runs.values.empty()) {
-                SQLite::Statement once(*m_database, runs.text);
+            if (sql.values().empty()) {
+                SQLite::Statement once(*m_database, sql.prepared());
                 return work(once);
             }
-            SQLite::Statement& statement = prepared(runs.text);
+            SQLite::Statement& statement = prepared(sql.prepared());
             // A statement that is not reset would keep the file locked for other windows.
             const auto atEnd = qScopeGuard([&statement] {
                 (void)statement.tryReset();
                 statement.clearBindings();
             });
-            for (int place = 1; const Sql::Value& value : runs.values) {
+            for (int place = 1; const Sql::Value& value : sql.values()) {
                 std::visit([&](const auto& bound) { statement.bind(place, bound); }, value);
                 ++place;
             }
@@ -150,16 +147,6 @@ DataError Connection::failed(QStringView failure, const SQLite::Exception& refus
 }
 
 ResultSet Connection::query(const Sql& sql) {
-    if (const auto crosstab = parseCrosstab(written(sql))) {
-        try {
-            return patiently([&] {
-                SQLite::Statement statement(*m_database, translate(crosstab->statement));
-                return pivoted(*crosstab, rowsOf(statement));
-            });
-        } catch (const SQLite::Exception& e) {
-            throw failed(kNotRead, e);
-        }
-    }
     return run(sql, kNotRead, rowsOf);
 }
 

@@ -2,7 +2,6 @@
 
 #include "data/connection.h"
 #include "data/csv_reader.h"
-#include "data/dialect.h"
 #include "data/numbers.h"
 #include "records/gonad_import.h"
 #include "records/species_import.h"
@@ -10,7 +9,6 @@
 
 #include <cmath>
 #include <cstring>
-#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -115,17 +113,6 @@ void trySql(const QByteArray& bytes) {
         const bool everyday = value == 0 || (std::fabs(value) >= 1e-9 && std::fabs(value) < 1e21);
         require(found == read || (!everyday && std::fabs(found - read) <= std::fabs(read) * 1e-9),
                 "a number is a value");
-    }
-}
-
-void tryDialect(const QByteArray& bytes) {
-    const std::string statement = bytes.toStdString();
-    static_cast<void>(translate(statement));
-    try {
-        static_cast<void>(parseCrosstab(statement));
-    } catch (const std::invalid_argument&) {
-        // A crosstab with a part missing.
-        return;
     }
 }
 
