@@ -4,7 +4,6 @@
 #include "data/transaction.h"
 
 #include <QElapsedTimer>
-#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QtEndian>
 #include <SQLiteCpp/Column.h>
@@ -39,17 +38,11 @@ QVariant valueOf(const SQLite::Column& column) {
     return QString::fromUtf8(text, column.getBytes());
 }
 
-/// The name of a column. The engine numbers one that two tables of a nested join have ("stateid:1").
-QString columnName(const SQLite::Statement& query, int column) {
-    static const QRegularExpression number(u":\\d+$"_s);
-    return QString::fromUtf8(query.getColumnName(column)).remove(number);
-}
-
 ResultSet rowsOf(SQLite::Statement& query) {
     ResultSet result;
     const int columns = query.getColumnCount();
     for (int i = 0; i < columns; ++i) {
-        result.columns.push_back(columnName(query, i));
+        result.columns.push_back(QString::fromUtf8(query.getColumnName(i)));
     }
     while (query.executeStep()) {
         std::vector<QVariant>& row = result.rows.emplace_back();
