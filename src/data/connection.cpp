@@ -1,11 +1,9 @@
 #include "data/connection.h"
 
-#include "data/dialect.h"
 #include "data/functions.h"
 #include "data/transaction.h"
 
 #include <QElapsedTimer>
-#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QtEndian>
 #include <SQLiteCpp/Column.h>
@@ -40,17 +38,11 @@ QVariant valueOf(const SQLite::Column& column) {
     return QString::fromUtf8(text, column.getBytes());
 }
 
-/// The name of a column. The engine numbers one that two tables of a nested join have ("stateid:1").
-QString columnName(const SQLite::Statement& query, int column) {
-    static const QRegularExpression number(u":\\d+$"_s);
-    return QString::fromUtf8(query.getColumnName(column)).remove(number);
-}
-
 ResultSet rowsOf(SQLite::Statement& query) {
     ResultSet result;
     const int columns = query.getColumnCount();
     for (int i = 0; i < columns; ++i) {
-        result.columns.push_back(columnName(query, i));
+        result.columns.push_back(QString::fromUtf8(query.getColumnName(i)));
     }
     while (query.executeStep()) {
         std::vector<QVariant>& row = result.rows.emplace_back();
@@ -115,19 +107,18 @@ Connection::~Connection() = default;
 template <typename Work>
 auto Connection::run(const Sql& sql, QStringView failure, const Work& work) {
     try {
-        const RunnableSql runs = translated(sql);
         return patiently([&] {
-            if (runs.values.empty()) {
-                SQLite::Statement once(*m_database, runs.text);
+            if (sql.values().empty()) {
+                SQLite::Statement once(*m_database, sql.prepared());
                 return work(once);
             }
-            SQLite::Statement& statement = prepared(runs.text);
+            SQLite::Statement& statement = prepared(sql.prepared());
             // A statement that is not reset would keep the file locked for other windows.
             const auto atEnd = qScopeGuard([&statement] {
                 (void)statement.tryReset();
                 statement.clearBindings();
             });
-            for (int place = 1; const Sql::Value& value : runs.values) {
+            for (int place = 1; const Sql::Value& value : sql.values()) {
                 std::visit([&](const auto& bound) { statement.bind(place, bound); }, value);
                 ++place;
             }

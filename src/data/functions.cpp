@@ -73,27 +73,6 @@ const QByteArray& monthText(int month) {
     return names.at(static_cast<std::size_t>(month));
 }
 
-void formatFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
-    if (sqlite3_value_type(values[0]) == SQLITE_NULL) {
-        return;
-    }
-    const char* pattern = textOf(values[1]).data();
-    const auto is = [pattern](const char* known) { return pattern != nullptr && sqlite3_stricmp(pattern, known) == 0; };
-    const bool number = is("m");
-    if (number || is("mmmm")) {
-        if (const YearMonth date = dateOf(values[0]); date.month > 0) {
-            resultText(context, number ? QByteArray::number(date.month) : monthText(date.month));
-        }
-        return;
-    }
-    const int type = sqlite3_value_numeric_type(values[0]);
-    if ((type == SQLITE_INTEGER || type == SQLITE_FLOAT) && (is("#0.00") || is("0.00") || is("fixed"))) {
-        resultText(context, twoDecimals(sqlite3_value_double(values[0])).toUtf8());
-        return;
-    }
-    sqlite3_result_value(context, values[0]);
-}
-
 void twoDecimalsFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
     const int type = sqlite3_value_numeric_type(values[0]);
     if (type == SQLITE_INTEGER || type == SQLITE_FLOAT) {
@@ -117,9 +96,6 @@ void registerFunctions(SQLite::Database& database) {
     database.createFunction("year_number", 1, true, nullptr, yearFunction);
     database.createFunction("month_number", 1, true, nullptr, monthFunction);
     database.createFunction("month_name", 1, true, nullptr, monthNameFunction);
-    database.createFunction("year", 1, true, nullptr, yearFunction);
-    database.createFunction("month", 1, true, nullptr, monthFunction);
-    database.createFunction("format", 2, true, nullptr, formatFunction);
 }
 
 }  // namespace kelvora

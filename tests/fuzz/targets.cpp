@@ -2,7 +2,6 @@
 
 #include "data/connection.h"
 #include "data/csv_reader.h"
-#include "data/dialect.h"
 #include "data/numbers.h"
 #include "records/gonad_import.h"
 #include "records/species_import.h"
@@ -10,7 +9,6 @@
 
 #include <cmath>
 #include <cstring>
-#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -121,10 +119,6 @@ void trySql(const QByteArray& bytes) {
         require(found == read || (!everyday && std::fabs(found - read) <= std::fabs(read) * 1e-9),
                 "a number is a value");
     }
-}
-
-void tryDialect(const QByteArray& bytes) {
-    static_cast<void>(translate(bytes.toStdString()));
 }
 
 void tryNumbers(const QByteArray& bytes) {

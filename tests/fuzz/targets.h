@@ -10,8 +10,6 @@ namespace kelvora::fuzz {
 void tryCsv(const QByteArray& bytes);
 /// A typed text, and a number, as values of a statement that the engine runs.
 void trySql(const QByteArray& bytes);
-/// A statement of the program's dialect.
-void tryDialect(const QByteArray& bytes);
 /// A typed number.
 void tryNumbers(const QByteArray& bytes);
 
