@@ -1,9 +1,8 @@
 #pragma once
 
-#include "data/sql.h"
+#include "records/refusal.h"
 
-#include <QString>
-
+#include <array>
 #include <optional>
 #include <vector>
 
@@ -24,22 +23,34 @@ struct GonadFish {
 /// A field of a fish.
 using FishField = QString GonadFish::*;
 
+struct FishColumn {
+    FishField field;
+    const char* name;     ///< in the header of a file, and in what is said about it
+    const char* caption;  ///< above a grid of fish
+};
+
+/// The fields of a fish in the order in which it is measured, filed and stored.
+inline constexpr std::array<FishColumn, 8> kFishFields = {{
+    {&GonadFish::tl, "TL", "TL(mm)"},
+    {&GonadFish::bl, "BL", "BL(mm)"},
+    {&GonadFish::fl, "FL", "FL(mm)"},
+    {&GonadFish::sl, "SL", "SL(mm)"},
+    {&GonadFish::bw, "BW", "BW(g)"},
+    {&GonadFish::sex, "SEX", "SEX"},
+    {&GonadFish::stage, "Stage", "STAGE"},
+    {&GonadFish::gw, "GW", "GW(g)"},
+}};
+
 /// The gonado-somatic index in percent, at most 15 significant digits; nothing for a fish without a body weight above
 /// 0. Both weights in the same unit.
 std::optional<double> gonadoSomaticIndex(double gonadWeight, double bodyWeight);
 
-/// Why a typed fish cannot be taken, and which of its fields is to be put right.
-struct FishRefusal {
-    FishField field;
-    QString message;
-};
-
-/// The title of the box that shows a refusal.
+/// The title of the boxes that ask and complain about a fish.
 inline constexpr QStringView kGonadTitle = u"GONAD";
 
-/// The first measurement that is wrong, in the order of the fields; nothing if the fish can be taken. Its sex and stage
-/// are free.
-std::optional<FishRefusal> fishRefusal(const GonadFish& fish);
+/// The first measurement that is wrong, in the order of kFishFields; nothing if the fish can be taken. Its sex and
+/// stage are free.
+std::optional<Refusal> fishRefusal(const GonadFish& fish);
 
 /// What the fish weigh together, in g.
 double bodyWeightSum(const std::vector<GonadFish>& fish);
@@ -49,9 +60,5 @@ QString samplingWeightText(double bodyWeights);
 
 /// The number that is stored for a field of a fish, its sex left aside: the one its text starts with, otherwise 0.
 double storedNumber(const GonadFish& fish, FishField field);
-
-/// The statement that stores a fish under a number within its operation and species. A text that does not start with a
-/// number counts as 0.
-Sql insertFish(int operation, int species, int number, const GonadFish& fish);
 
 }  // namespace kelvora

@@ -2,36 +2,17 @@
 
 #include "data/numbers.h"
 
-#include <array>
-
 using namespace Qt::StringLiterals;
 
 namespace kelvora {
 namespace {
 
-struct Column {
-    const char* header;
-    FishField field;
-    const char* caption;  // in the grid, of a field that is stored as a number
-};
-
-constexpr std::array<Column, 8> kColumns = {{
-    {"TL", &GonadFish::tl, "TL(mm)"},
-    {"BL", &GonadFish::bl, "BL(mm)"},
-    {"FL", &GonadFish::fl, "FL(mm)"},
-    {"SL", &GonadFish::sl, "SL(mm)"},
-    {"BW", &GonadFish::bw, "BW(g)"},
-    {"SEX", &GonadFish::sex, nullptr},
-    {"Stage", &GonadFish::stage, "STAGE"},
-    {"GW", &GonadFish::gw, "GW(g)"},
-}};
-
-constexpr auto kWidth = static_cast<qsizetype>(kColumns.size());
+constexpr auto kFishWidth = static_cast<qsizetype>(kFishFields.size());
 
 /// Whether a name of the header is in its place; a header that breaks off has fewer.
-bool isHeader(const QStringList& fields) {
+bool isFishHeader(const QStringList& fields) {
     for (qsizetype i = 0; i < fields.size(); ++i) {
-        if (fields[i] == QLatin1String(kColumns[static_cast<std::size_t>(i)].header)) {
+        if (fields[i] == QLatin1String(kFishFields[static_cast<std::size_t>(i)].name)) {
             return true;
         }
     }
@@ -66,7 +47,7 @@ bool FishReader::beginLine() {
     if (m_fields.isEmpty()) {
         m_first = line->line;
     }
-    if (m_uneven.line == 0 && line->fields.size() != kWidth && !(m_fields.isEmpty() && line->isEmptyLine())) {
+    if (m_uneven.line == 0 && line->fields.size() != kFishWidth && !(m_fields.isEmpty() && line->isEmptyLine())) {
         m_uneven = *line;
     }
     m_line = std::move(*line);
@@ -76,7 +57,7 @@ bool FishReader::beginLine() {
 
 bool FishReader::readFields() {
     m_fields.clear();
-    while (m_fields.size() < kWidth) {
+    while (m_fields.size() < kFishWidth) {
         if (m_at == m_line.fields.size()) {
             if (!beginLine()) {
                 break;
@@ -88,13 +69,13 @@ bool FishReader::readFields() {
             continue;
         }
         m_fields.append(m_line.fields[m_at++]);
-        if (m_fields.size() == kWidth && CsvRecord{m_first, m_fields}.isBlank()) {
+        if (m_fields.size() == kFishWidth && CsvRecord{m_first, m_fields}.isBlank()) {
             ++m_passedOver;
             m_fields.clear();
         }
     }
-    if (!m_fields.isEmpty() && m_fields.size() < kWidth) {
-        throw fieldCountFault(m_uneven, kWidth);
+    if (!m_fields.isEmpty() && m_fields.size() < kFishWidth) {
+        throw fieldCountFault(m_uneven, kFishWidth);
     }
     return !m_fields.isEmpty();
 }
@@ -105,12 +86,12 @@ bool FishReader::readHeader() {
             return false;
         }
     } catch (const FormatFault& fault) {
-        if (isHeader(m_fields)) {
+        if (isFishHeader(m_fields)) {
             throw;
         }
         throw HeaderFault(fault);
     }
-    if (!isHeader(m_fields)) {
+    if (!isFishHeader(m_fields)) {
         throw HeaderFault(FormatFault(m_first, u"none of the names TL,BL,FL,SL,BW,SEX,Stage,GW is in its place"_s));
     }
     return true;
@@ -124,8 +105,8 @@ std::optional<GonadFish> FishReader::next() {
         throw FormatFault(m_first, u"more than 32,767 fish"_s);
     }
     GonadFish fish;
-    for (qsizetype i = 0; i < kWidth; ++i) {
-        fish.*kColumns[static_cast<std::size_t>(i)].field = m_fields[i];
+    for (qsizetype i = 0; i < kFishWidth; ++i) {
+        fish.*kFishFields[static_cast<std::size_t>(i)].field = m_fields[i];
     }
     fish.sex = importedSex(fish.sex);
     return fish;
@@ -133,8 +114,8 @@ std::optional<GonadFish> FishReader::next() {
 
 QString storedOtherwise(const std::vector<GonadFish>& fish) {
     for (std::size_t i = 0; i < fish.size(); ++i) {
-        for (const Column& column : kColumns) {
-            if (column.caption == nullptr || isStoredAsItStands(fish[i], column.field)) {
+        for (const FishColumn& column : kFishFields) {
+            if (column.field == &GonadFish::sex || isStoredAsItStands(fish[i], column.field)) {
                 continue;
             }
             const bool stage = column.field == &GonadFish::stage;

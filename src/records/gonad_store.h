@@ -36,11 +36,27 @@ struct StoredPart {
 void storeGonadSample(Connection& connection, const GonadSample& sample, StoredPart& part,
                       const std::function<void()>& fishStored);
 
+/// The species of which an operation has a gonad sample, by their numbers.
+std::vector<ChosenSpecies> gonadSpecies(Connection& connection, int operation);
+
+/// Whether an operation has a gonad sample of a species.
+bool hasGonadSample(Connection& connection, int operation, int species);
+/// Its sampling weight (kg) as it is stored.
+QVariant gonadSampleWeight(Connection& connection, int operation, int species);
+/// Its fish by their numbers: number, four lengths, body weight (g) with two decimals, sex, stage, gonad weight (g),
+/// index
+/// (%) with two decimals.
+ResultSet fishOf(Connection& connection, int operation, int species);
+
+/// The maturity stages by their numbers: stageid, stname.
+Sql maturityStages();
+
 /// Adds a fish to a stored sample, whose weight stays as it is. OriginLost as well.
 void addFish(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species,
              const GonadFish& fish);
 
-/// Deletes an operation's gonad sample of a species with its fish. All or nothing. OriginLost as well.
-void deleteGonadSample(Connection& connection, const StoredOperation& operation, int species);
+/// Deletes an operation's gonad sample of a species, whatever its name is by now, with its fish. All or nothing.
+/// OriginLost if the operation is lost.
+void deleteGonadSample(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species);
 
 }  // namespace kelvora

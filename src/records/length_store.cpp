@@ -5,23 +5,52 @@
 namespace kelvora {
 namespace {
 
-void insertClass(Connection& connection, int operation, int species, const CountedClass& counted) {
+void insertLengthClass(Connection& connection, int operation, int species, const CountedClass& counted) {
+    const LengthClass& limits = counted.limits;
     connection.execute(Sql("insert into length_detail values(")
-                       << operation << "," << species << "," << counted.limits.lower << "," << counted.limits.upper
-                       << "," << counted.middle << "," << counted.frequency << ")");
+                       << operation << "," << species << "," << limits.lower << "," << limits.upper << ","
+                       << limits.middle() << "," << counted.frequency << ")");
+}
+
+ResultSet intervalRowOf(Connection& connection, int species) {
+    return connection.query(Sql("select classinterval from fish where fishno = ") << species);
+}
+
+ResultSet lengthSampleOf(Connection& connection, int operation, int species) {
+    return connection.query(Sql("select * from length where optid = ") << operation << " and spid = " << species);
 }
 
 }  // namespace
 
+QVariant classIntervalOf(Connection& connection, int species) {
+    const ResultSet fish = intervalRowOf(connection, species);
+    return fish.isEmpty() ? QVariant() : fish.value(0, u"classinterval");
+}
+
 std::optional<double> storedInterval(Connection& connection, int species) {
-    const ResultSet fish = connection.query(Sql("select classinterval from fish where fishno = ") << species);
+    const ResultSet fish = intervalRowOf(connection, species);
     const std::optional<double> interval = fish.isEmpty() ? std::nullopt : fish.number(0, u"classinterval");
     return interval.value_or(0) != 0 ? interval : std::nullopt;
 }
 
+std::vector<ChosenSpecies> lengthSpecies(Connection& connection, int operation) {
+    return speciesIn(connection.query(Sql("SELECT ")
+                                      << kSpeciesName << " AS Species,fish.fishno FROM fish INNER JOIN length ON"
+                                      << " fish.fishno = length.spid where optid = " << operation << " ORDER BY spid"));
+}
+
 bool hasLengthSample(Connection& connection, int operation, int species) {
-    return !connection.query(Sql("select * from length where optid = ") << operation << " and spid = " << species)
-                .isEmpty();
+    return !lengthSampleOf(connection, operation, species).isEmpty();
+}
+
+QVariant lengthSampleWeight(Connection& connection, int operation, int species) {
+    const ResultSet stored = lengthSampleOf(connection, operation, species);
+    return stored.isEmpty() ? QVariant() : stored.value(0, u"weight");
+}
+
+ResultSet lengthClassesOf(Connection& connection, int operation, int species) {
+    return connection.query(Sql("select lower1,upper1,midlength1,frequency1 from length_detail where optid = ")
+                            << operation << " and spid = " << species << " order by lower1");
 }
 
 void deleteLengthSample(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species) {
@@ -45,7 +74,7 @@ void storeLengthSample(Connection& connection, const LengthSample& sample) {
     connection.execute(Sql("insert into length values(")
                        << sample.operation.number << "," << species << "," << sample.weight << ")");
     for (const CountedClass& counted : sample.classes) {
-        insertClass(connection, sample.operation.number, species, counted);
+        insertLengthClass(connection, sample.operation.number, species, counted);
     }
     transaction.commit();
 }
@@ -63,7 +92,7 @@ void addLengthClass(Connection& connection, const StoredOperation& operation, co
     Transaction transaction(connection);
     requireOperation(connection, operation);
     requireSpecies(connection, species);
-    insertClass(connection, operation.number, species.number, counted);
+    insertLengthClass(connection, operation.number, species.number, counted);
     transaction.commit();
 }
 

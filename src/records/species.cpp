@@ -17,6 +17,14 @@ Sql caughtSpecies(int operation) {
            << " WHERE optid = " << operation << " ORDER BY Species";
 }
 
+std::vector<ChosenSpecies> speciesIn(const ResultSet& found) {
+    std::vector<ChosenSpecies> species;
+    for (int row = 0; row < found.rowCount(); ++row) {
+        species.push_back({found.integer(row, u"fishno").value(), found.text(row, u"Species")});
+    }
+    return species;
+}
+
 void requireSpecies(Connection& connection, const ChosenSpecies& species) {
     const ResultSet found =
         connection.query(Sql("SELECT ") << kSpeciesName << " AS sp FROM fish WHERE fishno = " << species.number);

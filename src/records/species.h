@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <vector>
+
 namespace kelvora {
 
 /// The shown name of a species, genus and epithet, of a row of the table fish; it compares and sorts as the text
@@ -22,6 +24,9 @@ Sql catalogueSpecies();
 /// The species of an operation's composition by their shown names: spid, Species. Only what was in the catch can have
 /// been measured.
 Sql caughtSpecies(int operation);
+
+/// The species of a result, which has their numbers as "fishno" and their shown names as "Species".
+std::vector<ChosenSpecies> speciesIn(const ResultSet& found);
 
 /// To be called inside the transaction that stores for a species. Throws OriginLost unless the catalogue still has it
 /// under this number with this name: the number of a deleted species is given anew.

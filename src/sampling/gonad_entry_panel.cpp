@@ -159,16 +159,11 @@ void GonadEntryPanel::onStart() {
 }
 
 void GonadEntryPanel::onNext() {
-    if (!m_dialogs.confirm(kGonadTitle.toString(), u"Are you sure to add this sampling"_s)) {
+    const std::optional<GonadFish> fish = m_fields->askFor(m_dialogs);
+    if (!fish) {
         return;
     }
-    const GonadFish fish = m_fields->fish();
-    if (const std::optional<FishRefusal> refusal = fishRefusal(fish)) {
-        m_dialogs.message(kGonadTitle.toString(), refusal->message);
-        m_fields->refuse(refusal->field);
-        return;
-    }
-    m_grid->append(fish);
+    m_grid->append(*fish);
     showWeight();
     m_fields->startNext();
     m_fields->focusFirst();

@@ -2,12 +2,10 @@
 
 #include "controls/session.h"
 #include "records/gonad_store.h"
-
-#include <QWidget>
+#include "sampling/entry_panel.h"
 
 #include <optional>
 
-class QLabel;
 class QLineEdit;
 class QPushButton;
 
@@ -19,21 +17,16 @@ class FinderPanel;
 class FishFields;
 class MeasuredFishGrid;
 
-/// The entry of one gonad sample: fish are typed or imported into a grid, and stored together. What is typed lives here
-/// alone until SAVE.
-class GonadEntryPanel : public QWidget {
+/// The entry of one gonad sample: fish are typed or imported into a grid, and stored together.
+class GonadEntryPanel : public EntryPanel {
     Q_OBJECT
 
 public:
-    /// The finder says which operation is current; it and the connection are the screen's and outlive the panel.
     GonadEntryPanel(const FinderPanel& finder, Connection& connection, const Context& context);
 
-    /// No operation is current any more: what was measured of its catch is given up.
-    void reset();
-    /// An operation is current: offers the species of its composition.
-    void refresh();
-    /// Fills the list of species again, which another screen may have changed.
-    void refillLists();
+    void reset() override;
+    void refresh() override;
+    void refillLists() override;
 
 private:
     QWidget* createSampleLine();

@@ -1,16 +1,18 @@
 #include "sampling/length_class_grid.h"
 
+#include "controls/dialogs.h"
+#include "controls/fields.h"
 #include "controls/text_table.h"
 #include "data/numbers.h"
+
+#include <QLineEdit>
 
 using namespace Qt::StringLiterals;
 
 namespace kelvora {
 namespace {
 
-enum ClassColumn { Lower, Upper, Middle, Frequency, ClassColumnCount };
-
-GridColumns classColumns() {
+GridColumns countedColumns() {
     return {{u"Lower"_s, 80, Qt::AlignRight},
             {u"Upper"_s, 80, Qt::AlignRight},
             {u"Mid-Length"_s, 100, Qt::AlignRight},
@@ -23,8 +25,8 @@ QStringList rowOf(const LengthClass& c, const QString& frequency = {}) {
 
 }  // namespace
 
-LengthClassGrid::LengthClassGrid(const QString& name) : Grid(name), m_rows(new TextTable(ClassColumnCount, this)) {
-    show(m_rows, classColumns());
+LengthClassGrid::LengthClassGrid(const QString& name) : Grid(name), m_rows(new TextTable(4, this)) {
+    show(m_rows, countedColumns());
 }
 
 void LengthClassGrid::showNothing() {
@@ -47,30 +49,28 @@ void LengthClassGrid::startWith(const LengthClass& first) {
     highlight(0);
 }
 
-void LengthClassGrid::enter(const LengthClass& counted, double frequency, const LengthClass& next) {
+void LengthClassGrid::enter(const CountedClass& counted, const LengthClass& next) {
     const int last = rowCount() - 1;
-    m_rows->setRow(last, rowOf(counted, plainText(frequency)));
+    m_rows->setRow(last, rowOf(counted.limits, plainText(counted.frequency)));
     highlight(last);
     m_rows->appendRow(rowOf(next));
     scrollToBottom();
 }
 
-std::vector<CountedClass> LengthClassGrid::counted() const {
-    std::vector<CountedClass> classes;
-    for (int i = 0; i + 1 < rowCount(); ++i) {
-        const QStringList& row = m_rows->row(i);
-        if (!row.at(Frequency).isEmpty()) {
-            classes.push_back({{leadingNumber(row.at(Lower)), leadingNumber(row.at(Upper))},
-                               leadingNumber(row.at(Middle)),
-                               leadingNumber(row.at(Frequency))});
-        }
-    }
-    return classes;
-}
-
 void LengthClassGrid::highlight(int row) {
     // A light blue, with a text colour that is read on it in dark mode too.
     m_rows->setRowColours(row, QColor(0xb0, 0xd5, 0xe6), QColor(0x1f, 0x2a, 0x30));
+}
+
+std::optional<double> typedFrequency(Dialogs& dialogs, QLineEdit* box) {
+    const QString typed = box->text();
+    if (const auto refusal = frequencyRefusal(typed)) {
+        dialogs.message(refusal->title, refusal->message);
+        box->clear();
+        focusOn(box);
+        return std::nullopt;
+    }
+    return leadingNumber(typed);
 }
 
 }  // namespace kelvora

@@ -27,7 +27,7 @@ constexpr int kInset = 10;
 LengthEntryPanel::LengthEntryPanel(const FinderPanel& finder, Connection& connection, const Context& context)
     : m_finder(finder),
       m_connection(connection),
-      m_context(context),
+      m_dialogs(context.dialogs),
       m_species(new BoundList),
       m_interval(numberField()),
       m_weight(numberField()),
@@ -40,6 +40,7 @@ LengthEntryPanel::LengthEntryPanel(const FinderPanel& finder, Connection& connec
       m_save(keyButton(u"SA&VE"_s)),
       m_clear(keyButton(u"&CLEAR"_s)),
       m_grid(new LengthClassGrid(u"Length classes"_s)),
+      m_fields{m_species, nullptr, m_interval, m_weight, m_lowerLimit},
       m_notice(new QLabel) {
     auto* layout = new QGridLayout(this);
     layout->addWidget(new OperationLine(m_finder), 0, 0, 1, 2);
@@ -104,15 +105,14 @@ QWidget* LengthEntryPanel::createButtons() {
 }
 
 void LengthEntryPanel::connectFields() {
-    Dialogs& dialogs = m_context.dialogs;
-    connect(m_species, &BoundList::chosen, this, guarded(dialogs, [this] { onSpeciesChosen(); }));
-    connect(m_species, &QComboBox::editTextChanged, this, guarded(dialogs, [this] { onSpeciesChosen(); }));
+    connect(m_species, &BoundList::chosen, this, guarded(m_dialogs, [this] { onSpeciesChosen(); }));
+    connect(m_species, &QComboBox::editTextChanged, this, guarded(m_dialogs, [this] { onSpeciesChosen(); }));
     connect(m_interval, &QLineEdit::textChanged, this, &LengthEntryPanel::onIntervalChanged);
-    connect(m_start, &QPushButton::clicked, this, guarded(dialogs, [this] { onStart(); }));
-    connect(m_frequency, &QLineEdit::returnPressed, this, guarded(dialogs, [this] { onFrequency(); }));
-    connect(m_finish, &QPushButton::clicked, this, guarded(dialogs, [this] { onFinish(); }));
-    connect(m_save, &QPushButton::clicked, this, guarded(dialogs, [this] { onSave(); }));
-    connect(m_clear, &QPushButton::clicked, this, guarded(dialogs, [this] {
+    connect(m_start, &QPushButton::clicked, this, guarded(m_dialogs, [this] { onStart(); }));
+    connect(m_frequency, &QLineEdit::returnPressed, this, guarded(m_dialogs, [this] { onFrequency(); }));
+    connect(m_finish, &QPushButton::clicked, this, guarded(m_dialogs, [this] { onFinish(); }));
+    connect(m_save, &QPushButton::clicked, this, guarded(m_dialogs, [this] { onSave(); }));
+    connect(m_clear, &QPushButton::clicked, this, guarded(m_dialogs, [this] {
                 clear();
                 focusOn(m_species);
             }));
@@ -126,16 +126,15 @@ void LengthEntryPanel::reset() {
     }
     const QString givenUp =
         u"The count of %1 in fishing operation no. %2 was given up (classes counted: %3): another operation was looked for."_s
-            .arg(m_species->text(), QString::number(m_started->number), QString::number(m_grid->counted().size()));
+            .arg(m_species->text(), QString::number(m_started->number), QString::number(m_counted.size()));
     clear();
     m_notice->setText(givenUp);
     m_notice->show();
 }
 
 void LengthEntryPanel::refresh() {
-    const bool filled = runGuarded(m_context.dialogs, [this] {
-        fillCaughtSpecies(*m_species, m_connection, m_finder.operation().value().number);
-    });
+    const bool filled = runGuarded(
+        m_dialogs, [this] { fillCaughtSpecies(*m_species, m_connection, m_finder.operation().value().number); });
     if (!filled) {
         // Rather no species than those of another operation.
         m_species->clearSource();
@@ -174,7 +173,7 @@ bool LengthEntryPanel::fitsTheCount(const ChosenSpecies& chosen, const std::opti
     m_species->setKey(counted.number);
     const QString has =
         interval ? u"is counted in classes of %1 cm"_s.arg(plainText(*interval)) : u"has no class interval yet"_s;
-    m_context.dialogs.message(
+    m_dialogs.message(
         u"ERROR"_s, u"%1 %2, and these fish in classes of %3 cm: they stay with %4. Press CLEAR to begin again."_s.arg(
                         chosen.name, has, m_interval->text(), counted.name));
     return false;
@@ -182,6 +181,7 @@ bool LengthEntryPanel::fitsTheCount(const ChosenSpecies& chosen, const std::opti
 
 void LengthEntryPanel::onIntervalChanged() {
     if (!m_interval->text().isEmpty()) {
+        m_counted.clear();
         m_grid->showTable(leadingNumber(m_interval->text()));
     }
 }
@@ -200,11 +200,10 @@ LengthStart LengthEntryPanel::typedStart() const {
 void LengthEntryPanel::onStart() {
     onSpeciesChosen();  // its interval may have been unreadable when it was chosen
     const LengthStart start = typedStart();
-    if (const auto refusal = startRefusal(start)) {
-        refuse(*refusal);
+    if (isRefused(startRefusal(start))) {
         return;
     }
-    if (!giveWay(*m_finder.operation(), chosenSpecies(*m_species).value())) {
+    if (!replacesStored(*m_finder.operation(), chosenSpecies(*m_species).value())) {
         clear();
         focusOn(m_species);
         return;
@@ -214,13 +213,13 @@ void LengthEntryPanel::onStart() {
     startAt(classHolding(leadingNumber(start.lowerLimit), leadingNumber(start.interval)).value());
 }
 
-bool LengthEntryPanel::giveWay(const StoredOperation& operation, const ChosenSpecies& species) {
+bool LengthEntryPanel::replacesStored(const StoredOperation& operation, const ChosenSpecies& species) {
     if (!hasLengthSample(m_connection, operation.number, species.number)) {
         return true;
     }
-    if (!m_context.dialogs.confirm(u"CONFORM"_s,
-                                   u"This species have lenght frequency data in database. Do you want to update?"_s,
-                                   Dialogs::Question::Deleting)) {
+    if (!m_dialogs.confirm(u"CONFORM"_s,
+                           u"This species have lenght frequency data in database. Do you want to update?"_s,
+                           Dialogs::Question::Deleting)) {
         return false;
     }
     deleteLengthSample(m_connection, operation, species);
@@ -240,24 +239,15 @@ void LengthEntryPanel::startAt(const LengthClass& first) {
 }
 
 void LengthEntryPanel::onFrequency() {
-    const QString typed = m_frequency->text();
-    if (typed.isEmpty()) {
-        return;
-    }
-    if (!isFrequency(typed)) {
-        m_context.dialogs.message(u"ERROR"_s, u"Numeric Only"_s);
-        m_frequency->clear();
-        focusOn(m_frequency);
-        return;
-    }
-    if (const auto refusal = intervalRefusal(m_interval->text())) {
-        refuse(*refusal);
+    const std::optional<double> frequency =
+        m_frequency->text().isEmpty() ? std::nullopt : typedFrequency(m_dialogs, m_frequency);
+    if (!frequency || isRefused(intervalRefusal(m_interval->text()))) {
         return;
     }
     m_finish->setEnabled(true);
-    const LengthClass next = nextClass(m_current.upper, leadingNumber(m_interval->text()));
-    m_grid->enter(m_current, leadingNumber(typed), next);
-    m_current = next;
+    m_counted.push_back({m_current, *frequency});
+    m_current = nextClass(m_current.upper, leadingNumber(m_interval->text()));
+    m_grid->enter(m_counted.back(), m_current);
     m_currentClass->setText(plainText(m_current.lower) + u'-' + plainText(m_current.upper));
     m_frequency->clear();
     focusOn(m_frequency);
@@ -270,36 +260,34 @@ void LengthEntryPanel::onFinish() {
     m_finish->setEnabled(false);
 }
 
-bool LengthEntryPanel::mayBeSaved(const std::vector<CountedClass>& classes) {
+bool LengthEntryPanel::mayBeSaved() {
     const LengthStart start = typedStart();
     const int started = m_started.value().number;
     const bool elsewhere = start.operation && *start.operation != started;
-    if (const auto refusal = elsewhere ? std::nullopt : saveRefusal(start)) {
-        refuse(*refusal);
+    if (!elsewhere && isRefused(saveRefusal(start))) {
         return false;
     }
     QString problem;
     if (elsewhere) {
         problem = u"This sample belongs to fishing operation no. %1: go back to it to save"_s.arg(started);
-    } else if (classes.empty()) {
+    } else if (m_counted.empty()) {
         problem = u"There is no length class with a frequency to save"_s;
     } else if (hasLengthSample(m_connection, started, *start.species)) {
         problem = u"This species has a length sample in this operation already"_s;
     }
     if (!problem.isEmpty()) {
-        m_context.dialogs.message(u"ERROR"_s, problem);
+        m_dialogs.message(u"ERROR"_s, problem);
     }
     return problem.isEmpty();
 }
 
 void LengthEntryPanel::onSave() {
     onSpeciesChosen();
-    const std::vector<CountedClass> classes = m_grid->counted();
-    if (!mayBeSaved(classes) || !m_context.dialogs.confirm(u"Confirm"_s, u"Are you sure to insert this data"_s)) {
+    if (!mayBeSaved() || !m_dialogs.confirm(u"Confirm"_s, u"Are you sure to insert this data"_s)) {
         return;
     }
     storeLengthSample(m_connection, {m_started.value(), chosenSpecies(*m_species).value(),
-                                     leadingNumber(m_weight->text()), leadingNumber(m_interval->text()), classes});
+                                     leadingNumber(m_weight->text()), leadingNumber(m_interval->text()), m_counted});
     clear();
     focusOn(m_species);
 }
@@ -309,6 +297,7 @@ void LengthEntryPanel::clear() {
     m_species->setText({});
     m_shownSpecies.reset();
     m_started.reset();
+    m_counted.clear();
     m_notice->hide();
     for (QLineEdit* box : {m_interval, m_lowerLimit, m_weight, m_frequency}) {
         box->clear();
@@ -321,27 +310,11 @@ void LengthEntryPanel::clear() {
     m_clear->hide();
 }
 
-QLineEdit* LengthEntryPanel::boxOf(LengthRefusal::Field field) const {
-    switch (field) {
-        case LengthRefusal::Field::Species:
-            return m_species->lineEdit();
-        case LengthRefusal::Field::Interval:
-            return m_interval;
-        case LengthRefusal::Field::Weight:
-            return m_weight;
-        case LengthRefusal::Field::LowerLimit:
-            return m_lowerLimit;
-        case LengthRefusal::Field::Operation:
-            break;
+bool LengthEntryPanel::isRefused(const std::optional<Refusal>& refusal) {
+    if (refusal) {
+        refuse(m_dialogs, refusal->title, refusal->message, m_fields.at(static_cast<std::size_t>(refusal->field)));
     }
-    return nullptr;
-}
-
-void LengthEntryPanel::refuse(const LengthRefusal& refusal) {
-    m_context.dialogs.message(u"ERROR"_s, refusal.message);
-    if (QLineEdit* box = boxOf(refusal.field)) {
-        focusOn(box);
-    }
+    return refusal.has_value();
 }
 
 }  // namespace kelvora

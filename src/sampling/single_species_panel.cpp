@@ -10,7 +10,6 @@
 #include "data/numbers.h"
 #include "operations/finder_panel.h"
 #include "records/composition_store.h"
-#include "records/raising.h"
 #include "sampling/species_list.h"
 
 #include <QGridLayout>
@@ -28,11 +27,11 @@ GridColumns weightColumns() {
 
 }  // namespace
 
-SingleSpeciesPanel::SingleSpeciesPanel(const FinderPanel& finder, Connection& connection, const Context& context)
+SingleSpeciesPanel::SingleSpeciesPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs)
     : QGroupBox(u"Single species"_s),
       m_finder(finder),
       m_connection(connection),
-      m_context(context),
+      m_dialogs(dialogs),
       m_species(new BoundList),
       m_weight(numberField()),
       m_stored(new CaptionedGrid(u"Total catch in weight of single species"_s)),
@@ -56,24 +55,22 @@ SingleSpeciesPanel::SingleSpeciesPanel(const FinderPanel& finder, Connection& co
     layout->addLayout(form);
     layout->addWidget(m_stored, 1);
 
-    connect(add, &QPushButton::clicked, this, guarded(context.dialogs, [this] { onAdd(); }));
+    connect(add, &QPushButton::clicked, this, guarded(dialogs, [this] { onAdd(); }));
     connect(m_weight, &QLineEdit::returnPressed, add, &QPushButton::click);
     connect(m_navigator, &RecordNavigator::arrived, this, &SingleSpeciesPanel::onArrived);
-    connect(m_delete, &QPushButton::clicked, this, guarded(context.dialogs, [this] { onDelete(); }));
+    connect(m_delete, &QPushButton::clicked, this, guarded(dialogs, [this] { onDelete(); }));
     reset();
 }
 
 void SingleSpeciesPanel::refresh(int operation) {
-    auto stored = m_connection.model(
-        Sql("SELECT fish.genus & ' ' & fish.fishname AS Species, group_composition.estotal"
-            " FROM (group_composition INNER JOIN group_main ON (group_composition.groupid = group_main.groupid) AND"
-            " (group_composition.optid = group_main.optid)) INNER JOIN fish ON group_composition.spid = fish.fishno"
-            " Where group_composition.optid = ")
-        << operation << " and group_composition.groupid = 1"
-        << " ORDER BY fish.genus & ' ' & fish.fishname;");
-    const int count = stored->rowCount();
-    m_stored->grid()->show(std::move(stored), weightColumns());
-    m_navigator->setRowCount(count);
+    const ResultSet stored = singleSpeciesOf(m_connection, operation);
+    auto weights = std::make_unique<TextTable>(2);
+    for (int row = 0; row < stored.rowCount(); ++row) {
+        weights->appendRow({stored.text(row, u"Species"), stored.text(row, u"estotal")});
+    }
+    m_shown = speciesIn(stored);
+    m_stored->grid()->show(std::move(weights), weightColumns());
+    m_navigator->setRowCount(stored.rowCount());
 }
 
 void SingleSpeciesPanel::refillLists() {
@@ -81,13 +78,9 @@ void SingleSpeciesPanel::refillLists() {
 }
 
 void SingleSpeciesPanel::reset() {
+    m_shown.clear();
     m_stored->grid()->show(std::make_unique<TextTable>(2), weightColumns());
     m_navigator->setRowCount(0);
-}
-
-void SingleSpeciesPanel::refuse(const QString& title, const QString& text, QWidget* field) const {
-    m_context.dialogs.message(title, text);
-    focusOn(field);
 }
 
 void SingleSpeciesPanel::onAdd() {
@@ -95,21 +88,14 @@ void SingleSpeciesPanel::onAdd() {
     if (!operation) {
         return;
     }
-    if (m_weight->text().isEmpty()) {
-        refuse(u"ERROR!"_s, u"Please input weight"_s, m_weight);
-        return;
-    }
-    if (const auto problem = weightProblem(m_weight->text())) {
-        refuse(u"ERROR!"_s, *problem, m_weight);
-        return;
-    }
     const std::optional<ChosenSpecies> species = chosenSpecies(*m_species);
-    if (!species) {
-        refuse(u"ERROR!"_s, u"Please select species!"_s, m_species);
+    if (const auto refusal = singleSpeciesRefusal(species, m_weight->text())) {
+        const bool weight = refusal->field == WeightField;
+        refuse(m_dialogs, refusal->title, refusal->message, weight ? static_cast<QWidget*>(m_weight) : m_species);
         return;
     }
     if (hasSingleSpecies(m_connection, operation->number, species->number)) {
-        m_context.dialogs.message(u"This species is in database already! please try again"_s);
+        m_dialogs.message(u"This species is in database already! please try again"_s);
         return;
     }
     storeSingleSpecies(m_connection, *operation, *species, leadingNumber(m_weight->text()));
@@ -121,7 +107,7 @@ void SingleSpeciesPanel::onAdd() {
 }
 
 void SingleSpeciesPanel::onArrived(int row) {
-    m_navigator->setCaption(m_stored->grid()->text(row, 0));
+    m_navigator->setCaption(row < 0 ? QString() : m_shown.at(static_cast<std::size_t>(row)).name);
     m_delete->setEnabled(row >= 0);
 }
 
@@ -130,7 +116,7 @@ void SingleSpeciesPanel::onDelete() {
     if (!operation) {
         return;
     }
-    deleteSingleSpecies(m_connection, *operation, m_navigator->caption());
+    deleteSingleSpecies(m_connection, *operation, m_shown.at(static_cast<std::size_t>(m_navigator->row())));
     refresh(operation->number);
     Q_EMIT changed();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/session.h"
+#include "records/species.h"
 
 #include <QGroupBox>
 
@@ -11,7 +11,7 @@ namespace kelvora {
 
 class BoundList;
 class CaptionedGrid;
-class Connection;
+class Dialogs;
 class FinderPanel;
 class RecordNavigator;
 
@@ -21,7 +21,7 @@ class SingleSpeciesPanel : public QGroupBox {
 
 public:
     /// Works on the finder's current operation; finder and connection outlive the panel.
-    SingleSpeciesPanel(const FinderPanel& finder, Connection& connection, const Context& context);
+    SingleSpeciesPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs);
 
     /// Shows the single species of an operation.
     void refresh(int operation);
@@ -37,16 +37,16 @@ private:
     void onAdd();
     void onArrived(int row);
     void onDelete();
-    void refuse(const QString& title, const QString& text, QWidget* field) const;
 
     const FinderPanel& m_finder;
     Connection& m_connection;
-    Context m_context;
+    Dialogs& m_dialogs;
     BoundList* m_species;
     QLineEdit* m_weight;
     CaptionedGrid* m_stored;
     RecordNavigator* m_navigator;
     QPushButton* m_delete;
+    std::vector<ChosenSpecies> m_shown;  ///< in the order of the grid
 };
 
 }  // namespace kelvora

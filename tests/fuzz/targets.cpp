@@ -81,7 +81,9 @@ void tryCsv(const QByteArray& bytes) {
         for (bool more = reader.readHeader(); more;) {
             const std::optional<GonadFish> fish = reader.next();
             more = fish.has_value();
-            require(!insertFish(1, 1, 1, fish.value_or(GonadFish())).text().empty(), "a fish can be stored");
+            for (const FishColumn& column : kFishFields) {
+                require(std::isfinite(storedNumber(fish.value_or(GonadFish()), column.field)), "a fish can be stored");
+            }
         }
     } catch (const FormatFault&) {
         return;
