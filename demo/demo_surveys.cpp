@@ -1,7 +1,7 @@
 #include "data/numbers.h"
 #include "demo/demo_trip.h"
 #include "records/composition_store.h"
-#include "records/gonad_import.h"
+#include "records/gonad_fish.h"
 #include "records/gonad_store.h"
 #include "records/length_store.h"
 

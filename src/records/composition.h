@@ -41,10 +41,9 @@ enum CompositionField { GroupNameField, TotalWeightField, SpeciesField, WeightFi
 std::optional<Refusal> singleSpeciesRefusal(const std::optional<ChosenSpecies>& species, const QString& weight);
 std::optional<Refusal> sampledSpeciesRefusal(const std::optional<ChosenSpecies>& species, const QString& weight);
 
-/// Why a sampling group does not take one more species: its shown name stands in the group already.
-std::optional<Refusal> repeatedSpeciesRefusal(const SamplingGroup& group, const ChosenSpecies& species);
-/// Why a sampling group does not take so much more (kg).
-std::optional<Refusal> overweightRefusal(SamplingGroup group, const SampledSpecies& further);
+/// Why a sampling group does not take one more species: it would weigh more than the whole group, or stands in the
+/// group already, by its shown name.
+std::optional<Refusal> furtherSpeciesRefusal(SamplingGroup group, const SampledSpecies& further);
 
 /// Why the typed total weight (kg) of a sampling group is refused; nothing for a number greater than 0.
 std::optional<Refusal> totalWeightRefusal(const QString& typed);

@@ -7,7 +7,7 @@
 namespace kelvora {
 namespace {
 
-/// The rows of single species, all of an operation or those that a further condition picks.
+/// All single species of an operation, or those that a further condition picks.
 Sql singleSpeciesRows(int operation) {
     return Sql(" from group_composition where optid = ") << operation << " and groupid = 1";
 }
@@ -28,16 +28,6 @@ void settleSingleSpeciesGroup(Connection& connection, int operation) {
 
 bool hasSingleSpecies(Connection& connection, int operation, int species) {
     return !connection.query(Sql("select *") << singleSpeciesRows(operation) << " and spid = " << species).isEmpty();
-}
-
-ResultSet singleSpeciesOf(Connection& connection, int operation) {
-    return connection.query(Sql("SELECT ") << kSpeciesName << " AS Species, group_composition.estotal, fish.fishno"
-                                           << " FROM (group_composition INNER JOIN group_main ON"
-                                              " (group_composition.groupid = group_main.groupid) AND"
-                                              " (group_composition.optid = group_main.optid)) INNER JOIN fish ON"
-                                              " group_composition.spid = fish.fishno Where group_composition.optid = "
-                                           << operation << " and group_composition.groupid = 1"
-                                           << " ORDER BY Species, fish.fishno");
 }
 
 void storeSingleSpecies(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species,
@@ -75,15 +65,13 @@ ResultSet groupsOf(Connection& connection, int operation, bool withSingleSpecies
                  u"groupid");
 }
 
-ResultSet speciesOfGroup(Connection& connection, int operation, int group, bool twoDecimals) {
-    const Literal weights =
-        twoDecimals ? Literal(" AS Species, two_decimals(totalweight) AS sampled, two_decimals(estotal) AS raised")
-                    : Literal(" AS Species, totalweight AS sampled, estotal AS raised");
+ResultSet speciesOfGroup(Connection& connection, int operation, int group) {
+    const Sql ofGroup = Sql("optid = ") << operation << " and groupid = " << group;
     return connection.query(Sql("SELECT ")
-                            << kSpeciesName << weights
-                            << " FROM fish INNER JOIN group_composition ON"
-                               " fish.fishno = group_composition.spid Where groupid = "
-                            << group << " And optid = " << operation << " ORDER BY Species, fish.fishno");
+                            << kSpeciesName
+                            << " AS Species, totalweight, estotal, fishno FROM fish INNER JOIN group_composition ON"
+                            << " fishno = spid WHERE " << ofGroup << " AND EXISTS (SELECT 1 FROM group_main WHERE "
+                            << ofGroup << ") ORDER BY Species, fishno");
 }
 
 bool hasGroup(Connection& connection, int operation, const QString& name) {

@@ -8,9 +8,6 @@ namespace kelvora {
 /// Whether a species stands among the single species of an operation.
 bool hasSingleSpecies(Connection& connection, int operation, int species);
 
-/// The single species of an operation by their shown names: Species, estotal (kg), fishno.
-ResultSet singleSpeciesOf(Connection& connection, int operation);
-
 /// Stores a species weighed whole (kg) and adds it to the total of group 1, which comes into being with the first one.
 /// All or nothing. This and what else stores or deletes for an operation throws OriginLost if the operation or the
 /// species is not stored any more as the screen read it.
@@ -25,9 +22,9 @@ void deleteSingleSpecies(Connection& connection, const StoredOperation& operatio
 /// species.
 ResultSet groupsOf(Connection& connection, int operation, bool withSingleSpecies);
 
-/// The species of a group by their shown names, and what each weighs in the sample and in the whole catch (kg):
-/// Species, sampled, raised; the weights as stored, or as texts with two decimals.
-ResultSet speciesOfGroup(Connection& connection, int operation, int group, bool twoDecimals);
+/// The species of a group by their shown names: Species, totalweight in the sample and estotal in the whole catch (kg),
+/// fishno. None of a group that is not stored itself.
+ResultSet speciesOfGroup(Connection& connection, int operation, int group);
 
 /// Whether an operation has a group with a name, or a number.
 bool hasGroup(Connection& connection, int operation, const QString& name);

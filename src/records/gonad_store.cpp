@@ -105,10 +105,10 @@ void storeGonadSample(Connection& connection, const GonadSample& sample, StoredP
 }
 
 std::vector<ChosenSpecies> gonadSpecies(Connection& connection, int operation) {
-    return speciesIn(connection.query(Sql("SELECT fish.fishno, ")
-                                      << kSpeciesName << " AS Species FROM fish INNER JOIN gonad ON"
-                                      << " fish.fishno = gonad.spid WHERE gonad.optid=" << operation
-                                      << " ORDER BY gonad.spid"));
+    return speciesIn(connection.query(
+        Sql("SELECT ") << kSpeciesName
+                       << " AS Species, fishno FROM fish INNER JOIN gonad ON fishno = spid WHERE optid = " << operation
+                       << " ORDER BY spid"));
 }
 
 bool hasGonadSample(Connection& connection, int operation, int species) {

@@ -34,9 +34,10 @@ std::optional<double> storedInterval(Connection& connection, int species) {
 }
 
 std::vector<ChosenSpecies> lengthSpecies(Connection& connection, int operation) {
-    return speciesIn(connection.query(Sql("SELECT ")
-                                      << kSpeciesName << " AS Species,fish.fishno FROM fish INNER JOIN length ON"
-                                      << " fish.fishno = length.spid where optid = " << operation << " ORDER BY spid"));
+    return speciesIn(connection.query(
+        Sql("SELECT ") << kSpeciesName
+                       << " AS Species, fishno FROM fish INNER JOIN length ON fishno = spid where optid = " << operation
+                       << " ORDER BY spid"));
 }
 
 bool hasLengthSample(Connection& connection, int operation, int species) {

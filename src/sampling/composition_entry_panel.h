@@ -1,41 +1,53 @@
 #pragma once
 
-#include "controls/session.h"
 #include "sampling/entry_panel.h"
+
+#include <vector>
+
+class QPushButton;
 
 namespace kelvora {
 
-class CompositionSummary;
-class Connection;
-class FinderPanel;
+class CaptionedGrid;
 class GroupsPanel;
 class PendingGroupPanel;
-class SingleSpeciesPanel;
+class RecordNavigator;
 
 /// The composition of a catch: the species weighed whole, the sampling groups, and what both come to.
 class CompositionEntryPanel : public EntryPanel {
     Q_OBJECT
 
 public:
-    CompositionEntryPanel(const FinderPanel& finder, Connection& connection, const Context& context);
+    CompositionEntryPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs);
 
     void reset() override;
     void refresh() override;
     void refillLists() override;
 
 private:
-    void refreshGroups();
-    void refreshSummary();
+    QWidget* createSingleSpecies();
+    QWidget* createGroups();
+
+    void onAdd();
+    void onArrived(int row);
+    void onDelete();
+    void onGroupSaved();
     void onDeleteGroup(int group);
+
+    void showSingleSpecies();
+    void showSummary();
     [[nodiscard]] int operation() const;
 
-    const FinderPanel& m_finder;
-    Connection& m_connection;
-    Dialogs& m_dialogs;
-    SingleSpeciesPanel* m_singleSpecies;
+    BoundList* m_species;
+    QLineEdit* m_weight;
+    CaptionedGrid* m_stored;
+    RecordNavigator* m_navigator;
+    QPushButton* m_delete;
     PendingGroupPanel* m_pendingGroup;
     GroupsPanel* m_groups;
-    CompositionSummary* m_summary;
+    CaptionedGrid* m_summary;
+
+    std::vector<ChosenSpecies> m_single;  ///< the species weighed whole, in the order of their grid
 };
 
 }  // namespace kelvora

@@ -73,8 +73,10 @@ GonadFish FishFields::typed() const {
 }
 
 void FishFields::startNext() {
-    for (QLineEdit* box : m_measurements) {
-        box->clear();
+    for (QWidget* field : m_order) {
+        if (auto* box = qobject_cast<QLineEdit*>(field)) {
+            box->clear();
+        }
     }
     m_sex->setCurrentIndex(0);
 }
@@ -111,8 +113,7 @@ bool FishFields::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void FishFields::addMeasurement(const QString& caption, const QString& unit) {
-    m_measurements.push_back(numberField());
-    addRow(caption, m_measurements.back());
+    addRow(caption, numberField());
     if (!unit.isEmpty()) {
         m_form->addWidget(new QLabel(unit), m_form->rowCount() - 1, 2);
     }

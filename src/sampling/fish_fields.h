@@ -8,7 +8,6 @@
 #include <vector>
 
 class QGridLayout;
-class QLineEdit;
 
 namespace kelvora {
 
@@ -60,8 +59,7 @@ private:
     QGridLayout* m_form;
     FixedList* m_sex;
     BoundList* m_stage;
-    std::vector<QLineEdit*> m_measurements;
-    std::vector<QWidget*> m_order;  ///< all fields, as in kFishFields
+    std::vector<QWidget*> m_order;  ///< as in kFishFields
 };
 
 }  // namespace kelvora

@@ -1,19 +1,15 @@
 #pragma once
 
-#include "controls/session.h"
 #include "records/gonad_store.h"
 #include "sampling/entry_panel.h"
 
 #include <optional>
 
-class QLineEdit;
 class QPushButton;
 
 namespace kelvora {
 
-class BoundList;
 class CsvReader;
-class FinderPanel;
 class FishFields;
 class MeasuredFishGrid;
 
@@ -22,7 +18,7 @@ class GonadEntryPanel : public EntryPanel {
     Q_OBJECT
 
 public:
-    GonadEntryPanel(const FinderPanel& finder, Connection& connection, const Context& context);
+    GonadEntryPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs);
 
     void reset() override;
     void refresh() override;
@@ -45,12 +41,7 @@ private:
     void importFile(const QString& path);
     void importFish(CsvReader& csv);
     [[nodiscard]] std::optional<GonadSample> sampleToStore();
-    void store(const GonadSample& sample);
     void showWeight();
-
-    const FinderPanel& m_finder;
-    Connection& m_connection;
-    Dialogs& m_dialogs;
 
     BoundList* m_species;
     QLineEdit* m_weight;

@@ -1,14 +1,14 @@
 #include "sampling/length_entry_panel.h"
 
 #include "controls/bound_list.h"
+#include "controls/captioned_grid.h"
 #include "controls/dialogs.h"
 #include "controls/fields.h"
 #include "controls/guard.h"
+#include "controls/text_table.h"
 #include "data/numbers.h"
 #include "operations/finder_panel.h"
 #include "operations/operation_line.h"
-#include "sampling/length_class_grid.h"
-#include "sampling/species_list.h"
 
 #include <QGridLayout>
 #include <QLineEdit>
@@ -22,12 +22,21 @@ namespace {
 /// Room between the frame around the waiting class and what is in it.
 constexpr int kInset = 10;
 
+GridColumns classColumns() {
+    return {{u"Lower"_s, 80, Qt::AlignRight},
+            {u"Upper"_s, 80, Qt::AlignRight},
+            {u"Mid-Length"_s, 100, Qt::AlignRight},
+            {u"Frequency"_s, 100, Qt::AlignRight}};
+}
+
+QStringList rowOf(const LengthClass& c, const QString& frequency = {}) {
+    return {plainText(c.lower), plainText(c.upper), plainText(c.middle()), frequency};
+}
+
 }  // namespace
 
-LengthEntryPanel::LengthEntryPanel(const FinderPanel& finder, Connection& connection, const Context& context)
-    : m_finder(finder),
-      m_connection(connection),
-      m_dialogs(context.dialogs),
+LengthEntryPanel::LengthEntryPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs)
+    : EntryPanel(finder, connection, dialogs),
       m_species(new BoundList),
       m_interval(numberField()),
       m_weight(numberField()),
@@ -39,7 +48,8 @@ LengthEntryPanel::LengthEntryPanel(const FinderPanel& finder, Connection& connec
       m_finish(keyButton(u"&FINISH"_s)),
       m_save(keyButton(u"SA&VE"_s)),
       m_clear(keyButton(u"&CLEAR"_s)),
-      m_grid(new LengthClassGrid(u"Length classes"_s)),
+      m_grid(new Grid(u"Length classes"_s)),
+      m_rows(new TextTable(4, this)),
       m_fields{m_species, nullptr, m_interval, m_weight, m_lowerLimit},
       m_notice(new QLabel) {
     auto* layout = new QGridLayout(this);
@@ -56,6 +66,7 @@ LengthEntryPanel::LengthEntryPanel(const FinderPanel& finder, Connection& connec
     layout->setColumnStretch(1, 3);
     layout->setHorizontalSpacing(16);
 
+    m_grid->show(m_rows, classColumns());
     connectFields();
     clear();
 }
@@ -108,20 +119,20 @@ void LengthEntryPanel::connectFields() {
     connect(m_species, &BoundList::chosen, this, guarded(m_dialogs, [this] { onSpeciesChosen(); }));
     connect(m_species, &QComboBox::editTextChanged, this, guarded(m_dialogs, [this] { onSpeciesChosen(); }));
     connect(m_interval, &QLineEdit::textChanged, this, &LengthEntryPanel::onIntervalChanged);
-    connect(m_start, &QPushButton::clicked, this, guarded(m_dialogs, [this] { onStart(); }));
+    onClick(m_start, [this] { onStart(); });
     connect(m_frequency, &QLineEdit::returnPressed, this, guarded(m_dialogs, [this] { onFrequency(); }));
-    connect(m_finish, &QPushButton::clicked, this, guarded(m_dialogs, [this] { onFinish(); }));
-    connect(m_save, &QPushButton::clicked, this, guarded(m_dialogs, [this] { onSave(); }));
-    connect(m_clear, &QPushButton::clicked, this, guarded(m_dialogs, [this] {
-                clear();
-                focusOn(m_species);
-            }));
+    onClick(m_finish, [this] { onFinish(); });
+    onClick(m_save, [this] { onSave(); });
+    onClick(m_clear, [this] {
+        clear();
+        focusOn(m_species);
+    });
 }
 
 void LengthEntryPanel::reset() {
     if (!m_started) {
         m_currentClass->clear();
-        m_grid->showNothing();
+        m_rows->setRows({QStringList()});
         return;
     }
     const QString givenUp =
@@ -142,9 +153,7 @@ void LengthEntryPanel::refresh() {
 }
 
 void LengthEntryPanel::refillLists() {
-    if (const auto& operation = m_finder.operation()) {
-        refillCaughtSpecies(*m_species, m_connection, operation->number);
-    }
+    refillCaughtSpecies(*m_species, m_connection, m_finder);
 }
 
 void LengthEntryPanel::onSpeciesChosen() {
@@ -182,8 +191,24 @@ bool LengthEntryPanel::fitsTheCount(const ChosenSpecies& chosen, const std::opti
 void LengthEntryPanel::onIntervalChanged() {
     if (!m_interval->text().isEmpty()) {
         m_counted.clear();
-        m_grid->showTable(leadingNumber(m_interval->text()));
+        showTable(leadingNumber(m_interval->text()));
     }
+}
+
+void LengthEntryPanel::showTable(double interval) {
+    std::vector<QStringList> rows;
+    for (const LengthClass& c : classTable(interval)) {
+        rows.push_back(rowOf(c));
+    }
+    rows.emplace_back();
+    rows.push_back({u"TOTAL"_s});
+    m_rows->setRows(std::move(rows));
+    m_grid->scrollToTop();
+}
+
+void LengthEntryPanel::highlight(int row) {
+    // A light blue, with a text colour that is read on it in dark mode too.
+    m_rows->setRowColours(row, QColor(0xb0, 0xd5, 0xe6), QColor(0x1f, 0x2a, 0x30));
 }
 
 LengthStart LengthEntryPanel::typedStart() const {
@@ -229,7 +254,8 @@ bool LengthEntryPanel::replacesStored(const StoredOperation& operation, const Ch
 void LengthEntryPanel::startAt(const LengthClass& first) {
     m_current = first;
     m_currentClass->setText(plainText(first.lower) + u" - "_s + plainText(first.upper));
-    m_grid->startWith(first);
+    m_rows->setRows({rowOf(first)});
+    highlight(0);
     m_finish->setEnabled(false);
     m_frame->show();
     focusOn(m_frequency);
@@ -245,9 +271,13 @@ void LengthEntryPanel::onFrequency() {
         return;
     }
     m_finish->setEnabled(true);
+    const int waiting = m_rows->rowCount() - 1;
     m_counted.push_back({m_current, *frequency});
     m_current = nextClass(m_current.upper, leadingNumber(m_interval->text()));
-    m_grid->enter(m_counted.back(), m_current);
+    m_rows->setRow(waiting, rowOf(m_counted.back().limits, plainText(*frequency)));
+    highlight(waiting);
+    m_rows->appendRow(rowOf(m_current));
+    m_grid->scrollToBottom();
     m_currentClass->setText(plainText(m_current.lower) + u'-' + plainText(m_current.upper));
     m_frequency->clear();
     focusOn(m_frequency);
@@ -293,7 +323,7 @@ void LengthEntryPanel::onSave() {
 }
 
 void LengthEntryPanel::clear() {
-    m_grid->showNothing();
+    m_rows->setRows({QStringList()});
     m_species->setText({});
     m_shownSpecies.reset();
     m_started.reset();
@@ -308,13 +338,6 @@ void LengthEntryPanel::clear() {
     m_start->setEnabled(true);
     m_save->hide();
     m_clear->hide();
-}
-
-bool LengthEntryPanel::isRefused(const std::optional<Refusal>& refusal) {
-    if (refusal) {
-        refuse(m_dialogs, refusal->title, refusal->message, m_fields.at(static_cast<std::size_t>(refusal->field)));
-    }
-    return refusal.has_value();
 }
 
 }  // namespace kelvora

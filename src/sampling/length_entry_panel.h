@@ -1,6 +1,5 @@
 #pragma once
 
-#include "controls/session.h"
 #include "records/length_store.h"
 #include "sampling/entry_panel.h"
 
@@ -8,14 +7,12 @@
 
 class QFrame;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 
 namespace kelvora {
 
-class BoundList;
-class FinderPanel;
-class LengthClassGrid;
+class Grid;
+class TextTable;
 class ValueLabel;
 
 /// The entry of one length-frequency sample: the classes follow from an interval and a lower limit, and the sampler
@@ -24,7 +21,7 @@ class LengthEntryPanel : public EntryPanel {
     Q_OBJECT
 
 public:
-    LengthEntryPanel(const FinderPanel& finder, Connection& connection, const Context& context);
+    LengthEntryPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs);
 
     void reset() override;
     void refresh() override;
@@ -35,6 +32,8 @@ private:
     QFrame* createFrequencyFrame();
     QWidget* createButtons();
     void connectFields();
+    void showTable(double interval);
+    void highlight(int row);
 
     void onSpeciesChosen();
     void onIntervalChanged();
@@ -48,12 +47,10 @@ private:
     [[nodiscard]] LengthStart typedStart() const;
     bool replacesStored(const StoredOperation& operation, const ChosenSpecies& species);
     void startAt(const LengthClass& first);
-    bool isRefused(const std::optional<Refusal>& refusal);
+    [[nodiscard]] bool isRefused(const std::optional<Refusal>& refusal) const {
+        return EntryPanel::isRefused(refusal, m_fields);
+    }
     bool mayBeSaved();
-
-    const FinderPanel& m_finder;
-    Connection& m_connection;
-    Dialogs& m_dialogs;
 
     BoundList* m_species;
     QLineEdit* m_interval;
@@ -66,7 +63,8 @@ private:
     QPushButton* m_finish;
     QPushButton* m_save;
     QPushButton* m_clear;
-    LengthClassGrid* m_grid;
+    Grid* m_grid;
+    TextTable* m_rows;                 ///< of the grid; once an entry is started, the last one waits for its count
     std::array<QWidget*, 5> m_fields;  ///< in the order of LengthField
 
     QLabel* m_notice;  ///< what became of the last entry, where it ended without SAVE or CLEAR

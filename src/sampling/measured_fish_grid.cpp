@@ -5,7 +5,6 @@
 #include "controls/fields.h"
 #include "controls/guard.h"
 #include "controls/text_table.h"
-#include "records/gonad_import.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -68,11 +67,7 @@ void MeasuredFishGrid::append(const GonadFish& fish) {
     m_rows->appendRow({});
     m_grid->setEnabled(true);
     m_grid->scrollToBottom();
-    showLine();
-}
-
-void MeasuredFishGrid::say(const QString& words) {
-    showLine(words);
+    say();
 }
 
 void MeasuredFishGrid::removeFirst(int count) {
@@ -107,7 +102,7 @@ void MeasuredFishGrid::askAndDelete(int row) {
         if (!m_fish.empty()) {
             m_grid->selectRow(std::min(row, count - 2));
         }
-        showLine();
+        say();
         Q_EMIT deleted();
     });
 }
@@ -122,10 +117,10 @@ void MeasuredFishGrid::showFish() {
     m_rows->setRows(std::move(rows));
     m_grid->setEnabled(!m_fish.empty());
     m_grid->scrollToTop();
-    showLine();
+    say();
 }
 
-void MeasuredFishGrid::showLine(const QString& words) {
+void MeasuredFishGrid::say(const QString& words) {
     QStringList parts{words, storedOtherwise(m_fish)};
     parts.removeAll(QString());
     m_line->setText(parts.join(u"; "_s));

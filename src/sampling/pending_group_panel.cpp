@@ -4,11 +4,9 @@
 #include "controls/captioned_grid.h"
 #include "controls/dialogs.h"
 #include "controls/fields.h"
-#include "controls/guard.h"
 #include "data/numbers.h"
 #include "operations/finder_panel.h"
 #include "records/composition_store.h"
-#include "sampling/species_list.h"
 
 #include <QGridLayout>
 #include <QLineEdit>
@@ -26,9 +24,7 @@ GridColumns pendingColumns() {
 }  // namespace
 
 PendingGroupPanel::PendingGroupPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs)
-    : m_finder(finder),
-      m_connection(connection),
-      m_dialogs(dialogs),
+    : EntryPanel(finder, connection, dialogs),
       m_group(new QLineEdit),
       m_total(numberField()),
       m_sample(new ValueLabel),
@@ -67,10 +63,10 @@ PendingGroupPanel::PendingGroupPanel(const FinderPanel& finder, Connection& conn
     layout->addWidget(m_list, 1);
     layout->addLayout(sum);
 
-    connect(add, &QPushButton::clicked, this, guarded(dialogs, [this] { onAdd(); }));
+    onClick(add, [this] { onAdd(); });
     connect(m_weight, &QLineEdit::returnPressed, add, &QPushButton::click);
-    connect(m_save, &QPushButton::clicked, this, guarded(dialogs, [this] { onSave(); }));
-    connect(m_clear, &QPushButton::clicked, this, guarded(dialogs, [this] { onClear(); }));
+    onClick(m_save, [this] { onSave(); });
+    onClick(m_clear, [this] { onClear(); });
     onClear();
     m_save->setEnabled(false);
     m_clear->setEnabled(false);
@@ -78,13 +74,6 @@ PendingGroupPanel::PendingGroupPanel(const FinderPanel& finder, Connection& conn
 
 void PendingGroupPanel::refillLists() {
     fillSpecies(*m_species, m_connection);
-}
-
-bool PendingGroupPanel::isRefused(const std::optional<Refusal>& refusal) {
-    if (refusal) {
-        refuse(m_dialogs, refusal->title, refusal->message, m_fields.at(static_cast<std::size_t>(refusal->field)));
-    }
-    return refusal.has_value();
 }
 
 SamplingGroup PendingGroupPanel::typedGroup() const {
@@ -127,12 +116,11 @@ void PendingGroupPanel::onAdd() {
         return;
     }
     const SampledSpecies sampled{*species, leadingNumber(m_weight->text())};
-    if (const auto overweight = overweightRefusal(typedGroup(), sampled)) {
+    const auto refusal = furtherSpeciesRefusal(typedGroup(), sampled);
+    if (refusal && refusal->field == WeightField) {
         m_weight->clear();
-        isRefused(overweight);
-        return;
     }
-    if (isRefused(repeatedSpeciesRefusal(typedGroup(), *species))) {
+    if (isRefused(refusal)) {
         return;
     }
     m_listed.push_back(sampled);

@@ -2,32 +2,25 @@
 
 #include "controls/text_table.h"
 #include "records/composition.h"
-
-#include <QWidget>
+#include "sampling/entry_panel.h"
 
 #include <array>
 
-class QLineEdit;
 class QPushButton;
 
 namespace kelvora {
 
-class BoundList;
-class Dialogs;
-class FinderPanel;
 class Grid;
 class ValueLabel;
 
 /// A sampling group while its sample is sorted: it lives only here until it is saved.
-class PendingGroupPanel : public QWidget {
+class PendingGroupPanel : public EntryPanel {
     Q_OBJECT
 
 public:
-    /// Works on the finder's current operation; finder and connection outlive the panel.
     PendingGroupPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs);
 
-    /// Fills the list of species again, which another screen may have changed.
-    void refillLists();
+    void refillLists() override;
 
 Q_SIGNALS:
     /// The group was stored.
@@ -40,14 +33,12 @@ private:
     bool askName();
     bool askTotal();
     bool chooseFreeName(int operation);
-    /// Says what is wrong, if anything is.
-    bool isRefused(const std::optional<Refusal>& refusal);
+    [[nodiscard]] bool isRefused(const std::optional<Refusal>& refusal) const {
+        return EntryPanel::isRefused(refusal, m_fields);
+    }
     /// The pending group with its name and total as they stand in their boxes.
     [[nodiscard]] SamplingGroup typedGroup() const;
 
-    const FinderPanel& m_finder;
-    Connection& m_connection;
-    Dialogs& m_dialogs;
     QLineEdit* m_group;
     QLineEdit* m_total;
     ValueLabel* m_sample;

@@ -41,17 +41,17 @@ void SamplingScreen::refillLists() {
 
 SpeciesCompositionScreen::SpeciesCompositionScreen(const Context& context)
     : SamplingScreen(u"Species Composition"_s, u"Fishing operation no."_s, context) {
-    open(new CompositionEntryPanel(*m_finder, m_connection, context), u"Species Composition"_s, true);
+    open(new CompositionEntryPanel(*m_finder, m_connection, dialogs()), u"Species Composition"_s, true);
 }
 
 LengthFrequencyScreen::LengthFrequencyScreen(const Context& context)
     : SamplingScreen(u"Length Frequency"_s, u"Fishing Information No."_s, context) {
-    open(new LengthEntryPanel(*m_finder, m_connection, context), u"Length Frequency"_s, false);
+    open(new LengthEntryPanel(*m_finder, m_connection, dialogs()), u"Length Frequency"_s, false);
 }
 
 GonadMaturityScreen::GonadMaturityScreen(const Context& context)
     : SamplingScreen(u"Gonad Matuarity Detail"_s, u"Fishing Information No."_s, context) {
-    open(new GonadEntryPanel(*m_finder, m_connection, context), u"Gonad Maturity Detail"_s, false);
+    open(new GonadEntryPanel(*m_finder, m_connection, dialogs()), u"Gonad Maturity Detail"_s, false);
 }
 
 }  // namespace kelvora

@@ -1,8 +1,8 @@
 #include "search/composition_tab.h"
 
+#include "controls/captioned_grid.h"
 #include "records/composition_store.h"
-#include "sampling/composition_summary.h"
-#include "sampling/groups_panel.h"
+#include "sampling/stored_composition.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -13,7 +13,7 @@ namespace kelvora {
 
 CompositionTab::CompositionTab(Connection& connection, Dialogs& dialogs)
     : SampleTab(connection, dialogs),
-      m_summary(new CompositionSummary),
+      m_summary(compositionSummary()),
       m_groups(new GroupsPanel(connection, dialogs, GroupsPanel::Use::Correction,
                                [this](int group) { onDeleteGroup(group); })) {
     auto* group = new QGroupBox(u"Group"_s);
@@ -25,10 +25,10 @@ CompositionTab::CompositionTab(Connection& connection, Dialogs& dialogs)
 
 void CompositionTab::reload() {
     if (operation()) {
-        m_summary->refresh(connection(), operation()->number);
+        showComposition(m_summary, compositionOf(connection(), operation()->number));
         m_groups->refresh(operation()->number);
     } else {
-        m_summary->reset();
+        showComposition(m_summary, {});
         m_groups->reset();
     }
 }

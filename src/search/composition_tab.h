@@ -4,7 +4,7 @@
 
 namespace kelvora {
 
-class CompositionSummary;
+class CaptionedGrid;
 class GroupsPanel;
 
 /// The species composition of an operation and its groups one by one, the single species being group 1.
@@ -20,7 +20,7 @@ protected:
 private:
     void onDeleteGroup(int group);
 
-    CompositionSummary* m_summary;
+    CaptionedGrid* m_summary;
     GroupsPanel* m_groups;
 };
 

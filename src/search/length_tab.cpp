@@ -7,7 +7,7 @@
 #include "data/connection.h"
 #include "data/numbers.h"
 #include "records/length_store.h"
-#include "sampling/length_class_grid.h"
+#include "sampling/entry_panel.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>

@@ -4,7 +4,7 @@
 #include "data/csv_reader.h"
 #include "data/dialect.h"
 #include "data/numbers.h"
-#include "records/gonad_import.h"
+#include "records/gonad_fish.h"
 #include "records/species_import.h"
 #include "records/vessel_import.h"
 

@@ -2,7 +2,6 @@
 #include "data/numbers.h"
 #include "records/composition.h"
 #include "records/gonad_fish.h"
-#include "records/gonad_import.h"
 #include "records/length_sample.h"
 #include "support/test_main.h"
 

@@ -16,6 +16,10 @@ class Dialogs;
 class Grid;
 class RecordNavigator;
 
+/// A grid for the composition of an operation, and the composition in it: one blank row if there is none.
+CaptionedGrid* compositionSummary();
+void showComposition(CaptionedGrid* summary, ResultSet composition);
+
 /// The stored groups of an operation, one at a time.
 class GroupsPanel : public QWidget {
     Q_OBJECT

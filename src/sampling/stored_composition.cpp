@@ -1,4 +1,4 @@
-#include "sampling/groups_panel.h"
+#include "sampling/stored_composition.h"
 
 #include "controls/captioned_grid.h"
 #include "controls/dialogs.h"
@@ -6,7 +6,7 @@
 #include "controls/guard.h"
 #include "controls/record_navigator.h"
 #include "controls/text_table.h"
-#include "data/connection.h"
+#include "data/numbers.h"
 #include "records/composition_store.h"
 
 #include <QHBoxLayout>
@@ -19,6 +19,12 @@ using namespace Qt::StringLiterals;
 namespace kelvora {
 namespace {
 
+GridColumns summaryColumns() {
+    return {{u"Species"_s, 173, Qt::AlignHCenter},
+            {u"Composition"_s, 113, Qt::AlignHCenter},
+            {u"%Composition"_s, 113, Qt::AlignHCenter}};
+}
+
 GridColumns entryColumns() {
     return {{u"species"_s, 173, Qt::AlignLeft},
             {u"Sampling Weight"_s, 100, Qt::AlignHCenter},
@@ -30,7 +36,25 @@ GridColumns correctionColumns(const QString& weight) {
         {u"Species"_s, 173}, {weight, 133, Qt::AlignHCenter}, {u"Estimate total catch(kg.)"_s, 140, Qt::AlignHCenter}};
 }
 
+/// A stored weight as it is shown.
+QString weightText(const QVariant& weight, bool withTwoDecimals) {
+    const bool number = weight.typeId() == QMetaType::Double;
+    return number && withTwoDecimals ? twoDecimals(weight.toDouble()) : displayText(weight);
+}
+
 }  // namespace
+
+CaptionedGrid* compositionSummary() {
+    return new CaptionedGrid(u"Composition"_s);
+}
+
+void showComposition(CaptionedGrid* summary, ResultSet composition) {
+    if (composition.isEmpty()) {
+        summary->grid()->showBlank(summaryColumns());
+    } else {
+        summary->grid()->show(std::make_unique<ResultModel>(std::move(composition)), summaryColumns());
+    }
+}
 
 GroupsPanel::GroupsPanel(Connection& connection, Dialogs& dialogs, Use use, Deletion deletion)
     : m_connection(connection),
@@ -82,8 +106,12 @@ void GroupsPanel::onArrived(int row) {
 }
 
 void GroupsPanel::showGroup(int row) {
-    const int group = m_groups.integer(row, u"groupid").value();
-    auto species = std::make_unique<ResultModel>(speciesOfGroup(m_connection, m_operation, group, m_correction));
+    const ResultSet species = speciesOfGroup(m_connection, m_operation, m_groups.integer(row, u"groupid").value());
+    auto weights = std::make_unique<TextTable>(3);
+    for (int i = 0; i < species.rowCount(); ++i) {
+        weights->appendRow({species.text(i, u"Species"), weightText(species.value(i, u"totalweight"), m_correction),
+                            weightText(species.value(i, u"estotal"), m_correction)});
+    }
     const QString name = m_groups.text(row, u"groupname");
     m_navigator->setCaption(u"Record %1/%2 "_s.arg(row + 1).arg(m_groups.rowCount()) + name + u" [Total weight "_s +
                             m_groups.text(row, u"totalsampling") + u" kg.]"_s);
@@ -91,7 +119,7 @@ void GroupsPanel::showGroup(int row) {
     if (m_frame != nullptr) {
         m_frame->setCaption(u"Total catch in weight of "_s + name + u" (kg.)"_s);
     }
-    m_grid->show(std::move(species), m_correction ? correctionColumns(u"Total weight(kg.)"_s) : entryColumns());
+    m_grid->show(std::move(weights), m_correction ? correctionColumns(u"Total weight(kg.)"_s) : entryColumns());
 }
 
 void GroupsPanel::showNone() {
