@@ -33,8 +33,7 @@ bool hasSingleSpecies(Connection& connection, int operation, int species) {
 void storeSingleSpecies(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species,
                         double weight) {
     Transaction transaction(connection);
-    requireOperation(connection, operation);
-    requireSpecies(connection, species);
+    requireCatch(connection, operation, species);
     const ResultSet group = connection.query(Sql("select groupid from group_main where optid = ")
                                              << operation.number << " and groupname = 'Single species'");
     if (group.isEmpty()) {

@@ -11,15 +11,6 @@ using namespace Qt::StringLiterals;
 namespace kelvora {
 namespace {
 
-void requireOrigin(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species) {
-    requireOperation(connection, operation);
-    requireSpecies(connection, species);
-}
-
-ResultSet gonadSampleOf(Connection& connection, int operation, int species) {
-    return connection.query(Sql("select * from gonad where spid = ") << species << " and optid = " << operation);
-}
-
 /// Stores a fish under the next number of its operation and species.
 void insertFish(Connection& connection, int operation, int species, const GonadFish& fish) {
     const int number = nextFish(connection, operation, species);
@@ -53,12 +44,13 @@ double bodyWeight(const GonadFish& fish) {
 
 /// Makes the stored sample weigh a share (kg) more than it did before its first fish.
 void storeWeight(Connection& connection, const GonadSample& sample, StoredPart& part, double share) {
-    const ResultSet stored = gonadSampleOf(connection, sample.operation.number, sample.species.number);
-    if (!part.begun || stored.isEmpty()) {
-        part.before = stored.isEmpty() ? 0 : stored.number(0, u"samplingw").value_or(0);
+    const std::optional<QVariant> stored =
+        gonadSampleWeight(connection, sample.operation.number, sample.species.number);
+    if (!part.begun || !stored) {
+        part.before = stored ? toNumber(displayText(*stored)).value_or(0) : 0;
     }
     part.begun = true;
-    if (stored.isEmpty()) {
+    if (!stored) {
         connection.execute(Sql("insert into gonad values(")
                            << sample.operation.number << "," << sample.species.number << "," << share << ")");
     } else {
@@ -73,7 +65,7 @@ void storeWeight(Connection& connection, const GonadSample& sample, StoredPart& 
 void storeGonadSample(Connection& connection, const GonadSample& sample, StoredPart& part,
                       const std::function<void()>& fishStored) {
     // What can be refused is refused before anything is stored.
-    requireOrigin(connection, sample.operation, sample.species);
+    requireCatch(connection, sample.operation, sample.species);
     requireNumbers(connection, sample);
     if (sample.fish.empty()) {
         // The fish that were not stored yet have been taken out of the grid: what is stored weighs what the box says.
@@ -89,7 +81,7 @@ void storeGonadSample(Connection& connection, const GonadSample& sample, StoredP
     }
     for (const GonadFish& fish : sample.fish) {
         Transaction transaction(connection);
-        requireOrigin(connection, sample.operation, sample.species);
+        requireCatch(connection, sample.operation, sample.species);
         StoredPart next = part;
         ++next.fish;
         next.bodyWeights += bodyWeight(fish);
@@ -111,13 +103,10 @@ std::vector<ChosenSpecies> gonadSpecies(Connection& connection, int operation) {
                        << " ORDER BY spid"));
 }
 
-bool hasGonadSample(Connection& connection, int operation, int species) {
-    return !gonadSampleOf(connection, operation, species).isEmpty();
-}
-
-QVariant gonadSampleWeight(Connection& connection, int operation, int species) {
-    const ResultSet stored = gonadSampleOf(connection, operation, species);
-    return stored.isEmpty() ? QVariant() : stored.value(0, u"samplingw");
+std::optional<QVariant> gonadSampleWeight(Connection& connection, int operation, int species) {
+    const ResultSet stored =
+        connection.query(Sql("select * from gonad where spid = ") << species << " and optid = " << operation);
+    return stored.isEmpty() ? std::nullopt : std::optional(stored.value(0, u"samplingw"));
 }
 
 ResultSet fishOf(Connection& connection, int operation, int species) {
@@ -133,7 +122,7 @@ Sql maturityStages() {
 void addFish(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species,
              const GonadFish& fish) {
     Transaction transaction(connection);
-    requireOrigin(connection, operation, species);
+    requireCatch(connection, operation, species);
     insertFish(connection, operation.number, species.number, fish);
     transaction.commit();
 }

@@ -24,8 +24,6 @@ struct StoredPart {
     double bodyWeights = 0;  ///< g, of these fish
     double before = 0;       ///< kg, of the sample as it was before its first fish
     bool begun = false;      ///< whether the sample itself is there
-
-    [[nodiscard]] bool isEmpty() const { return !begun; }
 };
 
 /// Stores a sample one fish after the other, numbered behind those stored earlier. Each is stored for good on its own,
@@ -39,10 +37,8 @@ void storeGonadSample(Connection& connection, const GonadSample& sample, StoredP
 /// The species of which an operation has a gonad sample, by their numbers.
 std::vector<ChosenSpecies> gonadSpecies(Connection& connection, int operation);
 
-/// Whether an operation has a gonad sample of a species.
-bool hasGonadSample(Connection& connection, int operation, int species);
-/// Its sampling weight (kg) as it is stored.
-QVariant gonadSampleWeight(Connection& connection, int operation, int species);
+/// The sampling weight (kg) of an operation's gonad sample of a species, as it is stored; nothing without a sample.
+std::optional<QVariant> gonadSampleWeight(Connection& connection, int operation, int species);
 /// Its fish by their numbers: number, four lengths, body weight (g) with two decimals, sex, stage, gonad weight (g),
 /// index
 /// (%) with two decimals.

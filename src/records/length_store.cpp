@@ -1,5 +1,6 @@
 #include "records/length_store.h"
 
+#include "data/numbers.h"
 #include "data/transaction.h"
 
 namespace kelvora {
@@ -12,24 +13,15 @@ void insertLengthClass(Connection& connection, int operation, int species, const
                        << limits.middle() << "," << counted.frequency << ")");
 }
 
-ResultSet intervalRowOf(Connection& connection, int species) {
-    return connection.query(Sql("select classinterval from fish where fishno = ") << species);
-}
-
-ResultSet lengthSampleOf(Connection& connection, int operation, int species) {
-    return connection.query(Sql("select * from length where optid = ") << operation << " and spid = " << species);
-}
-
 }  // namespace
 
 QVariant classIntervalOf(Connection& connection, int species) {
-    const ResultSet fish = intervalRowOf(connection, species);
+    const ResultSet fish = connection.query(Sql("select classinterval from fish where fishno = ") << species);
     return fish.isEmpty() ? QVariant() : fish.value(0, u"classinterval");
 }
 
 std::optional<double> storedInterval(Connection& connection, int species) {
-    const ResultSet fish = intervalRowOf(connection, species);
-    const std::optional<double> interval = fish.isEmpty() ? std::nullopt : fish.number(0, u"classinterval");
+    const std::optional<double> interval = toNumber(displayText(classIntervalOf(connection, species)));
     return interval.value_or(0) != 0 ? interval : std::nullopt;
 }
 
@@ -40,13 +32,10 @@ std::vector<ChosenSpecies> lengthSpecies(Connection& connection, int operation) 
                        << " ORDER BY spid"));
 }
 
-bool hasLengthSample(Connection& connection, int operation, int species) {
-    return !lengthSampleOf(connection, operation, species).isEmpty();
-}
-
-QVariant lengthSampleWeight(Connection& connection, int operation, int species) {
-    const ResultSet stored = lengthSampleOf(connection, operation, species);
-    return stored.isEmpty() ? QVariant() : stored.value(0, u"weight");
+std::optional<QVariant> lengthSampleWeight(Connection& connection, int operation, int species) {
+    const ResultSet stored =
+        connection.query(Sql("select * from length where optid = ") << operation << " and spid = " << species);
+    return stored.isEmpty() ? std::nullopt : std::optional(stored.value(0, u"weight"));
 }
 
 ResultSet lengthClassesOf(Connection& connection, int operation, int species) {
@@ -56,8 +45,7 @@ ResultSet lengthClassesOf(Connection& connection, int operation, int species) {
 
 void deleteLengthSample(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species) {
     Transaction transaction(connection);
-    requireOperation(connection, operation);
-    requireSpecies(connection, species);
+    requireCatch(connection, operation, species);
     for (const Literal& sample : {Literal("delete from length"), Literal("delete from length_detail")}) {
         connection.execute(Sql(sample) << " where optid = " << operation.number << " and spid = " << species.number);
     }
@@ -66,8 +54,7 @@ void deleteLengthSample(Connection& connection, const StoredOperation& operation
 
 void storeLengthSample(Connection& connection, const LengthSample& sample) {
     Transaction transaction(connection);
-    requireOperation(connection, sample.operation);
-    requireSpecies(connection, sample.species);
+    requireCatch(connection, sample.operation, sample.species);
     const int species = sample.species.number;
     if (!storedInterval(connection, species)) {
         connection.execute(Sql("update fish set classinterval = ") << sample.interval << " where fishno = " << species);
@@ -91,8 +78,7 @@ void correctWeight(Connection& connection, const StoredOperation& operation, int
 void addLengthClass(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species,
                     const CountedClass& counted) {
     Transaction transaction(connection);
-    requireOperation(connection, operation);
-    requireSpecies(connection, species);
+    requireCatch(connection, operation, species);
     insertLengthClass(connection, operation.number, species.number, counted);
     transaction.commit();
 }

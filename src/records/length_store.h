@@ -23,10 +23,8 @@ std::optional<double> storedInterval(Connection& connection, int species);
 /// The species of which an operation has a length sample, by their numbers.
 std::vector<ChosenSpecies> lengthSpecies(Connection& connection, int operation);
 
-/// Whether an operation has a length sample of a species.
-bool hasLengthSample(Connection& connection, int operation, int species);
-/// Its sampling weight (kg) as it is stored.
-QVariant lengthSampleWeight(Connection& connection, int operation, int species);
+/// The sampling weight (kg) of an operation's length sample of a species, as it is stored; nothing without a sample.
+std::optional<QVariant> lengthSampleWeight(Connection& connection, int operation, int species);
 /// Its classes (cm) from the shortest to the longest: lower1, upper1, midlength1, frequency1.
 ResultSet lengthClassesOf(Connection& connection, int operation, int species);
 

@@ -1,7 +1,5 @@
 #include "records/species.h"
 
-#include "records/stored_operation.h"
-
 using namespace Qt::StringLiterals;
 
 namespace kelvora {
@@ -32,6 +30,11 @@ void requireSpecies(Connection& connection, const ChosenSpecies& species) {
         const QString reason = u"the species %1 was deleted or renamed since it was chosen here"_s.arg(species.name);
         throw OriginLost(u"Nothing was stored: %1. What was entered is still on the screen."_s.arg(reason), reason);
     }
+}
+
+void requireCatch(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species) {
+    requireOperation(connection, operation);
+    requireSpecies(connection, species);
 }
 
 }  // namespace kelvora

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/connection.h"
+#include "records/stored_operation.h"
 
 #include <QString>
 
@@ -31,5 +31,7 @@ std::vector<ChosenSpecies> speciesIn(const ResultSet& found);
 /// To be called inside the transaction that stores for a species. Throws OriginLost unless the catalogue still has it
 /// under this number with this name: the number of a deleted species is given anew.
 void requireSpecies(Connection& connection, const ChosenSpecies& species);
+/// The same for the operation and the species that were in its catch.
+void requireCatch(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species);
 
 }  // namespace kelvora

@@ -34,8 +34,7 @@ GridColumns weightColumns() {
 }  // namespace
 
 CompositionEntryPanel::CompositionEntryPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs)
-    : EntryPanel(finder, connection, dialogs),
-      m_species(new BoundList),
+    : EntryPanel(finder, connection, dialogs, Offers::Catalogue),
       m_weight(numberField()),
       m_stored(new CaptionedGrid(u"Total catch in weight of single species"_s)),
       m_navigator(m_stored->addNavigator(u"Single species record"_s)),
@@ -55,7 +54,7 @@ CompositionEntryPanel::CompositionEntryPanel(const FinderPanel& finder, Connecti
 }
 
 QWidget* CompositionEntryPanel::createSingleSpecies() {
-    fillSpecies(*m_species, m_connection);
+    EntryPanel::refillLists();
     auto* add = new QPushButton(u"&Add"_s);
     m_delete->setToolTip(u"Delete this species"_s);
     m_delete->setMaximumWidth(40);
@@ -112,13 +111,13 @@ void CompositionEntryPanel::refresh() {
 }
 
 void CompositionEntryPanel::refillLists() {
-    fillSpecies(*m_species, m_connection);
+    EntryPanel::refillLists();
     m_pendingGroup->refillLists();
 }
 
 void CompositionEntryPanel::onAdd() {
     const auto& current = m_finder.operation();
-    const std::optional<ChosenSpecies> species = chosenSpecies(*m_species);
+    const std::optional<ChosenSpecies> species = chosenSpecies();
     const std::array<QWidget*, 4> fields{nullptr, nullptr, m_species, m_weight};
     if (!current || isRefused(singleSpeciesRefusal(species, m_weight->text()), fields)) {
         return;

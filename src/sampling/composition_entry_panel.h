@@ -38,7 +38,6 @@ private:
     void showSummary();
     [[nodiscard]] int operation() const;
 
-    BoundList* m_species;
     QLineEdit* m_weight;
     CaptionedGrid* m_stored;
     RecordNavigator* m_navigator;

@@ -15,8 +15,29 @@ using namespace Qt::StringLiterals;
 
 namespace kelvora {
 
-EntryPanel::EntryPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs)
-    : m_finder(finder), m_connection(connection), m_dialogs(dialogs) {}
+EntryPanel::EntryPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs, Offers offers)
+    : m_finder(finder), m_connection(connection), m_dialogs(dialogs), m_species(new BoundList), m_offers(offers) {}
+
+void EntryPanel::refillLists() {
+    if (m_offers == Offers::Catalogue) {
+        m_species->refill(m_connection.model(catalogueSpecies()), u"sp"_s, u"fishno"_s);
+    } else if (const auto& operation = m_finder.operation()) {
+        m_species->refill(m_connection.model(caughtSpecies(operation->number)), u"Species"_s, u"spid"_s);
+    }
+}
+
+void EntryPanel::offerCatch() {
+    m_species->setSource(m_connection.model(caughtSpecies(m_finder.operation().value().number)), u"Species"_s,
+                         u"spid"_s);
+}
+
+std::optional<ChosenSpecies> EntryPanel::chosenSpecies() const {
+    const QVariant key = m_species->key();
+    if (!key.isValid()) {
+        return std::nullopt;
+    }
+    return ChosenSpecies{key.toInt(), m_species->row() < 0 ? m_species->text() : m_species->itemText(m_species->row())};
+}
 
 void EntryPanel::onClick(QAbstractButton* button, const std::function<void()>& handler) {
     connect(button, &QAbstractButton::clicked, this, guarded(m_dialogs, handler));
@@ -27,28 +48,6 @@ bool EntryPanel::isRefused(const std::optional<Refusal>& refusal, std::span<QWid
         refuse(m_dialogs, refusal->title, refusal->message, fields[static_cast<std::size_t>(refusal->field)]);
     }
     return refusal.has_value();
-}
-
-void fillSpecies(BoundList& list, Connection& connection) {
-    list.refill(connection.model(catalogueSpecies()), u"sp"_s, u"fishno"_s);
-}
-
-void fillCaughtSpecies(BoundList& list, Connection& connection, int operation) {
-    list.setSource(connection.model(caughtSpecies(operation)), u"Species"_s, u"spid"_s);
-}
-
-void refillCaughtSpecies(BoundList& list, Connection& connection, const FinderPanel& finder) {
-    if (const auto& operation = finder.operation()) {
-        list.refill(connection.model(caughtSpecies(operation->number)), u"Species"_s, u"spid"_s);
-    }
-}
-
-std::optional<ChosenSpecies> chosenSpecies(const BoundList& list) {
-    const QVariant key = list.key();
-    if (!key.isValid()) {
-        return std::nullopt;
-    }
-    return ChosenSpecies{key.toInt(), list.row() < 0 ? list.text() : list.itemText(list.row())};
 }
 
 std::optional<double> typedFrequency(Dialogs& dialogs, QLineEdit* box) {

@@ -35,8 +35,7 @@ QString reasonOf(const std::exception& failure) {
 }  // namespace
 
 GonadEntryPanel::GonadEntryPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs)
-    : EntryPanel(finder, connection, dialogs),
-      m_species(new BoundList),
+    : EntryPanel(finder, connection, dialogs, Offers::Catch),
       m_weight(numberField()),
       m_start(keyButton(u"&ADD SAMPLING >>"_s)),
       m_import(keyButton(u"&IMPORT"_s)),
@@ -127,13 +126,9 @@ void GonadEntryPanel::refresh() {
         reset();
     }
     runGuarded(m_dialogs, [&] {
-        fillCaughtSpecies(*m_species, m_connection, operation.value().number);
+        offerCatch();
         m_operation = operation;
     });
-}
-
-void GonadEntryPanel::refillLists() {
-    refillCaughtSpecies(*m_species, m_connection, m_finder);
 }
 
 void GonadEntryPanel::onStart() {
@@ -224,7 +219,7 @@ void GonadEntryPanel::onSave() {
     } catch (const std::exception& failure) {
         m_grid->removeFirst(m_stored.fish - storedBefore);
         // The rest belongs to the sample whose first fish are stored, so to the same species.
-        m_species->setEnabled(m_stored.isEmpty());
+        m_species->setEnabled(!m_stored.begun);
         const bool lost = dynamic_cast<const OriginLost*>(&failure) != nullptr;
         m_dialogs.message(
             u"%1 of %2 fish are stored: %3.\n\nThe others are still in the grid. "_s.arg(
@@ -242,7 +237,7 @@ std::optional<GonadSample> GonadEntryPanel::sampleToStore() {
     if (!hasSpecies()) {
         return std::nullopt;
     }
-    if (m_grid->fish().empty() && m_stored.isEmpty()) {
+    if (m_grid->fish().empty() && !m_stored.begun) {
         m_dialogs.message(u"There is no fish in the grid. Nothing was stored."_s);
         return std::nullopt;
     }
@@ -254,7 +249,7 @@ std::optional<GonadSample> GonadEntryPanel::sampleToStore() {
         focusOn(m_weight);
         return std::nullopt;
     }
-    return GonadSample{*m_operation, chosenSpecies(*m_species).value(), *weight, m_grid->fish()};
+    return GonadSample{*m_operation, chosenSpecies().value(), *weight, m_grid->fish()};
 }
 
 void GonadEntryPanel::clear() {

@@ -22,7 +22,6 @@ public:
 
     void reset() override;
     void refresh() override;
-    void refillLists() override;
 
 private:
     QWidget* createSampleLine();
@@ -43,7 +42,6 @@ private:
     [[nodiscard]] std::optional<GonadSample> sampleToStore();
     void showWeight();
 
-    BoundList* m_species;
     QLineEdit* m_weight;
     QPushButton* m_start;
     QPushButton* m_import;

@@ -36,8 +36,7 @@ QStringList rowOf(const LengthClass& c, const QString& frequency = {}) {
 }  // namespace
 
 LengthEntryPanel::LengthEntryPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs)
-    : EntryPanel(finder, connection, dialogs),
-      m_species(new BoundList),
+    : EntryPanel(finder, connection, dialogs, Offers::Catch),
       m_interval(numberField()),
       m_weight(numberField()),
       m_lowerLimit(numberField()),
@@ -144,20 +143,15 @@ void LengthEntryPanel::reset() {
 }
 
 void LengthEntryPanel::refresh() {
-    const bool filled = runGuarded(
-        m_dialogs, [this] { fillCaughtSpecies(*m_species, m_connection, m_finder.operation().value().number); });
+    const bool filled = runGuarded(m_dialogs, [this] { offerCatch(); });
     if (!filled) {
         // Rather no species than those of another operation.
         m_species->clearSource();
     }
 }
 
-void LengthEntryPanel::refillLists() {
-    refillCaughtSpecies(*m_species, m_connection, m_finder);
-}
-
 void LengthEntryPanel::onSpeciesChosen() {
-    const std::optional<ChosenSpecies> chosen = chosenSpecies(*m_species);
+    const std::optional<ChosenSpecies> chosen = chosenSpecies();
     if (!chosen || (m_shownSpecies && chosen->number == m_shownSpecies->number)) {
         return;
     }
@@ -213,7 +207,7 @@ void LengthEntryPanel::highlight(int row) {
 
 LengthStart LengthEntryPanel::typedStart() const {
     LengthStart start{{}, {}, m_interval->text(), m_weight->text(), m_lowerLimit->text()};
-    if (const auto species = chosenSpecies(*m_species)) {
+    if (const auto species = chosenSpecies()) {
         start.species = species->number;
     }
     if (const auto& operation = m_finder.operation()) {
@@ -228,7 +222,7 @@ void LengthEntryPanel::onStart() {
     if (isRefused(startRefusal(start))) {
         return;
     }
-    if (!replacesStored(*m_finder.operation(), chosenSpecies(*m_species).value())) {
+    if (!replacesStored(*m_finder.operation(), chosenSpecies().value())) {
         clear();
         focusOn(m_species);
         return;
@@ -239,7 +233,7 @@ void LengthEntryPanel::onStart() {
 }
 
 bool LengthEntryPanel::replacesStored(const StoredOperation& operation, const ChosenSpecies& species) {
-    if (!hasLengthSample(m_connection, operation.number, species.number)) {
+    if (!lengthSampleWeight(m_connection, operation.number, species.number)) {
         return true;
     }
     if (!m_dialogs.confirm(u"CONFORM"_s,
@@ -302,7 +296,7 @@ bool LengthEntryPanel::mayBeSaved() {
         problem = u"This sample belongs to fishing operation no. %1: go back to it to save"_s.arg(started);
     } else if (m_counted.empty()) {
         problem = u"There is no length class with a frequency to save"_s;
-    } else if (hasLengthSample(m_connection, started, *start.species)) {
+    } else if (lengthSampleWeight(m_connection, started, *start.species)) {
         problem = u"This species has a length sample in this operation already"_s;
     }
     if (!problem.isEmpty()) {
@@ -316,8 +310,8 @@ void LengthEntryPanel::onSave() {
     if (!mayBeSaved() || !m_dialogs.confirm(u"Confirm"_s, u"Are you sure to insert this data"_s)) {
         return;
     }
-    storeLengthSample(m_connection, {m_started.value(), chosenSpecies(*m_species).value(),
-                                     leadingNumber(m_weight->text()), leadingNumber(m_interval->text()), m_counted});
+    storeLengthSample(m_connection, {m_started.value(), chosenSpecies().value(), leadingNumber(m_weight->text()),
+                                     leadingNumber(m_interval->text()), m_counted});
     clear();
     focusOn(m_species);
 }

@@ -25,7 +25,6 @@ public:
 
     void reset() override;
     void refresh() override;
-    void refillLists() override;
 
 private:
     QWidget* createForm();
@@ -52,7 +51,6 @@ private:
     }
     bool mayBeSaved();
 
-    BoundList* m_species;
     QLineEdit* m_interval;
     QLineEdit* m_weight;
     QLineEdit* m_lowerLimit;

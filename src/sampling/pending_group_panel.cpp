@@ -24,18 +24,17 @@ GridColumns pendingColumns() {
 }  // namespace
 
 PendingGroupPanel::PendingGroupPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs)
-    : EntryPanel(finder, connection, dialogs),
+    : EntryPanel(finder, connection, dialogs, Offers::Catalogue),
       m_group(new QLineEdit),
       m_total(numberField()),
       m_sample(new ValueLabel),
-      m_species(new BoundList),
       m_weight(numberField()),
       m_list(new Grid(u"Pending group"_s)),
       m_rows(2),
       m_save(new QPushButton(u"&SAVE"_s)),
       m_clear(new QPushButton(u"&CLEAR"_s)),
       m_fields{m_group, m_total, m_species, m_weight} {
-    fillSpecies(*m_species, connection);
+    refillLists();
     m_list->show(&m_rows, pendingColumns());
     auto* add = new QPushButton(u"A&DD"_s);
 
@@ -70,10 +69,6 @@ PendingGroupPanel::PendingGroupPanel(const FinderPanel& finder, Connection& conn
     onClear();
     m_save->setEnabled(false);
     m_clear->setEnabled(false);
-}
-
-void PendingGroupPanel::refillLists() {
-    fillSpecies(*m_species, m_connection);
 }
 
 SamplingGroup PendingGroupPanel::typedGroup() const {
@@ -111,7 +106,7 @@ void PendingGroupPanel::onAdd() {
     if (!m_finder.operation() || !askName() || !askTotal()) {
         return;
     }
-    const std::optional<ChosenSpecies> species = chosenSpecies(*m_species);
+    const std::optional<ChosenSpecies> species = chosenSpecies();
     if (isRefused(sampledSpeciesRefusal(species, m_weight->text()))) {
         return;
     }

@@ -20,8 +20,6 @@ class PendingGroupPanel : public EntryPanel {
 public:
     PendingGroupPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs);
 
-    void refillLists() override;
-
 Q_SIGNALS:
     /// The group was stored.
     void saved();
@@ -42,7 +40,6 @@ private:
     QLineEdit* m_group;
     QLineEdit* m_total;
     ValueLabel* m_sample;
-    BoundList* m_species;
     QLineEdit* m_weight;
     Grid* m_list;
     TextTable m_rows;  ///< species, weight as typed; the last row is always blank

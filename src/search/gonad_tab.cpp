@@ -30,11 +30,11 @@ GridColumns correctedFishColumns() {
 GonadTab::GonadTab(Connection& connection, Dialogs& dialogs)
     : SpeciesSampleTab(connection, dialogs,
                        {.navigator = u"Gonad record"_s,
-                        .position = u"Species%1/%2 %3"_s,
+                        .position = u"Species%1/%2 "_s,
                         .deleteButton = u"Delete gonad sample"_s,
                         .deleteTitle = u"CONFIRM"_s,
                         .species = gonadSpecies,
-                        .isStored = hasGonadSample,
+                        .weight = gonadSampleWeight,
                         .remove = deleteGonadSample}),
       m_weight(new ValueLabel),
       m_fish(new Grid(u"Measured fish"_s)),
@@ -68,8 +68,8 @@ GonadTab::GonadTab(Connection& connection, Dialogs& dialogs)
     onClick(m_add, [this] { onAdd(); });
 }
 
-void GonadTab::showSample() {
-    m_weight->setText(displayText(gonadSampleWeight(connection(), operation()->number, species().number)));
+void GonadTab::showSample(const QString& weight) {
+    m_weight->setText(weight);
     showFish();
 }
 

@@ -17,7 +17,7 @@ public:
     GonadTab(Connection& connection, Dialogs& dialogs);
 
 protected:
-    void showSample() override;
+    void showSample(const QString& weight) override;
     void showNone() override;
     void setUsable(bool usable) override;
 

@@ -31,11 +31,11 @@ GridColumns storedClassColumns() {
 LengthTab::LengthTab(Connection& connection, Dialogs& dialogs)
     : SpeciesSampleTab(connection, dialogs,
                        {.navigator = u"Length record"_s,
-                        .position = u"Species %1 / %2 %3"_s,
+                        .position = u"Species %1 / %2 "_s,
                         .deleteButton = u"Delete length sample"_s,
                         .deleteTitle = kApplicationTitle.toString(),
                         .species = lengthSpecies,
-                        .isStored = hasLengthSample,
+                        .weight = lengthSampleWeight,
                         .remove = deleteLengthSample}),
       m_classes(new Grid(u"Length classes"_s)),
       m_weight(numberField()),
@@ -84,16 +84,12 @@ QLayout* LengthTab::sampleForm() {
     return form;
 }
 
-void LengthTab::showSample() {
-    showWeight();
+void LengthTab::showSample(const QString& weight) {
+    m_weight->setText(weight);
     const QString interval = displayText(classIntervalOf(connection(), species().number));
     m_interval = leadingNumber(interval);
     m_intervalLabel->setText(interval);
     showClasses();
-}
-
-void LengthTab::showWeight() {
-    m_weight->setText(displayText(lengthSampleWeight(connection(), operation().value().number, species().number)));
 }
 
 void LengthTab::showClasses() {
@@ -146,7 +142,7 @@ void LengthTab::onUpdate() {
         refuse(dialogs(), refusal->title, refusal->message, m_weight);
     } else if (mayChangeSample()) {
         correctWeight(connection(), *operation(), species().number, leadingNumber(weight));
-        showWeight();
+        m_weight->setText(storedWeight());
         dialogs().message(u"RESULT"_s, u"Update complete!"_s);
     }
 }

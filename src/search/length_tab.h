@@ -23,13 +23,12 @@ public:
     LengthTab(Connection& connection, Dialogs& dialogs);
 
 protected:
-    void showSample() override;
+    void showSample(const QString& weight) override;
     void showNone() override;
     void setUsable(bool usable) override;
 
 private:
     QLayout* sampleForm();
-    void showWeight();
     void showClasses();
     void showNextClass(const ResultSet& classes);
     void onUpdate();

@@ -53,9 +53,8 @@ void SpeciesSampleTab::reload() {
 
 void SpeciesSampleTab::onArrived(int row) {
     const bool shown = row >= 0 && runGuarded(dialogs(), [&] {
-                           m_navigator->setCaption(m_kind.position.arg(
-                               QString::number(row + 1), QString::number(m_species.size()), species().name));
-                           showSample();
+                           m_navigator->setCaption(m_kind.position.arg(row + 1).arg(m_species.size()) + species().name);
+                           showSample(storedWeight());
                        });
     if (!shown) {
         m_navigator->setCaption({});
@@ -76,8 +75,12 @@ const ChosenSpecies& SpeciesSampleTab::species() const {
     return m_species.at(static_cast<std::size_t>(m_navigator->row()));
 }
 
+QString SpeciesSampleTab::storedWeight() const {
+    return displayText(m_kind.weight(connection(), operation().value().number, species().number).value_or(QVariant()));
+}
+
 bool SpeciesSampleTab::mayChangeSample() {
-    return mayChange(m_kind.isStored(connection(), operation().value().number, species().number));
+    return mayChange(m_kind.weight(connection(), operation().value().number, species().number).has_value());
 }
 
 }  // namespace kelvora

@@ -61,24 +61,25 @@ protected:
     /// What differs between the kinds of samples.
     struct Kind {
         QString navigator;     ///< its name
-        QString position;      ///< its caption, with the place of the sample, the number of samples, and the species
+        QString position;      ///< its caption in front of the species: place and number of the samples
         QString deleteButton;  ///< its caption
         QString deleteTitle;   ///< of the question whether to delete
         std::vector<ChosenSpecies> (*species)(Connection& connection, int operation);
-        bool (*isStored)(Connection& connection, int operation, int species);
+        std::optional<QVariant> (*weight)(Connection& connection, int operation, int species);
         void (*remove)(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species);
     };
     SpeciesSampleTab(Connection& connection, Dialogs& dialogs, Kind kind);
 
     void reload() override;
-    /// Shows the sample of the current species. Throws DataError.
-    virtual void showSample() = 0;
+    /// Shows the sample of the current species, whose sampling weight (kg) is given. Throws DataError.
+    virtual void showSample(const QString& weight) = 0;
     virtual void showNone() = 0;
     /// There is a sample to mend, or there is none.
     virtual void setUsable(bool usable) = 0;
 
     /// The species that the navigator stands on.
     [[nodiscard]] const ChosenSpecies& species() const;
+    [[nodiscard]] QString storedWeight() const;
     bool mayChangeSample();
 
     RecordNavigator* m_navigator;
