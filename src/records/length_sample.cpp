@@ -34,8 +34,8 @@ bool startsInTable(const LengthStart& start) {
 /// The checks of the fields, in their order.
 const std::array<LengthCheck, 5>& lengthChecks() {
     static const std::array<LengthCheck, 5> all = {{
-        {[](const LengthStart& start) { return start.species.has_value(); }, u"Please select species"_s},
-        {[](const LengthStart& start) { return start.operation.has_value(); }, u"Please select fishing operation"_s},
+        {[](const LengthStart& start) { return start.species; }, u"Please select species"_s},
+        {[](const LengthStart& start) { return start.operation; }, u"Please select fishing operation"_s},
         {isInterval, u"Please input class interval: a number greater than 0 (decimal point, no comma)"_s},
         {[](const LengthStart& start) { return isNotBelowZero(start.weight); },
          u"Please input sampling weight: a number not below 0 (decimal point, no comma)"_s},
@@ -94,7 +94,7 @@ std::optional<Refusal> saveRefusal(const LengthStart& start) {
 }
 
 std::optional<Refusal> intervalRefusal(const QString& interval) {
-    return lengthRefusal({{}, {}, interval, {}, {}}, LengthInterval, LengthInterval + 1);
+    return lengthRefusal({false, false, interval, {}, {}}, LengthInterval, LengthInterval + 1);
 }
 
 std::optional<Refusal> sampleWeightRefusal(const QString& weight) {

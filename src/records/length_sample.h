@@ -36,9 +36,9 @@ LengthClass nextClass(double previousUpper, double interval);
 
 /// What stands on the length-frequency screen when an entry is to be started.
 struct LengthStart {
-    std::optional<int> species;    ///< number of the chosen species
-    std::optional<int> operation;  ///< the current fishing operation
-    QString interval;              ///< the boxes as typed; lengths in cm, weight in kg
+    bool species = false;    ///< whether one is chosen
+    bool operation = false;  ///< whether a fishing operation is current
+    QString interval;        ///< the boxes as typed; lengths in cm, weight in kg
     QString weight;
     QString lowerLimit;
 };

@@ -206,14 +206,8 @@ void LengthEntryPanel::highlight(int row) {
 }
 
 LengthStart LengthEntryPanel::typedStart() const {
-    LengthStart start{{}, {}, m_interval->text(), m_weight->text(), m_lowerLimit->text()};
-    if (const auto species = chosenSpecies()) {
-        start.species = species->number;
-    }
-    if (const auto& operation = m_finder.operation()) {
-        start.operation = operation->number;
-    }
-    return start;
+    return {chosenSpecies().has_value(), m_finder.operation().has_value(), m_interval->text(), m_weight->text(),
+            m_lowerLimit->text()};
 }
 
 void LengthEntryPanel::onStart() {
@@ -285,10 +279,9 @@ void LengthEntryPanel::onFinish() {
 }
 
 bool LengthEntryPanel::mayBeSaved() {
-    const LengthStart start = typedStart();
     const int started = m_started.value().number;
-    const bool elsewhere = start.operation && *start.operation != started;
-    if (!elsewhere && isRefused(saveRefusal(start))) {
+    const bool elsewhere = m_finder.operation() && m_finder.operation()->number != started;
+    if (!elsewhere && isRefused(saveRefusal(typedStart()))) {
         return false;
     }
     QString problem;
@@ -296,7 +289,7 @@ bool LengthEntryPanel::mayBeSaved() {
         problem = u"This sample belongs to fishing operation no. %1: go back to it to save"_s.arg(started);
     } else if (m_counted.empty()) {
         problem = u"There is no length class with a frequency to save"_s;
-    } else if (lengthSampleWeight(m_connection, started, *start.species)) {
+    } else if (lengthSampleWeight(m_connection, started, chosenSpecies().value().number)) {
         problem = u"This species has a length sample in this operation already"_s;
     }
     if (!problem.isEmpty()) {

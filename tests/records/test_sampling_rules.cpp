@@ -61,7 +61,7 @@ private Q_SLOTS:
     }
 
     void startOfALengthSample() {
-        const LengthStart good{2, 1, u"2"_s, u"0"_s, u"10"_s};
+        const LengthStart good{true, true, u"2"_s, u"0"_s, u"10"_s};
         const auto refusal = [&](auto field, const auto& text) {
             LengthStart start = good;
             start.*field = text;
@@ -70,7 +70,7 @@ private Q_SLOTS:
         };
         QCOMPARE(refusal(&LengthStart::weight, u"12.5"_s), QString());
         QCOMPARE(startRefusal({}).value().message, u"Please select species"_s);
-        QCOMPARE(refusal(&LengthStart::operation, std::nullopt), u"Please select fishing operation"_s);
+        QCOMPARE(refusal(&LengthStart::operation, false), u"Please select fishing operation"_s);
         for (const QString& text : {u""_s, u"0"_s, u"-2"_s, u"2cm"_s, u"1e307"_s, u"inf"_s}) {
             QCOMPARE(refusal(&LengthStart::interval, text),
                      u"Please input class interval: a number greater than 0 (decimal point, no comma)"_s);
