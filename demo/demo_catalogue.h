@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sampling/species_list.h"
+#include "records/species.h"
 
 #include <QStringList>
 

@@ -1,7 +1,6 @@
 #include "data/numbers.h"
 #include "demo/demo_trip.h"
 #include "records/composition_store.h"
-#include "records/raising.h"
 
 #include <algorithm>
 #include <cmath>
@@ -94,7 +93,6 @@ void recordComposition(Connection& connection, const StoredOperation& operation,
         for (const Weighed& one : mixed) {
             const double sampled = std::max(0.01, rounded(one.kg * kSortedPart, 0.01));
             group.species.push_back({one.species, sampled});
-            group.sample = sampleWith(group.sample, sampled);
             group.total = readable(group.total + one.kg);
         }
         storeGroup(connection, operation, group);

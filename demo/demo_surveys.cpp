@@ -1,7 +1,7 @@
 #include "data/numbers.h"
 #include "demo/demo_trip.h"
 #include "records/composition_store.h"
-#include "records/gonad_import.h"
+#include "records/gonad_fish.h"
 #include "records/gonad_store.h"
 #include "records/length_store.h"
 
@@ -32,7 +32,7 @@ double weightOf(const std::vector<CountedClass>& classes) {
     constexpr double gramsPerCubicCentimetre = 0.007;
     double grams = 0;
     for (const CountedClass& c : classes) {
-        grams += c.frequency * gramsPerCubicCentimetre * c.middle * c.middle * c.middle;
+        grams += c.frequency * gramsPerCubicCentimetre * std::pow(c.limits.middle(), 3);
     }
     return leadingNumber(twoDecimals(grams / 1000));
 }
@@ -55,9 +55,8 @@ void recordLengths(Connection& connection, const Catalogue& catalogue, Trip trip
 std::map<QString, std::vector<CountedClass>> talliesOf(const QString& path) {
     std::map<QString, std::vector<CountedClass>> tallies;
     for (const QStringList& r : recordsOf(path)) {
-        tallies[r[0]].push_back({.limits = {toNumber(r[1]).value(), toNumber(r[2]).value()},
-                                 .middle = toNumber(r[3]).value(),
-                                 .frequency = toNumber(r[4]).value()});
+        tallies[r[0]].push_back(
+            {.limits = {toNumber(r[1]).value(), toNumber(r[2]).value()}, .frequency = toNumber(r[4]).value()});
     }
     return tallies;
 }
@@ -102,15 +101,14 @@ std::vector<CountedClass> lengthsOf(const std::vector<GonadFish>& fish) {
     for (const GonadFish& one : fish) {
         const double cm = toNumber(one.fl).value() / 10;
         if (const auto limits = cm > 0 ? classHolding(cm, interval) : std::nullopt) {
-            CountedClass& c = counted.try_emplace(limits->lower, CountedClass{*limits, limits->middle()}).first->second;
+            CountedClass& c = counted.try_emplace(limits->lower, CountedClass{*limits}).first->second;
             ++c.frequency;
         }
     }
     std::vector<CountedClass> classes;
     for (const auto& [lower, c] : counted) {
         while (!classes.empty() && classes.back().limits.upper < lower) {
-            const LengthClass empty = nextClass(classes.back().limits.upper, interval);
-            classes.push_back({empty, empty.middle(), 0});
+            classes.push_back({nextClass(classes.back().limits.upper, interval)});
         }
         classes.push_back(c);
     }

@@ -1,25 +1,9 @@
 #pragma once
 
+#include "records/composition.h"
 #include "records/operation_store.h"
-#include "records/species.h"
-
-#include <vector>
 
 namespace kelvora {
-
-/// A species of a sampling group and its weight in the sample (kg).
-struct SampledSpecies {
-    ChosenSpecies species;
-    double weight = 0;
-};
-
-/// A sampling group as it was sorted and weighed (kg).
-struct SamplingGroup {
-    QString name;
-    double total = 0;
-    double sample = 0;
-    std::vector<SampledSpecies> species;
-};
 
 /// Whether a species stands among the single species of an operation.
 bool hasSingleSpecies(Connection& connection, int operation, int species);
@@ -30,12 +14,21 @@ bool hasSingleSpecies(Connection& connection, int operation, int species);
 void storeSingleSpecies(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species,
                         double weight);
 
-/// Takes the single species with a shown name out of an operation. Group 1 keeps the sum of what is left, and goes with
-/// its last species. All or nothing.
-void deleteSingleSpecies(Connection& connection, const StoredOperation& operation, const QString& shownName);
+/// Takes a single species out of an operation, unless it has another name by now. Group 1 keeps the sum of what is
+/// left, and goes with its last species. All or nothing.
+void deleteSingleSpecies(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species);
 
-/// Whether an operation has a group with a name.
+/// The groups of an operation by their numbers: groupname, groupid, totalsampling (kg). Group 1 holds the single
+/// species.
+ResultSet groupsOf(Connection& connection, int operation, bool withSingleSpecies);
+
+/// The species of a group by their shown names: Species, totalweight in the sample and estotal in the whole catch (kg),
+/// fishno. None of a group that is not stored itself.
+ResultSet speciesOfGroup(Connection& connection, int operation, int group);
+
+/// Whether an operation has a group with a name, or a number.
 bool hasGroup(Connection& connection, int operation, const QString& name);
+bool hasGroup(Connection& connection, int operation, int group);
 
 /// Stores a sampling group under the next number of the operation, each weight raised to the whole group. All or
 /// nothing.

@@ -24,8 +24,6 @@ struct StoredPart {
     double bodyWeights = 0;  ///< g, of these fish
     double before = 0;       ///< kg, of the sample as it was before its first fish
     bool begun = false;      ///< whether the sample itself is there
-
-    [[nodiscard]] bool isEmpty() const { return !begun; }
 };
 
 /// Stores a sample one fish after the other, numbered behind those stored earlier. Each is stored for good on its own,
@@ -36,11 +34,25 @@ struct StoredPart {
 void storeGonadSample(Connection& connection, const GonadSample& sample, StoredPart& part,
                       const std::function<void()>& fishStored);
 
+/// The species of which an operation has a gonad sample, by their numbers.
+std::vector<ChosenSpecies> gonadSpecies(Connection& connection, int operation);
+
+/// The sampling weight (kg) of an operation's gonad sample of a species, as it is stored; nothing without a sample.
+std::optional<QVariant> gonadSampleWeight(Connection& connection, int operation, int species);
+/// Its fish by their numbers: number, four lengths, body weight (g) with two decimals, sex, stage, gonad weight (g),
+/// index
+/// (%) with two decimals.
+ResultSet fishOf(Connection& connection, int operation, int species);
+
+/// The maturity stages by their numbers: stageid, stname.
+Sql maturityStages();
+
 /// Adds a fish to a stored sample, whose weight stays as it is. OriginLost as well.
 void addFish(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species,
              const GonadFish& fish);
 
-/// Deletes an operation's gonad sample of a species with its fish. All or nothing. OriginLost as well.
-void deleteGonadSample(Connection& connection, const StoredOperation& operation, int species);
+/// Deletes an operation's gonad sample of a species, whatever its name is by now, with its fish. All or nothing.
+/// OriginLost if the operation is lost.
+void deleteGonadSample(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species);
 
 }  // namespace kelvora

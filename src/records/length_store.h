@@ -1,20 +1,10 @@
 #pragma once
 
-#include "records/length_classes.h"
+#include "records/length_sample.h"
 #include "records/operation_store.h"
 #include "records/species.h"
 
-#include <optional>
-#include <vector>
-
 namespace kelvora {
-
-/// A length class and the fish counted in it.
-struct CountedClass {
-    LengthClass limits;
-    double middle = 0;
-    double frequency = 0;
-};
 
 /// A length-frequency sample of a species in an operation.
 struct LengthSample {
@@ -25,11 +15,18 @@ struct LengthSample {
     std::vector<CountedClass> classes;
 };
 
+/// The class interval (cm) of a species as it is stored; null or 0 while it has none.
+QVariant classIntervalOf(Connection& connection, int species);
 /// The class interval (cm) remembered for a species; nothing while it has none.
 std::optional<double> storedInterval(Connection& connection, int species);
 
-/// Whether an operation has a length sample of a species.
-bool hasLengthSample(Connection& connection, int operation, int species);
+/// The species of which an operation has a length sample, by their numbers.
+std::vector<ChosenSpecies> lengthSpecies(Connection& connection, int operation);
+
+/// The sampling weight (kg) of an operation's length sample of a species, as it is stored; nothing without a sample.
+std::optional<QVariant> lengthSampleWeight(Connection& connection, int operation, int species);
+/// Its classes (cm) from the shortest to the longest: lower1, upper1, midlength1, frequency1.
+ResultSet lengthClassesOf(Connection& connection, int operation, int species);
 
 /// Deletes an operation's length sample of a species with its classes. All or nothing. This and what else stores or
 /// deletes for an operation throws OriginLost if the operation or the species is not stored any more as the screen read

@@ -20,6 +20,14 @@ Sql caughtSpecies(int operation) {
            << " WHERE optid = " << operation << " ORDER BY Species";
 }
 
+std::vector<ChosenSpecies> speciesIn(const ResultSet& found) {
+    std::vector<ChosenSpecies> species;
+    for (int row = 0; row < found.rowCount(); ++row) {
+        species.push_back({found.integer(row, u"fishno").value(), found.text(row, u"Species")});
+    }
+    return species;
+}
+
 void requireSpecies(Connection& connection, const ChosenSpecies& species) {
     const ResultSet found =
         connection.query(Sql("SELECT ") << kSpeciesName << " AS sp FROM fish WHERE fishno = " << species.number);
@@ -27,6 +35,11 @@ void requireSpecies(Connection& connection, const ChosenSpecies& species) {
         const QString reason = u"the species %1 was deleted or renamed since it was chosen here"_s.arg(species.name);
         throw OriginLost(u"Nothing was stored: %1. What was entered is still on the screen."_s.arg(reason), reason);
     }
+}
+
+void requireCatch(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species) {
+    requireOperation(connection, operation);
+    requireSpecies(connection, species);
 }
 
 Sql speciesAsEntered() {

@@ -1,10 +1,11 @@
 #pragma once
 
-#include "data/connection.h"
+#include "records/operation_store.h"
 
 #include <QString>
 
 #include <functional>
+#include <vector>
 
 namespace kelvora {
 
@@ -25,9 +26,14 @@ Sql catalogueSpecies();
 /// been measured.
 Sql caughtSpecies(int operation);
 
+/// The species of a result, which has their numbers as "fishno" and their shown names as "Species".
+std::vector<ChosenSpecies> speciesIn(const ResultSet& found);
+
 /// To be called inside the transaction that stores for a species. Throws OriginLost unless the catalogue still has it
 /// under this number with this name: the number of a deleted species is given anew.
 void requireSpecies(Connection& connection, const ChosenSpecies& species);
+/// The same for the operation and the species that were in its catch.
+void requireCatch(Connection& connection, const StoredOperation& operation, const ChosenSpecies& species);
 
 /// A species of the catalogue as it is entered or imported.
 struct SpeciesEntry {

@@ -1,8 +1,10 @@
 #include "sampling/fish_fields.h"
 
 #include "controls/bound_list.h"
+#include "controls/dialogs.h"
 #include "controls/fields.h"
 #include "data/connection.h"
+#include "records/gonad_store.h"
 
 #include <QAbstractItemModel>
 #include <QGridLayout>
@@ -22,19 +24,16 @@ FishFields::FishFields(Connection& connection)
       m_stage(new BoundList) {
     m_form->setContentsMargins({});
     m_form->setVerticalSpacing(8);
-    addMeasurement(u"TL(mm)"_s, {}, &GonadFish::tl);
-    addMeasurement(u"BL(mm)"_s, {}, &GonadFish::bl);
-    addMeasurement(u"FL(mm)"_s, {}, &GonadFish::fl);
-    addMeasurement(u"SL(mm)"_s, {}, &GonadFish::sl);
-    addMeasurement(u"BW"_s, u"g"_s, &GonadFish::bw);
+    for (const auto& length : {u"TL(mm)"_s, u"BL(mm)"_s, u"FL(mm)"_s, u"SL(mm)"_s}) {
+        addMeasurement(length);
+    }
+    addMeasurement(u"BW"_s, u"g"_s);
     addRow(u"SEX"_s, m_sex);
     addRow(u"Stage"_s, m_stage);
-    addMeasurement(u"GW"_s, u"g"_s, &GonadFish::gw);
+    addMeasurement(u"GW"_s, u"g"_s);
     m_form->setColumnStretch(1, 1);
 
-    m_stage->setSource(
-        connection.model(Sql("SELECT stageid,stageid & '-' & stagename as stname FROM gonad_stage order by stageid")),
-        u"stname"_s, u"stageid"_s);
+    m_stage->setSource(connection.model(maturityStages()), u"stname"_s, u"stageid"_s);
     // A list of offers would swallow the next key, and the number alone says which stage is meant.
     m_stage->setCompleter(nullptr);
     connect(m_stage->lineEdit(), &QLineEdit::textEdited, this, &FishFields::onStageTyped);
@@ -46,19 +45,38 @@ int FishFields::captionWidth() const {
     return m_form->columnMinimumWidth(0);
 }
 
-GonadFish FishFields::fish() const {
-    GonadFish typed;
-    for (const Measurement& measurement : m_measurements) {
-        typed.*measurement.field = measurement.box->text();
+std::optional<GonadFish> FishFields::askFor(Dialogs& dialogs) {
+    if (!dialogs.confirm(kGonadTitle.toString(), u"Are you sure to add this sampling"_s)) {
+        return std::nullopt;
     }
-    typed.sex = m_sex->currentText();
-    typed.stage = m_stage->key().toString();
-    return typed;
+    const GonadFish fish = typed();
+    if (const auto refusal = fishRefusal(fish)) {
+        auto* box = static_cast<QLineEdit*>(m_order.at(static_cast<std::size_t>(refusal->field)));
+        dialogs.message(refusal->title, refusal->message);
+        box->clear();
+        focusOn(box);
+        return std::nullopt;
+    }
+    return fish;
+}
+
+GonadFish FishFields::typed() const {
+    GonadFish fish;
+    for (std::size_t i = 0; i < m_order.size(); ++i) {
+        if (const auto* box = qobject_cast<QLineEdit*>(m_order[i])) {
+            fish.*kFishFields.at(i).field = box->text();
+        }
+    }
+    fish.sex = m_sex->currentText();
+    fish.stage = m_stage->key().toString();
+    return fish;
 }
 
 void FishFields::startNext() {
-    for (const Measurement& measurement : m_measurements) {
-        measurement.box->clear();
+    for (QWidget* field : m_order) {
+        if (auto* box = qobject_cast<QLineEdit*>(field)) {
+            box->clear();
+        }
     }
     m_sex->setCurrentIndex(0);
 }
@@ -78,15 +96,6 @@ void FishFields::focusFirst() {
     focusOn(m_order.front());
 }
 
-void FishFields::refuse(FishField field) {
-    for (const Measurement& measurement : m_measurements) {
-        if (measurement.field == field) {
-            measurement.box->clear();
-            focusOn(measurement.box);
-        }
-    }
-}
-
 bool FishFields::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress) {
         return QWidget::eventFilter(watched, event);
@@ -103,13 +112,11 @@ bool FishFields::eventFilter(QObject* watched, QEvent* event) {
     return (watched == m_sex && plain && onSexKey(key->text())) || QWidget::eventFilter(watched, event);
 }
 
-void FishFields::addMeasurement(const QString& caption, const QString& unit, FishField field) {
-    auto* box = numberField();
-    addRow(caption, box);
+void FishFields::addMeasurement(const QString& caption, const QString& unit) {
+    addRow(caption, numberField());
     if (!unit.isEmpty()) {
         m_form->addWidget(new QLabel(unit), m_form->rowCount() - 1, 2);
     }
-    m_measurements.push_back({field, box});
 }
 
 void FishFields::addRow(const QString& caption, QWidget* field) {

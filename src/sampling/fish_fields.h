@@ -4,15 +4,16 @@
 
 #include <QWidget>
 
+#include <optional>
 #include <vector>
 
 class QGridLayout;
-class QLineEdit;
 
 namespace kelvora {
 
 class BoundList;
 class Connection;
+class Dialogs;
 class FixedList;
 
 /// The fields of one fish, in the order in which it is measured. Enter goes from field to field, so that one hand can
@@ -27,8 +28,9 @@ public:
     /// The room that the captions in front of the fields take, in pixels.
     [[nodiscard]] int captionWidth() const;
 
-    /// The fish as typed.
-    [[nodiscard]] GonadFish fish() const;
+    /// Asks whether the fish is to be added. Nothing unless it can be: a measurement that is wrong is said, emptied and
+    /// has the keyboard then.
+    std::optional<GonadFish> askFor(Dialogs& dialogs);
     /// Makes ready for the next fish: the measurements are emptied, the sex is the first of its list. The stage stays,
     /// since the fish of a catch are often of one stage.
     void startNext();
@@ -37,8 +39,6 @@ public:
     void setLocked(bool locked);
     /// Puts the keyboard into the first field.
     void focusFirst();
-    /// Empties a field that was refused, and puts the keyboard into it.
-    void refuse(FishField field);
 
 Q_SIGNALS:
     /// Enter in the last field.
@@ -48,12 +48,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    struct Measurement {
-        FishField field;
-        QLineEdit* box;
-    };
-
-    void addMeasurement(const QString& caption, const QString& unit, FishField field);
+    [[nodiscard]] GonadFish typed() const;
+    void addMeasurement(const QString& caption, const QString& unit = {});
     void addRow(const QString& caption, QWidget* field);
     bool onSexKey(const QString& letter);
     void onStageTyped(const QString& text);
@@ -63,8 +59,7 @@ private:
     QGridLayout* m_form;
     FixedList* m_sex;
     BoundList* m_stage;
-    std::vector<Measurement> m_measurements;
-    std::vector<QWidget*> m_order;
+    std::vector<QWidget*> m_order;  ///< as in kFishFields
 };
 
 }  // namespace kelvora

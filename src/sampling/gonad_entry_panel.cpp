@@ -9,10 +9,8 @@
 #include "data/numbers.h"
 #include "operations/finder_panel.h"
 #include "operations/operation_line.h"
-#include "records/gonad_import.h"
 #include "sampling/fish_fields.h"
 #include "sampling/measured_fish_grid.h"
-#include "sampling/species_list.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -36,17 +34,14 @@ QString reasonOf(const std::exception& failure) {
 
 }  // namespace
 
-GonadEntryPanel::GonadEntryPanel(const FinderPanel& finder, Connection& connection, const Context& context)
-    : m_finder(finder),
-      m_connection(connection),
-      m_dialogs(context.dialogs),
-      m_species(new BoundList),
+GonadEntryPanel::GonadEntryPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs)
+    : EntryPanel(finder, connection, dialogs, Offers::Catch),
       m_weight(numberField()),
       m_start(keyButton(u"&ADD SAMPLING >>"_s)),
       m_import(keyButton(u"&IMPORT"_s)),
       m_fields(new FishFields(connection)),
       m_next(keyButton(u"&NEXT>>"_s)),
-      m_grid(new MeasuredFishGrid(context.dialogs)),
+      m_grid(new MeasuredFishGrid(dialogs)),
       m_save(keyButton(u"&SAVE"_s)),
       m_clear(keyButton(u"&CLEAR"_s)) {
     auto* layout = new QGridLayout(this);
@@ -108,14 +103,11 @@ QWidget* GonadEntryPanel::createGridSide() {
 }
 
 void GonadEntryPanel::connectHandlers() {
-    const auto onClick = [this](QPushButton* button, void (GonadEntryPanel::*handler)()) {
-        connect(button, &QPushButton::clicked, this, guarded(m_dialogs, [this, handler] { (this->*handler)(); }));
-    };
-    onClick(m_start, &GonadEntryPanel::onStart);
-    onClick(m_import, &GonadEntryPanel::onImport);
-    onClick(m_next, &GonadEntryPanel::onNext);
-    onClick(m_save, &GonadEntryPanel::onSave);
-    onClick(m_clear, &GonadEntryPanel::clear);
+    onClick(m_start, [this] { onStart(); });
+    onClick(m_import, [this] { onImport(); });
+    onClick(m_next, [this] { onNext(); });
+    onClick(m_save, [this] { onSave(); });
+    onClick(m_clear, [this] { clear(); });
     connect(m_fields, &FishFields::completed, m_next, &QPushButton::click);
     connect(m_grid, &MeasuredFishGrid::deleted, this, &GonadEntryPanel::showWeight);
     connect(m_species, &BoundList::chosen, this, [this] { m_start->setEnabled(true); });
@@ -134,15 +126,9 @@ void GonadEntryPanel::refresh() {
         reset();
     }
     runGuarded(m_dialogs, [&] {
-        fillCaughtSpecies(*m_species, m_connection, operation.value().number);
+        offerCatch();
         m_operation = operation;
     });
-}
-
-void GonadEntryPanel::refillLists() {
-    if (const auto& operation = m_finder.operation()) {
-        refillCaughtSpecies(*m_species, m_connection, operation->number);
-    }
 }
 
 void GonadEntryPanel::onStart() {
@@ -159,16 +145,11 @@ void GonadEntryPanel::onStart() {
 }
 
 void GonadEntryPanel::onNext() {
-    if (!m_dialogs.confirm(kGonadTitle.toString(), u"Are you sure to add this sampling"_s)) {
+    const std::optional<GonadFish> fish = m_fields->askFor(m_dialogs);
+    if (!fish) {
         return;
     }
-    const GonadFish fish = m_fields->fish();
-    if (const std::optional<FishRefusal> refusal = fishRefusal(fish)) {
-        m_dialogs.message(kGonadTitle.toString(), refusal->message);
-        m_fields->refuse(refusal->field);
-        return;
-    }
-    m_grid->append(fish);
+    m_grid->append(*fish);
     showWeight();
     m_fields->startNext();
     m_fields->focusFirst();
@@ -233,11 +214,12 @@ void GonadEntryPanel::onSave() {
     const int storedBefore = m_stored.fish;
     const int all = storedBefore + static_cast<int>(sample->fish.size());
     try {
-        store(*sample);
+        Progress progress(u"Storing the fish…"_s, static_cast<int>(sample->fish.size()));
+        storeGonadSample(m_connection, *sample, m_stored, [&progress] { progress.step(); });
     } catch (const std::exception& failure) {
         m_grid->removeFirst(m_stored.fish - storedBefore);
         // The rest belongs to the sample whose first fish are stored, so to the same species.
-        m_species->setEnabled(m_stored.isEmpty());
+        m_species->setEnabled(!m_stored.begun);
         const bool lost = dynamic_cast<const OriginLost*>(&failure) != nullptr;
         m_dialogs.message(
             u"%1 of %2 fish are stored: %3.\n\nThe others are still in the grid. "_s.arg(
@@ -255,7 +237,7 @@ std::optional<GonadSample> GonadEntryPanel::sampleToStore() {
     if (!hasSpecies()) {
         return std::nullopt;
     }
-    if (m_grid->fish().empty() && m_stored.isEmpty()) {
+    if (m_grid->fish().empty() && !m_stored.begun) {
         m_dialogs.message(u"There is no fish in the grid. Nothing was stored."_s);
         return std::nullopt;
     }
@@ -267,12 +249,7 @@ std::optional<GonadSample> GonadEntryPanel::sampleToStore() {
         focusOn(m_weight);
         return std::nullopt;
     }
-    return GonadSample{*m_operation, chosenSpecies(*m_species).value(), *weight, m_grid->fish()};
-}
-
-void GonadEntryPanel::store(const GonadSample& sample) {
-    Progress progress(u"Storing the fish…"_s, static_cast<int>(sample.fish.size()));
-    storeGonadSample(m_connection, sample, m_stored, [&progress] { progress.step(); });
+    return GonadSample{*m_operation, chosenSpecies().value(), *weight, m_grid->fish()};
 }
 
 void GonadEntryPanel::clear() {

@@ -1,39 +1,27 @@
 #pragma once
 
-#include "controls/screen.h"
 #include "records/gonad_store.h"
-
-#include <QWidget>
+#include "sampling/entry_panel.h"
 
 #include <optional>
 
-class QLabel;
-class QLineEdit;
 class QPushButton;
 
 namespace kelvora {
 
-class BoundList;
 class CsvReader;
-class FinderPanel;
 class FishFields;
 class MeasuredFishGrid;
 
-/// The entry of one gonad sample: fish are typed or imported into a grid, and stored together. What is typed lives here
-/// alone until SAVE.
-class GonadEntryPanel : public QWidget {
+/// The entry of one gonad sample: fish are typed or imported into a grid, and stored together.
+class GonadEntryPanel : public EntryPanel {
     Q_OBJECT
 
 public:
-    /// The finder says which operation is current; it and the connection are the screen's and outlive the panel.
-    GonadEntryPanel(const FinderPanel& finder, Connection& connection, const Context& context);
+    GonadEntryPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs);
 
-    /// No operation is current any more: what was measured of its catch is given up.
-    void reset();
-    /// An operation is current: offers the species of its composition.
-    void refresh();
-    /// Fills the list of species again, which another screen may have changed.
-    void refillLists();
+    void reset() override;
+    void refresh() override;
 
 private:
     QWidget* createSampleLine();
@@ -52,14 +40,8 @@ private:
     void importFile(const QString& path);
     void importFish(CsvReader& csv);
     [[nodiscard]] std::optional<GonadSample> sampleToStore();
-    void store(const GonadSample& sample);
     void showWeight();
 
-    const FinderPanel& m_finder;
-    Connection& m_connection;
-    Dialogs& m_dialogs;
-
-    BoundList* m_species;
     QLineEdit* m_weight;
     QPushButton* m_start;
     QPushButton* m_import;

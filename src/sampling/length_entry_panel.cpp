@@ -1,14 +1,14 @@
 #include "sampling/length_entry_panel.h"
 
 #include "controls/bound_list.h"
+#include "controls/captioned_grid.h"
 #include "controls/dialogs.h"
 #include "controls/fields.h"
 #include "controls/screen.h"
+#include "controls/text_table.h"
 #include "data/numbers.h"
 #include "operations/finder_panel.h"
 #include "operations/operation_line.h"
-#include "sampling/length_class_grid.h"
-#include "sampling/species_list.h"
 
 #include <QGridLayout>
 #include <QLineEdit>
@@ -22,13 +22,21 @@ namespace {
 /// Room between the frame around the waiting class and what is in it.
 constexpr int kInset = 10;
 
+GridColumns classColumns() {
+    return {{u"Lower"_s, 80, Qt::AlignRight},
+            {u"Upper"_s, 80, Qt::AlignRight},
+            {u"Mid-Length"_s, 100, Qt::AlignRight},
+            {u"Frequency"_s, 100, Qt::AlignRight}};
+}
+
+QStringList rowOf(const LengthClass& c, const QString& frequency = {}) {
+    return {plainText(c.lower), plainText(c.upper), plainText(c.middle()), frequency};
+}
+
 }  // namespace
 
-LengthEntryPanel::LengthEntryPanel(const FinderPanel& finder, Connection& connection, const Context& context)
-    : m_finder(finder),
-      m_connection(connection),
-      m_context(context),
-      m_species(new BoundList),
+LengthEntryPanel::LengthEntryPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs)
+    : EntryPanel(finder, connection, dialogs, Offers::Catch),
       m_interval(numberField()),
       m_weight(numberField()),
       m_lowerLimit(numberField()),
@@ -39,7 +47,9 @@ LengthEntryPanel::LengthEntryPanel(const FinderPanel& finder, Connection& connec
       m_finish(keyButton(u"&FINISH"_s)),
       m_save(keyButton(u"SA&VE"_s)),
       m_clear(keyButton(u"&CLEAR"_s)),
-      m_grid(new LengthClassGrid(u"Length classes"_s)),
+      m_grid(new Grid(u"Length classes"_s)),
+      m_rows(new TextTable(4, this)),
+      m_fields{m_species, nullptr, m_interval, m_weight, m_lowerLimit},
       m_notice(new QLabel) {
     auto* layout = new QGridLayout(this);
     layout->addWidget(new OperationLine(m_finder), 0, 0, 1, 2);
@@ -55,6 +65,7 @@ LengthEntryPanel::LengthEntryPanel(const FinderPanel& finder, Connection& connec
     layout->setColumnStretch(1, 3);
     layout->setHorizontalSpacing(16);
 
+    m_grid->show(m_rows, classColumns());
     connectFields();
     clear();
 }
@@ -104,52 +115,43 @@ QWidget* LengthEntryPanel::createButtons() {
 }
 
 void LengthEntryPanel::connectFields() {
-    Dialogs& dialogs = m_context.dialogs;
-    connect(m_species, &BoundList::chosen, this, guarded(dialogs, [this] { onSpeciesChosen(); }));
-    connect(m_species, &QComboBox::editTextChanged, this, guarded(dialogs, [this] { onSpeciesChosen(); }));
+    connect(m_species, &BoundList::chosen, this, guarded(m_dialogs, [this] { onSpeciesChosen(); }));
+    connect(m_species, &QComboBox::editTextChanged, this, guarded(m_dialogs, [this] { onSpeciesChosen(); }));
     connect(m_interval, &QLineEdit::textChanged, this, &LengthEntryPanel::onIntervalChanged);
-    connect(m_start, &QPushButton::clicked, this, guarded(dialogs, [this] { onStart(); }));
-    connect(m_frequency, &QLineEdit::returnPressed, this, guarded(dialogs, [this] { onFrequency(); }));
-    connect(m_finish, &QPushButton::clicked, this, guarded(dialogs, [this] { onFinish(); }));
-    connect(m_save, &QPushButton::clicked, this, guarded(dialogs, [this] { onSave(); }));
-    connect(m_clear, &QPushButton::clicked, this, guarded(dialogs, [this] {
-                clear();
-                focusOn(m_species);
-            }));
+    onClick(m_start, [this] { onStart(); });
+    connect(m_frequency, &QLineEdit::returnPressed, this, guarded(m_dialogs, [this] { onFrequency(); }));
+    onClick(m_finish, [this] { onFinish(); });
+    onClick(m_save, [this] { onSave(); });
+    onClick(m_clear, [this] {
+        clear();
+        focusOn(m_species);
+    });
 }
 
 void LengthEntryPanel::reset() {
     if (!m_started) {
         m_currentClass->clear();
-        m_grid->showNothing();
+        m_rows->setRows({QStringList()});
         return;
     }
     const QString givenUp =
         u"The count of %1 in fishing operation no. %2 was given up (classes counted: %3): another operation was looked for."_s
-            .arg(m_species->text(), QString::number(m_started->number), QString::number(m_grid->counted().size()));
+            .arg(m_species->text(), QString::number(m_started->number), QString::number(m_counted.size()));
     clear();
     m_notice->setText(givenUp);
     m_notice->show();
 }
 
 void LengthEntryPanel::refresh() {
-    const bool filled = runGuarded(m_context.dialogs, [this] {
-        fillCaughtSpecies(*m_species, m_connection, m_finder.operation().value().number);
-    });
+    const bool filled = runGuarded(m_dialogs, [this] { offerCatch(); });
     if (!filled) {
         // Rather no species than those of another operation.
         m_species->clearSource();
     }
 }
 
-void LengthEntryPanel::refillLists() {
-    if (const auto& operation = m_finder.operation()) {
-        refillCaughtSpecies(*m_species, m_connection, operation->number);
-    }
-}
-
 void LengthEntryPanel::onSpeciesChosen() {
-    const std::optional<ChosenSpecies> chosen = chosenSpecies(*m_species);
+    const std::optional<ChosenSpecies> chosen = chosenSpecies();
     if (!chosen || (m_shownSpecies && chosen->number == m_shownSpecies->number)) {
         return;
     }
@@ -174,7 +176,7 @@ bool LengthEntryPanel::fitsTheCount(const ChosenSpecies& chosen, const std::opti
     m_species->setKey(counted.number);
     const QString has =
         interval ? u"is counted in classes of %1 cm"_s.arg(plainText(*interval)) : u"has no class interval yet"_s;
-    m_context.dialogs.message(
+    m_dialogs.message(
         u"ERROR"_s, u"%1 %2, and these fish in classes of %3 cm: they stay with %4. Press CLEAR to begin again."_s.arg(
                         chosen.name, has, m_interval->text(), counted.name));
     return false;
@@ -182,29 +184,39 @@ bool LengthEntryPanel::fitsTheCount(const ChosenSpecies& chosen, const std::opti
 
 void LengthEntryPanel::onIntervalChanged() {
     if (!m_interval->text().isEmpty()) {
-        m_grid->showTable(leadingNumber(m_interval->text()));
+        m_counted.clear();
+        showTable(leadingNumber(m_interval->text()));
     }
 }
 
+void LengthEntryPanel::showTable(double interval) {
+    std::vector<QStringList> rows;
+    for (const LengthClass& c : classTable(interval)) {
+        rows.push_back(rowOf(c));
+    }
+    rows.emplace_back();
+    rows.push_back({u"TOTAL"_s});
+    m_rows->setRows(std::move(rows));
+    m_grid->scrollToTop();
+}
+
+void LengthEntryPanel::highlight(int row) {
+    // A light blue, with a text colour that is read on it in dark mode too.
+    m_rows->setRowColours(row, QColor(0xb0, 0xd5, 0xe6), QColor(0x1f, 0x2a, 0x30));
+}
+
 LengthStart LengthEntryPanel::typedStart() const {
-    LengthStart start{{}, {}, m_interval->text(), m_weight->text(), m_lowerLimit->text()};
-    if (const auto species = chosenSpecies(*m_species)) {
-        start.species = species->number;
-    }
-    if (const auto& operation = m_finder.operation()) {
-        start.operation = operation->number;
-    }
-    return start;
+    return {chosenSpecies().has_value(), m_finder.operation().has_value(), m_interval->text(), m_weight->text(),
+            m_lowerLimit->text()};
 }
 
 void LengthEntryPanel::onStart() {
     onSpeciesChosen();  // its interval may have been unreadable when it was chosen
     const LengthStart start = typedStart();
-    if (const auto refusal = startRefusal(start)) {
-        refuse(*refusal);
+    if (isRefused(startRefusal(start))) {
         return;
     }
-    if (!giveWay(*m_finder.operation(), chosenSpecies(*m_species).value())) {
+    if (!replacesStored(*m_finder.operation(), chosenSpecies().value())) {
         clear();
         focusOn(m_species);
         return;
@@ -214,13 +226,13 @@ void LengthEntryPanel::onStart() {
     startAt(classHolding(leadingNumber(start.lowerLimit), leadingNumber(start.interval)).value());
 }
 
-bool LengthEntryPanel::giveWay(const StoredOperation& operation, const ChosenSpecies& species) {
-    if (!hasLengthSample(m_connection, operation.number, species.number)) {
+bool LengthEntryPanel::replacesStored(const StoredOperation& operation, const ChosenSpecies& species) {
+    if (!lengthSampleWeight(m_connection, operation.number, species.number)) {
         return true;
     }
-    if (!m_context.dialogs.confirm(u"CONFORM"_s,
-                                   u"This species have lenght frequency data in database. Do you want to update?"_s,
-                                   Dialogs::Question::Deleting)) {
+    if (!m_dialogs.confirm(u"CONFORM"_s,
+                           u"This species have lenght frequency data in database. Do you want to update?"_s,
+                           Dialogs::Question::Deleting)) {
         return false;
     }
     deleteLengthSample(m_connection, operation, species);
@@ -230,7 +242,8 @@ bool LengthEntryPanel::giveWay(const StoredOperation& operation, const ChosenSpe
 void LengthEntryPanel::startAt(const LengthClass& first) {
     m_current = first;
     m_currentClass->setText(plainText(first.lower) + u" - "_s + plainText(first.upper));
-    m_grid->startWith(first);
+    m_rows->setRows({rowOf(first)});
+    highlight(0);
     m_finish->setEnabled(false);
     m_frame->show();
     focusOn(m_frequency);
@@ -240,24 +253,19 @@ void LengthEntryPanel::startAt(const LengthClass& first) {
 }
 
 void LengthEntryPanel::onFrequency() {
-    const QString typed = m_frequency->text();
-    if (typed.isEmpty()) {
-        return;
-    }
-    if (!isFrequency(typed)) {
-        m_context.dialogs.message(u"ERROR"_s, u"Numeric Only"_s);
-        m_frequency->clear();
-        focusOn(m_frequency);
-        return;
-    }
-    if (const auto refusal = intervalRefusal(m_interval->text())) {
-        refuse(*refusal);
+    const std::optional<double> frequency =
+        m_frequency->text().isEmpty() ? std::nullopt : typedFrequency(m_dialogs, m_frequency);
+    if (!frequency || isRefused(intervalRefusal(m_interval->text()))) {
         return;
     }
     m_finish->setEnabled(true);
-    const LengthClass next = nextClass(m_current.upper, leadingNumber(m_interval->text()));
-    m_grid->enter(m_current, leadingNumber(typed), next);
-    m_current = next;
+    const int waiting = m_rows->rowCount() - 1;
+    m_counted.push_back({m_current, *frequency});
+    m_current = nextClass(m_current.upper, leadingNumber(m_interval->text()));
+    m_rows->setRow(waiting, rowOf(m_counted.back().limits, plainText(*frequency)));
+    highlight(waiting);
+    m_rows->appendRow(rowOf(m_current));
+    m_grid->scrollToBottom();
     m_currentClass->setText(plainText(m_current.lower) + u'-' + plainText(m_current.upper));
     m_frequency->clear();
     focusOn(m_frequency);
@@ -270,45 +278,43 @@ void LengthEntryPanel::onFinish() {
     m_finish->setEnabled(false);
 }
 
-bool LengthEntryPanel::mayBeSaved(const std::vector<CountedClass>& classes) {
-    const LengthStart start = typedStart();
+bool LengthEntryPanel::mayBeSaved() {
     const int started = m_started.value().number;
-    const bool elsewhere = start.operation && *start.operation != started;
-    if (const auto refusal = elsewhere ? std::nullopt : saveRefusal(start)) {
-        refuse(*refusal);
+    const bool elsewhere = m_finder.operation() && m_finder.operation()->number != started;
+    if (!elsewhere && isRefused(saveRefusal(typedStart()))) {
         return false;
     }
     QString problem;
     if (elsewhere) {
         problem = u"This sample belongs to fishing operation no. %1: go back to it to save"_s.arg(started);
-    } else if (classes.empty()) {
+    } else if (m_counted.empty()) {
         problem = u"There is no length class with a frequency to save"_s;
-    } else if (hasLengthSample(m_connection, started, *start.species)) {
+    } else if (lengthSampleWeight(m_connection, started, chosenSpecies().value().number)) {
         problem = u"This species has a length sample in this operation already"_s;
     }
     if (!problem.isEmpty()) {
-        m_context.dialogs.message(u"ERROR"_s, problem);
+        m_dialogs.message(u"ERROR"_s, problem);
     }
     return problem.isEmpty();
 }
 
 void LengthEntryPanel::onSave() {
     onSpeciesChosen();
-    const std::vector<CountedClass> classes = m_grid->counted();
-    if (!mayBeSaved(classes) || !m_context.dialogs.confirm(u"Confirm"_s, u"Are you sure to insert this data"_s)) {
+    if (!mayBeSaved() || !m_dialogs.confirm(u"Confirm"_s, u"Are you sure to insert this data"_s)) {
         return;
     }
-    storeLengthSample(m_connection, {m_started.value(), chosenSpecies(*m_species).value(),
-                                     leadingNumber(m_weight->text()), leadingNumber(m_interval->text()), classes});
+    storeLengthSample(m_connection, {m_started.value(), chosenSpecies().value(), leadingNumber(m_weight->text()),
+                                     leadingNumber(m_interval->text()), m_counted});
     clear();
     focusOn(m_species);
 }
 
 void LengthEntryPanel::clear() {
-    m_grid->showNothing();
+    m_rows->setRows({QStringList()});
     m_species->setText({});
     m_shownSpecies.reset();
     m_started.reset();
+    m_counted.clear();
     m_notice->hide();
     for (QLineEdit* box : {m_interval, m_lowerLimit, m_weight, m_frequency}) {
         box->clear();
@@ -319,29 +325,6 @@ void LengthEntryPanel::clear() {
     m_start->setEnabled(true);
     m_save->hide();
     m_clear->hide();
-}
-
-QLineEdit* LengthEntryPanel::boxOf(LengthRefusal::Field field) const {
-    switch (field) {
-        case LengthRefusal::Field::Species:
-            return m_species->lineEdit();
-        case LengthRefusal::Field::Interval:
-            return m_interval;
-        case LengthRefusal::Field::Weight:
-            return m_weight;
-        case LengthRefusal::Field::LowerLimit:
-            return m_lowerLimit;
-        case LengthRefusal::Field::Operation:
-            break;
-    }
-    return nullptr;
-}
-
-void LengthEntryPanel::refuse(const LengthRefusal& refusal) {
-    m_context.dialogs.message(u"ERROR"_s, refusal.message);
-    if (QLineEdit* box = boxOf(refusal.field)) {
-        focusOn(box);
-    }
 }
 
 }  // namespace kelvora

@@ -1,46 +1,38 @@
 #pragma once
 
-#include "controls/screen.h"
-#include "records/length_checks.h"
 #include "records/length_store.h"
+#include "sampling/entry_panel.h"
 
-#include <QWidget>
-
-#include <optional>
+#include <array>
 
 class QFrame;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 
 namespace kelvora {
 
-class BoundList;
-class FinderPanel;
-class LengthClassGrid;
+class Grid;
+class TextTable;
 class ValueLabel;
 
 /// The entry of one length-frequency sample: the classes follow from an interval and a lower limit, and the sampler
-/// types the counts, one class after the other. What is typed lives here alone until SAVE.
-class LengthEntryPanel : public QWidget {
+/// types the counts, one class after the other.
+class LengthEntryPanel : public EntryPanel {
     Q_OBJECT
 
 public:
-    /// The finder says which operation is current; it and the connection are the screen's and outlive the panel.
-    LengthEntryPanel(const FinderPanel& finder, Connection& connection, const Context& context);
+    LengthEntryPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs);
 
-    /// No operation is current any more: an entry that runs ends, as with CLEAR.
-    void reset();
-    /// Another operation is current: offers the species of its composition.
-    void refresh();
-    /// Fills the list of species again, which another screen may have changed.
-    void refillLists();
+    void reset() override;
+    void refresh() override;
 
 private:
     QWidget* createForm();
     QFrame* createFrequencyFrame();
     QWidget* createButtons();
     void connectFields();
+    void showTable(double interval);
+    void highlight(int row);
 
     void onSpeciesChosen();
     void onIntervalChanged();
@@ -52,17 +44,13 @@ private:
     bool fitsTheCount(const ChosenSpecies& chosen, const std::optional<double>& interval);
 
     [[nodiscard]] LengthStart typedStart() const;
-    bool giveWay(const StoredOperation& operation, const ChosenSpecies& species);
+    bool replacesStored(const StoredOperation& operation, const ChosenSpecies& species);
     void startAt(const LengthClass& first);
-    [[nodiscard]] QLineEdit* boxOf(LengthRefusal::Field field) const;
-    void refuse(const LengthRefusal& refusal);
-    bool mayBeSaved(const std::vector<CountedClass>& classes);
+    [[nodiscard]] bool isRefused(const std::optional<Refusal>& refusal) const {
+        return EntryPanel::isRefused(refusal, m_fields);
+    }
+    bool mayBeSaved();
 
-    const FinderPanel& m_finder;
-    Connection& m_connection;
-    Context m_context;
-
-    BoundList* m_species;
     QLineEdit* m_interval;
     QLineEdit* m_weight;
     QLineEdit* m_lowerLimit;
@@ -73,12 +61,15 @@ private:
     QPushButton* m_finish;
     QPushButton* m_save;
     QPushButton* m_clear;
-    LengthClassGrid* m_grid;
+    Grid* m_grid;
+    TextTable* m_rows;                 ///< of the grid; once an entry is started, the last one waits for its count
+    std::array<QWidget*, 5> m_fields;  ///< in the order of LengthField
 
     QLabel* m_notice;  ///< what became of the last entry, where it ended without SAVE or CLEAR
 
     std::optional<ChosenSpecies> m_shownSpecies;  ///< the species whose interval is in its box
     std::optional<StoredOperation> m_started;     ///< the operation whose catch is being measured; nothing while idle
+    std::vector<CountedClass> m_counted;          ///< the classes that have a count, from top to bottom
     LengthClass m_current;                        ///< the class that waits for its count
 };
 

@@ -5,7 +5,6 @@
 #include "controls/fields.h"
 #include "controls/screen.h"
 #include "controls/text_table.h"
-#include "records/gonad_import.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -18,14 +17,23 @@ using namespace Qt::StringLiterals;
 namespace kelvora {
 namespace {
 
-GridColumns fishColumns() {
-    return {{u"No."_s, 33, Qt::AlignRight},    {u"TL(mm)"_s, 53, Qt::AlignRight},  {u"BL(mm)"_s, 53, Qt::AlignRight},
-            {u"FL(mm)"_s, 53, Qt::AlignRight}, {u"SL(mm)"_s, 53, Qt::AlignRight},  {u"BW(g)"_s, 53, Qt::AlignRight},
-            {u"SEX"_s, 53, Qt::AlignHCenter},  {u"STAGE"_s, 46, Qt::AlignHCenter}, {u"GW(g)"_s, 53, Qt::AlignRight}};
+GridColumns measuredColumns() {
+    GridColumns columns{{u"No."_s, 33, Qt::AlignRight}};
+    for (const FishColumn& column : kFishFields) {
+        const bool stage = column.field == &GonadFish::stage;
+        const bool text = stage || column.field == &GonadFish::sex;
+        columns.push_back(
+            {QString::fromLatin1(column.caption), stage ? 46 : 53, text ? Qt::AlignHCenter : Qt::AlignRight});
+    }
+    return columns;
 }
 
 QStringList gridRow(std::size_t number, const GonadFish& fish) {
-    return {QString::number(number), fish.tl, fish.bl, fish.fl, fish.sl, fish.bw, fish.sex, fish.stage, fish.gw};
+    QStringList row{QString::number(number)};
+    for (const FishColumn& column : kFishFields) {
+        row.append(fish.*column.field);
+    }
+    return row;
 }
 
 }  // namespace
@@ -33,9 +41,9 @@ QStringList gridRow(std::size_t number, const GonadFish& fish) {
 MeasuredFishGrid::MeasuredFishGrid(Dialogs& dialogs)
     : m_dialogs(dialogs),
       m_grid(new Grid(u"Measured fish"_s)),
-      m_rows(new TextTable(static_cast<int>(fishColumns().size()), this)),
+      m_rows(new TextTable(static_cast<int>(measuredColumns().size()), this)),
       m_line(new ValueLabel) {
-    m_grid->show(m_rows, fishColumns());
+    m_grid->show(m_rows, measuredColumns());
     m_grid->setSelectionMode(QAbstractItemView::SingleSelection);  // the Delete key takes one fish
     m_grid->installEventFilter(this);
     auto* note = new QLabel(u"* Double Click for delete row"_s);
@@ -59,11 +67,7 @@ void MeasuredFishGrid::append(const GonadFish& fish) {
     m_rows->appendRow({});
     m_grid->setEnabled(true);
     m_grid->scrollToBottom();
-    showLine();
-}
-
-void MeasuredFishGrid::say(const QString& words) {
-    showLine(words);
+    say();
 }
 
 void MeasuredFishGrid::removeFirst(int count) {
@@ -98,7 +102,7 @@ void MeasuredFishGrid::askAndDelete(int row) {
         if (!m_fish.empty()) {
             m_grid->selectRow(std::min(row, count - 2));
         }
-        showLine();
+        say();
         Q_EMIT deleted();
     });
 }
@@ -113,10 +117,10 @@ void MeasuredFishGrid::showFish() {
     m_rows->setRows(std::move(rows));
     m_grid->setEnabled(!m_fish.empty());
     m_grid->scrollToTop();
-    showLine();
+    say();
 }
 
-void MeasuredFishGrid::showLine(const QString& words) {
+void MeasuredFishGrid::say(const QString& words) {
     QStringList parts{words, storedOtherwise(m_fish)};
     parts.removeAll(QString());
     m_line->setText(parts.join(u"; "_s));

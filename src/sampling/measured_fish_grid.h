@@ -27,7 +27,7 @@ public:
     /// Adds a fish at the bottom, and brings it into sight.
     void append(const GonadFish& fish);
     /// Says something about the file that the fish are from, until other fish are in the grid.
-    void say(const QString& words);
+    void say(const QString& words = {});
     /// Takes out so many fish at the top.
     void removeFirst(int count);
 
@@ -41,7 +41,6 @@ protected:
 private:
     void askAndDelete(int row);
     void showFish();
-    void showLine(const QString& words = {});
 
     Dialogs& m_dialogs;
     Grid* m_grid;

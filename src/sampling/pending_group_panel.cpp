@@ -4,13 +4,9 @@
 #include "controls/captioned_grid.h"
 #include "controls/dialogs.h"
 #include "controls/fields.h"
-#include "controls/screen.h"
 #include "data/numbers.h"
-#include "data/result_set.h"
 #include "operations/finder_panel.h"
 #include "records/composition_store.h"
-#include "records/raising.h"
-#include "sampling/species_list.h"
 
 #include <QGridLayout>
 #include <QLineEdit>
@@ -21,30 +17,24 @@ using namespace Qt::StringLiterals;
 namespace kelvora {
 namespace {
 
-enum PendingColumn { Species, Weight, Key, PendingColumnCount };
-
 GridColumns pendingColumns() {
-    return {{u"Species"_s, 226, Qt::AlignLeft},
-            {u" Weight(kg.)"_s, 86, Qt::AlignHCenter},
-            {QString(), 0, Qt::AlignLeft, true}};
+    return {{u"Species"_s, 226, Qt::AlignLeft}, {u" Weight(kg.)"_s, 86, Qt::AlignHCenter}};
 }
 
 }  // namespace
 
-PendingGroupPanel::PendingGroupPanel(const FinderPanel& finder, Connection& connection, const Context& context)
-    : m_finder(finder),
-      m_connection(connection),
-      m_context(context),
+PendingGroupPanel::PendingGroupPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs)
+    : EntryPanel(finder, connection, dialogs, Offers::Catalogue),
       m_group(new QLineEdit),
       m_total(numberField()),
       m_sample(new ValueLabel),
-      m_species(new BoundList),
       m_weight(numberField()),
       m_list(new Grid(u"Pending group"_s)),
-      m_rows(PendingColumnCount),
+      m_rows(2),
       m_save(new QPushButton(u"&SAVE"_s)),
-      m_clear(new QPushButton(u"&CLEAR"_s)) {
-    fillSpecies(*m_species, connection);
+      m_clear(new QPushButton(u"&CLEAR"_s)),
+      m_fields{m_group, m_total, m_species, m_weight} {
+    refillLists();
     m_list->show(&m_rows, pendingColumns());
     auto* add = new QPushButton(u"A&DD"_s);
 
@@ -72,52 +62,23 @@ PendingGroupPanel::PendingGroupPanel(const FinderPanel& finder, Connection& conn
     layout->addWidget(m_list, 1);
     layout->addLayout(sum);
 
-    Dialogs& dialogs = context.dialogs;
-    connect(add, &QPushButton::clicked, this, guarded(dialogs, [this] { onAdd(); }));
+    onClick(add, [this] { onAdd(); });
     connect(m_weight, &QLineEdit::returnPressed, add, &QPushButton::click);
-    connect(m_save, &QPushButton::clicked, this, guarded(dialogs, [this] { onSave(); }));
-    connect(m_clear, &QPushButton::clicked, this, guarded(dialogs, [this] { onClear(); }));
+    onClick(m_save, [this] { onSave(); });
+    onClick(m_clear, [this] { onClear(); });
     onClear();
     m_save->setEnabled(false);
     m_clear->setEnabled(false);
 }
 
-void PendingGroupPanel::refillLists() {
-    fillSpecies(*m_species, m_connection);
-}
-
-int PendingGroupPanel::listed() const {
-    return m_rows.rowCount() - 1;
-}
-
-bool PendingGroupPanel::isListed(const QString& species) const {
-    for (int row = 0; row < listed(); ++row) {
-        if (sameText(m_rows.row(row).at(Species), species)) {
-            return true;
-        }
-    }
-    return false;
-}
-
-double PendingGroupPanel::total() const {
-    return leadingNumber(m_total->text());
-}
-
-double PendingGroupPanel::sample() const {
-    return leadingNumber(m_sample->text());
-}
-
-void PendingGroupPanel::refuse(const QString& title, const QString& text, QWidget* field) const {
-    m_context.dialogs.message(title, text);
-    focusOn(field);
+SamplingGroup PendingGroupPanel::typedGroup() const {
+    return {m_group->text(), leadingNumber(m_total->text()), m_listed};
 }
 
 bool PendingGroupPanel::askName() {
     const bool asks = m_group->text().trimmed().isEmpty();
-    const QString name =
-        asks ? m_context.dialogs.input(u"Please input groupname"_s).value_or(QString()) : m_group->text();
-    if (const auto problem = groupNameProblem(name)) {
-        refuse(u"ERROR"_s, *problem, m_group);
+    const QString name = asks ? m_dialogs.input(u"Please input groupname"_s).value_or(QString()) : m_group->text();
+    if (isRefused(groupNameRefusal(name))) {
         return false;
     }
     if (asks) {
@@ -130,9 +91,8 @@ bool PendingGroupPanel::askName() {
 bool PendingGroupPanel::askTotal() {
     const bool asks = m_total->text().isEmpty();
     const QString typed =
-        asks ? m_context.dialogs.input(u"Please input total sampling weight!"_s).value_or(QString()) : m_total->text();
-    if (const auto problem = totalWeightProblem(typed)) {
-        refuse(u"ERROR"_s, *problem, m_total);
+        asks ? m_dialogs.input(u"Please input total sampling weight!"_s).value_or(QString()) : m_total->text();
+    if (isRefused(totalWeightRefusal(typed))) {
         return false;
     }
     if (asks) {
@@ -146,34 +106,23 @@ void PendingGroupPanel::onAdd() {
     if (!m_finder.operation() || !askName() || !askTotal()) {
         return;
     }
-    const std::optional<ChosenSpecies> species = chosenSpecies(*m_species);
-    if (!species) {
-        refuse(u"ERROR"_s, u"Please select species!"_s, m_species);
+    const std::optional<ChosenSpecies> species = chosenSpecies();
+    if (isRefused(sampledSpeciesRefusal(species, m_weight->text()))) {
         return;
     }
-    if (m_weight->text().isEmpty()) {
-        refuse(u"ERROR"_s, u"Please input weight!"_s, m_weight);
-        return;
-    }
-    if (const auto problem = weightProblem(m_weight->text())) {
-        refuse(u"ERROR"_s, *problem, m_weight);
-        return;
-    }
-    const double together = sampleWith(sample(), leadingNumber(m_weight->text()));
-    if (roomInGroup(total(), together) < 0) {
+    const SampledSpecies sampled{*species, leadingNumber(m_weight->text())};
+    const auto refusal = furtherSpeciesRefusal(typedGroup(), sampled);
+    if (refusal && refusal->field == WeightField) {
         m_weight->clear();
-        refuse(u"ERROR"_s, u"Over weight! not over '%1' kg."_s.arg(plainText(roomInGroup(total(), sample()))),
-               m_weight);
+    }
+    if (isRefused(refusal)) {
         return;
     }
-    if (isListed(species->name)) {
-        refuse(u"ERROR"_s, u"Species Repeat please try again"_s, m_species);
-        return;
-    }
-    m_rows.setRow(listed(), {species->name, m_weight->text(), QString::number(species->number)});
+    m_listed.push_back(sampled);
+    m_rows.setRow(m_rows.rowCount() - 1, {species->name, m_weight->text()});
     m_rows.appendRow({});
     m_list->scrollToBottom();
-    m_sample->setText(plainText(together));
+    m_sample->setText(plainText(typedGroup().sample()));
     m_weight->clear();
     m_save->setEnabled(true);
     m_clear->setEnabled(true);
@@ -184,7 +133,7 @@ bool PendingGroupPanel::chooseFreeName(int operation) {
     if (!hasGroup(m_connection, operation, m_group->text())) {
         return true;
     }
-    m_context.dialogs.message(u"ERROR!"_s, u"Group repeat please change new group"_s);
+    m_dialogs.message(u"ERROR!"_s, u"Group repeat please change new group"_s);
     m_group->clear();
     m_group->setEnabled(true);
     focusOn(m_group);
@@ -194,26 +143,18 @@ bool PendingGroupPanel::chooseFreeName(int operation) {
 void PendingGroupPanel::onSave() {
     const auto& operation = m_finder.operation();
     if (!operation) {
-        m_context.dialogs.message(u"ERROR"_s, u"Please choose a fishing operation for this group"_s);
+        m_dialogs.message(u"ERROR"_s, u"Please choose a fishing operation for this group"_s);
         return;
     }
     // The boxes may have been changed since the last species was listed.
-    for (const auto& [problem, field] : {std::pair{groupNameProblem(m_group->text()), m_group},
-                                         {totalWeightProblem(m_total->text()), m_total},
-                                         {sampleProblem(total(), sample()), m_weight}}) {
-        if (problem) {
-            refuse(u"ERROR"_s, *problem, field);
-            return;
-        }
-    }
-    if (!m_context.dialogs.confirm(u"CONFIRM"_s, u"Are you sure to 'SAVE' this group"_s) ||
-        !chooseFreeName(operation->number)) {
+    const SamplingGroup group = typedGroup();
+    if (isRefused(groupNameRefusal(group.name)) || isRefused(totalWeightRefusal(m_total->text())) ||
+        isRefused(sampleRefusal(group))) {
         return;
     }
-    SamplingGroup group{m_group->text(), total(), sample(), {}};
-    for (int row = 0; row < listed(); ++row) {
-        const QStringList& texts = m_rows.row(row);
-        group.species.push_back({{texts.at(Key).toInt(), texts.at(Species)}, leadingNumber(texts.at(Weight))});
+    if (!m_dialogs.confirm(u"CONFIRM"_s, u"Are you sure to 'SAVE' this group"_s) ||
+        !chooseFreeName(operation->number)) {
+        return;
     }
     storeGroup(m_connection, *operation, group);
     onClear();
@@ -224,6 +165,7 @@ void PendingGroupPanel::onSave() {
 }
 
 void PendingGroupPanel::onClear() {
+    m_listed.clear();
     m_rows.setRows({QStringList()});
     m_group->clear();
     m_total->clear();

@@ -1,31 +1,24 @@
 #pragma once
 
-#include "controls/screen.h"
 #include "controls/text_table.h"
+#include "records/composition.h"
+#include "sampling/entry_panel.h"
 
-#include <QWidget>
+#include <array>
 
-class QLineEdit;
 class QPushButton;
 
 namespace kelvora {
 
-class BoundList;
-class Connection;
-class FinderPanel;
 class Grid;
 class ValueLabel;
 
 /// A sampling group while its sample is sorted: it lives only here until it is saved.
-class PendingGroupPanel : public QWidget {
+class PendingGroupPanel : public EntryPanel {
     Q_OBJECT
 
 public:
-    /// Works on the finder's current operation; finder and connection outlive the panel.
-    PendingGroupPanel(const FinderPanel& finder, Connection& connection, const Context& context);
-
-    /// Fills the list of species again, which another screen may have changed.
-    void refillLists();
+    PendingGroupPanel(const FinderPanel& finder, Connection& connection, Dialogs& dialogs);
 
 Q_SIGNALS:
     /// The group was stored.
@@ -38,24 +31,22 @@ private:
     bool askName();
     bool askTotal();
     bool chooseFreeName(int operation);
-    void refuse(const QString& title, const QString& text, QWidget* field) const;
-    [[nodiscard]] int listed() const;
-    [[nodiscard]] bool isListed(const QString& species) const;
-    [[nodiscard]] double total() const;
-    [[nodiscard]] double sample() const;
+    [[nodiscard]] bool isRefused(const std::optional<Refusal>& refusal) const {
+        return EntryPanel::isRefused(refusal, m_fields);
+    }
+    /// The pending group with its name and total as they stand in their boxes.
+    [[nodiscard]] SamplingGroup typedGroup() const;
 
-    const FinderPanel& m_finder;
-    Connection& m_connection;
-    Context m_context;
     QLineEdit* m_group;
     QLineEdit* m_total;
     ValueLabel* m_sample;
-    BoundList* m_species;
     QLineEdit* m_weight;
     Grid* m_list;
-    TextTable m_rows;  ///< species, weight as typed, key of the species; the last row is always blank
+    TextTable m_rows;  ///< species, weight as typed; the last row is always blank
     QPushButton* m_save;
     QPushButton* m_clear;
+    std::array<QWidget*, 4> m_fields;      ///< in the order of CompositionField
+    std::vector<SampledSpecies> m_listed;  ///< the sample so far
 };
 
 }  // namespace kelvora

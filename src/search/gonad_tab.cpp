@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace kelvora {
 namespace {
 
-GridColumns fishColumns() {
+GridColumns correctedFishColumns() {
     GridColumns columns = {{u"No."_s, 33, Qt::AlignHCenter}};
     for (const auto& caption :
          {u"TL(cm)"_s, u"BL(cm)"_s, u"FL(cm)"_s, u"SL(cm)"_s, u"BW(g)"_s, u"SEX"_s, u"STAGE"_s, u"GW(g)"_s, u"GSI"_s}) {
@@ -29,9 +29,14 @@ GridColumns fishColumns() {
 }  // namespace
 
 GonadTab::GonadTab(Connection& connection, Dialogs& dialogs)
-    : SampleTab(connection, dialogs),
-      m_navigator(new RecordNavigator(u"Gonad record"_s)),
-      m_delete(deleteButton(u"Delete gonad sample"_s)),
+    : SpeciesSampleTab(connection, dialogs,
+                       {.navigator = u"Gonad record"_s,
+                        .position = u"Species%1/%2 "_s,
+                        .deleteButton = u"Delete gonad sample"_s,
+                        .deleteTitle = u"CONFIRM"_s,
+                        .species = gonadSpecies,
+                        .weight = gonadSampleWeight,
+                        .remove = deleteGonadSample}),
       m_weight(new ValueLabel),
       m_fish(new Grid(u"Measured fish"_s)),
       m_fields(new FishFields(connection)),
@@ -60,60 +65,30 @@ GonadTab::GonadTab(Connection& connection, Dialogs& dialogs)
     layout->addLayout(sampleForm, 4);
     layout->addLayout(fishForm, 1);
 
-    connect(m_navigator, &RecordNavigator::arrived, this, &GonadTab::onArrived);
     connect(m_fields, &FishFields::completed, m_add, &QPushButton::click);
     onClick(m_add, [this] { onAdd(); });
-    onClick(m_delete, [this] { onDelete(); });
 }
 
-void GonadTab::reload() {
-    m_samples = {};
-    if (operation()) {
-        m_samples =
-            keyed(connection().query(Sql("SELECT fish.fishno, fish.genus & ' ' & fish.fishname AS Species FROM fish "
-                                         "INNER JOIN gonad ON fish.fishno = gonad.spid WHERE gonad.optid=")
-                                     << operation()->number),
-                  u"fishno");
-    }
-    m_navigator->setRowCount(m_samples.rowCount());
-}
-
-void GonadTab::onArrived(int row) {
-    if (row < 0 || !runGuarded(dialogs(), [&] { showSample(row); })) {
-        showNone();
-    }
-}
-
-void GonadTab::showSample(int row) {
-    m_navigator->setCaption(u"Species%1/%2 "_s.arg(row + 1).arg(m_samples.rowCount()) +
-                            m_samples.text(row, u"Species"));
-    const ResultSet stored = connection().query(sample());
-    m_weight->setText(stored.isEmpty() ? QString() : stored.text(0, u"samplingw"));
+void GonadTab::showSample(const QString& weight) {
+    m_weight->setText(weight);
     showFish();
-    setUsable(true);
 }
 
 void GonadTab::showFish() {
-    auto fish = connection().model(
-        Sql("select samplingno,tl,bl,fl,sl,format(bw,'0.00'),sex,stage,gw,format(gsi,'0.00') from gonad_detail"
-            " where optid = ")
-        << operation().value().number << " and spid = " << species() << " order by samplingno");
-    if (fish->rowCount() == 0) {
-        m_fish->showBlank(fishColumns());
+    ResultSet fish = fishOf(connection(), operation().value().number, species().number);
+    if (fish.isEmpty()) {
+        m_fish->showBlank(correctedFishColumns());
     } else {
-        m_fish->show(std::move(fish), fishColumns());
+        m_fish->show(std::make_unique<ResultModel>(std::move(fish)), correctedFishColumns());
     }
 }
 
 void GonadTab::showNone() {
-    m_navigator->setCaption({});
     m_weight->clear();
-    m_fish->showBlank(fishColumns());
+    m_fish->showBlank(correctedFishColumns());
     m_fields->clear();
-    setUsable(false);
 }
 
-/// There is a sample to mend, or there is none.
 void GonadTab::setUsable(bool usable) {
     m_fields->setLocked(!usable);
     m_add->setEnabled(usable);
@@ -121,39 +96,15 @@ void GonadTab::setUsable(bool usable) {
 }
 
 void GonadTab::onAdd() {
-    if (!dialogs().confirm(kGonadTitle.toString(), u"Are you sure to add this sampling"_s)) {
+    const std::optional<GonadFish> fish = m_fields->askFor(dialogs());
+    if (!fish || !mayChangeSample()) {
         return;
     }
-    const GonadFish fish = m_fields->fish();
-    if (const std::optional<FishRefusal> refusal = fishRefusal(fish)) {
-        dialogs().message(kGonadTitle.toString(), refusal->message);
-        m_fields->refuse(refusal->field);
-        return;
-    }
-    if (!isStored(sample())) {
-        return;
-    }
-    addFish(connection(), *operation(), {species(), m_samples.text(m_navigator->row(), u"Species")}, fish);
+    addFish(connection(), *operation(), species(), *fish);
     showFish();
     m_fish->scrollToBottom();
     m_fields->startNext();
     m_fields->focusFirst();
-}
-
-void GonadTab::onDelete() {
-    const bool sure = dialogs().confirm(u"CONFIRM"_s, u"Are you sure to delete?"_s, Dialogs::Question::Deleting);
-    if (sure && isStored(sample())) {
-        deleteGonadSample(connection(), *operation(), species());
-        reload();
-    }
-}
-
-int GonadTab::species() const {
-    return m_samples.integer(m_navigator->row(), u"fishno").value();
-}
-
-Sql GonadTab::sample() const {
-    return Sql("select * from gonad where optid = ") << operation().value().number << " and spid = " << species();
 }
 
 }  // namespace kelvora

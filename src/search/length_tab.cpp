@@ -7,8 +7,8 @@
 #include "controls/screen.h"
 #include "data/connection.h"
 #include "data/numbers.h"
-#include "records/length_checks.h"
 #include "records/length_store.h"
+#include "sampling/entry_panel.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -20,9 +20,7 @@ using namespace Qt::StringLiterals;
 namespace kelvora {
 namespace {
 
-const QString kError = u"ERROR"_s;
-
-GridColumns classColumns() {
+GridColumns storedClassColumns() {
     return {{u"Lower(cm.)"_s, 100, Qt::AlignHCenter},
             {u"Upper(cm.)"_s, 100, Qt::AlignHCenter},
             {u"Mid-length(cm.)"_s, 100, Qt::AlignHCenter},
@@ -32,13 +30,18 @@ GridColumns classColumns() {
 }  // namespace
 
 LengthTab::LengthTab(Connection& connection, Dialogs& dialogs)
-    : SampleTab(connection, dialogs),
-      m_navigator(new RecordNavigator(u"Length record"_s)),
-      m_delete(deleteButton(u"Delete length sample"_s)),
+    : SpeciesSampleTab(connection, dialogs,
+                       {.navigator = u"Length record"_s,
+                        .position = u"Species %1 / %2 "_s,
+                        .deleteButton = u"Delete length sample"_s,
+                        .deleteTitle = kApplicationTitle.toString(),
+                        .species = lengthSpecies,
+                        .weight = lengthSampleWeight,
+                        .remove = deleteLengthSample}),
       m_classes(new Grid(u"Length classes"_s)),
       m_weight(numberField()),
       m_update(new QPushButton(u"&Update"_s)),
-      m_interval(new ValueLabel),
+      m_intervalLabel(new ValueLabel),
       m_addFrame(new QGroupBox(u"Lower-Upper Length"_s)),
       m_nextLabel(new ValueLabel),
       m_frequency(numberField()),
@@ -56,12 +59,10 @@ LengthTab::LengthTab(Connection& connection, Dialogs& dialogs)
     layout->addLayout(samples, 3);
     layout->addLayout(sampleForm(), 2);
 
-    connect(m_navigator, &RecordNavigator::arrived, this, &LengthTab::onArrived);
     connect(m_frequency, &QLineEdit::returnPressed, m_add, &QPushButton::click);
     connect(m_weight, &QLineEdit::returnPressed, m_update, &QPushButton::click);
     onClick(m_update, [this] { onUpdate(); });
     onClick(m_add, [this] { onAdd(); });
-    onClick(m_delete, [this] { onDelete(); });
 }
 
 QLayout* LengthTab::sampleForm() {
@@ -71,7 +72,7 @@ QLayout* LengthTab::sampleForm() {
     form->setColumnStretch(1, 1);
     addField(form, 0, 0, u"Sample weight (kg.)"_s, m_weight);
     form->addWidget(m_update, 0, 2);
-    addField(form, 1, 0, u"Class Interval"_s, m_interval);
+    addField(form, 1, 0, u"Class Interval"_s, m_intervalLabel);
 
     auto* add = new QGridLayout(m_addFrame);
     add->setHorizontalSpacing(12);
@@ -84,48 +85,21 @@ QLayout* LengthTab::sampleForm() {
     return form;
 }
 
-void LengthTab::reload() {
-    m_samples = {};
-    if (operation()) {
-        m_samples =
-            keyed(connection().query(Sql("SELECT fish.genus & ' ' & fish.fishname AS Species,fish.fishno FROM fish "
-                                         "INNER JOIN length ON fish.fishno = length.spid where optid = ")
-                                     << operation()->number),
-                  u"fishno");
-    }
-    m_navigator->setRowCount(m_samples.rowCount());
-}
-
-void LengthTab::onArrived(int row) {
-    if (row < 0 || !runGuarded(dialogs(), [&] { showSample(row); })) {
-        showNone();
-    }
-}
-
-void LengthTab::showSample(int row) {
-    m_navigator->setCaption(u"Species %1 / %2 "_s.arg(row + 1).arg(m_samples.rowCount()) +
-                            m_samples.text(row, u"Species"));
-    showWeight();
-    const ResultSet fish = connection().query(Sql("select * from fish where fishno = ") << species());
-    m_interval->setText(fish.isEmpty() ? QString() : fish.text(0, u"classinterval"));
+void LengthTab::showSample(const QString& weight) {
+    m_weight->setText(weight);
+    const QString interval = displayText(classIntervalOf(connection(), species().number));
+    m_interval = leadingNumber(interval);
+    m_intervalLabel->setText(interval);
     showClasses();
-    setUsable(true);
-}
-
-void LengthTab::showWeight() {
-    const ResultSet stored = connection().query(sample());
-    m_weight->setText(stored.isEmpty() ? QString() : stored.text(0, u"weight"));
 }
 
 void LengthTab::showClasses() {
-    auto classes =
-        connection().model(Sql("select lower1,upper1,midlength1,frequency1 from length_detail where optid = ")
-                           << operation().value().number << " and spid = " << species() << " order by lower1");
-    showNextClass(classes->result());
-    if (classes->rowCount() == 0) {
-        m_classes->showBlank(classColumns());
+    ResultSet classes = lengthClassesOf(connection(), operation().value().number, species().number);
+    showNextClass(classes);
+    if (classes.isEmpty()) {
+        m_classes->showBlank(storedClassColumns());
     } else {
-        m_classes->show(std::move(classes), classColumns());
+        m_classes->show(std::make_unique<ResultModel>(std::move(classes)), storedClassColumns());
     }
 }
 
@@ -133,15 +107,14 @@ void LengthTab::showClasses() {
 void LengthTab::showNextClass(const ResultSet& classes) {
     m_frequency->clear();
     m_next.reset();
-    const double interval = leadingNumber(m_interval->text());
     const std::optional<double> upper =
         classes.isEmpty() ? std::nullopt : classes.number(classes.rowCount() - 1, u"upper1");
     if (!upper) {
         m_nextLabel->setText(u"none: this sample has no classes"_s);
-    } else if (interval <= 0) {
+    } else if (m_interval <= 0) {
         m_nextLabel->setText(u"none: this species has no class interval"_s);
     } else {
-        m_next = nextClass(*upper, interval);
+        m_next = nextClass(*upper, m_interval);
         m_nextLabel->setText(plainText(m_next->lower) + u'-' + plainText(m_next->upper));
     }
     m_frequency->setEnabled(m_next.has_value());
@@ -150,16 +123,13 @@ void LengthTab::showNextClass(const ResultSet& classes) {
 
 void LengthTab::showNone() {
     m_next.reset();
-    m_navigator->setCaption({});
-    m_interval->clear();
+    m_intervalLabel->clear();
     m_weight->clear();
     m_frequency->clear();
     m_nextLabel->clear();
-    m_classes->showBlank(classColumns());
-    setUsable(false);
+    m_classes->showBlank(storedClassColumns());
 }
 
-/// There is a sample to mend, or there is none.
 void LengthTab::setUsable(bool usable) {
     m_weight->setEnabled(usable);
     m_update->setEnabled(usable);
@@ -168,52 +138,24 @@ void LengthTab::setUsable(bool usable) {
 }
 
 void LengthTab::onUpdate() {
-    const std::optional<double> weight = toNumber(m_weight->text());
-    if (!weight || *weight < 0) {
-        dialogs().message(kError, u"Please input sample weight: a number not below 0 (decimal point, no comma)"_s);
-        focusOn(m_weight);
-        return;
-    }
-    if (isStored(sample())) {
-        correctWeight(connection(), *operation(), species(), *weight);
-        showWeight();
+    const QString weight = m_weight->text();
+    if (const auto refusal = sampleWeightRefusal(weight)) {
+        refuse(dialogs(), refusal->title, refusal->message, m_weight);
+    } else if (mayChangeSample()) {
+        correctWeight(connection(), *operation(), species().number, leadingNumber(weight));
+        m_weight->setText(storedWeight());
         dialogs().message(u"RESULT"_s, u"Update complete!"_s);
     }
 }
 
 void LengthTab::onAdd() {
-    if (!isFrequency(m_frequency->text())) {
-        dialogs().message(kError, u"Numeric Only"_s);
-        m_frequency->clear();
-        focusOn(m_frequency);
-        return;
-    }
-    if (isStored(sample())) {
-        addLengthClass(connection(), *operation(), shownSpecies(),
-                       {*m_next, m_next->middle(), leadingNumber(m_frequency->text())});
+    const std::optional<double> frequency = typedFrequency(dialogs(), m_frequency);
+    if (frequency && mayChangeSample()) {
+        addLengthClass(connection(), *operation(), species(), {*m_next, *frequency});
         showClasses();
         m_classes->scrollToBottom();
         focusOn(m_frequency);
     }
-}
-
-void LengthTab::onDelete() {
-    if (dialogs().confirm(u"Are you sure to delete?"_s, Dialogs::Question::Deleting) && isStored(sample())) {
-        deleteLengthSample(connection(), *operation(), shownSpecies());
-        reload();
-    }
-}
-
-int LengthTab::species() const {
-    return m_samples.integer(m_navigator->row(), u"fishno").value();
-}
-
-ChosenSpecies LengthTab::shownSpecies() const {
-    return {species(), m_samples.text(m_navigator->row(), u"Species")};
-}
-
-Sql LengthTab::sample() const {
-    return Sql("select * from length where optid = ") << operation().value().number << " and spid = " << species();
 }
 
 }  // namespace kelvora

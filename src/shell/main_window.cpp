@@ -8,9 +8,7 @@
 #include "reports/catch_summary_screen.h"
 #include "reports/species_composition_report_screen.h"
 #include "reports/species_report_screen.h"
-#include "sampling/gonad_maturity_screen.h"
-#include "sampling/length_frequency_screen.h"
-#include "sampling/species_composition_screen.h"
+#include "sampling/sampling_screens.h"
 #include "search/search_screen.h"
 #include "shell/change_password_screen.h"
 

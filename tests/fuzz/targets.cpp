@@ -3,7 +3,7 @@
 #include "data/connection.h"
 #include "data/csv_reader.h"
 #include "data/numbers.h"
-#include "records/gonad_import.h"
+#include "records/gonad_fish.h"
 #include "records/species_import.h"
 #include "records/vessel_import.h"
 
@@ -84,7 +84,9 @@ void tryCsv(const QByteArray& bytes) {
         for (bool more = reader.readHeader(); more;) {
             const std::optional<GonadFish> fish = reader.next();
             more = fish.has_value();
-            require(!insertFish(1, 1, 1, fish.value_or(GonadFish())).text().empty(), "a fish can be stored");
+            for (const FishColumn& column : kFishFields) {
+                require(std::isfinite(storedNumber(fish.value_or(GonadFish()), column.field)), "a fish can be stored");
+            }
         }
     } catch (const FormatFault&) {
         return;

@@ -2,9 +2,7 @@
 
 #include "operations/operation_entry_screen.h"
 #include "reference/general_information_screen.h"
-#include "sampling/gonad_maturity_screen.h"
-#include "sampling/length_frequency_screen.h"
-#include "sampling/species_composition_screen.h"
+#include "sampling/sampling_screens.h"
 #include "search/search_screen.h"
 #include "shell/change_password_screen.h"
 

@@ -1,6 +1,6 @@
 #include "data/csv_reader.h"
 #include "data/numbers.h"
-#include "sampling/gonad_maturity_screen.h"
+#include "sampling/sampling_screens.h"
 #include "sampling_screen.h"
 
 #include <QAbstractButton>

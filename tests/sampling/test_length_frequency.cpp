@@ -1,5 +1,5 @@
 #include "data/csv_reader.h"
-#include "sampling/length_frequency_screen.h"
+#include "sampling/sampling_screens.h"
 #include "sampling_screen.h"
 
 #include <QAbstractButton>
