@@ -11,16 +11,22 @@ bool hasCaseBeyondAscii(const QString& text) {
         text, [](QChar c) { return c.unicode() > 127 && (c.isSurrogate() || c.toUpper() != c.toLower()); });
 }
 
+bool mayDiffer(std::initializer_list<Named> names) {
+    return std::ranges::any_of(names, hasCaseBeyondAscii, &Named::text);
+}
+
+Sql exactly(Sql query, std::initializer_list<Named> names) {
+    for (const Named& name : names) {
+        query = std::move(query) << name.column << " = " << name.text << " and ";
+    }
+    return std::move(query) << "1";
+}
+
 }  // namespace
 
 ResultSet rowsNamed(Connection& connection, const Sql& query, std::initializer_list<Named> names) {
-    Sql exact = query;
-    for (const Named& name : names) {
-        exact = std::move(exact) << name.column << " = " << name.text << " and ";
-    }
-    ResultSet found = connection.query(std::move(exact) << "1");
-    const bool mayDiffer = std::ranges::any_of(names, hasCaseBeyondAscii, &Named::text);
-    if (!found.isEmpty() || !mayDiffer) {
+    ResultSet found = connection.query(exactly(query, names));
+    if (!found.isEmpty() || !mayDiffer(names)) {
         return found;
     }
     const ResultSet all = connection.query(Sql(query) << "1");
@@ -36,7 +42,12 @@ ResultSet rowsNamed(Connection& connection, const Sql& query, std::initializer_l
 }
 
 bool finds(Connection& connection, const Sql& query) {
-    return !connection.query(query).isEmpty();
+    const ResultSet found = connection.query(Sql("select exists(") << query << ")");
+    return found.rows.front().front().toBool();
+}
+
+bool findsNamed(Connection& connection, const Sql& query, std::initializer_list<Named> names) {
+    return mayDiffer(names) ? !rowsNamed(connection, query, names).isEmpty() : finds(connection, exactly(query, names));
 }
 
 }  // namespace kelvora

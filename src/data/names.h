@@ -23,4 +23,7 @@ ResultSet rowsNamed(Connection& connection, const Sql& query, std::initializer_l
 /// Whether a query finds a row.
 bool finds(Connection& connection, const Sql& query);
 
+/// Whether a query finds a row that has the names.
+bool findsNamed(Connection& connection, const Sql& query, std::initializer_list<Named> names);
+
 }  // namespace kelvora

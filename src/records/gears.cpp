@@ -46,7 +46,7 @@ void AddGearCounted(Connection& connection, const QString& name) {
 
 std::optional<int> AddMethod(Connection& connection, const QString& name, int gear) {
     const Sql methods = Sql("select * from Fishing_method where gearid = ") << gear << " and ";
-    if (!rowsNamed(connection, methods, {{"methodname", name}}).isEmpty()) {
+    if (findsNamed(connection, methods, {{"methodname", name}})) {
         return std::nullopt;
     }
     const int key = nextMethod(connection);

@@ -68,7 +68,7 @@ std::optional<int> getsamplingid(Connection& connection, const QString& stateNam
 
 bool isPortOfState(Connection& connection, const QString& name, int state) {
     const Sql ports = Sql("select * from samplingport where stateid = ") << state << " and ";
-    return !rowsNamed(connection, ports, {{"samplingname", name}}).isEmpty();
+    return findsNamed(connection, ports, {{"samplingname", name}});
 }
 
 int InsertState(Connection& connection, const QString& name) {
@@ -114,7 +114,7 @@ Sql areasByName() {
 }
 
 bool isAreaKnown(Connection& connection, const QString& name) {
-    return !rowsNamed(connection, Sql("select * from fishing_area where "), {{"aname", name}}).isEmpty();
+    return findsNamed(connection, Sql("select * from fishing_area where "), {{"aname", name}});
 }
 
 bool isAreaStored(Connection& connection, const QString& name) {

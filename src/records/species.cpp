@@ -1,6 +1,7 @@
 #include "records/species.h"
 
 #include "data/names.h"
+#include "data/numbers.h"
 #include "data/transaction.h"
 #include "records/keys.h"
 #include "records/operation_store.h"
@@ -48,21 +49,16 @@ Sql speciesAsEntered() {
         " where fishno <> 0 order by fish.fishno");
 }
 
-bool isSpeciesStored(Connection& connection, const SpeciesEntry& species) {
-    return !rowsNamed(connection, Sql("select family, genus, fishname from fish where "),
-                      {{"family", species.family}, {"genus", species.genus}, {"fishname", species.epithet}})
-                .isEmpty();
-}
-
-bool AddSpecies(Connection& connection, const SpeciesEntry& species) {
-    if (isSpeciesStored(connection, species)) {
-        return false;
+std::optional<int> AddSpecies(Connection& connection, const SpeciesEntry& species, std::optional<int> last) {
+    if (findsNamed(connection, Sql("select family, genus, fishname from fish where "),
+                   {{"family", species.family}, {"genus", species.genus}, {"fishname", species.epithet}})) {
+        return std::nullopt;
     }
-    const int number = nextSpecies(connection);
+    const int number = last && *last < kLargestKey ? *last + 1 : nextSpecies(connection);
     connection.execute(Sql("insert into fish(fishno,fishname,genus,family,common_name) values(")
                        << number << "," << species.epithet << "," << species.genus << "," << species.family << ","
                        << species.commonName << ")");
-    return true;
+    return number;
 }
 
 bool isSpeciesUsed(Connection& connection, int species) {

@@ -42,10 +42,9 @@ struct SpeciesEntry {
 
 /// The catalogue as it was entered: fishno, family, genus, fishname, common_name. The row 0 is reserved for no species.
 Sql speciesAsEntered();
-/// Whether a species of this family, genus and epithet is stored.
-bool isSpeciesStored(Connection& connection, const SpeciesEntry& species);
-/// Stores a species under the next number, unless it is stored already. Returns whether it was stored.
-bool AddSpecies(Connection& connection, const SpeciesEntry& species);
+/// Stores a species under the next number, unless one of this family, genus and epithet is stored already. Returns
+/// its number, nothing if it was stored already. The last number is given where it is known.
+std::optional<int> AddSpecies(Connection& connection, const SpeciesEntry& species, std::optional<int> last = {});
 /// Whether a sample has the species.
 bool isSpeciesUsed(Connection& connection, int species);
 /// Deletes a species, asks, and leaves it deleted on Yes; returns the answer.

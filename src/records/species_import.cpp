@@ -20,9 +20,12 @@ ImportOutcome storeSpecies(Connection& connection, const std::vector<CsvRecord>&
                            const std::function<void()>& count) {
     ImportOutcome outcome;
     Transaction transaction(connection);
+    std::optional<int> last;
     for (const CsvRecord& record : species) {
         const QStringList& fields = record.fields;
-        ++(AddSpecies(connection, {fields[0], fields[1], fields[2], fields[3]}) ? outcome.stored : outcome.known);
+        const auto stored = AddSpecies(connection, {fields[0], fields[1], fields[2], fields[3]}, last);
+        last = stored ? stored : last;
+        ++(stored ? outcome.stored : outcome.known);
         count();
     }
     transaction.commit();

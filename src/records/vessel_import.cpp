@@ -30,26 +30,6 @@ QString newGear(Connection& connection, const QString& name, const GearQuestions
     return answer;
 }
 
-/// The keys of the gears that a file names, 0 for none: thousands of vessels share a few of them.
-class GearKeys {
-public:
-    explicit GearKeys(Connection& connection) : m_connection(connection) {}
-
-    int operator[](const QString& name) {
-        auto known = m_keys.find(name);
-        if (known == m_keys.end()) {
-            const ResultSet gears = gearsNamed(m_connection, name);
-            const int key = gears.isEmpty() ? 0 : gears.integer(0, u"gearid").value_or(0);
-            known = m_keys.emplace(name, key).first;
-        }
-        return known->second;
-    }
-
-private:
-    Connection& m_connection;
-    std::map<QString, int> m_keys;
-};
-
 struct ByVesselName {
     bool operator()(QStringView left, QStringView right) const { return left.compare(right, Qt::CaseInsensitive) < 0; }
 };
@@ -117,11 +97,17 @@ ImportOutcome storeVessels(Connection& connection, const std::vector<CsvRecord>&
                            const std::function<void()>& count) {
     ImportOutcome outcome;
     Transaction transaction(connection);
+    // Both are read once: thousands of vessels share a few gears, and few of them are stored already.
     VesselNames names = storedVesselNames(connection);
-    GearKeys gears(connection);
+    std::map<QString, int> gears;
     for (const CsvRecord& record : vessels) {
         Vessel vessel = vesselOf(record.fields);
-        vessel.gear = gears[vessel.gearName];
+        const auto [gear, isNew] = gears.try_emplace(vessel.gearName, 0);
+        if (isNew) {
+            const ResultSet found = gearsNamed(connection, vessel.gearName);
+            gear->second = found.isEmpty() ? 0 : found.integer(0, u"gearid").value_or(0);
+        }
+        vessel.gear = gear->second;
         const QStringList unusable = unusableNumbers(vessel);
         const auto name = names.find(vessel.name);
         if (vessel.name.isEmpty() ? isVesselKnown(connection, vessel) : name != names.end()) {

@@ -4,32 +4,34 @@
 #include "data/numbers.h"
 #include "data/transaction.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvora {
 namespace {
 
-Sql& appendValue(Sql& statement, const Vessel& vessel, const VesselField& field) {
+Sql withValue(Sql statement, const Vessel& vessel, const VesselField& field) {
     if (field.text == &Vessel::gearName) {
-        return statement = std::move(statement) << vessel.gear;
+        return std::move(statement) << vessel.gear;
     }
     const QString& text = vessel.*field.text;
-    return statement =
-               field.isNumber ? std::move(statement) << toNumber(text).value_or(0) : std::move(statement) << text;
+    return field.isNumber ? std::move(statement) << toNumber(text).value_or(0) : std::move(statement) << text;
 }
 
 Sql vesselInsert(const Vessel& vessel) {
-    Sql statement("insert into vessel(");
+    static const Sql head = [] {
+        Sql columns("insert into vessel(");
+        Literal separator("");
+        for (const VesselField& field : vesselFields()) {
+            columns = std::move(columns) << std::exchange(separator, Literal(", ")) << field.column;
+        }
+        return std::move(columns) << ") values(";
+    }();
+    Sql statement = head;
     Literal separator("");
     for (const VesselField& field : vesselFields()) {
-        statement = std::move(statement) << separator << field.column;
-        separator = ",";
-    }
-    separator = ") values(";
-    for (const VesselField& field : vesselFields()) {
-        statement = std::move(statement) << separator;
-        appendValue(statement, vessel, field);
-        separator = ",";
+        statement = withValue(std::move(statement) << std::exchange(separator, Literal(", ")), vessel, field);
     }
     return std::move(statement) << ")";
 }
@@ -75,7 +77,7 @@ Sql vesselsByName() {
 }
 
 bool isRegisterIdStored(Connection& connection, const QString& registerId) {
-    return !rowsNamed(connection, Sql("select * from vessel where "), {{"vesselid", registerId}}).isEmpty();
+    return findsNamed(connection, Sql("select * from vessel where "), {{"vesselid", registerId}});
 }
 
 bool isVesselKnown(Connection& connection, const Vessel& vessel) {
@@ -87,9 +89,7 @@ bool isVesselKnown(Connection& connection, const Vessel& vessel) {
 bool isVesselRepeated(Connection& connection, const Vessel& vessel) {
     Sql like("select * from vessel where ");
     for (const VesselField& field : vesselFields()) {
-        like = std::move(like) << field.column << " = ";
-        appendValue(like, vessel, field);
-        like = std::move(like) << " and ";
+        like = withValue(std::move(like) << field.column << " = ", vessel, field) << " and ";
     }
     return finds(connection, std::move(like) << "1");
 }
