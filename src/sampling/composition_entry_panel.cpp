@@ -18,8 +18,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include <array>
-
 using namespace Qt::StringLiterals;
 
 namespace kelvora {
@@ -42,7 +40,8 @@ CompositionEntryPanel::CompositionEntryPanel(const FinderPanel& finder, Connecti
       m_pendingGroup(new PendingGroupPanel(finder, connection, dialogs)),
       m_groups(
           new GroupsPanel(connection, dialogs, GroupsPanel::Use::Entry, [this](int group) { onDeleteGroup(group); })),
-      m_summary(compositionSummary()) {
+      m_summary(new CaptionedGrid(u"Composition"_s)) {
+    m_fields = {nullptr, nullptr, m_species, m_weight};
     auto* areas = new QHBoxLayout;
     areas->addWidget(createSingleSpecies(), 10);
     areas->addWidget(createGroups(), 15);
@@ -95,14 +94,14 @@ void CompositionEntryPanel::reset() {
     m_stored->grid()->show(std::make_unique<TextTable>(2), weightColumns());
     m_navigator->setRowCount(0);
     m_groups->reset();
-    showComposition(m_summary, {});
+    showComposition(*m_summary, {});
 }
 
 void CompositionEntryPanel::refresh() {
     const bool shown = runGuarded(m_dialogs, [this] {
         showSingleSpecies();
         m_groups->refresh(operation());
-        showComposition(m_summary, compositionOf(m_connection, operation()));
+        showComposition(*m_summary, compositionOf(m_connection, operation()));
     });
     if (!shown) {
         // Rather nothing than the samples of the operation shown before.
@@ -118,8 +117,7 @@ void CompositionEntryPanel::refillLists() {
 void CompositionEntryPanel::onAdd() {
     const auto& current = m_finder.operation();
     const std::optional<ChosenSpecies> species = chosenSpecies();
-    const std::array<QWidget*, 4> fields{nullptr, nullptr, m_species, m_weight};
-    if (!current || isRefused(singleSpeciesRefusal(species, m_weight->text()), fields)) {
+    if (!current || isRefused(singleSpeciesRefusal(species, m_weight->text()))) {
         return;
     }
     if (hasSingleSpecies(m_connection, current->number, species->number)) {
@@ -169,7 +167,7 @@ void CompositionEntryPanel::showSingleSpecies() {
 }
 
 void CompositionEntryPanel::showSummary() {
-    runGuarded(m_dialogs, [this] { showComposition(m_summary, compositionOf(m_connection, operation())); });
+    runGuarded(m_dialogs, [this] { showComposition(*m_summary, compositionOf(m_connection, operation())); });
 }
 
 int CompositionEntryPanel::operation() const {

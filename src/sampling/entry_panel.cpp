@@ -43,9 +43,9 @@ void EntryPanel::onClick(QAbstractButton* button, const std::function<void()>& h
     connect(button, &QAbstractButton::clicked, this, guarded(m_dialogs, handler));
 }
 
-bool EntryPanel::isRefused(const std::optional<Refusal>& refusal, std::span<QWidget* const> fields) const {
+bool EntryPanel::isRefused(const std::optional<Refusal>& refusal) const {
     if (refusal) {
-        refuse(m_dialogs, refusal->title, refusal->message, fields[static_cast<std::size_t>(refusal->field)]);
+        refuse(m_dialogs, refusal->title, refusal->message, m_fields.at(static_cast<std::size_t>(refusal->field)));
     }
     return refusal.has_value();
 }

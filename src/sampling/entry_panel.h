@@ -7,7 +7,7 @@
 
 #include <functional>
 #include <optional>
-#include <span>
+#include <vector>
 
 class QAbstractButton;
 class QLineEdit;
@@ -39,8 +39,8 @@ public:
 protected:
     /// Runs a handler in the guard whenever a button is pressed.
     void onClick(QAbstractButton* button, const std::function<void()>& handler);
-    /// Says what is wrong with the entry, if anything is, and moves the keyboard to its field in the panel's table.
-    bool isRefused(const std::optional<Refusal>& refusal, std::span<QWidget* const> fields) const;
+    /// Says what is wrong with the entry, if anything is, and moves the keyboard to its field.
+    [[nodiscard]] bool isRefused(const std::optional<Refusal>& refusal) const;
 
     /// Fills the list with the species of the current operation's composition.
     void offerCatch();
@@ -51,6 +51,7 @@ protected:
     Connection& m_connection;
     Dialogs& m_dialogs;
     BoundList* m_species;
+    std::vector<QWidget*> m_fields;  ///< the table that refusals name the fields of
 
 private:
     Offers m_offers;

@@ -217,7 +217,7 @@ void GonadEntryPanel::onSave() {
         Progress progress(u"Storing the fish…"_s, static_cast<int>(sample->fish.size()));
         storeGonadSample(m_connection, *sample, m_stored, [&progress] { progress.step(); });
     } catch (const std::exception& failure) {
-        m_grid->removeFirst(m_stored.fish - storedBefore);
+        m_grid->setFish({sample->fish.begin() + (m_stored.fish - storedBefore), sample->fish.end()});
         // The rest belongs to the sample whose first fish are stored, so to the same species.
         m_species->setEnabled(!m_stored.begun);
         const bool lost = dynamic_cast<const OriginLost*>(&failure) != nullptr;

@@ -49,7 +49,6 @@ LengthEntryPanel::LengthEntryPanel(const FinderPanel& finder, Connection& connec
       m_clear(keyButton(u"&CLEAR"_s)),
       m_grid(new Grid(u"Length classes"_s)),
       m_rows(new TextTable(4, this)),
-      m_fields{m_species, nullptr, m_interval, m_weight, m_lowerLimit},
       m_notice(new QLabel) {
     auto* layout = new QGridLayout(this);
     layout->addWidget(new OperationLine(m_finder), 0, 0, 1, 2);
@@ -65,6 +64,7 @@ LengthEntryPanel::LengthEntryPanel(const FinderPanel& finder, Connection& connec
     layout->setColumnStretch(1, 3);
     layout->setHorizontalSpacing(16);
 
+    m_fields = {m_species, nullptr, m_interval, m_weight, m_lowerLimit};
     m_grid->show(m_rows, classColumns());
     connectFields();
     clear();
@@ -183,15 +183,12 @@ bool LengthEntryPanel::fitsTheCount(const ChosenSpecies& chosen, const std::opti
 }
 
 void LengthEntryPanel::onIntervalChanged() {
-    if (!m_interval->text().isEmpty()) {
-        m_counted.clear();
-        showTable(leadingNumber(m_interval->text()));
+    if (m_interval->text().isEmpty()) {
+        return;
     }
-}
-
-void LengthEntryPanel::showTable(double interval) {
+    m_counted.clear();
     std::vector<QStringList> rows;
-    for (const LengthClass& c : classTable(interval)) {
+    for (const LengthClass& c : classTable(leadingNumber(m_interval->text()))) {
         rows.push_back(rowOf(c));
     }
     rows.emplace_back();

@@ -3,8 +3,6 @@
 #include "records/length_store.h"
 #include "sampling/entry_panel.h"
 
-#include <array>
-
 class QFrame;
 class QLabel;
 class QPushButton;
@@ -31,7 +29,6 @@ private:
     QFrame* createFrequencyFrame();
     QWidget* createButtons();
     void connectFields();
-    void showTable(double interval);
     void highlight(int row);
 
     void onSpeciesChosen();
@@ -46,9 +43,6 @@ private:
     [[nodiscard]] LengthStart typedStart() const;
     bool replacesStored(const StoredOperation& operation, const ChosenSpecies& species);
     void startAt(const LengthClass& first);
-    [[nodiscard]] bool isRefused(const std::optional<Refusal>& refusal) const {
-        return EntryPanel::isRefused(refusal, m_fields);
-    }
     bool mayBeSaved();
 
     QLineEdit* m_interval;
@@ -62,8 +56,7 @@ private:
     QPushButton* m_save;
     QPushButton* m_clear;
     Grid* m_grid;
-    TextTable* m_rows;                 ///< of the grid; once an entry is started, the last one waits for its count
-    std::array<QWidget*, 5> m_fields;  ///< in the order of LengthField
+    TextTable* m_rows;  ///< of the grid; once an entry is started, the last one waits for its count
 
     QLabel* m_notice;  ///< what became of the last entry, where it ended without SAVE or CLEAR
 

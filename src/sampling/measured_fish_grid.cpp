@@ -70,11 +70,6 @@ void MeasuredFishGrid::append(const GonadFish& fish) {
     say();
 }
 
-void MeasuredFishGrid::removeFirst(int count) {
-    m_fish.erase(m_fish.begin(), m_fish.begin() + count);
-    showFish();
-}
-
 bool MeasuredFishGrid::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Delete) {
         askAndDelete(m_grid->currentRow());

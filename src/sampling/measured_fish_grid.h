@@ -28,8 +28,6 @@ public:
     void append(const GonadFish& fish);
     /// Says something about the file that the fish are from, until other fish are in the grid.
     void say(const QString& words = {});
-    /// Takes out so many fish at the top.
-    void removeFirst(int count);
 
 Q_SIGNALS:
     /// The sampler deleted a fish.

@@ -32,8 +32,8 @@ PendingGroupPanel::PendingGroupPanel(const FinderPanel& finder, Connection& conn
       m_list(new Grid(u"Pending group"_s)),
       m_rows(2),
       m_save(new QPushButton(u"&SAVE"_s)),
-      m_clear(new QPushButton(u"&CLEAR"_s)),
-      m_fields{m_group, m_total, m_species, m_weight} {
+      m_clear(new QPushButton(u"&CLEAR"_s)) {
+    m_fields = {m_group, m_total, m_species, m_weight};
     refillLists();
     m_list->show(&m_rows, pendingColumns());
     auto* add = new QPushButton(u"A&DD"_s);

@@ -4,8 +4,6 @@
 #include "records/composition.h"
 #include "sampling/entry_panel.h"
 
-#include <array>
-
 class QPushButton;
 
 namespace kelvora {
@@ -31,9 +29,6 @@ private:
     bool askName();
     bool askTotal();
     bool chooseFreeName(int operation);
-    [[nodiscard]] bool isRefused(const std::optional<Refusal>& refusal) const {
-        return EntryPanel::isRefused(refusal, m_fields);
-    }
     /// The pending group with its name and total as they stand in their boxes.
     [[nodiscard]] SamplingGroup typedGroup() const;
 
@@ -45,7 +40,6 @@ private:
     TextTable m_rows;  ///< species, weight as typed; the last row is always blank
     QPushButton* m_save;
     QPushButton* m_clear;
-    std::array<QWidget*, 4> m_fields;      ///< in the order of CompositionField
     std::vector<SampledSpecies> m_listed;  ///< the sample so far
 };
 

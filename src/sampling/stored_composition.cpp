@@ -1,6 +1,5 @@
 #include "sampling/stored_composition.h"
 
-#include "controls/captioned_grid.h"
 #include "controls/dialogs.h"
 #include "controls/fields.h"
 #include "controls/record_navigator.h"
@@ -18,12 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace kelvora {
 namespace {
-
-GridColumns summaryColumns() {
-    return {{u"Species"_s, 173, Qt::AlignHCenter},
-            {u"Composition"_s, 113, Qt::AlignHCenter},
-            {u"%Composition"_s, 113, Qt::AlignHCenter}};
-}
 
 GridColumns entryColumns() {
     return {{u"species"_s, 173, Qt::AlignLeft},
@@ -44,16 +37,19 @@ QString weightText(const QVariant& weight, bool withTwoDecimals) {
 
 }  // namespace
 
-CaptionedGrid* compositionSummary() {
-    return new CaptionedGrid(u"Composition"_s);
+void showRows(Grid& grid, ResultSet rows, const GridColumns& columns) {
+    if (rows.isEmpty()) {
+        grid.showBlank(columns);
+    } else {
+        grid.show(std::make_unique<ResultModel>(std::move(rows)), columns);
+    }
 }
 
-void showComposition(CaptionedGrid* summary, ResultSet composition) {
-    if (composition.isEmpty()) {
-        summary->grid()->showBlank(summaryColumns());
-    } else {
-        summary->grid()->show(std::make_unique<ResultModel>(std::move(composition)), summaryColumns());
-    }
+void showComposition(const CaptionedGrid& summary, ResultSet composition) {
+    showRows(*summary.grid(), std::move(composition),
+             {{u"Species"_s, 173, Qt::AlignHCenter},
+              {u"Composition"_s, 113, Qt::AlignHCenter},
+              {u"%Composition"_s, 113, Qt::AlignHCenter}});
 }
 
 GroupsPanel::GroupsPanel(Connection& connection, Dialogs& dialogs, Use use, Deletion deletion)

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "controls/captioned_grid.h"
 #include "data/result_set.h"
-
-#include <QWidget>
 
 #include <functional>
 
@@ -10,15 +9,14 @@ class QPushButton;
 
 namespace kelvora {
 
-class CaptionedGrid;
 class Connection;
 class Dialogs;
-class Grid;
 class RecordNavigator;
 
-/// A grid for the composition of an operation, and the composition in it: one blank row if there is none.
-CaptionedGrid* compositionSummary();
-void showComposition(CaptionedGrid* summary, ResultSet composition);
+/// Shows rows in a grid: one blank row if there are none.
+void showRows(Grid& grid, ResultSet rows, const GridColumns& columns);
+/// The composition of an operation, as compositionOf gives it.
+void showComposition(const CaptionedGrid& summary, ResultSet composition);
 
 /// The stored groups of an operation, one at a time.
 class GroupsPanel : public QWidget {

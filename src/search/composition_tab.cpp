@@ -1,6 +1,5 @@
 #include "search/composition_tab.h"
 
-#include "controls/captioned_grid.h"
 #include "records/composition_store.h"
 #include "sampling/stored_composition.h"
 
@@ -13,7 +12,7 @@ namespace kelvora {
 
 CompositionTab::CompositionTab(Connection& connection, Dialogs& dialogs)
     : SampleTab(connection, dialogs),
-      m_summary(compositionSummary()),
+      m_summary(new CaptionedGrid(u"Composition"_s)),
       m_groups(new GroupsPanel(connection, dialogs, GroupsPanel::Use::Correction,
                                [this](int group) { onDeleteGroup(group); })) {
     auto* group = new QGroupBox(u"Group"_s);
@@ -25,10 +24,10 @@ CompositionTab::CompositionTab(Connection& connection, Dialogs& dialogs)
 
 void CompositionTab::reload() {
     if (operation()) {
-        showComposition(m_summary, compositionOf(connection(), operation()->number));
+        showComposition(*m_summary, compositionOf(connection(), operation()->number));
         m_groups->refresh(operation()->number);
     } else {
-        showComposition(m_summary, {});
+        showComposition(*m_summary, {});
         m_groups->reset();
     }
 }

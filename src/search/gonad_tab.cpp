@@ -8,6 +8,7 @@
 #include "data/connection.h"
 #include "records/gonad_store.h"
 #include "sampling/fish_fields.h"
+#include "sampling/stored_composition.h"
 
 #include <QGridLayout>
 #include <QPushButton>
@@ -75,12 +76,7 @@ void GonadTab::showSample(const QString& weight) {
 }
 
 void GonadTab::showFish() {
-    ResultSet fish = fishOf(connection(), operation().value().number, species().number);
-    if (fish.isEmpty()) {
-        m_fish->showBlank(correctedFishColumns());
-    } else {
-        m_fish->show(std::make_unique<ResultModel>(std::move(fish)), correctedFishColumns());
-    }
+    showRows(*m_fish, fishOf(connection(), operation().value().number, species().number), correctedFishColumns());
 }
 
 void GonadTab::showNone() {

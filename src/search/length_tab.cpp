@@ -9,6 +9,7 @@
 #include "data/numbers.h"
 #include "records/length_store.h"
 #include "sampling/entry_panel.h"
+#include "sampling/stored_composition.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -96,11 +97,7 @@ void LengthTab::showSample(const QString& weight) {
 void LengthTab::showClasses() {
     ResultSet classes = lengthClassesOf(connection(), operation().value().number, species().number);
     showNextClass(classes);
-    if (classes.isEmpty()) {
-        m_classes->showBlank(storedClassColumns());
-    } else {
-        m_classes->show(std::make_unique<ResultModel>(std::move(classes)), storedClassColumns());
-    }
+    showRows(*m_classes, std::move(classes), storedClassColumns());
 }
 
 /// The class that follows on the last one. Without a class to follow on, or an interval, there is none to add to.
