@@ -27,7 +27,7 @@ SearchScreen::SearchScreen(const Context& context)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(12, 10, 12, 10);
     layout->setSpacing(8);
-    layout->addWidget(searchPanel());
+    layout->addLayout(searchLine());
     layout->addWidget(m_frame);
     layout->addWidget(sampleTabs(), 1);
 
@@ -46,41 +46,36 @@ void SearchScreen::refillLists() {
     }
 }
 
-QWidget* SearchScreen::searchPanel() {
-    auto* panel = new QWidget;
+QLayout* SearchScreen::searchLine() {
     // "DELETE" stands apart from what is pressed all day, and its place stays free while it is hidden.
     QSizePolicy kept = m_delete->sizePolicy();
     kept.setRetainSizeWhenHidden(true);
     m_delete->setSizePolicy(kept);
 
-    auto* line = new QHBoxLayout(panel);
-    line->setContentsMargins(0, 0, 0, 0);
+    auto* line = new QHBoxLayout;
     line->addWidget(m_fields, 3);
     line->addWidget(m_searchButton);
     line->addSpacing(16);
     line->addWidget(m_navigator, 2);
     line->addSpacing(16);
     line->addWidget(m_delete);
-    return panel;
+    return line;
 }
 
 QTabWidget* SearchScreen::sampleTabs() {
     auto* tabs = new QTabWidget;
-    addTab(tabs, new CompositionTab(m_connection, dialogs()), u"&Species Composition"_s);
-    addTab(tabs, new LengthTab(m_connection, dialogs()), u" Length Frequency"_s);
-    addTab(tabs, new GonadTab(m_connection, dialogs()), u"Gonad Matuarity"_s);
+    tabs->addTab(m_tabs.emplace_back(new CompositionTab(m_connection, dialogs())), u"&Species Composition"_s);
+    tabs->addTab(m_tabs.emplace_back(new LengthTab(m_connection, dialogs())), u" Length Frequency"_s);
+    tabs->addTab(m_tabs.emplace_back(new GonadTab(m_connection, dialogs())), u"Gonad Matuarity"_s);
+    for (SampleTab* tab : m_tabs) {
+        connect(tab, &SampleTab::outdated, this, [this] { guard([this] { onOutdated(); }); });
+    }
     return tabs;
 }
 
-void SearchScreen::addTab(QTabWidget* tabs, SampleTab* tab, const QString& caption) {
-    tabs->addTab(tab, caption);
-    m_tabs.push_back(tab);
-    connect(tab, &SampleTab::outdated, this, [this] { guard([this] { onOutdated(); }); });
-}
-
 void SearchScreen::onSearch() {
-    if (m_fields->hasValue()) {
-        m_search = m_fields->search();
+    if (const auto search = m_fields->search()) {
+        m_search = *search;
         runSearch();
     }
 }

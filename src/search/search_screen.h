@@ -30,9 +30,8 @@ protected:
     void refillLists() override;
 
 private:
-    QWidget* searchPanel();
+    QLayout* searchLine();
     QTabWidget* sampleTabs();
-    void addTab(QTabWidget* tabs, SampleTab* tab, const QString& caption);
 
     void onSearch();
     void onDelete();
