@@ -27,7 +27,7 @@ SearchScreen::SearchScreen(const Context& context)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(12, 10, 12, 10);
     layout->setSpacing(8);
-    layout->addLayout(searchLine());
+    layout->addWidget(searchPanel());
     layout->addWidget(m_frame);
     layout->addWidget(sampleTabs(), 1);
 
@@ -46,20 +46,22 @@ void SearchScreen::refillLists() {
     }
 }
 
-QLayout* SearchScreen::searchLine() {
+QWidget* SearchScreen::searchPanel() {
+    auto* panel = new QWidget;
     // "DELETE" stands apart from what is pressed all day, and its place stays free while it is hidden.
     QSizePolicy kept = m_delete->sizePolicy();
     kept.setRetainSizeWhenHidden(true);
     m_delete->setSizePolicy(kept);
 
-    auto* line = new QHBoxLayout;
+    auto* line = new QHBoxLayout(panel);
+    line->setContentsMargins(0, 0, 0, 0);
     line->addWidget(m_fields, 3);
     line->addWidget(m_searchButton);
     line->addSpacing(16);
     line->addWidget(m_navigator, 2);
     line->addSpacing(16);
     line->addWidget(m_delete);
-    return line;
+    return panel;
 }
 
 QTabWidget* SearchScreen::sampleTabs() {

@@ -30,7 +30,7 @@ protected:
     void refillLists() override;
 
 private:
-    QLayout* searchLine();
+    QWidget* searchPanel();
     QTabWidget* sampleTabs();
 
     void onSearch();
