@@ -128,10 +128,11 @@ void FinderPanel::onValueTyped() {
 }
 
 void FinderPanel::onSearch() {
-    if (!m_fields->hasValue()) {
+    const auto search = m_fields->search();
+    if (!search) {
         return;
     }
-    m_found = operationsFound(m_connection, m_fields->search());
+    m_found = operationsFound(m_connection, *search);
     m_navigator->setRowCount(static_cast<int>(m_found.size()));
     if (m_found.empty()) {
         clear();

@@ -4,7 +4,6 @@
 #include "controls/fields.h"
 #include "controls/screen.h"
 #include "data/connection.h"
-#include "records/operation_store.h"
 
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -24,9 +23,8 @@ QStringList criterionCaptions() {
 
 }  // namespace
 
-SearchFields::SearchFields(Connection& connection, Dialogs& dialogs, QWidget* parent)
-    : QWidget(parent),
-      m_connection(connection),
+SearchFields::SearchFields(Connection& connection, Dialogs& dialogs)
+    : m_connection(connection),
       m_dialogs(dialogs),
       m_criterion(new FixedList(criterionCaptions(), this)),
       m_value(new BoundList(this)) {
@@ -57,14 +55,13 @@ void SearchFields::refill() {
     }
 }
 
-bool SearchFields::hasValue() const {
-    return m_criterion->currentIndex() >= 0 && !m_value->text().isEmpty();
-}
-
-OperationSearch SearchFields::search() const {
+std::optional<OperationSearch> SearchFields::search() const {
     const int chosen = m_criterion->currentIndex();
+    if (chosen < 0 || m_value->text().isEmpty()) {
+        return std::nullopt;
+    }
     const bool byText = searchCriteria()[static_cast<std::size_t>(chosen)].by == SearchCriterion::By::ShownName;
-    return {chosen, byText ? QVariant(m_value->text()) : m_value->key()};
+    return OperationSearch{chosen, byText ? QVariant(m_value->text()) : m_value->key()};
 }
 
 void SearchFields::onCriterionChosen() {

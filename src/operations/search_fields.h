@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/operation_store.h"
+
 #include <QWidget>
 
 namespace kelvora {
@@ -8,7 +10,6 @@ class BoundList;
 class Connection;
 class Dialogs;
 class FixedList;
-struct OperationSearch;
 
 /// What operations are searched by: one of the five criteria, and a value of its reference table.
 class SearchFields : public QWidget {
@@ -16,17 +17,15 @@ class SearchFields : public QWidget {
 
 public:
     /// The connection and the dialogs outlive the fields. No criterion is chosen at first.
-    SearchFields(Connection& connection, Dialogs& dialogs, QWidget* parent = nullptr);
+    SearchFields(Connection& connection, Dialogs& dialogs);
 
     /// Fills the values again, which another screen may have changed.
     void refill();
     /// As if the sampler chose the first criterion.
     void chooseFirstCriterion();
 
-    /// Whether there is a value to search for.
-    [[nodiscard]] bool hasValue() const;
-    /// A criterion must be chosen.
-    [[nodiscard]] OperationSearch search() const;
+    /// What to search for; nothing without a value.
+    [[nodiscard]] std::optional<OperationSearch> search() const;
 
 Q_SIGNALS:
     /// Another criterion was chosen; its values are not offered yet.

@@ -40,7 +40,7 @@ void select(QRadioButton& option, bool on) {
 
 }  // namespace
 
-OperationFrame::OperationFrame(QWidget* parent) : QGroupBox(u"Fishing Operation"_s, parent) {
+OperationFrame::OperationFrame() : QGroupBox(u"Fishing Operation"_s) {
     auto* form = new QGridLayout(this);
     form->setHorizontalSpacing(12);
     form->setVerticalSpacing(3);

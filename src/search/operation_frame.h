@@ -12,7 +12,7 @@ class OperationFrame : public QGroupBox {
     Q_OBJECT
 
 public:
-    explicit OperationFrame(QWidget* parent = nullptr);
+    OperationFrame();
 
     /// Shows the first row of the details of an operation.
     void fill(const ResultSet& details);

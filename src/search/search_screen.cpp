@@ -66,21 +66,18 @@ QWidget* SearchScreen::searchPanel() {
 
 QTabWidget* SearchScreen::sampleTabs() {
     auto* tabs = new QTabWidget;
-    addTab(tabs, new CompositionTab(m_connection, dialogs()), u"&Species Composition"_s);
-    addTab(tabs, new LengthTab(m_connection, dialogs()), u" Length Frequency"_s);
-    addTab(tabs, new GonadTab(m_connection, dialogs()), u"Gonad Matuarity"_s);
+    tabs->addTab(m_tabs.emplace_back(new CompositionTab(m_connection, dialogs())), u"&Species Composition"_s);
+    tabs->addTab(m_tabs.emplace_back(new LengthTab(m_connection, dialogs())), u" Length Frequency"_s);
+    tabs->addTab(m_tabs.emplace_back(new GonadTab(m_connection, dialogs())), u"Gonad Matuarity"_s);
+    for (SampleTab* tab : m_tabs) {
+        connect(tab, &SampleTab::outdated, this, [this] { guard([this] { onOutdated(); }); });
+    }
     return tabs;
 }
 
-void SearchScreen::addTab(QTabWidget* tabs, SampleTab* tab, const QString& caption) {
-    tabs->addTab(tab, caption);
-    m_tabs.push_back(tab);
-    connect(tab, &SampleTab::outdated, this, [this] { guard([this] { onOutdated(); }); });
-}
-
 void SearchScreen::onSearch() {
-    if (m_fields->hasValue()) {
-        m_search = m_fields->search();
+    if (const auto search = m_fields->search()) {
+        m_search = *search;
         runSearch();
     }
 }

@@ -32,7 +32,6 @@ protected:
 private:
     QWidget* searchPanel();
     QTabWidget* sampleTabs();
-    void addTab(QTabWidget* tabs, SampleTab* tab, const QString& caption);
 
     void onSearch();
     void onDelete();
