@@ -3,7 +3,10 @@
 #include "support/test_main.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QProgressDialog>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -26,14 +29,34 @@ private Q_SLOTS:
         }
     }
 
-    void widerThanTheTitle() {
+    void widerThanTheTitleAndNoLongerThanTheScreen() {
         const QString title(20, u'M');
-        QTimer::singleShot(50, this, [title] {
-            QWidget* box = QApplication::activeModalWidget();
-            QVERIFY(box->width() > box->fontMetrics().horizontalAdvance(title) + 100);  // and its window's buttons
-            QTest::keyClick(box, Qt::Key_Return);
-        });
-        ModalDialogs().message(title, u"Complete"_s);
+        for (const QString& text : {u"Complete"_s, u"name "_s.repeated(2'000)}) {
+            QSize size;
+            QTimer::singleShot(50, this, [&size] {
+                size = QApplication::activeModalWidget()->size();
+                QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return);
+            });
+            ModalDialogs().message(title, text);
+            QVERIFY(size.width() > QFontMetrics(QApplication::font()).horizontalAdvance(title) + 100);  // buttons
+            QVERIFY(size.height() < 500);
+        }
+    }
+
+    void aPictureGetsTheEndingOfItsKind() {
+        const QTemporaryDir folder;
+        for (const QString& ending : {u".png"_s, u".svg"_s}) {
+            QTimer::singleShot(50, this, [&] {
+                QWidget* box = QApplication::activeModalWidget();
+                if (ending == u".svg") {
+                    QTest::keyClick(box->findChild<QComboBox*>(u"fileTypeCombo"_s), Qt::Key_Down);
+                }
+                auto* name = box->findChild<QLineEdit*>(u"fileNameEdit"_s);
+                name->setText(folder.filePath(u"catch"_s));
+                QTest::keyClick(name, Qt::Key_Return);
+            });
+            QCOMPARE(ModalDialogs().savePictureFile(), folder.filePath(u"catch"_s + ending));
+        }
     }
 
     void progress() {

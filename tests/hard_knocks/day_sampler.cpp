@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <QMdiArea>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvora::test::day {
@@ -35,8 +37,12 @@ const std::vector<Sampler::Work>& Sampler::works() {
         {"add a port", {u"state"_s}, &Sampler::addPort, 2},
         {"delete a port", {u"port"_s}, &Sampler::deletePort, 2},
         {"add a species", {u"fish"_s}, &Sampler::addSpecies, 1},
+        {"delete a species", {u"fish"_s}, &Sampler::deleteSpecies, 1},
+        {"add a vessel", {u"gear"_s}, &Sampler::addVessel, 1},
+        {"delete a vessel", {u"vessel"_s}, &Sampler::deleteVessel, 1},
         {"record an operation", {u"port"_s}, &Sampler::recordOperation, 6},
-        {"delete an operation", {u"operation"_s}, &Sampler::deleteOperation, 1},
+        {"delete an operation", {u"operation"_s}, &Sampler::deleteOperation, 3},
+        {"weigh for what the screen stands on", {u"operation"_s}, &Sampler::weighAsItStands, 4},
         {"weigh a single species", {u"operation"_s}, &Sampler::weighSingleSpecies, 6},
         {"delete a single species", {u"group_composition"_s, {}, {}, u"1"_s}, &Sampler::deleteSingleSpecies, 2},
         {"weigh a group", {u"operation"_s}, &Sampler::weighGroup, 6},
@@ -70,10 +76,23 @@ QString Sampler::doSomething() {
 }
 
 ScreenDriver Sampler::open(const QString& action, const QString& title, const QString& tab) {
-    m_window->findChild<QMdiArea*>()->closeAllSubWindows();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    auto* area = m_window->findChild<QMdiArea*>();
+    const auto window = [&] {
+        const QList<QMdiSubWindow*> open = area->subWindowList();
+        const auto found = std::ranges::find(open, title, &QMdiSubWindow::windowTitle);
+        return found == open.end() ? nullptr : *found;
+    };
+    const bool keep = title == kComposition && !m_composition.isEmpty() && !m_model.has(m_composition);
+    if (window() != nullptr && !keep && below(10) == 0) {
+        window()->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    if (window() == nullptr) {
+        openedScreen(*m_window, action, title);
+    }
+    area->setActiveSubWindow(window());
     QCoreApplication::processEvents();
-    const ScreenDriver hand = openedScreen(*m_window, action, title);
+    const ScreenDriver hand(window()->widget());
     if (!tab.isEmpty()) {
         hand.openTab(tab);
     }
@@ -84,8 +103,9 @@ ScreenDriver Sampler::openOn(const QString& operation, const QString& action, co
                              const QString& tab) {
     const ScreenDriver hand = open(action, title);
     const QString vessel = m_model.row({u"operation"_s, operation})[17];
-    const QString search = title == u"Search" ? u"SEARCH"_s : u"Search"_s;
-    hand.enter(u"Criterion = Vessel; Value = %1; %2"_s.arg(vessel, search));
+    hand.choose(u"Criterion"_s, u"Vessel"_s);
+    hand.choose(u"Value"_s, vessel);
+    hand.press(title == u"Search" ? u"SEARCH"_s : u"Search"_s);
     for (const Row& other : m_model.rows({u"operation"_s})) {
         if (other[1] == operation) {
             break;
@@ -99,6 +119,7 @@ ScreenDriver Sampler::openOn(const QString& operation, const QString& action, co
 }
 
 ScreenDriver Sampler::openComposition(const QString& operation, const QString& frame) {
+    m_composition = m_model.row({u"operation"_s, operation});
     return openOn(operation, kComposition, kComposition, kComposition).within(frame);
 }
 
@@ -162,6 +183,47 @@ void Sampler::addSpecies(const Row& /*unused*/) {
     m_model.add({u"fish"_s, m_model.nextKey({u"fish"_s}), u"Familia"_s, u"Genus"_s, name, u""_s, u"null"_s});
 }
 
+void Sampler::deleteSpecies(const Row& species) {
+    const QString list = u"Target Species"_s;
+    if (m_model.rows({u"fish"_s}).size() < 3) {
+        return;
+    }
+    const ScreenDriver hand = open(kGeneral, kGeneral, list);
+    stepTo(hand, list, m_model.speciesName(species[1]));
+    if (m_model.has({u"group_composition"_s, {}, species[1]}) || m_model.has({u"length"_s, {}, species[1]}) ||
+        m_model.has({u"gonad"_s, {}, species[1]})) {
+        expect(u"Kelvora: can't delete this species because this species used another table!"_s);
+    } else {
+        m_model.remove(species);
+    }
+    hand.within(list).press(u"Delete"_s);
+}
+
+void Sampler::addVessel(const Row& gear) {
+    const QString name = newName(u"Boat "_s);
+    open(kGeneral, kGeneral, u"Fishing Vessel"_s)
+        .enter(
+            u"Vessel name = %1; Vessel register id = %1; Engine Power (hp) = 75; Size(GRT) = 12; "
+            "Vessel Length(m) = 9; Type of Gear = %2; Engine type = In Board; Add"_s.arg(name, gear[2]));
+    m_model.add(u"vessel|%1|%1||In Board|75|12|9|%2|||"_s.arg(name, gear[1]).split(u'|'));
+}
+
+void Sampler::deleteVessel(const Row& vessel) {
+    const QString list = u"FISHING VESSEL"_s;
+    if (m_model.rows({u"vessel"_s}).size() < 2) {
+        return;
+    }
+    const ScreenDriver hand = open(kGeneral, kGeneral, u"Fishing Vessel"_s).within(list);
+    stepTo(hand, list, vessel[1]);
+    const auto operations = m_model.rows({u"operation"_s});
+    if (std::ranges::any_of(operations, [&](const Row& operation) { return operation[17] == vessel[1]; })) {
+        expect(u"ERROR!: Can not delete because vessel used in another table"_s);
+    } else {
+        m_model.remove(vessel);
+    }
+    hand.press(u"Delete"_s);
+}
+
 void Sampler::recordOperation(const Row& port) {
     const QString vessel = any(m_model.rows({u"vessel"_s}))[1];
     const QString area = any(m_model.rows({u"area"_s}))[1];
@@ -170,9 +232,10 @@ void Sampler::recordOperation(const Row& port) {
     const QString total = decimal(50LL * (1 + below(2'000)));
     open(u"Fishing Operation"_s, u"Fishing Information"_s)
         .enter(
-            u"Vessel Name = %1; Fishing Gear = %2; Fishing Method = %3; Fishing Area = %4; Landing State/Province = "
+            u"CLEAR; Vessel Name = %1; Fishing Gear = %2; Fishing Method = %3; Fishing Area = %4; Landing "
+            u"State/Province = "
             u"%5; "
-            "Landing Port = %6; Sampling Date = %7; Total Catch (kg/trip) = %8; SAVE"_s.arg(
+            "Landing Port = %6; Sampling Date = %7; Total Catch (kg/trip) = %8; SAVE; CLEAR"_s.arg(
                 vessel, m_model.row({u"gear"_s, method[3]})[2], method[2], area, m_model.row({u"state"_s, port[3]})[2],
                 port[2], shortDate(date), total));
     expect(u"Kelvora: Insert Complete"_s);
@@ -191,6 +254,21 @@ void Sampler::weighSingleSpecies(const Row& operation) {
     } else {
         m_model.addSingleSpecies(operation[1], species, weight);
     }
+}
+
+/// The composition screen as it was left: its operation may have been deleted since, and another one have its number.
+void Sampler::weighAsItStands(const Row& /*unused*/) {
+    if (m_composition.isEmpty() || m_model.has(m_composition)) {
+        return;
+    }
+    const QString number = m_composition[1];
+    const QString species = any(m_model.rows({u"fish"_s}))[1];
+    const ScreenDriver hand = open(kComposition, kComposition, kComposition).within(u"Single species"_s);
+    hand.enter(u"Species = %1; Weight = 2.5; Add"_s.arg(m_model.speciesName(species)));
+    expect(m_model.has({u"group_composition"_s, number, species, u"1"_s})
+               ? u"Kelvora: This species is in database already! please try again"_s
+               : u"Kelvora: Nothing was stored or deleted: fishing operation no. %1 was deleted or replaced by another "
+                 "one since it was chosen here. What was entered is still on the screen."_s.arg(number));
 }
 
 void Sampler::deleteSingleSpecies(const Row& weighed) {
@@ -212,8 +290,12 @@ void Sampler::weighGroup(const Row& operation) {
         total += weight;
         weighed += u"Species = %1; Weight = %2; ADD; "_s.arg(m_model.speciesName(species), decimal(weight));
     }
-    openComposition(operation[1], u"Sampling group"_s)
-        .enter(u"Group = %1; Total weight = %2; %3SAVE"_s.arg(name, decimal(total), weighed));
+    const ScreenDriver frame = openComposition(operation[1], u"Sampling group"_s);
+    // What was refused before is still there.
+    if (frame.enabled(u"CLEAR"_s)) {
+        frame.press(u"CLEAR"_s);
+    }
+    frame.enter(u"Group = %1; Total weight = %2; %3SAVE"_s.arg(name, decimal(total), weighed));
     if (m_model.has({u"group_main"_s, {}, operation[1], name})) {
         expect(u"ERROR!: Group repeat please change new group"_s);
     } else {

@@ -22,7 +22,7 @@ public:
     QString doSomething();
 
     [[nodiscard]] const Model& model() const { return m_model; }
-    /// Opens a screen in the main window, the others closed.
+    /// Brings a screen of the main window to the front, the others open behind it; now and then it is opened anew.
     ScreenDriver open(const QString& action, const QString& title, const QString& tab = {});
     /// The search screen with an operation on it.
     ScreenDriver openSearch(const QString& operation, const QString& tab) {
@@ -42,10 +42,14 @@ private:
     void addPort(const Row& stored);
     void deletePort(const Row& port);
     void addSpecies(const Row& species);
+    void deleteSpecies(const Row& species);
+    void addVessel(const Row& gear);
+    void deleteVessel(const Row& vessel);
     void recordOperation(const Row& port);
     void deleteOperation(const Row& operation);
     void weighSingleSpecies(const Row& operation);
     void deleteSingleSpecies(const Row& weighed);
+    void weighAsItStands(const Row& unused);
     void weighGroup(const Row& operation);
     void deleteGroup(const Row& group);
     void measureLengths(const Row& caught);
@@ -76,6 +80,7 @@ private:
     QStringList m_expected;
     Session m_session;
     Model m_model;
+    Row m_composition;  ///< the operation that the composition screen stands on
     QRandomGenerator m_random;
     int m_names = 0;
     std::unique_ptr<MainWindow> m_window;

@@ -1,4 +1,5 @@
 #include "data/store.h"
+#include "data/transaction.h"
 #include "length_of_run.h"
 #include "read_only_folder.h"
 #include "shell/login_dialog.h"
@@ -128,6 +129,21 @@ private Q_SLOTS:
         }
         qInfo("%d of %d files are refused, the others open", refused, files);
         QVERIFY(end == m_whole.size() || refused > files / 4);
+    }
+
+    /// A save was cut off, and a page that it had not touched is damaged: what undoing it leaves is looked at page by
+    /// page, and what it undoes is kept.
+    void aDamagedPageBesideAJournal() {
+        m_store.execute("pragma cache_size=10");
+        const Transaction interrupted(m_store.db());
+        m_store.execute(
+            "with recursive n(i) as (select 10 union all select i + 1 from n where i < 5000)"
+            " insert into state select i, 'A name that fills the pages' from n");
+        constexpr qsizetype page = 4096;
+        QByteArray content = bytes(m_store.path());
+        QVERIFY(QFile::copy(m_store.path() + u"-journal"_s, m_path + u"-journal"_s));
+        QVERIFY(isRefused(content.replace(m_whole.size() - page, page, QByteArray(page, '\0'))));
+        QVERIFY(QFile::remove(m_path + u"-journal"_s));
     }
 
     /// A place that cannot be written to is no fault of the file: the login dialog says it in a line.

@@ -110,6 +110,7 @@ private Q_SLOTS:
         SingleInstance first(store.path());
         QVERIFY(first.claim());
         Program program(store.path(), store.dialogs);
+        const QSignalSpy ended(&program, &Program::ended);
         connect(&first, &SingleInstance::startedAgain, &program, &Program::raiseWindow);
         const QSignalSpy again(&first, &SingleInstance::startedAgain);
         QVERIFY(program.start());
@@ -135,6 +136,12 @@ private Q_SLOTS:
         startAgain(store.file(u"./kelvora_db.sqlite"_s));
         QVERIFY(window->isVisible() && !window->isMinimized() && window->isMaximized());
         QVERIFY(!login->isVisible());
+
+        // It ends with its window, or with the login that nobody answered.
+        window->close();
+        QCOMPARE(ended.count(), 1);
+        login->close();
+        QCOMPARE(ended.count(), 2);
     }
 };
 

@@ -5,7 +5,12 @@
 #include "controls/record_navigator.h"
 #include "support/full_disk.h"
 
+#include <QAbstractBarSeries>
 #include <QApplication>
+#include <QBarSet>
+#include <QCategoryAxis>
+#include <QChart>
+#include <QChartView>
 #include <QDate>
 #include <QFile>
 #include <QLabel>
@@ -56,6 +61,22 @@ QString tableOf(const QString& change) {
     const QString name = change.mid(2).section(u'|', 0, 0);
     const auto found = tables.find(name);
     return found == tables.end() ? name : found->second;
+}
+
+/// What is drawn beside each name of a picture, from the left or the top.
+QStringList drawnBars(const QChart& chart) {
+    QStringList bars;
+    for (QAbstractAxis* axis : chart.axes()) {
+        auto* names = qobject_cast<QCategoryAxis*>(axis);
+        for (const QString& name : names == nullptr ? QStringList() : names->categoriesLabels()) {
+            QStringList cells{QString(name).remove(QChar(0x200b))};
+            for (const QBarSet* set : qobject_cast<QAbstractBarSeries*>(chart.series().first())->barSets()) {
+                cells.append(QString::number(set->at(static_cast<int>(names->endValue(name)))));
+            }
+            bars.insert(axis->alignment() == Qt::AlignBottom ? bars.size() : 0, cells.join(u'|'));
+        }
+    }
+    return bars;
 }
 
 QString joined(const QStringList& lines) {
@@ -185,8 +206,9 @@ QString Stage::tryAgainstObstacle(const std::function<QString()>& action, const 
             const test::FullDisk full(0);
             action();
         } else if (m_obstacle == Obstacle::LockedFile) {
+            // Whoever reads the file keeps a save from its end, not from its beginning.
             SQLite::Database other(m_store.path().toStdString(), SQLite::OPEN_READWRITE);
-            other.exec("BEGIN IMMEDIATE");
+            other.exec("BEGIN; SELECT * FROM state");
             action();
         } else {
             for (const QString& what : {u"INSERT"_s, u"UPDATE"_s, u"DELETE"_s}) {
@@ -201,6 +223,9 @@ QString Stage::tryAgainstObstacle(const std::function<QString()>& action, const 
         const QString how = table.isEmpty() ? u"the obstacle"_s : u"the refusing table "_s + table;
         if (m_dialogs.unplanned().isEmpty()) {
             return u"nothing was said of "_s + how;
+        }
+        if (!boxes.isEmpty() && boxes.last().kind == u"message" && m_dialogs.missing().isEmpty()) {
+            return u"in spite of %1 it said: %2"_s.arg(how, boxes.last().text);
         }
         if (const QStringList changed = test::changes(before, wholeFile()); !changed.isEmpty()) {
             return u"in spite of %1 the file changed by%2"_s.arg(how, joined(changed));
@@ -306,6 +331,10 @@ QString Stage::check(const QString& verb, const QString& rest, const QStringList
             }
         }
         return titles.join(u'|') == rest.mid(2) ? QString() : isNot(titles.join(u'|'));
+    }
+    if (verb == u"picture"_s) {
+        const QStringList bars = drawnBars(*front()->findChild<QChartView*>()->chart());
+        return bars == block ? QString() : u"it shows%1"_s.arg(joined(bars));
     }
     if (verb == u"written"_s) {
         QFile file(m_store.file(rest));

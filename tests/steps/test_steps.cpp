@@ -35,6 +35,7 @@ using namespace Qt::StringLiterals;
 ///     options Species = A a|B b      line …is not registered…      noline …      front Search      fronttab Species
 ///     windows = Search|Length Frequency                what the menu "Windows" lists, enabled if it lists something
 ///     rows Composition, written summary.csv          followed by their rows as lines with |
+///     picture                                        likewise: a name and its bars, from the left or the top
 ///
 /// Every box that comes must be named and every named box must come; every change of the whole file must be listed
 /// behind the step that makes it. Each saving step is replayed with each of its tables refusing, on a full disk, and
