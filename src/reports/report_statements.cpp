@@ -18,7 +18,8 @@ Sql yearsOf(Literal kind) {
               " ORDER BY optdate LIMIT 1) FROM sought WHERE day IS NOT NULL)"
               " SELECT DISTINCT year_number(day) AS gyear FROM (SELECT day FROM sought WHERE day IS NOT NULL"
               " UNION ALL SELECT NULL WHERE EXISTS (SELECT 1"
-           << dated << "IS NULL)) ORDER BY 1";
+           << dated << " IS NULL)) "
+           << "ORDER BY 1";
 }
 
 }  // namespace kelvora
