@@ -124,16 +124,14 @@ void CatchSummaryScreen::search() {
         return;
     }
     const QString total = totals.text(0, u"totals");
-    showGroups(groupingAt(0), catchByGroup(db(), groupingAt(0), *chosen, leadingNumber(total)));
-    m_chosen = 0;
+    ResultSet byState = catchByGroup(db(), groupingAt(0), *chosen, leadingNumber(total));
     m_total = total;
     m_totalLabel->setText(total);
     m_recordsLabel->setText(totals.text(0, u"totalc"));
     m_optionFrame->setEnabled(true);
     exportButton()->setEnabled(true);
+    showGrouping(0, *chosen, std::move(byState));
     m_options->button(m_chosen)->setChecked(true);
-    showsListed();
-    draw(*chosen);
 }
 
 /// Shows a grouping of the year in the list; its shares refer to the total that is shown, also when that is still the
@@ -144,19 +142,23 @@ void CatchSummaryScreen::chooseGrouping(int option) {
         if (!chosen) {
             return;
         }
-        ResultSet groups = catchByGroup(db(), groupingAt(option), *chosen, leadingNumber(m_total));
-        const bool any = !groups.isEmpty();
-        showGroups(groupingAt(option), std::move(groups));
-        m_chosen = option;
-        if (any) {
-            showsListed();
-            draw(*chosen);
-        } else {
-            m_kept->setText(u"no group in %1"_s.arg(*chosen));
-            compareRows();
-        }
+        showGrouping(option, *chosen, catchByGroup(db(), groupingAt(option), *chosen, leadingNumber(m_total)));
     });
     m_options->button(m_chosen)->setChecked(true);
+}
+
+/// One without a row leaves rows and picture of the grouping before, and says so.
+void CatchSummaryScreen::showGrouping(int option, int year, ResultSet groups) {
+    const bool any = !groups.isEmpty();
+    m_chosen = option;
+    showGroups(groupingAt(option), std::move(groups));
+    if (any) {
+        showsListed();
+        draw(year);
+    } else {
+        m_kept->setText(u"no group in %1"_s.arg(year));
+        compareRows();
+    }
 }
 
 /// Shows the rows of a grouping under its captions. A grouping without a row leaves the rows as they are.

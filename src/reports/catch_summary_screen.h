@@ -34,6 +34,7 @@ private:
     void addOptions();
 
     void chooseGrouping(int option);
+    void showGrouping(int option, int year, ResultSet groups);
     void showGroups(const CatchGrouping& grouping, ResultSet groups);
     void showNoData();
     void draw(int year);

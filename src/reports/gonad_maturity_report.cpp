@@ -17,9 +17,9 @@ std::vector<ResultSet> gonadTables(Connection& connection, int year, int fishno)
     // The fish are read once. Groups come as they were found, so that of the spellings of a sex the first one is shown.
     const ResultSet groups = connection.query(
         Sql("SELECT month_name(optdate), sex, stageid || '-' || ifnull(stagename,''), fish FROM (SELECT optdate, "
-            "fishoperation.optid, samplingno, sex, stage, count(*) AS fish FROM fishoperation INNER JOIN gonad_detail "
-            "ON "
-            "gonad_detail.optid = fishoperation.optid INNER JOIN fish ON fish.fishno = gonad_detail.spid WHERE ")
+            "fishoperation.optid, samplingno, sex, stage, count(*) AS fish FROM fishoperation "
+            "INNER JOIN gonad_detail ON gonad_detail.optid = fishoperation.optid "
+            "INNER JOIN fish ON fish.fishno = gonad_detail.spid WHERE ")
         << ofYear(year) << " AND fish.fishno = " << fishno
         << " GROUP BY month_number(optdate), sex, stage) LEFT JOIN gonad_stage ON stageid = stage"
            " ORDER BY optdate, optid, samplingno");
