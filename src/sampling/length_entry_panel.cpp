@@ -250,8 +250,10 @@ void LengthEntryPanel::startAt(const LengthClass& first) {
 }
 
 void LengthEntryPanel::onFrequency() {
-    const std::optional<double> frequency =
-        m_frequency->text().isEmpty() ? std::nullopt : typedFrequency(m_dialogs, m_frequency);
+    if (m_frequency->text().isEmpty()) {
+        return;
+    }
+    const std::optional<double> frequency = typedFrequency(m_dialogs, m_frequency);
     if (!frequency || isRefused(intervalRefusal(m_interval->text()))) {
         return;
     }
