@@ -36,7 +36,7 @@ void ValueLabel::paintEvent(QPaintEvent* /*event*/) {
 }
 
 QLabel* addField(QGridLayout* form, int row, int column, const QString& caption, QWidget* field) {
-    auto* label = new QLabel(caption.trimmed());
+    auto* label = new QLabel(caption);
     label->setTextFormat(Qt::PlainText);
     label->setBuddy(field);
     form->addWidget(label, row, column);

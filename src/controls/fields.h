@@ -27,7 +27,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// Puts a field with its caption in front of it into a form: the caption (blanks trimmed) goes into the given cell, the
+/// Puts a field with its caption in front of it into a form: the caption goes into the given cell, the
 /// field beside it, and the caption's label has the field as its buddy. Returns the label.
 QLabel* addField(QGridLayout* form, int row, int column, const QString& caption, QWidget* field);
 

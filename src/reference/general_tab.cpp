@@ -70,7 +70,7 @@ void GeneralTab::addPortColumn(QHBoxLayout* columns) {
     auto* column = new QVBoxLayout;
     columns->addLayout(column, 1);
     column->addWidget(m_ports, 1);
-    column->addWidget(newEntry({u"New sampling port"_s, u" State/Province"_s, m_state, u" Sampling port"_s, m_port,
+    column->addWidget(newEntry({u"New sampling port"_s, u"State/Province"_s, m_state, u"Sampling port"_s, m_port,
                                 u"ADD"_s, [this] { addPort(); }}));
 }
 
@@ -132,7 +132,7 @@ void GeneralTab::addMethodColumn(QHBoxLayout* columns) {
                                connection(), dialogs());
     auto* column = new QVBoxLayout;
     columns->addLayout(column, 1);
-    column->addWidget(newEntry({u"New fishing method"_s, u" Fishing gear"_s, m_gear, u" Fishing Method"_s, m_method,
+    column->addWidget(newEntry({u"New fishing method"_s, u"Fishing gear"_s, m_gear, u"Fishing Method"_s, m_method,
                                 u"Add"_s, [this] { addGearAndMethod(); }}));
     column->addWidget(m_methods, 1);
 }
@@ -197,7 +197,7 @@ void GeneralTab::addAreaColumn(QHBoxLayout* columns) {
                              connection(), dialogs());
     auto* column = new QVBoxLayout;
     columns->addLayout(column, 1);
-    column->addWidget(newEntry({u"New fishing area"_s, u" Area Name"_s, m_areaName, u" Description"_s, m_description,
+    column->addWidget(newEntry({u"New fishing area"_s, u"Area Name"_s, m_areaName, u"Description"_s, m_description,
                                 u"Add"_s, [this] { addArea(); }}));
     column->addWidget(m_areas, 1);
 }

@@ -40,10 +40,10 @@ SpeciesTab::SpeciesTab(Connection& connection, Dialogs& dialogs)
     auto* entry = new QGroupBox(u"New species"_s);
     catalogue->addWidget(entry);
     auto* form = new QGridLayout(entry);
-    addField(form, 0, 0, u" Family"_s, m_family);
-    addField(form, 0, 2, u" Genus"_s, m_genus);
-    addField(form, 1, 0, u" Species"_s, m_species);
-    addField(form, 1, 2, u" Common name"_s, m_commonName);
+    addField(form, 0, 0, u"Family"_s, m_family);
+    addField(form, 0, 2, u"Genus"_s, m_genus);
+    addField(form, 1, 0, u"Species"_s, m_species);
+    addField(form, 1, 2, u"Common name"_s, m_commonName);
     auto* addButton = new QPushButton(u"&Add"_s);
     form->addWidget(addButton, 1, 4);
     form->setColumnStretch(1, 1);

@@ -71,17 +71,17 @@ void VesselTab::fillForm(QGridLayout* form) {
         QWidget* list = nullptr;
         bool isNumber = false;
     };
-    const auto places = std::to_array<Place>({{u" Vessel name"_s, &Vessel::name},
-                                              {u" Engine Power (hp)"_s, &Vessel::enginePower, nullptr, true},
-                                              {u" State/Province"_s, &Vessel::state},
-                                              {u" Vessel register id"_s, &Vessel::registerId},
-                                              {u" Type of Gear"_s, &Vessel::gearName, m_gear},
-                                              {u" Net width"_s, &Vessel::netWidth},
-                                              {u" Size(GRT)"_s, &Vessel::size, nullptr, true},
-                                              {u" Net length"_s, &Vessel::netLength},
-                                              {u" Mesh size"_s, &Vessel::meshSize},
-                                              {u" Engine type"_s, &Vessel::engineType, m_engineType},
-                                              {u" Vessel Length(m)"_s, &Vessel::length, nullptr, true}});
+    const auto places = std::to_array<Place>({{u"Vessel name"_s, &Vessel::name},
+                                              {u"Engine Power (hp)"_s, &Vessel::enginePower, nullptr, true},
+                                              {u"State/Province"_s, &Vessel::state},
+                                              {u"Vessel register id"_s, &Vessel::registerId},
+                                              {u"Type of Gear"_s, &Vessel::gearName, m_gear},
+                                              {u"Net width"_s, &Vessel::netWidth},
+                                              {u"Size(GRT)"_s, &Vessel::size, nullptr, true},
+                                              {u"Net length"_s, &Vessel::netLength},
+                                              {u"Mesh size"_s, &Vessel::meshSize},
+                                              {u"Engine type"_s, &Vessel::engineType, m_engineType},
+                                              {u"Vessel Length(m)"_s, &Vessel::length, nullptr, true}});
     for (int i = 0; const auto& [caption, text, list, isNumber] : places) {
         QWidget* widget = list;
         if (widget == nullptr) {

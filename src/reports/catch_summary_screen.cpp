@@ -117,14 +117,14 @@ void CatchSummaryScreen::search() {
     if (!chosen) {
         return;
     }
-    const ResultSet totals = catchTotals(db(), *chosen);
+    const ResultSet totals = catchTotals(connection(), *chosen);
     if (totals.integer(0, u"totalc").value_or(0) == 0) {
         dialogs().message(u"RESULT"_s, u"No data in this year!"_s);
         showNoData();
         return;
     }
     const QString total = totals.text(0, u"totals");
-    ResultSet byState = catchByGroup(db(), groupingAt(0), *chosen, leadingNumber(total));
+    ResultSet byState = catchByGroup(connection(), groupingAt(0), *chosen, leadingNumber(total));
     m_total = total;
     m_totalLabel->setText(total);
     m_recordsLabel->setText(totals.text(0, u"totalc"));
@@ -142,7 +142,7 @@ void CatchSummaryScreen::chooseGrouping(int option) {
         if (!chosen) {
             return;
         }
-        showGrouping(option, *chosen, catchByGroup(db(), groupingAt(option), *chosen, leadingNumber(m_total)));
+        showGrouping(option, *chosen, catchByGroup(connection(), groupingAt(option), *chosen, leadingNumber(m_total)));
     });
     m_options->button(m_chosen)->setChecked(true);
 }
@@ -198,7 +198,7 @@ QString CatchSummaryScreen::listed() const {
 }
 
 QStringList CatchSummaryScreen::exported(int year) {
-    return catchSummaryCsv(db(), groupingAt(m_chosen), year, m_total, QDate::currentDate());
+    return catchSummaryCsv(connection(), groupingAt(m_chosen), year, m_total, QDate::currentDate());
 }
 
 }  // namespace kelvora

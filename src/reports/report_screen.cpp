@@ -18,14 +18,14 @@ namespace kelvora {
 
 ReportScreen::ReportScreen(const QString& caption, const Context& context, const Sql& years)
     : Screen(caption, context),
-      m_db(context.databasePath),
+      m_connection(context.databasePath),
       m_yearsOffered(years),
       m_years(new BoundList(this)),
       m_export(new QPushButton(u"&EXPORT"_s, this)),
       m_rowsLine(new QLabel(this)) {
     m_years->setMinimumContentsLength(8);
     m_years->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    m_years->setSource(m_db.model(years), u"gyear"_s, u"gyear"_s);
+    m_years->setSource(m_connection.model(years), u"gyear"_s, u"gyear"_s);
     searchOnEnterIn(m_years);
     watch(m_years);
     m_rowsLine->setTextFormat(Qt::PlainText);
@@ -36,8 +36,8 @@ ReportScreen::ReportScreen(const QString& caption, const Context& context, const
 }
 
 void ReportScreen::refillLists() {
-    if (m_db.changedElsewhere()) {
-        m_years->refill(m_db.model(m_yearsOffered), u"gyear"_s, u"gyear"_s);
+    if (m_connection.changedElsewhere()) {
+        m_years->refill(m_connection.model(m_yearsOffered), u"gyear"_s, u"gyear"_s);
         refillChoices();
     }
 }

@@ -43,7 +43,7 @@ protected:
     /// A list that says what the rows are of, beside that of the years.
     void watch(const BoundList* list);
 
-    Connection& db() { return m_db; }
+    Connection& connection() { return m_connection; }
     [[nodiscard]] BoundList* yearList() const { return m_years; }
     /// The year chosen in the list; nothing for an empty list and for a typed year that it does not offer.
     [[nodiscard]] std::optional<int> year() const;
@@ -63,7 +63,7 @@ protected:
 private:
     void saveExport();
 
-    Connection m_db;
+    Connection m_connection;
     Sql m_yearsOffered;
     QString m_shown;  ///< what the lists said when the rows were shown; empty without rows
     BoundList* m_years;

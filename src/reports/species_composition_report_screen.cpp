@@ -117,11 +117,11 @@ void SpeciesCompositionReportScreen::search() {
     if (!chosen) {
         return;
     }
-    if (!hasComposition(db(), *chosen)) {
+    if (!hasComposition(connection(), *chosen)) {
         showNoData(*chosen);
         return;
     }
-    m_total = compositionTotal(db(), *chosen);
+    m_total = compositionTotal(connection(), *chosen);
     m_totalLabel->setText(m_total);
     m_message->setText(u"click option button to see data"_s);
     for (QAbstractButton* option : m_options->buttons()) {
@@ -151,7 +151,7 @@ void SpeciesCompositionReportScreen::chooseOption(int option) {
         if (!chosen) {
             return;
         }
-        auto found = db().model(compositionChoices(subsetAt(option), *chosen));
+        auto found = connection().model(compositionChoices(subsetAt(option), *chosen));
         clearChoices();
         BoundList* choices = m_choices[static_cast<std::size_t>(option)];
         choices->setEnabled(found->rowCount() > 0);
@@ -191,7 +191,7 @@ void SpeciesCompositionReportScreen::showComposition(int option) {
     if (!choice.isValid() || !chosen) {
         return;
     }
-    ResultSet found = compositionOf(db(), subsetAt(option), *chosen, choice, leadingNumber(m_total));
+    ResultSet found = compositionOf(connection(), subsetAt(option), *chosen, choice, leadingNumber(m_total));
     exportButton()->setEnabled(!found.isEmpty());
     if (found.isEmpty()) {
         showNoSpecies();
@@ -223,7 +223,7 @@ QString SpeciesCompositionReportScreen::selection() const {
 void SpeciesCompositionReportScreen::refillChoices() {
     BoundList* choices = m_selected < 0 ? nullptr : m_choices[static_cast<std::size_t>(m_selected)];
     if (choices != nullptr && choices->isEnabled()) {
-        choices->refill(db().model(compositionChoices(subsetAt(m_selected), m_offered)), u"name"_s, u"key"_s);
+        choices->refill(connection().model(compositionChoices(subsetAt(m_selected), m_offered)), u"name"_s, u"key"_s);
     }
 }
 

@@ -27,7 +27,8 @@ SpeciesReport lengthReport() {
             .exported = u"Length Frequency data In "_s,
             .years = lengthYears(),
             .tables = {{u"Result"_s, classes, number, classes, u"Length frequency "_s}},
-            .find = [](Connection& db, int year, int fishno) { return std::vector{lengthsByMonth(db, year, fishno)}; },
+            .find = [](Connection& connection, int year,
+                       int fishno) { return std::vector{lengthsByMonth(connection, year, fishno)}; },
             .draw = histogramOf,
             .groupTitle = u"Lower limit of the length class (cm)"_s};
 }
@@ -85,7 +86,7 @@ SpeciesReportScreen::SpeciesReportScreen(SpeciesReport report, const Context& co
 QLayout* SpeciesReportScreen::choiceRow() {
     m_species->setMinimumContentsLength(32);
     m_species->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    m_species->setSource(db().model(catalogueSpecies()), u"sp"_s, u"fishno"_s);
+    m_species->setSource(connection().model(catalogueSpecies()), u"sp"_s, u"fishno"_s);
     searchOnEnterIn(m_species);
     watch(m_species);
     onClick(m_search, [this] { search(); });
@@ -122,7 +123,7 @@ QWidget* SpeciesReportScreen::tables() {
 }
 
 void SpeciesReportScreen::refillChoices() {
-    m_species->refill(db().model(catalogueSpecies()), u"sp"_s, u"fishno"_s);
+    m_species->refill(connection().model(catalogueSpecies()), u"sp"_s, u"fishno"_s);
 }
 
 QString SpeciesReportScreen::listed() const {
@@ -136,7 +137,7 @@ void SpeciesReportScreen::search() {
     if (!chosen || !fishno.isValid()) {
         return;
     }
-    std::vector<ResultSet> found = m_report.find(db(), *chosen, fishno.toInt());
+    std::vector<ResultSet> found = m_report.find(connection(), *chosen, fishno.toInt());
     const bool any = !found.front().isEmpty();
     exportButton()->setEnabled(any);
     for (std::size_t i = 0; i < found.size(); ++i) {

@@ -18,7 +18,7 @@ namespace kelvora {
 namespace {
 
 GridColumns pendingColumns() {
-    return {{u"Species"_s, 226, Qt::AlignLeft}, {u" Weight(kg.)"_s, 86, Qt::AlignHCenter}};
+    return {{u"Species"_s, 226, Qt::AlignLeft}, {u"Weight(kg.)"_s, 86, Qt::AlignHCenter}};
 }
 
 }  // namespace
@@ -43,7 +43,7 @@ PendingGroupPanel::PendingGroupPanel(const FinderPanel& finder, Connection& conn
     m_total->setMaximumWidth(m_total->minimumWidth());
     m_weight->setMaximumWidth(m_weight->minimumWidth());
     addField(form, 0, 0, u"Group"_s, m_group);
-    addField(form, 0, 2, u"Total weight "_s, m_total);
+    addField(form, 0, 2, u"Total weight"_s, m_total);
     addField(form, 1, 0, u"Species"_s, m_species);
     form->removeWidget(m_species);
     form->addWidget(m_species, 1, 1, 1, 3);
