@@ -32,6 +32,7 @@ Sql portsWithStates() {
 std::vector<int> keysOfState(Connection& connection, const QString& name) {
     const ResultSet rows = rowsNamed(connection, Sql("select * from state where "), {{"statename", name}});
     std::vector<int> keys;
+    keys.reserve(rows.rows.size());
     for (int row = 0; row < rows.rowCount(); ++row) {
         keys.push_back(rows.integer(row, u"stateid").value_or(0));
     }

@@ -23,6 +23,7 @@ Sql caughtSpecies(int operation) {
 
 std::vector<ChosenSpecies> speciesIn(const ResultSet& found) {
     std::vector<ChosenSpecies> species;
+    species.reserve(found.rows.size());
     for (int row = 0; row < found.rowCount(); ++row) {
         species.push_back({found.integer(row, u"fishno").value(), found.text(row, u"Species")});
     }

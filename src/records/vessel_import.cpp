@@ -14,7 +14,7 @@ namespace {
 
 /// The gear for a name that is not stored yet.
 QString newGear(Connection& connection, const QString& name, const GearQuestions& questions) {
-    const QString answer = questions.ask(name);
+    QString answer = questions.ask(name);
     if (answer.trimmed().isEmpty()) {
         return {};
     }

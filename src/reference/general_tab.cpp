@@ -59,7 +59,7 @@ void GeneralTab::addPortColumn(QHBoxLayout* columns) {
                               .query = portsWithStates(),
                               .name =
                                   [this] {
-                                      const QString port = m_ports->text(u"samplingname");
+                                      QString port = m_ports->text(u"samplingname");
                                       m_selectedPort =
                                           getsamplingid(connection(), m_ports->text(u"statename"), port).value_or(0);
                                       return port;
