@@ -4,6 +4,7 @@
 #include "reports/report_statements.h"
 
 #include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -23,13 +24,13 @@ std::vector<ResultSet> gonadTables(Connection& connection, int year, int fishno)
         << ofYear(year) << " AND fish.fishno = " << fishno
         << " GROUP BY month_number(optdate), sex, stage) LEFT JOIN gonad_stage ON stageid = stage"
            " ORDER BY optdate, optid, samplingno");
-    const QStringList sexes{u"Female"_s, u"Male"_s, u"None"_s};
+    const std::array sexes{u"Female"_s, u"Male"_s, u"None"_s};
     std::vector<ResultSet> tables(1 + sexes.size(), {{u"Month"_s}, {}});
     for (const auto& row : groups.rows) {
         const QVariant &month = row[0], &sex = row[1], &stage = row[2], &fish = row[3];
         tables[0].rows.push_back({month, sex, sex.isValid() ? fish : QVariant()});
         for (std::size_t i = 1; stage.isValid() && i < tables.size(); ++i) {
-            if (sameText(sex.toString(), sexes[static_cast<qsizetype>(i) - 1])) {
+            if (sameText(sex.toString(), sexes.at(i - 1))) {
                 tables[i].rows.push_back({month, stage, fish});
             }
         }

@@ -49,7 +49,7 @@ CompositionEntryPanel::CompositionEntryPanel(const FinderPanel& finder, Connecti
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(new OperationLine(finder));
     layout->addLayout(areas, 1);
-    reset();
+    CompositionEntryPanel::reset();
 }
 
 QWidget* CompositionEntryPanel::createSingleSpecies() {

@@ -54,7 +54,7 @@ GonadEntryPanel::GonadEntryPanel(const FinderPanel& finder, Connection& connecti
     layout->setColumnStretch(1, 1);
     layout->setRowStretch(2, 1);
     connectHandlers();
-    reset();
+    GonadEntryPanel::reset();
 }
 
 QWidget* GonadEntryPanel::createSampleLine() {
