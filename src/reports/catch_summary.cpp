@@ -10,18 +10,19 @@ namespace kelvora {
 
 const std::vector<CatchGrouping>& catchGroupings() {
     const QString state = u"State"_s, port = u"Sampling Port"_s, vessel = u"Vessel name"_s,
-                  method = u"Fishing Method"_s, gear = u"Fishing Gear"_s, month = u"Month"_s, area = u"Fishing Area"_s;
+                  method = u"Fishing Method"_s, gear = u"Fishing Gear"_s, month = u"Month"_s, area = u"Fishing Area"_s,
+                  kg = u"Total Catch(kg.)"_s;
     constexpr Literal all = "*";
     constexpr Literal withPort = "fishoperation.portid";
     static const std::vector<CatchGrouping> groupings = {
         {u"By State"_s, state, state, state, "statename", "statename", kWithPort, all, u"Total catch(kg.)"_s},
-        {u"By Sampling Port"_s, port, port, port, "samplingname", "samplingname", kWithPort, all},
-        {u"By Vessel"_s, vessel, u"Vessel Name"_s, vessel, "vesselname", "vesselname", kWithVessel, all},
+        {u"By Sampling Port"_s, port, port, port, "samplingname", "samplingname", kWithPort, all, kg},
+        {u"By Vessel"_s, vessel, u"Vessel Name"_s, vessel, "vesselname", "vesselname", kWithVessel, all, kg},
         {u"By Fishing Method"_s, u"Fishing gear and method"_s, method, method, kMethodName, "guname, methodname",
-         kWithMethod, withPort},
-        {u"By Fishing Gear"_s, gear, gear, gear, "guname", "guname", kWithMethod, withPort},
-        {u"By Month"_s, month, month, month, "month_name(optdate)", "month_number(optdate)", "", withPort},
-        {u"By Fishing Area"_s, u"Area"_s, area, area, "aname", "aname", kWithArea, all},
+         kWithMethod, withPort, kg},
+        {u"By Fishing Gear"_s, gear, gear, gear, "guname", "guname", kWithMethod, withPort, kg},
+        {u"By Month"_s, month, month, month, "month_name(optdate)", "month_number(optdate)", "", withPort, kg},
+        {u"By Fishing Area"_s, u"Area"_s, area, area, "aname", "aname", kWithArea, all, kg},
     };
     return groupings;
 }

@@ -8,15 +8,15 @@ namespace kelvora {
 
 /// What the operations of a year are counted and summed by.
 struct CatchGrouping {
-    QString option;      ///< caption of its option button
-    QString header;      ///< caption of the first column on the screen
-    QString word;        ///< what the screen calls the grouping
-    QString exportWord;  ///< what the export calls it
-    Literal name;        ///< what a group is called
-    Literal groups;      ///< the columns that make a group, in whose order groups come
-    Literal joins;       ///< what stands beside an operation
-    Literal counted;     ///< operations that have this are counted
-    QString catchHeader = QStringLiteral("Total Catch(kg.)");  ///< caption of the third column on the screen
+    QString option;       ///< caption of its option button
+    QString header;       ///< caption of the first column on the screen
+    QString word;         ///< what the screen calls the grouping
+    QString exportWord;   ///< what the export calls it
+    Literal name;         ///< what a group is called
+    Literal groups;       ///< the columns that make a group, in whose order groups come
+    Literal joins;        ///< what stands beside an operation
+    Literal counted;      ///< operations that have this are counted
+    QString catchHeader;  ///< caption of the third column on the screen
 };
 
 /// All groupings in the order of their option buttons; the first is shown by a search.
