@@ -1,9 +1,9 @@
 #include "actions.h"
 #include "length_of_run.h"
-#include "read_only_folder.h"
 #include "reports/catch_summary_screen.h"
 #include "reports/report_chart.h"
 #include "support/full_disk.h"
+#include "support/read_only_folder.h"
 #include "support/test_main.h"
 #include "system_calls.h"
 

@@ -16,31 +16,45 @@ using namespace Qt::StringLiterals;
 ///     sql delete from fish where fishno = 2          another program changes the file
 ///     open Species Composition                       a button of the toolbar; of a menu: open Report/Gonad Maturity
 ///     show Search                                    an open screen, by the menu "Windows"
-///     close                                          the screen in front
+///     close, restart                                 the screen in front; the program
 ///     tab Species Composition                        a tab of the screen in front
 ///     in Sampling group                              what follows is inside this frame, until the next tab or screen
 ///     > Group = Trash; Total weight = 60             fields (rows of lists are chosen, else typed) and buttons
 ///     > SAVE
 ///       ? CONFIRM: Are you sure … -> Yes             a question: Yes, No, a typed text, or cancel
 ///       ! ERROR: …deleted…                           a message; "…" at an end of a text stands for anything
-///       ? open file -> fish.csv                      a file dialog (also: save file, save picture)
-///       + group_main|2|1|Trash|60                    a row that came into the file, or (-) went
-///       once                                         not to be tried against an obstacle first
+///       ? open file -> fish.csv                      a file dialog (also: save file, save picture); a data file of
+///                                                    the tests, or one of this case
+///       + group_main|2|1|Trash|60 // area|A9|bank    rows that came into the file, or (-) went
+///       + 221 rows of vessel
+///       once                                         not to be tried against obstacles first
 ///     go Result Next                                 First, Previous, Next, Last of a navigator
 ///     to Weight                                      the keyboard goes to a field
 ///     keys 12.5<Alt+A><Return>                       real keys, wherever the keyboard is
+///     walk <Tab> Weight, ADD, SAVE                   a key, and where the keyboard is after each press
+///     row Measured fish 2, doubleclick …             a row of a grid
 ///     file fish.csv                                  writes a file of the lines below
 ///       | TL,BL,FL,SL,BW,SEX,Stage,GW
-///     text Weight = 12.5      focus Weight      selected Weight      enabled SAVE, CLEAR      disabled SAVE
-///     options Species = A a|B b      line …is not registered…      noline …      front Search      fronttab Species
-///     windows = Search|Length Frequency                what the menu "Windows" lists, enabled if it lists something
-///     rows Composition, written summary.csv          followed by their rows as lines with |
-///     picture                                        likewise: a name and its bars, from the left or the top
+///     text Weight = 12.5; Species =                  fields, captions of navigators
+///     focus Weight      selected Weight      enabled SAVE, CLEAR      disabled SAVE      shown …      hidden …
+///     line …is not registered…      noline …      front Search      fronttab Species
+///     options Species = A a|B b      headers Group = A|B      count Vessel import = 221
+///     windows = Search|Length Frequency              what the menu "Windows" lists, enabled if it lists something
+///     rows Composition = A|1 // B|2                  also: written summary.csv, stored select …, and
+///     picture                                        a name and its bars, from the left or the top; behind "=", or as
+///       | Alpha|2                                    lines below
+///     each -1 | ten                                  what follows until "end" once for each value, {1}; or for each
+///     each                                           row of values {1}, {2} …
+///       | -1 | A weight cannot be negative
+///     > Weight = {1}; Add
+///       ! ERROR!: {2}
+///     end
 ///
-/// Every box that comes must be named and every named box must come; every change of the whole file must be listed
-/// behind the step that makes it. Each saving step is replayed with each of its tables refusing, on a full disk, and
-/// with the file held by another program: nothing may be stored then, it must be said, and the step must work
-/// afterwards.
+/// "\n" is a line break, {today} the date, {W*10000} as many letters. Every box that comes must be named and every
+/// named box must come; every change of the whole file must be listed behind the step that makes it. Each saving step
+/// is tried again with each of its tables refusing, on a full disk, in a folder that may not be written to, and with
+/// the file held by another program: it must be said why, nothing may be stored, nothing on the screen may change, and
+/// the step must work afterwards.
 namespace kelvora::test_steps {
 
 class TestSteps : public QObject {
@@ -50,30 +64,10 @@ class TestSteps : public QObject {
     static inline QtMessageHandler s_report = nullptr;
     QList<test::StepCase> m_cases;
 
-    void addRows(bool savingOnly) {
-        QTest::addColumn<int>("index");
-        const auto saves = [](const test::StepLine& line) {
-            return line.text.startsWith(u"+ "_s) || line.text.startsWith(u"- "_s);
-        };
-        for (int i = 0; i < m_cases.size(); ++i) {
-            if (savingOnly && std::ranges::none_of(m_cases[i].lines, saves)) {
-                continue;
-            }
-            QTest::newRow(qPrintable(m_cases[i].file + u": "_s + m_cases[i].title)) << i;
-        }
-    }
-
-    void play(test::Obstacle obstacle) {
-        QFETCH(int, index);
-        s_case = m_cases[index].file + u": "_s + m_cases[index].title;
-        test::Stage stage(obstacle);
-        const QString wrong = stage.play(m_cases[index]);
-        QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
-    }
-
 private Q_SLOTS:
     void initTestCase() {
-        for (QDirIterator files(u"" KELVORA_STEPS ""_s, {u"*.steps"_s}); files.hasNext();) {
+        const QString file = qEnvironmentVariable("KELVORA_STEPS", u"*.steps"_s);
+        for (QDirIterator files(u"" KELVORA_STEPS_FOLDER ""_s, {file}); files.hasNext();) {
             m_cases += test::casesOf(files.next());
         }
         QVERIFY(!m_cases.isEmpty());
@@ -83,17 +77,25 @@ private Q_SLOTS:
         });
     }
 
-    void steps_data() { addRows(false); }
-    void steps() { play(test::Obstacle::None); }
-
-    void againstRefusingTables_data() { addRows(true); }
-    void againstRefusingTables() { play(test::Obstacle::RefusingTable); }
-
-    void onAFullDisk_data() { addRows(true); }
-    void onAFullDisk() { play(test::Obstacle::FullDisk); }
-
-    void onALockedFile_data() { addRows(true); }
-    void onALockedFile() { play(test::Obstacle::LockedFile); }
+    void steps_data() {
+        QTest::addColumn<int>("index");
+        QTest::addColumn<bool>("obstacles");
+        const auto saves = [](const test::Step& step) { return !step.changes.isEmpty() && !step.once; };
+        for (int i = 0; i < m_cases.size(); ++i) {
+            const QString name = m_cases[i].file + u": "_s + m_cases[i].title;
+            QTest::newRow(qPrintable(name)) << i << false;
+            if (std::ranges::any_of(m_cases[i].steps, saves)) {
+                QTest::newRow(qPrintable(name + u" (against obstacles)"_s)) << i << true;
+            }
+        }
+    }
+    void steps() {
+        QFETCH(int, index);
+        QFETCH(bool, obstacles);
+        s_case = QString::fromUtf8(QTest::currentDataTag());
+        const QString wrong = test::Stage(obstacles).play(m_cases[index]);
+        QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+    }
 };
 
 KELVORA_TEST(TestSteps, "steps");

@@ -123,6 +123,11 @@ QAbstractButton* ScreenDriver::button(const QString& caption) const {
     return needed(buttonOf(m_root, caption), u"button"_s, caption);
 }
 
+QWidget* ScreenDriver::control(const QString& name) const {
+    QWidget* found = buttonOf(m_root, name);
+    return found != nullptr ? found : field(name);
+}
+
 QString ScreenDriver::text(const QString& caption) const {
     const QWidget* found = field(caption);
     if (const auto* box = qobject_cast<const QComboBox*>(found)) {
@@ -132,11 +137,6 @@ QString ScreenDriver::text(const QString& caption) const {
         return note->toPlainText();
     }
     return found->property(qobject_cast<const QAbstractButton*>(found) != nullptr ? "checked" : "text").toString();
-}
-
-bool ScreenDriver::enabled(const QString& caption) const {
-    const QAbstractButton* found = buttonOf(m_root, caption);
-    return found != nullptr ? found->isEnabled() : field(caption)->isEnabled();
 }
 
 bool ScreenDriver::focused(const QString& caption) const {

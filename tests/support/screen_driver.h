@@ -33,9 +33,13 @@ public:
     /// A button or option by its caption (mnemonic left out) or accessible name.
     [[nodiscard]] QAbstractButton* button(const QString& caption) const;
 
+    /// A button or, where there is none of that name, a field.
+    [[nodiscard]] QWidget* control(const QString& name) const;
+
     /// The text of a field, whatever it is.
     [[nodiscard]] QString text(const QString& caption) const;
-    [[nodiscard]] bool enabled(const QString& caption) const;
+    [[nodiscard]] bool enabled(const QString& caption) const { return control(caption)->isEnabled(); }
+    [[nodiscard]] bool visible(const QString& caption) const { return control(caption)->isVisible(); }
     /// Whether the keyboard is in a field.
     [[nodiscard]] bool focused(const QString& caption) const;
 
