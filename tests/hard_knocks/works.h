@@ -47,7 +47,11 @@ inline const char* const kViews = R"(
     union all select optid, 'Fishing Area', describ, null from fishoperation join fishing_area on aname = areaid;
     create temp view typed as select chosen.rowid as number, chosen.*, printf('TL(mm) = %d; BL(mm) = %d; FL(mm) = %d; '
         || 'SL(mm) = %d; BW = %d; GW = %d; SEX = %s; Stage = %d-%s', tl, tl - 1, tl - 2, tl - 3, bw, gw, sex, stage,
-        stagename) as steps from chosen join gonad_stage on stageid = stage;)";
+        stagename) as steps, 100.0 * gw / bw as gsi from chosen join gonad_stage on stageid = stage;
+    create temp view samples as
+    select optid as at, spid, 'Length record' as list, genus || ' ' || fishname as row
+        from length join fish on fishno = spid
+    union all select optid, spid, 'Gonad record', genus || ' ' || fishname from gonad join fish on fishno = spid;)";
 
 /// What the lists of screens that may have been open for long offer; lists of values with their criterion.
 struct Offer {
@@ -217,37 +221,27 @@ inline constexpr std::array kWorks = {
             update gonad set samplingw = round(samplingw + bw / 1000.0, 2) from typed
                 where number = {each} and optid = {at} and spid = {spid};
             insert into gonad_detail select {at}, {spid}, 1 + (select count(*) from gonad_detail
-                where optid = {at} and spid = {spid}), tl, tl - 1, tl - 2, tl - 3, bw, sex, stage, gw, 100.0 * gw / bw
+                where optid = {at} and spid = {spid}), tl, tl - 1, tl - 2, tl - 3, bw, sex, stage, gw, gsi
                 from typed where number = {each})"},
     Work{"correct a weight", 2, Search, "Length Frequency", "",
-         R"(select optid as at, spid, 'Length record' as list, genus || ' ' || fishname as row, chosen.weight,
-                'RESULT: Update complete!' as said
-            from length join fish on fish.fishno = spid, chosen)",
+         "select samples.*, weight, 'RESULT: Update complete!' as said from samples, chosen where list like 'L%'",
          "Sample weight (kg.) = {weight}; Update",
          "update length set weight = {weight} where optid = {at} and spid = {spid}"},
     Work{"add a class", 2, Search, "Length Frequency", "",
-         R"(select optid as at, spid, 'Length record' as list, genus || ' ' || fishname as row, n
-            from length join fish on fish.fishno = spid, chosen)",
-         "Frequency = {n}; ADD",
+         "select samples.*, n from samples, chosen where list like 'L%'", "Frequency = {n}; ADD",
          R"(insert into length_detail select optid, spid, max(upper1), max(upper1) + classinterval,
                 max(upper1) + classinterval / 2, {n}
                 from length_detail join fish on fishno = spid where optid = {at} and spid = {spid})"},
     Work{"add a fish", 2, Search, "Gonad Matuarity", "",
-         R"(select optid as at, spid, 'Gonad record' as list, genus || ' ' || fish.fishname as row, steps, tl, bw, gw,
-                sex, stage, 100.0 * gw / bw as gsi
-            from gonad join fish on fish.fishno = spid, typed)",
+         "select samples.*, steps, tl, bw, gw, sex, stage, gsi from samples, typed where list like 'G%'",
          "{steps}; ADD",
          R"(insert into gonad_detail select {at}, {spid}, count(*) + 1, {tl}, {tl} - 1, {tl} - 2, {tl} - 3, {bw},
                 '{sex}', {stage}, {gw}, {gsi} from gonad_detail where optid = {at} and spid = {spid})"},
-    Work{"delete lengths", 2, Search, "Length Frequency", "",
-         R"(select optid as at, spid, 'Length record' as list, genus || ' ' || fishname as row
-            from length join fish on fishno = spid)",
+    Work{"delete lengths", 2, Search, "Length Frequency", "", "select * from samples where list like 'L%'",
          "Delete length sample",
          R"(delete from length where optid = {at} and spid = {spid};
             delete from length_detail where optid = {at} and spid = {spid})"},
-    Work{"delete fish", 2, Search, "Gonad Matuarity", "",
-         R"(select optid as at, spid, 'Gonad record' as list, genus || ' ' || fishname as row
-            from gonad join fish on fishno = spid)",
+    Work{"delete fish", 2, Search, "Gonad Matuarity", "", "select * from samples where list like 'G%'",
          "Delete gonad sample",
          R"(delete from gonad where optid = {at} and spid = {spid};
             delete from gonad_detail where optid = {at} and spid = {spid})"},
