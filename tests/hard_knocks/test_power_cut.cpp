@@ -66,9 +66,7 @@ class TestPowerCut : public QObject {
         return static_cast<int>(out.count("saved\n"));
     }
 
-    // On a disk, where a save takes its time: in memory hardly a cut would hit one.
-    QTemporaryDir m_folder{QCoreApplication::applicationDirPath() + u"/power-cut-XXXXXX"_s};
-    QString m_path = m_folder.filePath(u"kelvora_db.sqlite"_s);
+    QString m_path;
 
 private Q_SLOTS:
     /// The sampler whose power is cut is this executable, started once more with a data file to work on.
@@ -91,6 +89,10 @@ private Q_SLOTS:
         test::TemporaryStore rows;
         rows.addReferenceRows();
         rows.execute("update fish set common_name = ''");
+        // On a disk, where a save takes its time: in memory hardly a cut would hit one. The sampler makes no folder: it
+        // is killed, and would leave it behind.
+        const QTemporaryDir folder(QCoreApplication::applicationDirPath() + u"/power-cut-XXXXXX"_s);
+        m_path = folder.filePath(u"kelvora_db.sqlite"_s);
         QVERIFY(QFile::copy(rows.path(), m_path));
         // A process that is killed leaves its writes to the system, a cut does not: every save waits for the disk (3).
         QCOMPARE(Connection(m_path).query(Sql("pragma synchronous")).text(0, u"synchronous"), u"3"_s);
