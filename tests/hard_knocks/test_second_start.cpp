@@ -18,20 +18,19 @@ using namespace Qt::StringLiterals;
 
 namespace kelvora::test_second_start {
 
-template <typename Window>
-Window* shownWindow() {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        auto* window = qobject_cast<Window*>(widget);
-        if (window != nullptr && window->isVisible()) {
-            return window;
-        }
-    }
-    return nullptr;
-}
-
 /// The program is started while it runs already: with the program itself, and with its parts in one process.
 class TestSecondStart : public QObject {
     Q_OBJECT
+
+    template <typename Window>
+    static Window* shownWindow() {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            if (auto* window = qobject_cast<Window*>(widget); window != nullptr && window->isVisible()) {
+                return window;
+            }
+        }
+        return nullptr;
+    }
 
     /// The program, started by a user whose data folder is a folder of the test's.
     struct Started {
@@ -44,7 +43,6 @@ class TestSecondStart : public QObject {
             environment.insert(u"TMPDIR"_s, store.file({}));
             environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
             process.setProcessEnvironment(environment);
-            process.setProcessChannelMode(QProcess::ForwardedChannels);
             process.start(u"" KELVORA_PROGRAM ""_s, QStringList());
         }
         ~Started() {
@@ -55,6 +53,9 @@ class TestSecondStart : public QObject {
         bool left() {
             return process.waitForFinished() && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
         }
+        bool stays() {
+            return QTest::qWaitFor([this] { return QFile::exists(dataFile); }) && process.state() == QProcess::Running;
+        }
 
         QString dataFile;
         QProcess process;
@@ -64,24 +65,17 @@ private Q_SLOTS:
     void theProgramItself() {
         const test::TemporaryStore store;
         Started first(store, u"sampler"_s);
-        QVERIFY(QTest::qWaitFor([&] { return QFile::exists(first.dataFile); }));
+        QVERIFY(first.stays());
         QVERIFY(Started(store, u"sampler"_s).left());
-        QVERIFY(Started(store, u"sampler"_s).left());
-        QCOMPARE(first.process.state(), QProcess::Running);
-
         // Another sampler's data folder is another program.
-        Started other(store, u"colleague"_s);
-        QVERIFY(QTest::qWaitFor([&] { return QFile::exists(other.dataFile); }));
-        QCOMPARE(other.process.state(), QProcess::Running);
+        QVERIFY(Started(store, u"colleague"_s).stays());
+        QVERIFY(first.stays());
 
         first.process.kill();
         QVERIFY(first.process.waitForFinished());
         QVERIFY(QFile::exists(first.dataFile + u".lock"_s));
         QVERIFY(QFile::remove(first.dataFile));
-        Started next(store, u"sampler"_s);
-        QVERIFY(QTest::qWaitFor([&] { return QFile::exists(next.dataFile); }));
-        QVERIFY(Started(store, u"sampler"_s).left());
-        QCOMPARE(next.process.state(), QProcess::Running);
+        QVERIFY(Started(store, u"sampler"_s).stays());
     }
 
     /// The lock decides, not who can be called: a program that hangs, or of another session, has the file open.
@@ -112,28 +106,24 @@ private Q_SLOTS:
         Program program(store.path(), store.dialogs);
         const QSignalSpy ended(&program, &Program::ended);
         connect(&first, &SingleInstance::startedAgain, &program, &Program::raiseWindow);
-        const QSignalSpy again(&first, &SingleInstance::startedAgain);
         QVERIFY(program.start());
 
-        const auto startAgain = [&](const QString& path) {
-            const int before = static_cast<int>(again.count());
+        // The same data file, written another way.
+        const auto startAgain = [again = QSignalSpy(&first, &SingleInstance::startedAgain),
+                                 path = store.file(u"./kelvora_db.sqlite"_s)] {
+            const auto before = again.count();
             auto second = std::async(std::launch::async, [&path] { return SingleInstance(path).claim(); });
-            QVERIFY(QTest::qWaitFor([&] { return again.count() == before + 1; }));
-            QVERIFY(!second.get());
+            return QTest::qWaitFor([&] { return again.count() == before + 1; }) && !second.get();
         };
         auto* login = shownWindow<LoginDialog>();
-        QVERIFY(login != nullptr);
         login->setWindowState(Qt::WindowMinimized);
-        startAgain(store.path());
+        QVERIFY(startAgain());
         QVERIFY(login->isVisible() && !login->isMinimized());
 
-        const test::ScreenDriver hand(login);
-        hand.enter(u"PASSWORD = kelvora; Log in"_s);
+        test::ScreenDriver(login).enter(u"PASSWORD = kelvora; Log in"_s);
         auto* window = shownWindow<MainWindow>();
-        QVERIFY(window != nullptr);
         window->setWindowState(window->windowState() | Qt::WindowMinimized);
-        // The same data file, written another way.
-        startAgain(store.file(u"./kelvora_db.sqlite"_s));
+        QVERIFY(startAgain());
         QVERIFY(window->isVisible() && !window->isMinimized() && window->isMaximized());
         QVERIFY(!login->isVisible());
 

@@ -1,0 +1,266 @@
+#pragma once
+
+#include "desk.h"
+
+#include <array>
+
+namespace kelvora::test {
+
+/// Something a sampler does. {column} in what is entered and changed is a cell of the row that it begins with, {n} a
+/// number that no name has yet.
+struct Work {
+    const char* name;
+    int share;  ///< how often it comes
+    int place;
+    const char* tab;
+    const char* frame;
+    /// Gives the rows to begin with, of which one is chosen. Some columns are for the sampler: "at", the operation to
+    /// be found before; "list" and "row", a navigator and what it is moved to; "said", the boxes; "refused", the boxes
+    /// of what is not stored; "grid" and "shows", what a grid must show in the end.
+    const char* begin;
+    const char* steps;
+    /// What becomes of the model; parts that are stored for good one by one are parted by ";;", and with {each} this is
+    /// done for each row of the table "chosen".
+    const char* change;
+};
+
+/// Some species, and amounts of all kinds, chosen anew for everything that is done.
+inline const char* const kChosen = R"(
+    drop table if exists chosen;
+    create temp table chosen as select fishno, genus || ' ' || fishname as name, 1 + below(20) as kg, below(50) as n,
+        0.25 * (1 + below(400)) as weight, date('2004-01-01', below(730) || ' days') as day, 50 + 4 * below(80) as tl,
+        50 << below(3) as bw, below(20) as gw, 1 + below(5) as stage, below(4) as kind,
+        case below(3) when 0 then 'Male' when 1 then 'Female' else 'Juvenile' end as sex
+    from fish order by below(1000000) limit 1 + below(4);)";
+
+/// What an operation is found and summed up by, and the operation that the composition screen stands on.
+inline const char* const kViews = R"(
+    create temp table stands as select * from fishoperation where 0;
+    create temp view known as
+    select optid, 'State/Province' as criterion, statename as value, 'By State' as option
+        from fishoperation join samplingport on samplingid = portid join state using (stateid)
+    union all select optid, 'Sampling Port', samplingname, 'By Sampling Port'
+        from fishoperation join samplingport on samplingid = portid
+    union all select optid, 'Vessel', vesselid, 'By Vessel' from fishoperation
+    union all select optid, 'Fishing Gear', guname, 'By Fishing Gear'
+        from fishoperation join Fishing_method on methodid = fishing_method join Fishing_gear using (gearid)
+    union all select optid, 'Fishing Area', describ, null from fishoperation join fishing_area on aname = areaid;
+    create temp view typed as select chosen.rowid as number, chosen.*, printf('TL(mm) = %d; BL(mm) = %d; FL(mm) = %d; '
+        || 'SL(mm) = %d; BW = %d; GW = %d; SEX = %s; Stage = %d-%s', tl, tl - 1, tl - 2, tl - 3, bw, gw, sex, stage,
+        stagename) as steps, 100.0 * gw / bw as gsi from chosen join gonad_stage on stageid = stage;
+    create temp view samples as
+    select optid as at, spid, 'Length record' as list, genus || ' ' || fishname as row
+        from length join fish on fishno = spid
+    union all select optid, spid, 'Gonad record', genus || ' ' || fishname from gonad join fish on fishno = spid;)";
+
+/// What the lists of screens that may have been open for long offer; lists of values with their criterion.
+struct Offer {
+    int from, to;  ///< screens
+    const char* criterion;
+    const char* list;
+    const char* rows;
+};
+inline constexpr std::array kOffers = {
+    Offer{General, General, "", "State/Province", "select statename as name from state"},
+    Offer{General, General, "", "Fishing gear", "select guname as name from Fishing_gear"},
+    Offer{General, General, "", "Type of Gear", "select guname as name from Fishing_gear"},
+    Offer{Operations, Operations, "", "Landing State/Province", "select statename as name from state"},
+    Offer{Operations, Operations, "", "Vessel Name", "select vesselname as name from vessel"},
+    Offer{Operations, Operations, "", "Vessel Register id", "select vesselid as name from vessel"},
+    Offer{Operations, Operations, "", "Fishing Area", "select aname as name from fishing_area"},
+    Offer{Operations, Operations, "", "Fishing Gear",
+          "select guname as name from Fishing_gear where gearid in (select gearid from Fishing_method)"},
+    Offer{Composition, Composition, "", "Species", "select genus || ' ' || fishname as name from fish"},
+    Offer{Composition, Search, "State/Province", "Value", "select statename as name from state"},
+    Offer{Composition, Search, "Sampling Port", "Value", "select samplingname as name from samplingport"},
+    Offer{Composition, Search, "Fishing Area", "Value", "select describ as name from fishing_area"},
+    Offer{Composition, Search, "Vessel", "Value", "select vesselname as name from vessel"},
+    Offer{Composition, Search, "Fishing Gear", "Value", "select guname as name from Fishing_gear"}};
+
+inline constexpr std::array kWorks = {
+    Work{"add a port", 2, General, "General", "New sampling port", "select stateid, statename from state",
+         "State/Province = {statename}; Sampling port = Port {n}; ADD",
+         "insert into samplingport select max(samplingid) + 1, 'Port {n}', {stateid} from samplingport"},
+    Work{"add a port of a new state", 1, General, "General", "New sampling port",
+         "select max(stateid) + 1 as stateid from state", "State/Province = State {n}; Sampling port = Port {n}; ADD",
+         R"(insert into state values ({stateid}, 'State {n}');;
+            insert into samplingport select max(samplingid) + 1, 'Port {n}', {stateid} from samplingport)"},
+    Work{"add a method", 1, General, "General", "New fishing method", "select gearid, guname from Fishing_gear",
+         "Fishing gear = {guname}; Fishing Method = Way {n}; Add",
+         "insert into Fishing_method select max(methodid) + 1, 'Way {n}', {gearid} from Fishing_method"},
+    Work{"add a method of a new gear", 1, General, "General", "New fishing method",
+         "select max(gearid) + 1 as gearid from Fishing_gear", "Fishing gear = Gear {n}; Fishing Method = Way {n}; Add",
+         R"(insert into Fishing_gear values ({gearid}, 'Gear {n}');;
+            insert into Fishing_method select max(methodid) + 1, 'Way {n}', {gearid} from Fishing_method)"},
+    Work{"add an area", 1, General, "General", "New fishing area",
+         "select 'RESULT: Insert fishing area Complete' as said", "Area Name = Area {n}; Description = Bank {n}; Add",
+         "insert into fishing_area values ('Area {n}', 'Bank {n}')"},
+    Work{"add a species", 1, General, "Target Species", "New species", "select max(fishno) + 1 as fishno from fish",
+         "Family = Familia {n}; Genus = Genus; Species = species-{n}; Add",
+         "insert into fish values ({fishno}, 'Familia {n}', 'Genus', 'species-{n}', '', null)"},
+    Work{"add a vessel", 1, General, "Fishing Vessel", "FISHING VESSEL", "select * from Fishing_gear",
+         "Vessel name = Boat {n}; Vessel register id = R {n}; Engine Power (hp) = 75; Size(GRT) = 12; "
+         "Vessel Length(m) = 9; Type of Gear = {guname}; Engine type = In Board; Add",
+         "insert into vessel values ('Boat {n}', 'R {n}', '', 'In Board', 75, 12, 9, {gearid}, '', '', '')"},
+    Work{"delete a port", 2, General, "General", "State/Province and Sampling Port",
+         R"(select samplingid, 'State/Province and Sampling Port' as list, samplingname as row,
+                case when samplingid in (select portid from fishoperation)
+                then 'ERROR: Can not remove because sampling port used in Fishing Operation' end as refused,
+                case when (select count(*) from samplingport where stateid = one.stateid) = 1
+                then 'Kelvora: ''delete from state where stateid = ' || stateid || '''' || char(10)
+                || 'Kelvora: Del state' end as said
+            from samplingport as one where (select count(*) from samplingport) > 2)",
+         "Delete",
+         R"(delete from samplingport where samplingid = {samplingid};;
+            delete from state where stateid not in (select stateid from samplingport))"},
+    Work{"delete a method", 1, General, "General", "Fishing Gear and Method",
+         R"(select methodid, 'Fishing Gear and Method' as list, methodname as row,
+                case when methodid in (select fishing_method from fishoperation union select gear from vessel)
+                then 'Kelvora: Can not delete fishing gear because this gear used in another table' end as refused
+            from Fishing_method where (select count(*) from Fishing_method) > 2)",
+         "Delete", "delete from Fishing_method where methodid = {methodid}"},
+    Work{"delete an area", 1, General, "General", "Fishing Area",
+         R"(select 'Fishing Area' as list, aname as row, case when aname in (select areaid from fishoperation)
+                then 'ERROR: Can not delete because this area used in Fishing Operation' end as refused
+            from fishing_area where (select count(*) from fishing_area) > 2)",
+         "Delete", "delete from fishing_area where aname = '{row}'"},
+    Work{"delete a species", 1, General, "Target Species", "Target Species",
+         R"(select fishno, 'Target Species' as list, genus || ' ' || fishname as row, case when fishno in
+                (select spid from group_composition union select spid from length union select spid from gonad)
+                then 'Kelvora: can''t delete this species because this species used another table!' end as refused
+            from fish where (select count(*) from fish) > 2)",
+         "Delete", "delete from fish where fishno = {fishno}"},
+    Work{"delete a vessel", 1, General, "Fishing Vessel", "FISHING VESSEL",
+         R"(select 'FISHING VESSEL' as list, vesselname as row, case when vesselname in
+                (select vesselid from fishoperation)
+                then 'ERROR!: Can not delete because vessel used in another table' end as refused
+            from vessel where (select count(*) from vessel) > 2)",
+         "Delete", "delete from vessel where vesselname = '{row}'"},
+    Work{"record an operation", 6, Operations, "", "",
+         R"(select portid, samplingname, statename, methodid, methodname, guname, vesselname, aname, day, weight,
+                strftime('%d/%m/%Y', day) as shown, 'Kelvora: Insert Complete' as said
+            from (select samplingid as portid, * from samplingport natural join state order by below(999) limit 1),
+                (select * from Fishing_method natural join Fishing_gear order by below(999) limit 1),
+                (select * from vessel order by below(999) limit 1),
+                (select * from fishing_area order by below(999) limit 1), chosen)",
+         "CLEAR; Vessel Name = {vesselname}; Fishing Gear = {guname}; Fishing Method = {methodname}; "
+         "Fishing Area = {aname}; Landing State/Province = {statename}; Landing Port = {samplingname}; "
+         "Sampling Date = {shown}; Total Catch (kg/trip) = {weight}; SAVE; CLEAR",
+         R"(insert into fishoperation select coalesce(max(optid), 0) + 1, {portid}, 'Port Sampler', '{day}', {methodid},
+                0, 0, 0, 0, 0, 0, 'Day', 0, 0, {weight}, '', '{vesselname}', '{aname}' from fishoperation)"},
+    Work{"delete an operation", 3, Search, "Species Composition", "", "select optid as at from fishoperation", "DELETE",
+         R"(delete from fishoperation where optid = {at}; delete from group_main where optid = {at};
+            delete from group_composition where optid = {at}; delete from length where optid = {at};
+            delete from length_detail where optid = {at}; delete from gonad where optid = {at};
+            delete from gonad_detail where optid = {at})"},
+    Work{"weigh for what the screen stands on", 40, Composition, "Species Composition", "Single species",
+         R"(select name, case when fishno in
+                (select spid from group_composition where optid = stands.optid and groupid = 1)
+                then 'Kelvora: This species is in database already! please try again'
+                else printf('Kelvora: Nothing was stored or deleted: fishing operation no. %d was deleted or replaced '
+                || 'by another one since it was chosen here. What was entered is still on the screen.', optid) end
+                as refused
+            from (select * from stands except select * from fishoperation) as stands, chosen)",
+         "Species = {name}; Weight = 2.5; Add", ""},
+    Work{"weigh a single species", 6, Composition, "Species Composition", "Single species",
+         R"(select optid as at, fishno, name, weight, case when fishno in
+                (select spid from group_composition where optid = fishoperation.optid and groupid = 1)
+                then 'Kelvora: This species is in database already! please try again' end as refused
+            from fishoperation, chosen)",
+         "Species = {name}; Weight = {weight}; Add",
+         R"(insert or ignore into group_main values (1, {at}, 'Single species', 0);
+            update group_main set totalsampling = totalsampling + {weight} where groupid = 1 and optid = {at};
+            insert into group_composition values ({at}, {fishno}, 1, {weight}, {weight}))"},
+    Work{"delete a single species", 2, Composition, "Species Composition", "Single species",
+         R"(select optid as at, fishno, totalweight, 'Single species record' as list, genus || ' ' || fishname as row
+            from group_composition join fish on fishno = spid where groupid = 1)",
+         "X",
+         R"(delete from group_composition where optid = {at} and groupid = 1 and spid = {fishno};
+            update group_main set totalsampling = totalsampling - {totalweight} where optid = {at} and groupid = 1;
+            delete from group_main where optid = {at} and groupid = 1 and not exists
+                (select * from group_composition where optid = {at} and groupid = 1))"},
+    Work{"weigh a group", 6, Composition, "Species Composition", "Sampling group",
+         R"(select optid as at, name, total, round(100 * total / sample) as factor, steps,
+                case when taken then 'ERROR!: Group repeat please change new group' end as refused,
+                case when taken then 'CLEAR' else '' end as after
+            from (select *, exists (select * from group_main where optid = fishoperation.optid and groupname = name)
+                as taken from fishoperation,
+                (select column1 as name from (values ('Trash'), ('Small fish'), ('Squid & co'), ('O''Neill''s'))),
+                (select sum(kg) as sample, sum(kg) + 0.5 * max(n) * max(gw) as total,
+                    group_concat('Species = ' || name || '; Weight = ' || kg, '; ADD; ') as steps from chosen)))",
+         "Group = {name}; Total weight = {total}; {steps}; ADD; SAVE; {after}",
+         R"(insert into group_main select coalesce(max(max(groupid), 1), 1) + 1, {at}, '{name}', {total}
+                from group_main where optid = {at};
+            insert into group_composition select {at}, fishno, groupid, kg, kg * {factor} / 100
+                from chosen, group_main where optid = {at} and groupname = '{name}')"},
+    Work{"delete a group", 2, Search, "Species Composition", "",
+         "select optid as at, groupid, 'Group record' as list, groupname as row from group_main", "Delete group",
+         R"(delete from group_main where optid = {at} and groupid = {groupid};
+            delete from group_composition where optid = {at} and groupid = {groupid})"},
+    Work{"measure lengths", 6, Lengths, "Length Frequency", "",
+         R"(select optid as at, spid, genus || ' ' || fishname as name, coalesce(classinterval, below) as interval,
+                coalesce(classinterval, below) * below2 as lower, weight, steps,
+                case when classinterval is null then '; Class Interval = ' || below else '' end as new
+            from group_composition join fish on fishno = spid,
+                (select 1 + kind as below, 1 + gw as below2, weight from chosen where rowid = 1),
+                (select group_concat('Frequency = ' || n || char(10), '; ') as steps from chosen))",
+         "Species = {name}{new}; Sampling weight = {weight}; Lower limit(cm) = {lower}; START INPUT>>; {steps}; "
+         "FINISH; SAVE",
+         R"(delete from length where optid = {at} and spid = {spid};
+            delete from length_detail where optid = {at} and spid = {spid};;
+            update fish set classinterval = {interval} where fishno = {spid};
+            insert into length values ({at}, {spid}, {weight});
+            insert into length_detail select {at}, {spid}, low, low + {interval}, low + {interval} / 2.0, n
+                from (select *, {lower} + (chosen.rowid - 1) * {interval} as low from chosen))"},
+    Work{"measure fish", 6, Gonads, "Gonad Maturity Detail", "",
+         R"(select optid as at, spid, genus || ' ' || fishname as name, steps
+            from group_composition join fish on fishno = spid,
+                (select group_concat(steps || '; NEXT>>', '; ') as steps from typed))",
+         "Species = {name}; ADD SAMPLING >>; {steps}; SAVE",
+         R"(insert or ignore into gonad values ({at}, {spid}, 0);
+            update gonad set samplingw = round(samplingw + bw / 1000.0, 2) from typed
+                where number = {each} and optid = {at} and spid = {spid};
+            insert into gonad_detail select {at}, {spid}, 1 + (select count(*) from gonad_detail
+                where optid = {at} and spid = {spid}), tl, tl - 1, tl - 2, tl - 3, bw, sex, stage, gw, gsi
+                from typed where number = {each})"},
+    Work{"correct a weight", 2, Search, "Length Frequency", "",
+         "select samples.*, weight, 'RESULT: Update complete!' as said from samples, chosen where list like 'L%'",
+         "Sample weight (kg.) = {weight}; Update",
+         "update length set weight = {weight} where optid = {at} and spid = {spid}"},
+    Work{"add a class", 2, Search, "Length Frequency", "",
+         "select samples.*, n from samples, chosen where list like 'L%'", "Frequency = {n}; ADD",
+         R"(insert into length_detail select optid, spid, max(upper1), max(upper1) + classinterval,
+                max(upper1) + classinterval / 2, {n}
+                from length_detail join fish on fishno = spid where optid = {at} and spid = {spid})"},
+    Work{"add a fish", 2, Search, "Gonad Matuarity", "",
+         "select samples.*, steps, tl, bw, gw, sex, stage, gsi from samples, typed where list like 'G%'",
+         "{steps}; ADD",
+         R"(insert into gonad_detail select {at}, {spid}, count(*) + 1, {tl}, {tl} - 1, {tl} - 2, {tl} - 3, {bw},
+                '{sex}', {stage}, {gw}, {gsi} from gonad_detail where optid = {at} and spid = {spid})"},
+    Work{"delete lengths", 2, Search, "Length Frequency", "", "select * from samples where list like 'L%'",
+         "Delete length sample",
+         R"(delete from length where optid = {at} and spid = {spid};
+            delete from length_detail where optid = {at} and spid = {spid})"},
+    Work{"delete fish", 2, Search, "Gonad Matuarity", "", "select * from samples where list like 'G%'",
+         "Delete gonad sample",
+         R"(delete from gonad where optid = {at} and spid = {spid};
+            delete from gonad_detail where optid = {at} and spid = {spid})"},
+    Work{"look at a year", 3, CatchReport, "", "",
+         R"(select year, option, 'Result' as grid, (select group_concat(line, char(10)) from
+                (select printf('%s|%d|%.15g|', value, count(*), sum(estotal)) || share(sum(estotal), total) as line
+                from known join fishoperation using (optid)
+                where criterion = asked.criterion and substr(optdate, 1, 4) = year group by value order by value))
+                as shows
+            from (select substr(optdate, 1, 4) as year, sum(estotal) as total, criterion, option
+                from known join fishoperation using (optid) where option not null group by 1, 3) as asked)",
+         "Year = {year}; Search; {option}", ""},
+    Work{"look at a composition", 3, Search, "Species Composition", "",
+         R"(select optid as at, 'Composition' as grid, (select group_concat(line, char(10)) from
+                (select printf('%s %s|%.2f|', genus, fishname, sum(estotal)) || share(sum(estotal), total) as line
+                from group_composition join fish on fishno = spid where optid = asked.optid
+                group by fishno order by 1)) as shows
+            from (select optid, sum(estotal) as total from group_composition group by optid) as asked)",
+         "", ""},
+};
+
+}  // namespace kelvora::test

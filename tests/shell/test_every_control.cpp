@@ -1,0 +1,176 @@
+#include "shell/main_window.h"
+#include "support/screen_driver.h"
+#include "support/temporary_store.h"
+#include "support/test_main.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QKeySequence>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvora::test_every_control {
+
+/// What a sampler who works without the mouse, or without seeing the screen, needs of every control: a name, a mnemonic
+/// of its own, and its place in the round of the Tab key.
+class TestEveryControl : public QObject {
+    Q_OBJECT
+
+    static bool isOne(const QWidget* widget, const std::vector<const char*>& kinds) {
+        return std::ranges::any_of(kinds, [widget](const char* kind) { return widget->inherits(kind); });
+    }
+
+    /// What a sampler types into, presses or looks through, as it is shown now.
+    static QList<QWidget*> controls(const QWidget& screen) {
+        QList<QWidget*> all = screen.findChildren<QWidget*>();
+        all.removeIf([](const QWidget* widget) {
+            return !widget->isVisible() ||
+                   isOne(widget->parentWidget(), {"QComboBox", "QAbstractSpinBox", "QAbstractItemView"}) ||
+                   !isOne(widget, {"QLineEdit", "QComboBox", "QAbstractButton", "QAbstractItemView", "QAbstractSpinBox",
+                                   "QPlainTextEdit"});
+        });
+        return all;
+    }
+
+    /// What a screen reader calls a control: the caption beside it, or a name or text of its own. The row that a list
+    /// shows is not its name.
+    static QString name(QWidget* widget) {
+        for (const QLabel* label : widget->window()->findChildren<QLabel*>()) {
+            if (label->buddy() == widget) {
+                return label->text().trimmed();
+            }
+        }
+        const QString own = widget->accessibleName().trimmed();
+        return own.isEmpty() && isOne(widget, {"QAbstractButton"}) ? widget->property("text").toString().trimmed()
+                                                                   : own;
+    }
+
+    static QString described(QWidget* widget) {
+        return u"%1 \"%2\""_s.arg(QString::fromLatin1(widget->metaObject()->className()), name(widget));
+    }
+
+    /// The keys that go to a control with Alt.
+    QList<QChar> mnemonics(const QWidget& screen) const {
+        QStringList texts;
+        for (const QAction* action : m_window->menuBar()->actions()) {
+            texts += action->text();
+        }
+        for (const QWidget* widget : screen.findChildren<QWidget*>()) {
+            const auto* label = qobject_cast<const QLabel*>(widget);
+            if (widget->isVisible() && (label == nullptr || label->buddy() != nullptr)) {
+                texts += widget->property(isOne(widget, {"QGroupBox"}) ? "title" : "text").toString();
+            }
+            const auto* tabs = qobject_cast<const QTabWidget*>(widget);
+            for (int i = 0; tabs != nullptr && i < tabs->count(); ++i) {
+                texts += tabs->tabText(i);
+            }
+        }
+        QList<QChar> keys;
+        for (const QString& text : texts) {
+            if (const QKeySequence key = QKeySequence::mnemonic(text); !key.isEmpty()) {
+                keys += QChar(key[0].key()).toUpper();
+            }
+        }
+        return keys;
+    }
+
+    /// One round of the Tab key, from its first stop on.
+    static QList<QWidget*> round(const QWidget& screen) {
+        QList<QWidget*> stops;
+        for (QWidget* at = QApplication::focusWidget(); at != nullptr && !stops.contains(at);
+             at = QApplication::focusWidget()) {
+            if (screen.isAncestorOf(at)) {
+                stops += at;
+            }
+            QTest::keyClick(at, Qt::Key_Tab);
+        }
+        const auto corner = [&](QWidget* stop) { return place(screen, stop).manhattanLength(); };
+        std::rotate(stops.begin(), std::ranges::min_element(stops, {}, corner), stops.end());
+        return stops;
+    }
+
+    static QPoint place(const QWidget& screen, const QWidget* widget) {
+        return widget->mapTo(&screen, widget->rect().center());
+    }
+
+    void look(const QWidget& screen) const {
+        const QList<QChar> keys = mnemonics(screen);
+        for (const QChar key : keys) {
+            QVERIFY2(keys.count(key) == 1, qPrintable(u"Alt+%1 is taken twice"_s.arg(key)));
+        }
+        const QList<QWidget*> stops = round(screen);
+        for (qsizetype i = 1; i < stops.size(); ++i) {
+            const QPoint way = place(screen, stops[i]) - place(screen, stops[i - 1]);
+            QVERIFY2(way.x() > 0 || way.y() > 0,
+                     qPrintable(u"%1 comes behind %2"_s.arg(described(stops[i]), described(stops[i - 1]))));
+        }
+        const QList<QWidget*> shown = controls(screen);
+        QVERIFY(!shown.isEmpty());
+        for (QWidget* control : shown) {
+            QVERIFY2(!name(control).isEmpty(), qPrintable(described(control) + u" has no name"_s));
+            // Of options, Tab reaches the one that is chosen.
+            const bool other = isOne(control, {"QRadioButton"}) && !control->property("checked").toBool();
+            const bool left = other || !control->isEnabled() || (control->focusPolicy() & Qt::TabFocus) == 0;
+            QVERIFY2(left || stops.contains(control), qPrintable(described(control) + u" is not reached with Tab"_s));
+        }
+    }
+
+    test::TemporaryStore m_store;
+    std::unique_ptr<MainWindow> m_window;
+
+private Q_SLOTS:
+    void initTestCase() { m_store.addSmallYear(); }
+
+    void init() {
+        m_window = std::make_unique<MainWindow>(m_store.context());
+        m_window->resize(1366, 768);
+        m_window->show();
+        m_window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    }
+
+    void everyScreen_data() {
+        QTest::addColumn<int>("entry");
+        QTest::addColumn<int>("operation");
+        constexpr int screens = 11;
+        for (int entry = 0; entry < screens; ++entry) {
+            QTest::addRow("screen %d", entry) << entry << 0;
+            QTest::addRow("screen %d on an operation", entry) << entry << 1;
+        }
+    }
+    void everyScreen() {
+        QFETCH(int, entry);
+        QFETCH(int, operation);
+        m_store.session.lastSavedOperation = operation;
+        m_window->findChildren<QAction*>(QString(), Qt::FindDirectChildrenOnly).at(entry)->trigger();
+        QWidget* screen = m_window->findChild<QMdiArea*>()->activeSubWindow()->widget();
+        // With an operation to sample from, there is nothing to find on the first tab.
+        const bool onTabs = operation != 0 && qobject_cast<QTabBar*>(QApplication::focusWidget()) != nullptr;
+        QVERIFY2(onTabs || controls(*screen).contains(QApplication::focusWidget()), "the keyboard is not in a field");
+        if (m_window->findChild<QMdiSubWindow*>()->windowTitle() == u"Search" && operation != 0) {
+            test::ScreenDriver(screen).enter(u"Criterion = Vessel; Value = Sea Star; SEARCH"_s);
+        }
+        look(*screen);
+        for (QTabWidget* folder : screen->findChildren<QTabWidget*>()) {
+            for (int i = 1; i < folder->count() && !QTest::currentTestFailed(); ++i) {
+                folder->setCurrentIndex(i);
+                look(*screen);
+            }
+        }
+    }
+};
+
+KELVORA_TEST(TestEveryControl, "every_control");
+
+}  // namespace kelvora::test_every_control
+
+#include "test_every_control.moc"
