@@ -38,12 +38,9 @@ private Q_SLOTS:
         store.execute("insert into group_main(optid, groupid) values(8, 32767)");
         for (const Key& key : all) {
             QCOMPARE(key.next(store.db()), key.first);
-            for (const int stored : {kLargestKey - 1, kLargestKey}) {
-                store.db().execute(Sql(key.insert) << stored << ")");
-                if (stored < kLargestKey) {
-                    QCOMPARE(key.next(store.db()), kLargestKey);
-                }
-            }
+            store.db().execute(Sql(key.insert) << kLargestKey - 1 << ")");
+            QCOMPARE(key.next(store.db()), kLargestKey);
+            store.db().execute(Sql(key.insert) << kLargestKey << ")");
             QVERIFY_EXCEPTION_THROWN(key.next(store.db()), DataError);
         }
         store.execute("delete from Fishing_gear where gearid = 32766");
@@ -59,7 +56,6 @@ private Q_SLOTS:
     void operations() {
         using Entry = OperationEntry;
         const QString longitude = u"Dec of Longtitude between 92-125"_s;
-        const QString total = u"Please input Estimate Total Catch(kg/trip)"_s;
         const std::vector<std::tuple<QString Entry::*, QString, QString>> limits = {
             {&Entry::latitudeDec, u"25"_s, {}},
             {&Entry::latitudeDec, u"25.5"_s, u"Dec of Latitude between 0-25"_s},
@@ -68,13 +64,10 @@ private Q_SLOTS:
             {&Entry::latitudeMin, u"60.5"_s, u"Min of Latitude between 0-60"_s},
             {&Entry::longitudeMin, u"-1"_s, u"Min of Longtitude between 0-60"_s},
             {&Entry::longitudeDec, u"0.0"_s, {}},  // not recorded
-            {&Entry::longitudeDec, u"92"_s, {}},
             {&Entry::longitudeDec, u"91.99"_s, longitude},
             {&Entry::longitudeDec, u"125"_s, {}},
-            {&Entry::longitudeDec, u"1e999"_s, longitude},
-            {&Entry::totalCatch, u" 0.00 "_s, total},
-            {&Entry::totalCatch, u"-3"_s, total},
-            {&Entry::state, u"  "_s, u"please select state  first!"_s},
+            {&Entry::longitudeDec, u"125.01"_s, longitude},
+            {&Entry::totalCatch, u" 0.00 "_s, u"Please input Estimate Total Catch(kg/trip)"_s},
         };
         OperationEntry right;
         right.latitudeDec = right.latitudeMin = right.longitudeDec = right.longitudeMin = u"0"_s;
@@ -140,32 +133,17 @@ private Q_SLOTS:
         QCOMPARE(stored.join(u' '), u"152 0 0 7.5 50 0 3 1"_s);
     }
 
-    /// The boxes of a sample that is started, and of a fish: parted by blanks, and what is said.
-    void samples() {
+    /// The boxes of a length sample that is started, parted by blanks, and what is said.
+    void lengthStarts() {
         const QString interval = u"Please input class interval: a number greater than 0 (decimal point, no comma)"_s;
         const QString weight = u"Please input sampling weight: a number not below 0 (decimal point, no comma)"_s;
         const QString limit = u"Please input lower limit: a number from 0 to below 96 (decimal point, no comma)"_s;
-        const std::vector<std::pair<QString, QString>> starts = {
-            {u"2 12.5 10"_s, {}},   {u"2 0 95.9"_s, {}},         {u"0 0 10"_s, interval}, {u"2cm 0 10"_s, interval},
-            {u" 0 10"_s, interval}, {u"1e307 0 10"_s, interval}, {u"2 -1 10"_s, weight},  {u"2 1,5 10"_s, weight},
-            {u"2 0 -1"_s, limit},   {u"2 0 96"_s, limit},        {u"2 0 "_s, limit}};
+        const std::pair<QString, QString> starts[] = {
+            {u"2 0 95.9"_s, {}},      {u"0 0 0"_s, interval},  {u"2cm 0 0"_s, interval}, {u"1e307 0 0"_s, interval},
+            {u"2 -0.1 10"_s, weight}, {u"2 1,5 10"_s, weight}, {u"2 0 -0.1"_s, limit},   {u"2 0 96"_s, limit}};
         for (const auto& [boxes, message] : starts) {
             const QStringList box = boxes.split(u' ');
             const auto refusal = startRefusal({true, true, box[0], box[1], box[2]});
-            QCOMPARE(boxes + (refusal ? refusal->message : QString()), boxes + message);
-        }
-        QCOMPARE(startRefusal({}).value().message, u"Please select species"_s);
-        const std::vector<std::pair<QString, QString>> fish = {{u"152 130 141 0 .5 0"_s, {}},
-                                                               {u"x x x x x x"_s, u"Please input TL in numeric"_s},
-                                                               {u"1  x x x x"_s, u"Please input BL in numeric"_s},
-                                                               {u"1 1 1,5 x x x"_s, u"Please input FL in numeric"_s},
-                                                               {u"1 1 1 -1 x x"_s, u"Please input SL in numeric"_s},
-                                                               {u"1 1 1 1 -5 x"_s, u"Please input BW in numeric"_s},
-                                                               {u"1 1 1 1 0 x"_s, u"BW must be greater than 0"_s},
-                                                               {u"1 1 1 1 1 inf"_s, u"Please input GW in numeric"_s}};
-        for (const auto& [boxes, message] : fish) {
-            const QStringList box = boxes.split(u' ');
-            const auto refusal = fishRefusal({box[0], box[1], box[2], box[3], box[4], {}, {}, box[5]});
             QCOMPARE(boxes + (refusal ? refusal->message : QString()), boxes + message);
         }
     }
@@ -186,7 +164,7 @@ private Q_SLOTS:
              u"1|1|1|1|1|None|1|1 "_s.repeated(32'767).chopped(1)},
             {header + QByteArray("1,1,1,1,1,F,1,1\n").repeated(32'768), u"Line 32769: more than 32,767 fish"_s},
             {"GW,TL,BL,FL,SL,BW,SEX,Stage\n" + first, none},
-            {header.toLower() + first, none},
+            {first + second, none},
             {header + first + "160,138,149\n", u"Line 3: 3 fields, not 8"_s},
             {header + "152,130,141,128,48.5,F,2\n" + second, u"Line 2: 7 fields, not 8"_s},
             {header + first.trimmed() + ",\n" + second, u"Line 2: 9 fields, not 8"_s},
