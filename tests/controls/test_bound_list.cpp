@@ -142,10 +142,12 @@ private Q_SLOTS:
         m_list->setSource(ports(), u"portname"_s, u"portid"_s);
         QTest::keyClick(m_list, Qt::Key_Backspace);
         QTest::keyClick(m_list, Qt::Key_B);
+        m_list->setSource(ports(1), u"portname"_s, u"portid"_s);
         QCOMPARE(m_list->findChildren<QCompleter*>().size(), 1);
         QCOMPARE(chosen.size(), 0);
         QTest::keyClick(m_list, Qt::Key_Tab);
         QCOMPARE(shown(), u"Abo 0 10"_s);
+        QCOMPARE(chosen.size(), 1);
 
         m_list->clearSource();
         QCOMPARE(shown(), u" -1 0"_s);

@@ -190,7 +190,7 @@ private Q_SLOTS:
         QVERIFY(QFile::link(data + u"-journal"_s, folder + u"dangling.csv"_s));
         write(data + u".lock"_s, "held");
         std::filesystem::create_hard_link((data + u".lock"_s).toStdString(), (folder + u"hard.csv"_s).toStdString());
-        for (const QString& path : {data, store.file(u"./folder/../kelvora_db.sqlite-WAL"_s), data + u".new"_s,
+        for (const QString& path : {data, store.file(u"./folder/../KELVORA_DB.sqlite-wal"_s), data + u".new"_s,
                                     store.file(u"copy.csv"_s), folder + u"hard.csv"_s, folder + u"soft.csv"_s,
                                     folder + u"dangling.csv"_s, folder + u"up/kelvora_db.sqlite-journal"_s}) {
             QVERIFY2(belongsToDataFile(path, data), qPrintable(path));

@@ -165,7 +165,7 @@ private Q_SLOTS:
             {header + QByteArray("1,1,1,1,1,F,1,1\n").repeated(32'768), u"Line 32769: more than 32,767 fish"_s},
             {"GW,TL,BL,FL,SL,BW,SEX,Stage\n" + first, none},
             {first + second, none},
-            {header + first + "160,138,149\n", u"Line 3: 3 fields, not 8"_s},
+            {header + first + "160,138\n149,135,55\n", u"Line 3: 2 fields, not 8"_s},
             {header + "152,130,141,128,48.5,F,2\n" + second, u"Line 2: 7 fields, not 8"_s},
             {header + first.trimmed() + ",\n" + second, u"Line 2: 9 fields, not 8"_s},
             {"TL;BL;FL\n", u"Line 1: the fields are parted by semicolons, not by commas"_s},
