@@ -15,6 +15,7 @@
 #include <QChartView>
 #include <QFile>
 #include <QLabel>
+#include <QLegend>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -24,6 +25,7 @@
 #include <QRegularExpression>
 #include <QTest>
 #include <QToolBar>
+#include <QValueAxis>
 #include <QWindow>
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
@@ -92,6 +94,25 @@ QStringList drawnBars(const QChart& chart) {
     return bars;
 }
 
+/// What stands around the bars: title, captions of the axes, marks of the values, and the colours, behind their names
+/// where a legend shows them.
+QStringList aroundBars(const QChart& chart) {
+    QStringList texts{chart.title()};
+    for (const QAbstractAxis* axis : chart.axes()) {
+        texts.append(axis->titleText());
+        const auto* marks = qobject_cast<const QValueAxis*>(axis);
+        if (marks != nullptr && qobject_cast<const QCategoryAxis*>(axis) == nullptr) {
+            const QString scale = u"%1 %2 %3 "_s.arg(marks->min()).arg(marks->max()).arg(marks->tickInterval());
+            texts.append(scale + marks->labelFormat());
+        }
+    }
+    for (QBarSet* set : qobject_cast<QAbstractBarSeries*>(chart.series().value(0))->barSets()) {
+        const QString name = chart.legend()->isVisible() ? set->label() + u' ' : QString();
+        texts.append(name + set->color().name());
+    }
+    return {texts.join(u'|')};
+}
+
 /// What stands on a screen: every text, choice and row.
 QStringList shownOn(const QWidget& screen) {
     QStringList all;
@@ -117,6 +138,7 @@ std::shared_ptr<void> whenGone(const std::function<void()>& end) {
 }  // namespace
 
 Stage::Stage(bool obstacles) : m_obstacles(obstacles) {
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
     m_store.addSmallYear();
     openWindow();
 }
@@ -266,6 +288,7 @@ QString Stage::act(const Step& step) {
              Grid* grid = hand().grid(rest.section(u' ', 0, -2));
              Q_EMIT grid->doubleClicked(grid->model()->index(rest.section(u' ', -1).toInt() - 1, 0));
          }},
+        {u"language"_s, [&] { QLocale::setDefault(QLocale(rest)); }},
         {u"file"_s, [&] { write(rest, step.block); }}};
     const auto verb = verbs.find(step.verb);
     if (verb != verbs.end()) {
@@ -297,7 +320,9 @@ QString Stage::check(const Step& step) {
         {u"enabled"_s, [this](const QString& name) { return hand().enabled(name); }},
         {u"disabled"_s, [this](const QString& name) { return !hand().enabled(name); }},
         {u"shown"_s, [this](const QString& name) { return hand().visible(name); }},
-        {u"hidden"_s, [this](const QString& name) { return !hand().visible(name); }}};
+        {u"hidden"_s, [this](const QString& name) { return !hand().visible(name); }},
+        {u"checked"_s, [this](const QString& name) { return hand().button(name)->isChecked(); }},
+        {u"unchecked"_s, [this](const QString& name) { return !hand().button(name)->isChecked(); }}};
     if (const auto state = states.find(step.verb); state != states.end()) {
         for (const QString& each : rest.split(u", "_s)) {
             if (!state->second(each)) {
@@ -379,12 +404,15 @@ QString Stage::checkRows(const Step& step) {
              return menu->isEnabled() ? QStringList{titles.join(u'|')} : titles;
          }},
         {u"picture"_s, [&] { return drawnBars(*front()->findChild<QChartView*>()->chart()); }},
+        {u"drawn"_s, [&] { return aroundBars(*front()->findChild<QChartView*>()->chart()); }},
         {u"stored"_s, [&] { return stored(step.rest); }},
         {u"written"_s, [&] {
              QFile file(m_store.file(name));
-             return file.open(QIODevice::ReadOnly)
-                        ? QString::fromUtf8(file.readAll()).split(u"\r\n"_s, Qt::SkipEmptyParts)
-                        : QStringList{u"(no such file)"_s};
+             if (!file.open(QIODevice::ReadOnly)) {
+                 return QStringList{u"(no such file)"_s};
+             }
+             QStringList written = QString::fromUtf8(file.readAll()).split(u"\r\n"_s);
+             return written.takeLast().isEmpty() ? written : QStringList{u"(a last line without end)"_s};
          }}};
     const bool titled = step.verb == u"front" || step.verb == u"fronttab";
     const auto look = found.find(step.verb);

@@ -33,28 +33,31 @@ using namespace Qt::StringLiterals;
 ///     keys 12.5<Alt+A><Return>                       real keys, wherever the keyboard is
 ///     walk <Tab> Weight, ADD, SAVE                   a key, and where the keyboard is after each press
 ///     row Measured fish 2, doubleclick …             a row of a grid
+///     language de_DE                                 of the screens opened from now on, in this case
 ///     file fish.csv                                  writes a file of the lines below
 ///       | TL,BL,FL,SL,BW,SEX,Stage,GW
 ///     text Weight = 12.5; Species =                  fields, captions of navigators
 ///     focus Weight      selected Weight      enabled SAVE, CLEAR      disabled SAVE      shown …      hidden …
+///     checked Day, Night      unchecked …            options that are chosen or not
 ///     line …is not registered…      noline …      front Search      fronttab Species
 ///     options Species = A a|B b      headers Group = A|B      count Vessel import = 221
 ///     windows = Search|Length Frequency              what the menu "Windows" lists, enabled if it lists something
 ///     rows Composition = A|1 // B|2                  also: written summary.csv, stored select …, and
 ///     picture                                        a name and its bars, from the left or the top; behind "=", or as
 ///       | Alpha|2                                    lines below
+///     drawn = Title|Species|Weight (kg)|0 5 1 %.0f|Male #0072b2    what stands around its bars, and their colours
 ///     each -1 | ten                                  what follows until "end" once for each value, {1}; or for each
-///     each                                           row of values {1}, {2} …
+///     each                                           row of values {1}, {2} …, in which "¦" stands for "|"
 ///       | -1 | A weight cannot be negative
 ///     > Weight = {1}; Add
 ///       ! ERROR!: {2}
 ///     end
 ///
-/// "\n" is a line break, {today} the date, {W*10000} as many letters. Every box that comes must be named and every
-/// named box must come; every change of the whole file must be listed behind the step that makes it. Each saving step
-/// is tried again with each of its tables refusing, on a full disk, in a folder that may not be written to, and with
-/// the file held by another program: it must be said why, nothing may be stored, nothing on the screen may change, and
-/// the step must work afterwards.
+/// "\n" is a line break, {today} the date, {today/} as screens show it, {W*10000} as many letters. Every box that comes
+/// must be named and every named box must come; every change of the whole file must be listed behind the step that
+/// makes it. Each saving step is tried again with each of its tables refusing, on a full disk, in a folder that may not
+/// be written to, and with the file held by another program: it must be said why, nothing may be stored, nothing on the
+/// screen may change, and the step must work afterwards.
 namespace kelvora::test_steps {
 
 class TestSteps : public QObject {
