@@ -117,6 +117,7 @@ std::shared_ptr<void> whenGone(const std::function<void()>& end) {
 }  // namespace
 
 Stage::Stage(bool obstacles) : m_obstacles(obstacles) {
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
     m_store.addSmallYear();
     openWindow();
 }
@@ -266,6 +267,7 @@ QString Stage::act(const Step& step) {
              Grid* grid = hand().grid(rest.section(u' ', 0, -2));
              Q_EMIT grid->doubleClicked(grid->model()->index(rest.section(u' ', -1).toInt() - 1, 0));
          }},
+        {u"language"_s, [&] { QLocale::setDefault(QLocale(rest)); }},
         {u"file"_s, [&] { write(rest, step.block); }}};
     const auto verb = verbs.find(step.verb);
     if (verb != verbs.end()) {
@@ -297,7 +299,9 @@ QString Stage::check(const Step& step) {
         {u"enabled"_s, [this](const QString& name) { return hand().enabled(name); }},
         {u"disabled"_s, [this](const QString& name) { return !hand().enabled(name); }},
         {u"shown"_s, [this](const QString& name) { return hand().visible(name); }},
-        {u"hidden"_s, [this](const QString& name) { return !hand().visible(name); }}};
+        {u"hidden"_s, [this](const QString& name) { return !hand().visible(name); }},
+        {u"checked"_s, [this](const QString& name) { return hand().button(name)->isChecked(); }},
+        {u"unchecked"_s, [this](const QString& name) { return !hand().button(name)->isChecked(); }}};
     if (const auto state = states.find(step.verb); state != states.end()) {
         for (const QString& each : rest.split(u", "_s)) {
             if (!state->second(each)) {

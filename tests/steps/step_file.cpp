@@ -20,7 +20,9 @@ QString filled(QString line) {
         line.replace(found.capturedStart(), found.capturedLength(),
                      found.captured(1).repeated(found.captured(2).toInt()));
     }
-    return line.replace(u"{today}"_s, QDate::currentDate().toString(Qt::ISODate)).replace(u"\\n"_s, u"\n"_s);
+    const QDate today = QDate::currentDate();
+    line.replace(u"{today}"_s, today.toString(Qt::ISODate)).replace(u"{today/}"_s, today.toString(u"dd/MM/yyyy"_s));
+    return line.replace(u"\\n"_s, u"\n"_s);
 }
 
 /// "TITLE: TEXT -> ANSWER" behind "?" or "!".
@@ -57,7 +59,7 @@ QList<Line> repeated(const QList<Line>& lines) {
         }
         for (const QStringList& row : rows) {
             for (Line line : lines.mid(at + 1, end - at - 1)) {
-                for (qsizetype cell = 0; cell < row.size(); ++cell) {
+                for (qsizetype cell = row.size(); cell-- > 0;) {
                     line.text.replace(u"{%1}"_s.arg(cell + 1), row[cell].trimmed());
                 }
                 all.append(line);

@@ -33,10 +33,12 @@ using namespace Qt::StringLiterals;
 ///     keys 12.5<Alt+A><Return>                       real keys, wherever the keyboard is
 ///     walk <Tab> Weight, ADD, SAVE                   a key, and where the keyboard is after each press
 ///     row Measured fish 2, doubleclick …             a row of a grid
+///     language de_DE                                 of the screens opened from now on, in this case
 ///     file fish.csv                                  writes a file of the lines below
 ///       | TL,BL,FL,SL,BW,SEX,Stage,GW
 ///     text Weight = 12.5; Species =                  fields, captions of navigators
 ///     focus Weight      selected Weight      enabled SAVE, CLEAR      disabled SAVE      shown …      hidden …
+///     checked Day, Night      unchecked …            options that are chosen or not
 ///     line …is not registered…      noline …      front Search      fronttab Species
 ///     options Species = A a|B b      headers Group = A|B      count Vessel import = 221
 ///     windows = Search|Length Frequency              what the menu "Windows" lists, enabled if it lists something
@@ -50,11 +52,11 @@ using namespace Qt::StringLiterals;
 ///       ! ERROR!: {2}
 ///     end
 ///
-/// "\n" is a line break, {today} the date, {W*10000} as many letters. Every box that comes must be named and every
-/// named box must come; every change of the whole file must be listed behind the step that makes it. Each saving step
-/// is tried again with each of its tables refusing, on a full disk, in a folder that may not be written to, and with
-/// the file held by another program: it must be said why, nothing may be stored, nothing on the screen may change, and
-/// the step must work afterwards.
+/// "\n" is a line break, {today} the date, {today/} as screens show it, {W*10000} as many letters. Every box that comes
+/// must be named and every named box must come; every change of the whole file must be listed behind the step that
+/// makes it. Each saving step is tried again with each of its tables refusing, on a full disk, in a folder that may not
+/// be written to, and with the file held by another program: it must be said why, nothing may be stored, nothing on the
+/// screen may change, and the step must work afterwards.
 namespace kelvora::test_steps {
 
 class TestSteps : public QObject {
