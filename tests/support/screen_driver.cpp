@@ -156,10 +156,9 @@ void ScreenDriver::type(const QString& caption, const QString& text) const {
     if (line != nullptr) {
         line->selectAll();
     }
-    QWidget* target = line != nullptr ? line : found;
-    QTest::keyClick(target, Qt::Key_Delete);
-    pressKeysOf(text, target);
-    QTest::keyClick(keyboard(target), Qt::Key_Tab);
+    QTest::keyClick(found, Qt::Key_Delete);
+    pressKeysOf(text, found);
+    QTest::keyClick(keyboard(found), Qt::Key_Tab);
 }
 
 void ScreenDriver::key(const QString& caption, Qt::Key key) const {
@@ -184,10 +183,10 @@ void ScreenDriver::press(const QString& caption) const {
 }
 
 void ScreenDriver::enter(const QString& steps) const {
-    const QString is = u" = "_s;
+    const QString is = u" ="_s;
     for (const QString& step : steps.split(u"; "_s, Qt::SkipEmptyParts)) {
         const QString caption = step.section(is, 0, 0);
-        const QString text = step.section(is, 1);
+        const QString text = step.section(is, 1).mid(1);
         if (!step.contains(is)) {
             press(step);
         } else if (const auto* box = qobject_cast<QComboBox*>(field(caption));
