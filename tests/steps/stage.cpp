@@ -369,15 +369,14 @@ QString Stage::checkRows(const Step& step) {
          }},
         {u"windows"_s,
          [&] {
+             const auto menus = m_window->menuBar()->actions();
+             const QAction* menu =
+                 *std::ranges::find(menus, u"Windows"_s, [](auto* one) { return plain(one->text()); });
              QStringList titles;
-             for (const QAction* top : m_window->menuBar()->actions()) {
-                 if (plain(top->text()) == u"Windows"_s && top->isEnabled()) {
-                     for (const QAction* entry : top->menu()->actions()) {
-                         titles.append(entry->text());
-                     }
-                 }
+             for (const QAction* entry : menu->menu()->actions()) {
+                 titles.append(entry->text());
              }
-             return titles.isEmpty() ? titles : QStringList{titles.join(u'|')};
+             return menu->isEnabled() ? QStringList{titles.join(u'|')} : titles;
          }},
         {u"picture"_s, [&] { return drawnBars(*front()->findChild<QChartView*>()->chart()); }},
         {u"stored"_s, [&] { return stored(step.rest); }},
