@@ -21,6 +21,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
 #include <QTest>
@@ -129,6 +130,16 @@ QStringList shownOn(const QWidget& screen) {
         }
     }
     return all;
+}
+
+/// A hand that clicks three times where once is meant.
+void clickFast(QWidget* button) {
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
+                            QEvent::MouseButtonRelease, QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QMouseEvent click(type, {4, 4}, button->mapToGlobal(QPointF(4, 4)), Qt::LeftButton, Qt::LeftButton, {});
+        click.setTimestamp(1'000);
+        QCoreApplication::sendEvent(button, &click);
+    }
 }
 
 std::shared_ptr<void> whenGone(const std::function<void()>& end) {
@@ -280,7 +291,9 @@ QString Stage::act(const Step& step) {
         {u"tab"_s, [&] { m_frame.clear(), hand().openTab(rest); }},
         {u"in"_s, [&] { m_frame = rest; }},
         {u"go"_s, [&] { hand().move(rest.section(u' ', 0, -2), rest.section(u' ', -1)); }},
+        {u"minimize"_s, [&] { front()->showMinimized(); }},
         {u"keys"_s, [&] { pressKeys(rest); }},
+        {u"clicks"_s, [&] { clickFast(hand().button(rest)); }},
         {u"to"_s, [&] { hand().field(rest)->setFocus(Qt::TabFocusReason); }},
         {u"row"_s, [&] { hand().grid(rest.section(u' ', 0, -2))->setCurrentRow(rest.section(u' ', -1).toInt() - 1); }},
         {u"doubleclick"_s,
@@ -345,8 +358,10 @@ QString Stage::checkText(const QString& rest) const {
     for (const QString& each : rest.split(u"; "_s)) {
         const QString name = each.section(u" ="_s, 0, 0);
         const QString value = each.sliced(std::min(each.size(), name.size() + 3));
-        const auto* navigator = dynamic_cast<RecordNavigator*>(hand().field(name));
-        const QString text = navigator != nullptr ? navigator->caption() : hand().text(name);
+        // A grid has the name of the navigator over it.
+        const auto navigators = hand().root()->findChildren<RecordNavigator*>();
+        const auto navigator = std::ranges::find(navigators, name, &QWidget::accessibleName);
+        const QString text = navigator != navigators.end() ? (*navigator)->caption() : hand().text(name);
         if (!isText(text, value)) {
             return u"%1 is \"%2\""_s.arg(name, text);
         }
@@ -402,6 +417,16 @@ QString Stage::checkRows(const Step& step) {
                  titles.append(entry->text());
              }
              return menu->isEnabled() ? QStringList{titles.join(u'|')} : titles;
+         }},
+        {u"toolbar"_s,
+         [&] {
+             QStringList captions;
+             for (const QAction* button : m_window->findChild<QToolBar*>()->actions()) {
+                 if (button->isEnabled() && !button->isSeparator()) {
+                     captions.append(button->text());
+                 }
+             }
+             return QStringList{captions.join(u'|')};
          }},
         {u"picture"_s, [&] { return drawnBars(*front()->findChild<QChartView*>()->chart()); }},
         {u"drawn"_s, [&] { return aroundBars(*front()->findChild<QChartView*>()->chart()); }},

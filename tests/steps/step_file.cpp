@@ -15,7 +15,7 @@ struct Line {
 };
 
 QString filled(QString line) {
-    static const QRegularExpression repeated(u"\\{(.)\\*(\\d+)\\}"_s);
+    static const QRegularExpression repeated(u"\\{([^{}]+)\\*(\\d+)\\}"_s);
     for (auto found = repeated.match(line); found.hasMatch(); found = repeated.match(line)) {
         line.replace(found.capturedStart(), found.capturedLength(),
                      found.captured(1).repeated(found.captured(2).toInt()));

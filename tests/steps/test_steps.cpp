@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 ///     sql delete from fish where fishno = 2          another program changes the file
 ///     open Species Composition                       a button of the toolbar; of a menu: open Report/Gonad Maturity
 ///     show Search                                    an open screen, by the menu "Windows"
-///     close, restart                                 the screen in front; the program
+///     close, minimize, restart                       the screen in front; the program
 ///     tab Species Composition                        a tab of the screen in front
 ///     in Sampling group                              what follows is inside this frame, until the next tab or screen
 ///     > Group = Trash; Total weight = 60             fields (rows of lists are chosen, else typed) and buttons
@@ -29,7 +29,7 @@ using namespace Qt::StringLiterals;
 ///       + 221 rows of vessel
 ///       once                                         not to be tried against obstacles first
 ///     go Result Next                                 First, Previous, Next, Last of a navigator
-///     to Weight                                      the keyboard goes to a field
+///     to Weight, clicks Delete                       the keyboard goes to a field; three fast clicks on a button
 ///     keys 12.5<Alt+A><Return>                       real keys, wherever the keyboard is
 ///     walk <Tab> Weight, ADD, SAVE                   a key, and where the keyboard is after each press
 ///     row Measured fish 2, doubleclick …             a row of a grid
@@ -41,7 +41,8 @@ using namespace Qt::StringLiterals;
 ///     checked Day, Night      unchecked …            options that are chosen or not
 ///     line …is not registered…      noline …      front Search      fronttab Species
 ///     options Species = A a|B b      headers Group = A|B      count Vessel import = 221
-///     windows = Search|Length Frequency              what the menu "Windows" lists, enabled if it lists something
+///     windows = Search|Length Frequency              what the menu "Windows" lists, and what can be pressed in the
+///     toolbar = Fishing Operation|Exit               toolbar
 ///     rows Composition = A|1 // B|2                  also: written summary.csv, stored select …, and
 ///     picture                                        a name and its bars, from the left or the top; behind "=", or as
 ///       | Alpha|2                                    lines below
@@ -53,11 +54,11 @@ using namespace Qt::StringLiterals;
 ///       ! ERROR!: {2}
 ///     end
 ///
-/// "\n" is a line break, {today} the date, {today/} as screens show it, {W*10000} as many letters. Every box that comes
-/// must be named and every named box must come; every change of the whole file must be listed behind the step that
-/// makes it. Each saving step is tried again with each of its tables refusing, on a full disk, in a folder that may not
-/// be written to, and with the file held by another program: it must be said why, nothing may be stored, nothing on the
-/// screen may change, and the step must work afterwards.
+/// "\n" is a line break, {today} the date, {today/} as screens show it, {W*10000} as many of a text. Every box that
+/// comes must be named and every named box must come; every change of the whole file must be listed behind the step
+/// that makes it. Each saving step is tried again with each of its tables refusing, on a full disk, in a folder that
+/// may not be written to, and with the file held by another program: it must be said why, nothing may be stored,
+/// nothing on the screen may change, and the step must work afterwards.
 namespace kelvora::test_steps {
 
 class TestSteps : public QObject {
