@@ -290,6 +290,12 @@ QString Stage::act(const Step& step) {
         {u"restart"_s, [&] { m_window.reset(), openWindow(); }},
         {u"tab"_s, [&] { m_frame.clear(), hand().openTab(rest); }},
         {u"in"_s, [&] { m_frame = rest; }},
+        {u"sample"_s,
+         [&] {
+             trigger({}, rest.section(u" of "_s, 0, 0));
+             hand().enter(u"Criterion = Vessel; Value = %1; Search"_s.arg(rest.section(u" of "_s, 1)));
+             front()->findChild<QTabWidget*>()->setCurrentIndex(1);
+         }},
         {u"go"_s, [&] { hand().move(rest.section(u' ', 0, -2), rest.section(u' ', -1)); }},
         {u"minimize"_s, [&] { front()->showMinimized(); }},
         {u"keys"_s, [&] { pressKeys(rest); }},

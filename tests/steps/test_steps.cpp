@@ -15,6 +15,7 @@ using namespace Qt::StringLiterals;
 ///     * What the case is about
 ///     sql delete from fish where fishno = 2          another program changes the file
 ///     open Species Composition                       a button of the toolbar; of a menu: open Report/Gonad Maturity
+///     sample Length Frequency of Sea Star            the entry of a sampling screen, at a vessel's first operation
 ///     show Search                                    an open screen, by the menu "Windows"
 ///     close, minimize, restart                       the screen in front; the program
 ///     tab Species Composition                        a tab of the screen in front
