@@ -103,7 +103,8 @@ private Q_SLOTS:
         m_store.execute(
             "insert into gonad_detail(optid, spid, samplingno, sex, stage) select replace(b, '-', ''), fishno, "
             "csv.rowid,"
-            " iif(c like 'f%', 'Female', iif(c like 'm%', 'Male', 'None')), d from csv join fish on genus = a");
+            " case substr(lower(c), 1, 1) when 'f' then 'Female' when 'm' then 'Male' else 'None' end, d"
+            " from csv join fish on genus = a");
         transaction.commit();
     }
 
@@ -154,8 +155,9 @@ private Q_SLOTS:
             }
         }
         compare(shown,
-                "select iif(a like '%ruffe%', 'ruffe', 'whitefish'), substr(b, 1, 4), iif(e = '', '', c || '|') ||"
-                " month_name(b || '-15'), iif(e = '', c, d || '-s'), iif(e = '', d, e) from csv"
+                "select case when a like '%ruffe%' then 'ruffe' else 'whitefish' end, substr(b, 1, 4),"
+                " case when e = '' then '' else c || '|' end || month_name(b || '-15'),"
+                " case when e = '' then c else d || '-s' end, case when e = '' then d else e end from csv"
                 " where file like 'gonad_s%' and b <> ''");
     }
 };
