@@ -147,7 +147,7 @@ void measureStart(benchmark::State& state, const QString& path) {
 void measureLogin(benchmark::State& state, const QString& path) {
     for ([[maybe_unused]] auto round : state) {
         const auto waited = measured(15, [&] {
-            test::ScriptedDialogs dialogs;
+            test::PlannedDialogs dialogs;
             Program program(path, dialogs);
             program.start();
             QCoreApplication::processEvents();

@@ -3,8 +3,8 @@
 #include "data/connection.h"
 #include "database.h"
 #include "shell/main_window.h"
+#include "support/planned_dialogs.h"
 #include "support/screen_driver.h"
-#include "support/scripted_dialogs.h"
 
 #include <QTemporaryDir>
 
@@ -40,7 +40,7 @@ public:
     [[nodiscard]] QString file(const QString& name) const { return m_folder.filePath(name); }
     [[nodiscard]] int deskOperation() const { return m_size.operations - 1; }
 
-    test::ScriptedDialogs dialogs;
+    test::PlannedDialogs dialogs;
     Session session{u"Administrator"_s, u"kelvora"_s, u"Port Sampler"_s};
 
     /// A report's connection, to ask for its data without its screen.

@@ -110,7 +110,7 @@ struct Report {
                 .before =
                     [=](Office& at) {
                         before(at);
-                        at.dialogs.expectSaveFile(at.file(u"report.csv"_s));
+                        at.dialogs.expect(u"? save file -> "_s + at.file(u"report.csv"_s));
                     },
                 .run = [*this](Office& at) { open(at).press(u"EXPORT"_s); },
                 .direct = direct,

@@ -63,7 +63,7 @@ Action saveOperation(const Office& office) {
                         hand.choose(field, row);
                     }
                     hand.type(u"Total Catch (kg/trip)"_s, u"80.5"_s);
-                    at.dialogs.expectMessage(u"Insert Complete"_s);
+                    at.dialogs.expect(u"! Kelvora: Insert Complete"_s);
                 },
             .run = [=](Office& at) { screen(at).press(u"SAVE"_s); },
             .direct = {"INSERT INTO fishoperation VALUES (" + number +
@@ -108,7 +108,7 @@ Action saveGroup(const std::string& desk) {
                         group.type(u"Weight"_s, u"4"_s);
                         group.press(u"ADD"_s);
                     }
-                    at.dialogs.expectConfirm(u"CONFIRM"_s, u"Are you sure to 'SAVE' this group"_s, true);
+                    at.dialogs.expect(u"? CONFIRM: Are you sure to 'SAVE' this group -> Yes"_s);
                 },
             .run = [](Office& at) { composition(at).within(u"Sampling group"_s).press(u"SAVE"_s); },
             .direct = saved(inserts),
@@ -134,7 +134,7 @@ Action saveLengths(const std::string& desk) {
                         hand.key(u"Frequency"_s, Qt::Key_Return);
                     }
                     hand.press(u"FINISH"_s);
-                    at.dialogs.expectConfirm(u"Confirm"_s, u"Are you sure to insert this data"_s, true);
+                    at.dialogs.expect(u"? Confirm: Are you sure to insert this data -> Yes"_s);
                 },
             .run = [](Office& at) { lengths(at).press(u"SAVE"_s); },
             .direct = saved(inserts),
@@ -151,7 +151,7 @@ test::ScreenDriver measuring(Office& at) {
 }
 
 void expectFish(Office& at, int count) {
-    at.dialogs.expectOpenFile(written(at, u"fish.csv"_s, fishFile(count)));
+    at.dialogs.expect(u"? open file -> "_s + written(at, u"fish.csv"_s, fishFile(count)));
 }
 
 Action saveFish(const std::string& desk) {
@@ -166,7 +166,7 @@ Action saveFish(const std::string& desk) {
                     const auto hand = measuring(at);
                     expectFish(at, 30);
                     hand.press(u"IMPORT"_s);
-                    at.dialogs.expectConfirm(u"Confirm"_s, u"Are you sure to add this data to database"_s, true);
+                    at.dialogs.expect(u"? Confirm: Are you sure to add this data to database -> Yes"_s);
                 },
             .run = [](Office& at) { gonads(at).press(u"SAVE"_s); },
             .direct = inserts,
@@ -191,7 +191,7 @@ void addImport(std::vector<Action>& actions, const Import& import) {
         for (int i = 1; i <= 5000; ++i) {
             bytes += QByteArray(import.record).replace('#', QByteArray::number(i));
         }
-        at.dialogs.expectOpenFile(written(at, import.name + u".csv"_s, bytes));
+        at.dialogs.expect(u"? open file -> "_s + written(at, import.name + u".csv"_s, bytes));
     };
     actions.push_back({.name = u"read a file of 5,000 "_s + import.name,
                        .before =
@@ -207,7 +207,7 @@ void addImport(std::vector<Action>& actions, const Import& import) {
                            [=](Office& at) {
                                expect(at);
                                frame(at).press(u"Import"_s);
-                               at.dialogs.expectConfirm(u"CONFIRM"_s, u"Are you sure to insert '5000' data"_s, true);
+                               at.dialogs.expect(u"? CONFIRM: Are you sure to insert '5000' data -> Yes"_s);
                            },
                        .run = [=](Office& at) { frame(at).press(import.save); },
                        .direct = {import.direct},

@@ -4,8 +4,8 @@
 #include "demo/demo_year.h"
 #include "shell/login_dialog.h"
 #include "shell/main_window.h"
+#include "support/planned_dialogs.h"
 #include "support/screen_driver.h"
-#include "support/scripted_dialogs.h"
 #include "support/temporary_store.h"
 #include "support/test_main.h"
 
@@ -89,7 +89,7 @@ private:
     test::TemporaryStore m_store;
     QString m_path;
     Session m_session;
-    test::ScriptedDialogs m_dialogs;
+    test::PlannedDialogs m_dialogs;
     std::unique_ptr<MainWindow> m_window;
 
 private Q_SLOTS:
@@ -123,12 +123,13 @@ private Q_SLOTS:
         ports.type(u"Sampling port"_s, u"Polperro"_s);
         savePage(u"general_information"_s);
         hand.openTab(u"Target Species"_s);
-        m_dialogs.expectOpenFile(u"" KELVORA_SOURCE_FOLDER "/tests/files/species_import_world_fishes.csv"_s);
+        m_dialogs.expect(u"? open file -> "_s + u"" KELVORA_SOURCE_FOLDER
+                                                "/tests/files/species_import_world_fishes.csv"_s);
         hand.within(u"IMPORT"_s).press(u"Import"_s);
         hand.within(u"IMPORT"_s).edit(u"Species file"_s)->setText(u"/home/sampler/species.csv"_s);
         savePage(u"species"_s);
         hand.openTab(u"Fishing Vessel"_s);
-        m_dialogs.expectOpenFile(u"" KELVORA_SOURCE_FOLDER "/demo/data/vessels.csv"_s);
+        m_dialogs.expect(u"? open file -> "_s + u"" KELVORA_SOURCE_FOLDER "/demo/data/vessels.csv"_s);
         const auto import = hand.within(u"Vessel import"_s);
         import.press(u"Import"_s);
         import.edit(u"Vessel file"_s)->setText(u"/home/sampler/vessels.csv"_s);
@@ -186,7 +187,8 @@ private Q_SLOTS:
         hand.openTab(u"Gonad Maturity Detail"_s);
         hand.choose(u"Species"_s, u"Prosopium williamsonii"_s);
         hand.press(u"ADD SAMPLING >>"_s);
-        m_dialogs.expectOpenFile(u"" KELVORA_SOURCE_FOLDER "/tests/files/gonad_import_mountain_whitefish.csv"_s);
+        m_dialogs.expect(u"? open file -> "_s + u"" KELVORA_SOURCE_FOLDER
+                                                "/tests/files/gonad_import_mountain_whitefish.csv"_s);
         hand.press(u"IMPORT"_s);
         savePage(u"gonad_maturity"_s);
     }

@@ -116,7 +116,7 @@ private Q_SLOTS:
         });
         connect(&button, &QPushButton::clicked, this, handler);
         for (const int times : {1, 2}) {
-            m_store.dialogs.expectMessage(u"This could not be done: the program made a mistake."_s);
+            m_store.dialogs.expect(u"! Kelvora: This could not be done: the program made a mistake."_s);
             button.click();
             QCOMPARE(begun, times);
             QVERIFY(m_store.dialogs.done());

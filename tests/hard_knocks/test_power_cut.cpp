@@ -109,7 +109,7 @@ private Q_SLOTS:
             const int done = workUntilCut(random, seed, cut % 2 == 0);
             all += done;
             // The program starts on the file as the cut left it, without a word.
-            test::ScriptedDialogs dialogs;
+            test::PlannedDialogs dialogs;
             QVERIFY(Program(m_path, dialogs).start());
             Connection db(m_path);
             QCOMPARE(test::rows(db, Sql("pragma integrity_check")), QStringList{u"ok"_s});

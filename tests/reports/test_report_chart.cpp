@@ -36,7 +36,7 @@ private Q_SLOTS:
         QCOMPARE(copied.size(), chart.viewport()->size() * 2);
         QCOMPARE(copied.pixelColor(3, 3), QColor(Qt::white));
         const auto saved = [&](const QString& name) {
-            store.dialogs.expectSavePicture(store.file(name));
+            store.dialogs.expect(u"? save picture -> "_s + store.file(name));
             save->trigger();
             QFile file(store.file(name));
             return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -48,10 +48,10 @@ private Q_SLOTS:
         QVERIFY(drawing.contains("<svg") && drawing.contains(">Catch<"));
         // Markup in a name is shown as it is written, and two groups of one name stay two.
         QCOMPARE(drawing.count("&lt;b&gt;"), 2);
-        store.dialogs.expectSavePicture(std::nullopt);
+        store.dialogs.expect(u"? save picture -> cancel"_s);
         save->trigger();
-        store.dialogs.expectSavePicture(store.file(u"no such folder/catch.png"_s));
-        store.dialogs.expectMessageContaining(u"no such folder"_s);
+        store.dialogs.expect(u"? save picture -> "_s + store.file(u"no such folder/catch.png"_s));
+        store.dialogs.expect(u"! Kelvora: …no such folder…"_s);
         save->trigger();
         QVERIFY(store.dialogs.done());
         QCOMPARE(chart.grab().toImage(), before);

@@ -50,7 +50,7 @@ private Q_SLOTS:
                 QVERIFY(dialog.isVisible() && hand.focused(u"PASSWORD"_s));
                 hand.type(u"PASSWORD"_s, password);
                 if (!message.isEmpty()) {
-                    store.dialogs.expectMessage(message);
+                    store.dialogs.expect(u"! Kelvora: "_s + message);
                 }
                 const qsizetype before = signedIn.count();
                 key ? hand.key(u"PASSWORD"_s, Qt::Key_Return) : hand.press(u"Log in"_s);

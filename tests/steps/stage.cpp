@@ -175,7 +175,7 @@ QString Stage::play(const StepCase& steps) {
 
 /// One step with the boxes that come and the rows that change.
 QString Stage::perform(Step step) {
-    for (ExpectedBox& box : step.boxes) {
+    for (PlannedBox& box : step.boxes) {
         if (box.answer && (box.title == u"open file"_s || box.title.startsWith(u"save "_s))) {
             const QString real = u"" KELVORA_TEST_FILES "/"_s + *box.answer;
             box.answer = QFile::exists(real) ? real : m_store.file(*box.answer);

@@ -39,7 +39,7 @@ private:
     void elsewhere(const QString& statement) const;
 
     TemporaryStore m_store;
-    StepDialogs m_dialogs;
+    PlannedDialogs m_dialogs{PlannedDialogs::Noted};
     std::unique_ptr<MainWindow> m_window;
     bool m_obstacles;
     QString m_frame;

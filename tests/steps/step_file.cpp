@@ -25,19 +25,6 @@ QString filled(QString line) {
     return line.replace(u"\\n"_s, u"\n"_s);
 }
 
-/// "TITLE: TEXT -> ANSWER" behind "?" or "!".
-ExpectedBox boxOf(const QString& line) {
-    const bool asks = line.startsWith(u'?');
-    const QString said = filled(line.mid(1).trimmed());
-    const qsizetype arrow = asks ? said.lastIndexOf(u" -> "_s) : -1;
-    const QString box = arrow < 0 ? said : said.first(arrow);
-    const QString answer = arrow < 0 ? QString() : said.sliced(arrow + 4).trimmed();
-    const qsizetype colon = box.indexOf(u": "_s);
-    return {asks ? u"question"_s : u"message"_s, colon < 0 ? box : box.first(colon),
-            colon < 0 ? QString() : box.sliced(colon + 2),
-            !asks || answer == u"cancel"_s ? std::nullopt : std::optional(answer)};
-}
-
 /// The lines between "each" and "end", once for each row of values: {1}, {2} … stand for its cells.
 QList<Line> repeated(const QList<Line>& lines) {
     QList<Line> all;
@@ -74,7 +61,7 @@ void append(QList<Step>& steps, const Line& line) {
     const QString& text = line.text;
     const bool change = text.startsWith(u"+ "_s) || text.startsWith(u"- "_s);
     if (text.startsWith(u'?') || text.startsWith(u'!')) {
-        steps.last().boxes.append(boxOf(text));
+        steps.last().boxes.append(PlannedBox::of(filled(text)));
     } else if (change) {
         const QString sign = text.first(2);
         for (const QString& row : text.mid(2).split(u" // "_s)) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "step_dialogs.h"
+#include "support/planned_dialogs.h"
 
 namespace kelvora::test {
 
@@ -8,9 +8,9 @@ namespace kelvora::test {
 struct Step {
     int number = 0;
     QString verb, rest;
-    QStringList block = {};         ///< the lines with "|"
-    QList<ExpectedBox> boxes = {};  ///< the lines with "?" and "!"
-    QStringList changes = {};       ///< the rows with "+" and "-"
+    QStringList block = {};        ///< the lines with "|"
+    QList<PlannedBox> boxes = {};  ///< the lines with "?" and "!"
+    QStringList changes = {};      ///< the rows with "+" and "-"
     bool once = false;
 };
 

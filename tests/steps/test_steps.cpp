@@ -1,3 +1,4 @@
+#include "hard_knocks/system_calls.h"
 #include "stage.h"
 #include "support/test_main.h"
 
@@ -76,6 +77,7 @@ private Q_SLOTS:
             m_cases += test::casesOf(files.next());
         }
         QVERIFY(!m_cases.isEmpty());
+        test::waitedForLocks();  // and from here on not a second for each held file
         // What the driver cannot find ends the test at once: then the case is named.
         s_report = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& at, const QString& text) {
             s_report(type, at, type == QtFatalMsg ? s_case + u": "_s + text : text);

@@ -2,7 +2,7 @@
 
 #include "controls/screen.h"
 #include "data/connection.h"
-#include "support/scripted_dialogs.h"
+#include "support/planned_dialogs.h"
 
 #include <QStringList>
 #include <QTemporaryDir>
@@ -49,7 +49,7 @@ public:
     void addSmallYear();
 
     Session session;
-    ScriptedDialogs dialogs;
+    PlannedDialogs dialogs;
 
 private:
     QTemporaryDir m_folder;
