@@ -44,18 +44,12 @@ class TestEveryControl : public QObject {
     /// What a screen reader calls a control: the caption beside it, or a name or text of its own. The row that a list
     /// shows is not its name.
     static QString name(QWidget* widget) {
+        QString name = widget->accessibleName();
         for (const QLabel* label : widget->window()->findChildren<QLabel*>()) {
-            if (label->buddy() == widget) {
-                return label->text().trimmed();
-            }
+            name += label->buddy() == widget ? label->text() : QString();
         }
-        const QString own = widget->accessibleName().trimmed();
-        return own.isEmpty() && isOne(widget, {"QAbstractButton"}) ? widget->property("text").toString().trimmed()
-                                                                   : own;
-    }
-
-    static QString described(QWidget* widget) {
-        return u"%1 \"%2\""_s.arg(QString::fromLatin1(widget->metaObject()->className()), name(widget));
+        return (name + (isOne(widget, {"QAbstractButton"}) ? widget->property("text").toString() : QString()))
+            .trimmed();
     }
 
     /// The keys that go to a control with Alt.
@@ -67,7 +61,7 @@ class TestEveryControl : public QObject {
         for (const QWidget* widget : screen.findChildren<QWidget*>()) {
             const auto* label = qobject_cast<const QLabel*>(widget);
             if (widget->isVisible() && (label == nullptr || label->buddy() != nullptr)) {
-                texts += widget->property(isOne(widget, {"QGroupBox"}) ? "title" : "text").toString();
+                texts << widget->property("title").toString() << widget->property("text").toString();
             }
             const auto* tabs = qobject_cast<const QTabWidget*>(widget);
             for (int i = 0; tabs != nullptr && i < tabs->count(); ++i) {
@@ -83,44 +77,33 @@ class TestEveryControl : public QObject {
         return keys;
     }
 
-    /// One round of the Tab key, from its first stop on.
-    static QList<QWidget*> round(const QWidget& screen) {
-        QList<QWidget*> stops;
-        for (QWidget* at = QApplication::focusWidget(); at != nullptr && !stops.contains(at);
-             at = QApplication::focusWidget()) {
-            if (screen.isAncestorOf(at)) {
-                stops += at;
-            }
-            QTest::keyClick(at, Qt::Key_Tab);
-        }
-        const auto corner = [&](QWidget* stop) { return place(screen, stop).manhattanLength(); };
-        std::rotate(stops.begin(), std::ranges::min_element(stops, {}, corner), stops.end());
-        return stops;
-    }
-
-    static QPoint place(const QWidget& screen, const QWidget* widget) {
-        return widget->mapTo(&screen, widget->rect().center());
-    }
-
     void look(const QWidget& screen) const {
         const QList<QChar> keys = mnemonics(screen);
         for (const QChar key : keys) {
             QVERIFY2(keys.count(key) == 1, qPrintable(u"Alt+%1 is taken twice"_s.arg(key)));
         }
-        const QList<QWidget*> stops = round(screen);
-        for (qsizetype i = 1; i < stops.size(); ++i) {
-            const QPoint way = place(screen, stops[i]) - place(screen, stops[i - 1]);
-            QVERIFY2(way.x() > 0 || way.y() > 0,
-                     qPrintable(u"%1 comes behind %2"_s.arg(described(stops[i]), described(stops[i - 1]))));
+        QList<QWidget*> stops;
+        for (QWidget* at = QApplication::focusWidget(); !stops.contains(at); at = QApplication::focusWidget()) {
+            stops += at;
+            QTest::keyClick(at, Qt::Key_Tab);
         }
+        // The round goes to the right or down, but for its last step.
+        QStringList back;
+        for (QWidget* stop : stops) {
+            QWidget* next = stops[(stops.indexOf(stop) + 1) % stops.size()];
+            const QPoint way =
+                next->mapTo(m_window.get(), next->rect().center()) - stop->mapTo(m_window.get(), stop->rect().center());
+            back += way.x() > 0 || way.y() > 0 ? QStringList() : QStringList{name(next)};
+        }
+        QVERIFY2(back.size() == 1, qPrintable(back.join(u", "_s) + u" are behind what comes later"_s));
         const QList<QWidget*> shown = controls(screen);
         QVERIFY(!shown.isEmpty());
         for (QWidget* control : shown) {
-            QVERIFY2(!name(control).isEmpty(), qPrintable(described(control) + u" has no name"_s));
+            QVERIFY2(!name(control).isEmpty(), control->metaObject()->className());
             // Of options, Tab reaches the one that is chosen.
             const bool other = isOne(control, {"QRadioButton"}) && !control->property("checked").toBool();
             const bool left = other || !control->isEnabled() || (control->focusPolicy() & Qt::TabFocus) == 0;
-            QVERIFY2(left || stops.contains(control), qPrintable(described(control) + u" is not reached with Tab"_s));
+            QVERIFY2(left || stops.contains(control), qPrintable(name(control) + u" is not reached with Tab"_s));
         }
     }
 
@@ -128,43 +111,35 @@ class TestEveryControl : public QObject {
     std::unique_ptr<MainWindow> m_window;
 
 private Q_SLOTS:
-    void initTestCase() { m_store.addSmallYear(); }
-
-    void init() {
+    void everyScreen() {
+        m_store.addSmallYear();
         m_window = std::make_unique<MainWindow>(m_store.context());
         m_window->resize(1366, 768);
         m_window->show();
         m_window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-    }
-
-    void everyScreen_data() {
-        QTest::addColumn<int>("entry");
-        QTest::addColumn<int>("operation");
         constexpr int screens = 11;
-        for (int entry = 0; entry < screens; ++entry) {
-            QTest::addRow("screen %d", entry) << entry << 0;
-            QTest::addRow("screen %d on an operation", entry) << entry << 1;
-        }
-    }
-    void everyScreen() {
-        QFETCH(int, entry);
-        QFETCH(int, operation);
-        m_store.session.lastSavedOperation = operation;
-        m_window->findChildren<QAction*>(QString(), Qt::FindDirectChildrenOnly).at(entry)->trigger();
-        QWidget* screen = m_window->findChild<QMdiArea*>()->activeSubWindow()->widget();
-        // With an operation to sample from, there is nothing to find on the first tab.
-        const bool onTabs = operation != 0 && qobject_cast<QTabBar*>(QApplication::focusWidget()) != nullptr;
-        QVERIFY2(onTabs || controls(*screen).contains(QApplication::focusWidget()), "the keyboard is not in a field");
-        if (m_window->findChild<QMdiSubWindow*>()->windowTitle() == u"Search" && operation != 0) {
-            test::ScreenDriver(screen).enter(u"Criterion = Vessel; Value = Sea Star; SEARCH"_s);
-        }
-        look(*screen);
-        for (QTabWidget* folder : screen->findChildren<QTabWidget*>()) {
-            for (int i = 1; i < folder->count() && !QTest::currentTestFailed(); ++i) {
-                folder->setCurrentIndex(i);
+        // First without, then with an operation to go on with.
+        for (int i = 0; i < 2 * screens && !QTest::currentTestFailed(); ++i) {
+            m_store.session.lastSavedOperation = i / screens;
+            m_window->findChildren<QAction*>(QString(), Qt::FindDirectChildrenOnly).at(i % screens)->trigger();
+            QMdiSubWindow* frame = m_window->findChild<QMdiArea*>()->activeSubWindow();
+            QWidget* screen = frame->widget();
+            QWidget* focus = QApplication::focusWidget();
+            // With an operation to sample from, there is nothing to find on the first tab.
+            const bool onTabs = i >= screens && qobject_cast<QTabBar*>(focus) != nullptr;
+            QVERIFY2(onTabs || controls(*screen).contains(focus), "the keyboard is not in a field");
+            if (frame->windowTitle() == u"Search" && i >= screens) {
+                test::ScreenDriver(screen).enter(u"Criterion = Vessel; Value = Sea Star; SEARCH"_s);
+            }
+            look(*screen);
+            auto* folder = screen->findChild<QTabWidget*>();
+            for (int tab = 1; folder != nullptr && tab < folder->count() && !QTest::currentTestFailed(); ++tab) {
+                folder->setCurrentIndex(tab);
                 look(*screen);
             }
+            frame->close();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         }
     }
 };
