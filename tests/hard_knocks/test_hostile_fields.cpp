@@ -70,6 +70,7 @@ class TestHostileFields : public QObject {
         test::TemporaryStore store;
         store.addSmallYear();
         test::Desk desk(store.path());
+        desk.dialogs.typed = text;
         desk.session.lastSavedOperation = *what.steps == '\0' ? 0 : 1;
         if (what.place == test::Search) {
             desk.open(what.place).enter(u"Criterion = State/Province; Value = Alpha; SEARCH"_s);
