@@ -16,30 +16,10 @@ namespace kelvora::test {
 /// The screens of the main window in the order of its entries.
 enum Place { General, Operations, Composition, Lengths, Gonads, Search, Password, CatchReport };
 
-/// Something that is filled in on a tab, in a frame if it has a name, and the button that stores it.
-struct Filled {
-    const char* name;
-    int place;
-    const char* tab;
-    const char* frame;
-    const char* steps;
-    const char* button;
-};
-
-inline constexpr Filled kOperation = {
-    "operation",
-    Operations,
-    "",
-    "",
+inline constexpr auto kOperation =
     "Vessel Name = Sea Star; Fishing Gear = Trawl; Fishing Method = Pair; Fishing Area = A2; Note = rain; "
-    "Total Catch (kg/trip) = 120.5; Landing State/Province = Alpha; Landing Port = Bex",
-    "SAVE"};
-inline constexpr Filled kSingleSpecies = {"single species",
-                                          Composition,
-                                          "Species Composition",
-                                          "Single species",
-                                          "Species = Nemipterus virgatus; Weight = 4",
-                                          "Add"};
+    "Total Catch (kg/trip) = 120.5; Landing State/Province = Alpha; Landing Port = Bex";
+inline constexpr auto kSingleSpecies = "Species = Nemipterus virgatus; Weight = 4";
 
 /// Boxes of a sampler who waits for a file that another program holds, or does not.
 struct Boxes : RecordingDialogs {
@@ -51,22 +31,15 @@ struct Boxes : RecordingDialogs {
 struct Desk {
     explicit Desk(const QString& path) : window({path, session, dialogs}) { window.show(); }
 
-    /// Opens a screen, or brings it to the front as its key does.
-    ScreenDriver open(int place, const QString& tab = {}) {
+    /// Opens a screen, or brings it to the front as its key does; a tab and a frame of it.
+    ScreenDriver open(int place, const QString& tab = {}, const QString& frame = {}) {
         Q_EMIT window.findChildren<QAction*>(QString(), Qt::FindDirectChildrenOnly).at(place)->triggered();
         QCoreApplication::processEvents();
         const ScreenDriver hand(front()->widget());
         if (!tab.isEmpty()) {
             hand.openTab(tab);
         }
-        return hand;
-    }
-    /// Fills in everything but the press of the button; gives the frame with the button.
-    ScreenDriver fill(const Filled& filled) {
-        const ScreenDriver screen = open(filled.place, QString::fromLatin1(filled.tab));
-        const ScreenDriver frame = *filled.frame == '\0' ? screen : screen.within(QString::fromLatin1(filled.frame));
-        frame.enter(QString::fromUtf8(filled.steps));
-        return frame;
+        return frame.isEmpty() ? hand : hand.within(frame);
     }
     [[nodiscard]] QMdiSubWindow* front() const { return window.findChild<QMdiArea*>()->currentSubWindow(); }
 

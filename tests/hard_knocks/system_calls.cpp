@@ -9,21 +9,13 @@
 namespace kelvora::test {
 namespace {
 
-WriteHook& writeHook() {
-    static WriteHook hook;
-    return hook;
-}
-
+WriteHook writeHook;
 int writeError = ENOSPC;
-
-std::function<int()>& removalHook() {
-    static std::function<int()> hook;
-    return hook;
-}
+std::function<int()> removalHook;
+long long slept = 0;
 
 ssize_t writeAt(int file, const void* bytes, std::size_t size, off_t at) {
-    const std::size_t taken = writeHook() ? writeHook()(file, bytes, size, at) : size;
-    if (taken < size) {
+    if (writeHook(file, bytes, size, at) < size) {
         errno = writeError;
         return -1;
     }
@@ -31,7 +23,7 @@ ssize_t writeAt(int file, const void* bytes, std::size_t size, off_t at) {
 }
 
 int removeFile(const char* path) {
-    errno = removalHook() ? removalHook()() : 0;
+    errno = removalHook();
     return errno == 0 ? unlink(path) : -1;
 }
 
@@ -46,8 +38,6 @@ int openFolder(const char* /*path*/, int* opened) {
     return SQLITE_OK;
 }
 
-long long slept = 0;
-
 int sleepNot(sqlite3_vfs* /*engine*/, int microseconds) {
     slept += microseconds;
     return microseconds;
@@ -61,7 +51,7 @@ void replace(const char* call, sqlite3_syscall_ptr function) {
 }  // namespace
 
 void interceptWrites(const WriteHook& hook, int error) {
-    writeHook() = hook;
+    writeHook = hook;
     writeError = error;
     for (const char* call : {"pwrite", "pwrite64"}) {
         replace(call, reinterpret_cast<sqlite3_syscall_ptr>(&writeAt));
@@ -69,7 +59,7 @@ void interceptWrites(const WriteHook& hook, int error) {
 }
 
 void interceptRemovals(const std::function<int()>& hook) {
-    removalHook() = hook;
+    removalHook = hook;
     replace("unlink", reinterpret_cast<sqlite3_syscall_ptr>(&removeFile));
 }
 

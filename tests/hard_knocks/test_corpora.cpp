@@ -14,21 +14,20 @@ namespace kelvora::test_corpora {
 class TestCorpora : public QObject {
     Q_OBJECT
 
-    static void tryAll(const QString& folder, void (*target)(const QByteArray&)) {
-        QDirIterator files(u"" KELVORA_CORPORA "/"_s + folder, QDir::Files);
-        QVERIFY(files.hasNext());
-        while (files.hasNext()) {
-            QFile file(files.next());
-            qInfo("%s", qPrintable(file.fileName()));
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            target(file.readAll());
+private Q_SLOTS:
+    void tryAll() {
+        for (const auto& [folder, target] :
+             {std::pair(u"csv"_s, &fuzz::tryCsv), {u"sql"_s, &fuzz::trySql}, {u"numbers"_s, &fuzz::tryNumbers}}) {
+            QDirIterator files(u"" KELVORA_CORPORA "/"_s + folder, QDir::Files);
+            QVERIFY(files.hasNext());
+            while (files.hasNext()) {
+                QFile file(files.next());
+                qInfo("%s", qPrintable(file.fileName()));
+                QVERIFY(file.open(QIODevice::ReadOnly));
+                target(file.readAll());
+            }
         }
     }
-
-private Q_SLOTS:
-    void csv() { tryAll(u"csv"_s, &fuzz::tryCsv); }
-    void sql() { tryAll(u"sql"_s, &fuzz::trySql); }
-    void numbers() { tryAll(u"numbers"_s, &fuzz::tryNumbers); }
 };
 
 KELVORA_TEST(TestCorpora, "corpora");

@@ -24,12 +24,9 @@ class TestSecondStart : public QObject {
 
     template <typename Window>
     static Window* shownWindow() {
-        for (QWidget* widget : QApplication::topLevelWidgets()) {
-            if (auto* window = qobject_cast<Window*>(widget); window != nullptr && window->isVisible()) {
-                return window;
-            }
-        }
-        return nullptr;
+        QWidgetList all = QApplication::topLevelWidgets();
+        all.removeIf([](const QWidget* one) { return !one->isVisible() || !qobject_cast<const Window*>(one); });
+        return qobject_cast<Window*>(all.value(0));
     }
 
     /// The program, started by a user whose data folder is a folder of the test's.

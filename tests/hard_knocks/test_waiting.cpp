@@ -38,38 +38,32 @@ private Q_SLOTS:
         QCOMPARE(store.session.login, u"Administrator"_s);
     }
 
-    void saves_data() {
-        QTest::addColumn<bool>("givenUp");
-        QTest::newRow("until the file is free") << false;
-        QTest::newRow("given up") << true;
-    }
     void saves() {
-        QFETCH(bool, givenUp);
-        test::TemporaryStore store;
-        store.addSmallYear();
-        test::Desk desk(store.path());
-        desk.dialogs.patient = true;
-        const test::ScreenDriver hand = desk.fill(test::kOperation);
-        store.execute("begin immediate");
-        QTimer::singleShot(900, &desk.window, [&] {
-            // A screen reader gets at buttons behind a box, the desktop at windows.
+        for (const bool givenUp : {false, true}) {
+            test::TemporaryStore store;
+            store.addSmallYear();
+            test::Desk desk(store.path());
+            desk.dialogs.patient = true;
+            const test::ScreenDriver hand = desk.open(test::Operations);
+            hand.enter(QLatin1String(test::kOperation));
+            store.execute("begin immediate");
+            QTimer::singleShot(900, &desk.window, [&] {
+                // A screen reader gets at buttons behind a box, the desktop at windows.
+                hand.press(u"SAVE"_s);
+                desk.window.close();
+                desk.front()->close();
+                givenUp ? cancelOfBox()->click() : store.execute("rollback");
+            });
             hand.press(u"SAVE"_s);
-            desk.window.close();
-            desk.front()->close();
-            givenUp ? cancelOfBox()->click() : store.execute("rollback");
-        });
-        hand.press(u"SAVE"_s);
-        QVERIFY(desk.front() != nullptr && desk.window.isVisible());
-        if (givenUp) {
-            QCOMPARE(std::exchange(desk.dialogs.said, {}),
-                     QStringList{u"Kelvora: Nothing was stored or deleted: another program is using the data file. "
-                                 "Please try again."_s});
-            store.execute("rollback");
-            QCOMPARE(store.rows("select count(*) from fishoperation"), QStringList{u"3"_s});
-            hand.press(u"SAVE"_s);
+            QVERIFY(desk.front() != nullptr && desk.window.isVisible());
+            if (givenUp) {
+                QVERIFY(std::exchange(desk.dialogs.said, {}).join(u'\n').contains(u"another program is using"));
+                store.execute("rollback");
+                hand.press(u"SAVE"_s);
+            }
+            QCOMPARE(desk.dialogs.said, QStringList{u"Kelvora: Insert Complete"_s});
+            QCOMPARE(store.rows("select count(*) from fishoperation"), QStringList{u"4"_s});
         }
-        QCOMPARE(desk.dialogs.said, QStringList{u"Kelvora: Insert Complete"_s});
-        QCOMPARE(store.rows("select count(*) from fishoperation"), QStringList{u"4"_s});
     }
 };
 

@@ -85,10 +85,7 @@ inline constexpr std::array kWorks = {
          "select max(stateid) + 1 as stateid from state", "State/Province = State {n}; Sampling port = Port {n}; ADD",
          R"(insert into state values ({stateid}, 'State {n}');;
             insert into samplingport select max(samplingid) + 1, 'Port {n}', {stateid} from samplingport)"},
-    Work{"add a method", 1, General, "General", "New fishing method", "select gearid, guname from Fishing_gear",
-         "Fishing gear = {guname}; Fishing Method = Way {n}; Add",
-         "insert into Fishing_method select max(methodid) + 1, 'Way {n}', {gearid} from Fishing_method"},
-    Work{"add a method of a new gear", 1, General, "General", "New fishing method",
+    Work{"add a method", 1, General, "General", "New fishing method",
          "select max(gearid) + 1 as gearid from Fishing_gear", "Fishing gear = Gear {n}; Fishing Method = Way {n}; Add",
          R"(insert into Fishing_gear values ({gearid}, 'Gear {n}');;
             insert into Fishing_method select max(methodid) + 1, 'Way {n}', {gearid} from Fishing_method)"},
@@ -113,12 +110,6 @@ inline constexpr std::array kWorks = {
          "Delete",
          R"(delete from samplingport where samplingid = {samplingid};;
             delete from state where stateid not in (select stateid from samplingport))"},
-    Work{"delete a method", 1, General, "General", "Fishing Gear and Method",
-         R"(select methodid, 'Fishing Gear and Method' as list, methodname as row,
-                case when methodid in (select fishing_method from fishoperation union select gear from vessel)
-                then 'Kelvora: Can not delete fishing gear because this gear used in another table' end as refused
-            from Fishing_method where (select count(*) from Fishing_method) > 2)",
-         "Delete", "delete from Fishing_method where methodid = {methodid}"},
     Work{"delete an area", 1, General, "General", "Fishing Area",
          R"(select 'Fishing Area' as list, aname as row, case when aname in (select areaid from fishoperation)
                 then 'ERROR: Can not delete because this area used in Fishing Operation' end as refused
@@ -223,28 +214,10 @@ inline constexpr std::array kWorks = {
             insert into gonad_detail select {at}, {spid}, 1 + (select count(*) from gonad_detail
                 where optid = {at} and spid = {spid}), tl, tl - 1, tl - 2, tl - 3, bw, sex, stage, gw, gsi
                 from typed where number = {each})"},
-    Work{"correct a weight", 2, Search, "Length Frequency", "",
-         "select samples.*, weight, 'RESULT: Update complete!' as said from samples, chosen where list like 'L%'",
-         "Sample weight (kg.) = {weight}; Update",
-         "update length set weight = {weight} where optid = {at} and spid = {spid}"},
-    Work{"add a class", 2, Search, "Length Frequency", "",
-         "select samples.*, n from samples, chosen where list like 'L%'", "Frequency = {n}; ADD",
-         R"(insert into length_detail select optid, spid, max(upper1), max(upper1) + classinterval,
-                max(upper1) + classinterval / 2, {n}
-                from length_detail join fish on fishno = spid where optid = {at} and spid = {spid})"},
-    Work{"add a fish", 2, Search, "Gonad Matuarity", "",
-         "select samples.*, steps, tl, bw, gw, sex, stage, gsi from samples, typed where list like 'G%'",
-         "{steps}; ADD",
-         R"(insert into gonad_detail select {at}, {spid}, count(*) + 1, {tl}, {tl} - 1, {tl} - 2, {tl} - 3, {bw},
-                '{sex}', {stage}, {gw}, {gsi} from gonad_detail where optid = {at} and spid = {spid})"},
     Work{"delete lengths", 2, Search, "Length Frequency", "", "select * from samples where list like 'L%'",
          "Delete length sample",
          R"(delete from length where optid = {at} and spid = {spid};
             delete from length_detail where optid = {at} and spid = {spid})"},
-    Work{"delete fish", 2, Search, "Gonad Matuarity", "", "select * from samples where list like 'G%'",
-         "Delete gonad sample",
-         R"(delete from gonad where optid = {at} and spid = {spid};
-            delete from gonad_detail where optid = {at} and spid = {spid})"},
     Work{"look at a year", 3, CatchReport, "", "",
          R"(select year, option, 'Result' as grid, (select group_concat(line, char(10)) from
                 (select printf('%s|%d|%.15g|', value, count(*), sum(estotal)) || share(sum(estotal), total) as line
@@ -254,13 +227,6 @@ inline constexpr std::array kWorks = {
             from (select substr(optdate, 1, 4) as year, sum(estotal) as total, criterion, option
                 from known join fishoperation using (optid) where option not null group by 1, 3) as asked)",
          "Year = {year}; Search; {option}", ""},
-    Work{"look at a composition", 3, Search, "Species Composition", "",
-         R"(select optid as at, 'Composition' as grid, (select group_concat(line, char(10)) from
-                (select printf('%s %s|%.2f|', genus, fishname, sum(estotal)) || share(sum(estotal), total) as line
-                from group_composition join fish on fishno = spid where optid = asked.optid
-                group by fishno order by 1)) as shows
-            from (select optid, sum(estotal) as total from group_composition group by optid) as asked)",
-         "", ""},
 };
 
 }  // namespace kelvora::test
