@@ -1,4 +1,5 @@
-#include "data/transaction.h"
+#include "data/crosstab.h"
+#include "data/numbers.h"
 #include "support/temporary_store.h"
 #include "support/test_main.h"
 
@@ -7,10 +8,10 @@
 
 using namespace Qt::StringLiterals;
 
-namespace kelvora::test_transaction {
+namespace kelvora::test_statements {
 
-/// Statements and saving: all or nothing, and nothing left open.
-class TestTransaction : public QObject {
+/// Statements, and the numbers and crosstabs that are made of them; a failure leaves nothing open.
+class TestStatements : public QObject {
     Q_OBJECT
 
     std::unique_ptr<test::TemporaryStore> m_store;
@@ -33,41 +34,14 @@ private Q_SLOTS:
         m_store = std::make_unique<test::TemporaryStore>();
         m_other = std::make_unique<Connection>(m_store->path());
     }
+    /// Whatever happened: nobody holds the file.
     void cleanup() {
-        // Whatever happened: nobody holds the file.
-        QCOMPARE(failure([this] { m_store->db().execute(insert(99)); }), QString());
-        QCOMPARE(failure([this] { m_other->execute(Sql("delete from state")); }), QString());
-    }
-
-    void allOrNothing() {
-        for (const bool commit : {false, true}) {
-            Transaction transaction(m_store->db());
-            m_store->db().execute(insert(1));
-            m_store->db().execute(insert(2));
-            QCOMPARE(stored(), QStringList());
-            if (commit) {
-                transaction.commit();
-            }
-        }
-        QCOMPARE(stored(), (QStringList{u"1"_s, u"2"_s}));
-        // A save outlives a power cut, the deletion of its journal included.
-        QCOMPARE(m_store->rows("pragma synchronous"), QStringList{u"3"_s});
-    }
-
-    void executeThenAskFollowsTheAnswer() {
-        const auto ask = [this](int key, const std::function<bool()>& answer) {
-            return executeThenAsk(m_store->db(), insert(key), answer);
-        };
-        const auto fails = []() -> bool { throw std::runtime_error("asked"); };
-        QVERIFY(!ask(1, [] { return false; }));
-        QCOMPARE(stored(), QStringList());
-        QVERIFY(ask(1, [] { return true; }));
-        QCOMPARE(failure([&] { ask(1, fails); }), u"Nothing was stored or deleted: this key is already stored."_s);
-        QVERIFY_EXCEPTION_THROWN(ask(2, fails), std::runtime_error);
-        QCOMPARE(stored(), QStringList{u"1"_s});
+        QCOMPARE(failure([this] { m_other->execute(insert(99)); }), QString());
     }
 
     void fileReadByAnotherProgramAtTheCommit() {
+        // A save outlives a power cut, the deletion of its journal included.
+        QCOMPARE(m_store->rows("pragma synchronous"), QStringList{u"3"_s});
         m_other->execute(Sql("begin"));
         QCOMPARE(stored(), QStringList());
         const QString message = failure([this] { m_store->db().execute(insert(1)); });
@@ -128,10 +102,69 @@ private Q_SLOTS:
                  QStringList{u"3|3.75|2026-11-22"_s});
         QVERIFY_EXCEPTION_THROWN(Sql("select ") << std::numeric_limits<double>::infinity(), std::invalid_argument);
     }
+
+    void fromText() {
+        const QString zeros(400, u'0');
+        // A text, and the numbers that it is and that it begins with.
+        const std::vector<std::pair<QString, QString>> texts = {
+            {u" -10.25 "_s, u"-10.25 -10.25"_s},
+            {u"1.E3"_s, u"1000 1000"_s},
+            {u"-1e400"_s, u"none -inf"_s},
+            {u"1.7976931348623157e308"_s, u"none inf"_s},  // too large with fifteen digits
+            {u'.' + zeros + u'1', u"0 0"_s},
+            {u'1' + zeros + u"e-400"_s, u"1 1"_s},
+            {u" 3.5 kg"_s, u"none 3.5"_s},
+            {u"1e+"_s, u"none 1"_s},
+        };
+        const auto written = [](double value) { return QString::number(value, 'g', 15); };
+        for (const auto& [text, expected] : texts) {
+            const std::optional<double> number = toNumber(text);
+            QCOMPARE((number ? written(*number) : u"none"_s) + u' ' + written(leadingNumber(text)), expected);
+            QCOMPARE(isNumeric(text), number.has_value());
+        }
+        for (const QString& text : u"|.|--1|abc|e5|0x10|inf|nan|५"_s.split(u'|')) {
+            QVERIFY2(!toNumber(text) && leadingNumber(text) == 0, qPrintable(text));
+        }
+    }
+
+    void toText() {
+        const std::vector<std::tuple<double, QString, QString>> numbers = {
+            {-0.0, u"0"_s, u"0.00"_s},
+            {0.1 + 0.2, u"0.3"_s, u"0.30"_s},
+            {-1.005, u"-1.005"_s, u"-1.01"_s},
+            {-0.004, u"-0.004"_s, u"0.00"_s},
+            {1.0 / 3, u"0.333333333333333"_s, u"0.33"_s},
+            {1234567890123456.0, u"1234567890123460"_s, u"1234567890123460.00"_s},
+            {1e21, u"1e+21"_s, u"1000000000000000000000.00"_s},
+            {1e-9, u"0.000000001"_s, u"0.00"_s},
+            {1e-10, u"1e-10"_s, u"0.00"_s},
+        };
+        for (const auto& [value, plain, rounded] : numbers) {
+            QCOMPARE(plainText(value) + u' ' + twoDecimals(value), plain + u' ' + rounded);
+        }
+    }
+
+    void crosstabs() {
+        const QVariant null;
+        // Of texts that differ in letter case only, the first one found is shown.
+        const ResultSet table = crosstab({{u"Row"_s},
+                                          {{u"Y"_s, 10.0, -2.0},
+                                           {u"x"_s, qlonglong{2}, 0.1},
+                                           {u"X"_s, 2.0, 0.2},
+                                           {u"y"_s, u"B"_s, null},
+                                           {u"y"_s, u"b"_s, qlonglong{4}},
+                                           {null, null, 1.0}}},
+                                         1);
+        QStringList cells(table.columns.begin(), table.columns.end());
+        for (const auto& row : table.rows) {
+            std::ranges::transform(row, std::back_inserter(cells), displayText);
+        }
+        QCOMPARE(cells.join(u'|'), u"Row|<>|2|10|B||1||||x||0.3|||Y|||-2|4"_s);
+    }
 };
 
-KELVORA_TEST(TestTransaction, "transaction");
+KELVORA_TEST(TestStatements, "statements");
 
-}  // namespace kelvora::test_transaction
+}  // namespace kelvora::test_statements
 
-#include "test_transaction.moc"
+#include "test_statements.moc"
