@@ -42,24 +42,26 @@ class TestStore : public QObject {
 
 private Q_SLOTS:
     void refused() {
-        using Store = test::TemporaryStore;
-        const auto changed = [](Literal statement) {
-            return [statement](Store& store) { return store.execute(statement), true; };
+        const qint64 size = bytes(test::TemporaryStore().path()).size();
+        struct Changed {
+            QString reason;
+            qint64 kept;
+            Literal statement;
         };
-        const std::vector<std::pair<QString, std::function<bool(Store&)>>> all = {
-            {u"it is empty"_s, [](Store& store) { return QFile::resize(store.path(), 0); }},
-            {u"it is not a database"_s, [](Store& store) { return QFile::resize(store.path(), 99); }},
-            {u"its end is missing"_s,
-             [](Store& store) { return QFile::resize(store.path(), bytes(store.path()).size() - 1); }},
-            {u"it belongs to another program"_s, changed("PRAGMA application_id = 0")},
-            {u"it was made by a newer version of this program"_s, changed("PRAGMA user_version = 2")},
-            {u"its table gonad_stage is not as it should be"_s, changed("drop table gonad_stage")},
-            {u"its table state is not as it should be"_s, changed("alter table state add column capital")},
-            {u"another program is using the data file"_s, changed("begin exclusive")},
+        const Changed all[] = {
+            {u"it is empty"_s, 0, "begin"},
+            {u"it is not a database"_s, 99, "begin"},
+            {u"its end is missing"_s, size - 1, "begin"},
+            {u"it belongs to another program"_s, size, "pragma application_id = 0"},
+            {u"it was made by a newer version of this program"_s, size, "pragma user_version = 2"},
+            {u"its table gonad_stage is not as it should be"_s, size, "drop table gonad_stage"},
+            {u"its table state is not as it should be"_s, size, "alter table state add column capital"},
+            {u"another program is using the data file"_s, size, "begin exclusive"},
         };
-        for (const auto& [reason, change] : all) {
+        for (const auto& [reason, kept, statement] : all) {
             test::TemporaryStore store;
-            QVERIFY(change(store));
+            store.execute(statement);
+            QVERIFY(QFile::resize(store.path(), kept));
             const QByteArray before = bytes(store.path());
             const QString message = refusal(store.path());
             QVERIFY2(message.contains(reason) && message.contains(store.path()), qPrintable(reason + message));
@@ -77,9 +79,6 @@ private Q_SLOTS:
         QCOMPARE(prepareStore(path).line, u"A new data file was made:\n"_s + path);
         QCOMPARE(prepareStore(path).line, QString());
         QCOMPARE(QDir(folder).entryList(QDir::Files), QStringList{u"data.sqlite"_s});
-        QCOMPARE(one(path, "select login, passwd, count(*) from kelvora_user"), u"Administrator|kelvora|1"_s);
-        QCOMPARE(one(path, "select * from gonad_stage where stageid = 5"), u"5|Spent"_s);
-
         QVERIFY(refusal(folder).contains(u"it is not a file"));
         QVERIFY(QFile::link(store.file(u"nowhere"_s), store.file(u"link"_s)));
         QVERIFY(refusal(store.file(u"link"_s)).contains(u"it is not a file"));
