@@ -2,7 +2,7 @@
 
 #include "controls/progress.h"
 #include "shell/main_window.h"
-#include "support/recording_dialogs.h"
+#include "support/planned_dialogs.h"
 #include "support/screen_driver.h"
 #include "support/temporary_store.h"
 
@@ -22,8 +22,9 @@ inline constexpr auto kOperation =
 inline constexpr auto kSingleSpecies = "Species = Nemipterus virgatus; Weight = 4";
 
 /// Boxes of a sampler who waits for a file that another program holds, or does not.
-struct Boxes : RecordingDialogs {
-    std::function<bool()> waiting() override { return patient ? waitingBox() : RecordingDialogs::waiting(); }
+struct Boxes : PlannedDialogs {
+    Boxes() : PlannedDialogs(Noted) { yes = true; }
+    std::function<bool()> waiting() override { return patient ? waitingBox() : PlannedDialogs::waiting(); }
     bool patient = false;
 };
 

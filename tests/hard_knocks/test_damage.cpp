@@ -4,7 +4,7 @@
 #include "length_of_run.h"
 #include "shell/login_dialog.h"
 #include "shell/program.h"
-#include "support/read_only_folder.h"
+#include "support/obstacles.h"
 #include "support/test_main.h"
 
 #include <QFile>
@@ -35,8 +35,7 @@ class TestDamage : public QObject {
         if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush()) {
             qFatal("the file cannot be written");
         }
-        test::RecordingDialogs dialogs;
-        dialogs.yes = false;
+        test::PlannedDialogs dialogs(test::PlannedDialogs::Noted);
         const bool refused = !Program(m_path, dialogs).start();
         const QString said = dialogs.said.join(u'\n');
         if (refused && !(dialogs.said.size() == 1 && said.startsWith(u"Kelvora: The data file can") &&
@@ -109,7 +108,7 @@ private Q_SLOTS:
 
     /// A place that cannot be written to is no fault of the file: the login dialog says it in a line.
     void aPlaceThatMayNotBeWrittenTo() {
-        test::RecordingDialogs dialogs;
+        test::PlannedDialogs dialogs(test::PlannedDialogs::Noted);
         Session session;
         const auto lineOf = [](const LoginDialog& login) { return login.findChild<QLabel*>()->text(); };
         const QString missing = m_store.file(u"missing.sqlite"_s);

@@ -1,7 +1,6 @@
 #include "desk.h"
 #include "reports/report_chart.h"
-#include "support/full_disk.h"
-#include "support/read_only_folder.h"
+#include "support/obstacles.h"
 #include "support/test_main.h"
 #include "system_calls.h"
 

@@ -3,8 +3,7 @@
 #include "controls/bound_list.h"
 #include "controls/captioned_grid.h"
 #include "controls/record_navigator.h"
-#include "support/full_disk.h"
-#include "support/read_only_folder.h"
+#include "support/obstacles.h"
 
 #include <QAbstractBarSeries>
 #include <QAbstractButton>

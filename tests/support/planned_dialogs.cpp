@@ -32,7 +32,8 @@ bool PlannedDialogs::confirm(const QString& title, const QString& text, Question
     // An "update" of a length sample deletes the one that is stored.
     static const QRegularExpression deletes(u"delete|remove|update"_s);
     const bool rightly = text.contains(deletes) == (question == Question::Deleting);
-    return next(rightly ? u"question"_s : u"question with the wrong button proposed"_s, title, text) == u"Yes";
+    const QString kind = rightly ? u"question"_s : u"question with the wrong button proposed"_s;
+    return next(kind, title, text, yes ? u"Yes"_s : u"No"_s) == u"Yes";
 }
 
 Dialogs::Answer PlannedDialogs::inputOrNoMore(const QString& title, const QString& prompt, const QString& proposed) {
@@ -40,7 +41,8 @@ Dialogs::Answer PlannedDialogs::inputOrNoMore(const QString& title, const QStrin
     return answer == u"No more" ? Answer{std::nullopt, true} : Answer{answer};
 }
 
-std::optional<QString> PlannedDialogs::next(const QString& kind, const QString& title, const QString& text) {
+std::optional<QString> PlannedDialogs::next(const QString& kind, const QString& title, const QString& text,
+                                            const std::optional<QString>& otherwise) {
     if (!m_planned.isEmpty()) {
         const PlannedBox& box = m_planned.first();
         if (box.kind == kind && box.title == title && isText(text, box.text)) {
@@ -51,7 +53,10 @@ std::optional<QString> PlannedDialogs::next(const QString& kind, const QString& 
     if (m_fatal) {
         qFatal("a box nobody planned: %s", qPrintable(m_unplanned.last()));
     }
-    return std::nullopt;
+    if (kind == u"message") {
+        said.append(title + u": "_s + text);
+    }
+    return otherwise;
 }
 
 }  // namespace kelvora::test

@@ -23,7 +23,7 @@ struct PlannedBox {
 bool isText(const QString& text, QString expected);
 
 /// The boxes of the program, answered in the order in which they were planned. A box that was not planned ends the
-/// test at once; with noting, it is taken as No and noted, and leaves the planned ones where they are.
+/// test at once; with noting, it is answered as set before and noted, and leaves the planned ones where they are.
 class PlannedDialogs : public Dialogs {
 public:
     using Dialogs::confirm;
@@ -43,18 +43,24 @@ public:
     [[nodiscard]] const QList<PlannedBox>& missing() const { return m_planned; }
     [[nodiscard]] const QStringList& unplanned() const { return m_unplanned; }
 
-    void message(const QString& title, const QString& text) override { next(u"message"_s, title, text); }
+    QStringList said;  ///< the texts of unplanned messages
+    bool yes = false;  ///< what else is answered: questions, texts, files
+    std::optional<QString> typed, path;
+
+    void message(const QString& title, const QString& text) override { next(u"message"_s, title, text, {}); }
     bool confirm(const QString& title, const QString& text, Question question) override;
     std::optional<QString> input(const QString& title, const QString& prompt, const QString& /*proposed*/) override {
-        return next(u"question"_s, title, prompt);
+        return next(u"question"_s, title, prompt, typed);
     }
     Answer inputOrNoMore(const QString& title, const QString& prompt, const QString& proposed) override;
-    std::optional<QString> openFile(FileKind /*kind*/) override { return next(u"question"_s, u"open file"_s); }
-    std::optional<QString> saveCsvFile() override { return next(u"question"_s, u"save file"_s); }
-    std::optional<QString> savePictureFile() override { return next(u"question"_s, u"save picture"_s); }
+    std::optional<QString> openFile(FileKind /*kind*/) override { return file(u"open file"_s); }
+    std::optional<QString> saveCsvFile() override { return file(u"save file"_s); }
+    std::optional<QString> savePictureFile() override { return file(u"save picture"_s); }
 
 private:
-    std::optional<QString> next(const QString& kind, const QString& title, const QString& text = {});
+    std::optional<QString> file(const QString& title) { return next(u"question"_s, title, {}, path); }
+    std::optional<QString> next(const QString& kind, const QString& title, const QString& text,
+                                const std::optional<QString>& otherwise);
 
     QList<PlannedBox> m_planned;
     QStringList m_unplanned;

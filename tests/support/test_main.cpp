@@ -4,31 +4,13 @@
 #include <QLocale>
 #include <QTest>
 
-#include <map>
-
-namespace kelvora::test {
-namespace {
-
-std::map<QString, std::function<std::unique_ptr<QObject>()>>& registry() {
-    static std::map<QString, std::function<std::unique_ptr<QObject>()>> classes;
-    return classes;
-}
-
-}  // namespace
-
-Registration::Registration(const QString& name, const std::function<std::unique_ptr<QObject>()>& make) {
-    registry()[name] = make;
-}
-
-}  // namespace kelvora::test
-
 /// Runs the class named by the first argument with the further arguments, or every class without one. Dates and month
 /// names are British unless a test sets a locale of its own.
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
     QStringList arguments = QApplication::arguments();
-    const auto& classes = kelvora::test::registry();
+    const auto& classes = kelvora::test::testClasses();
     const bool one = arguments.size() > 1 && classes.contains(arguments[1]);
     const QString wanted = one ? arguments.takeAt(1) : QString();
     int failures = 0;

@@ -2,9 +2,28 @@
 
 #include <QFile>
 
+#include <csignal>
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace kelvora::test {
+
+/// As long as it lives, no file grows beyond a number of bytes: a disk that is full.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit full{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &full);
+    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit m_before{};
+};
 
 /// As long as it lives, nothing can be made, replaced or removed in a folder. Whoever may write everywhere is asked
 /// nothing by the folders: such a user works as nobody meanwhile.
