@@ -150,10 +150,6 @@ std::shared_ptr<void> whenGone(const std::function<void()>& end) {
 Stage::Stage(bool obstacles) : m_obstacles(obstacles) {
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
     m_store.addSmallYear();
-    openWindow();
-}
-
-void Stage::openWindow() {
     m_window = std::make_unique<MainWindow>(Context{m_store.path(), m_store.session, m_dialogs});
     m_window->resize(1366, 768);
     m_window->show();
@@ -286,7 +282,6 @@ QString Stage::act(const Step& step) {
          [&] { trigger(rest.contains(u'/') ? rest.section(u'/', 0, 0) : QString(), rest.section(u'/', -1)); }},
         {u"show"_s, [&] { trigger(u"Windows"_s, rest); }},
         {u"close"_s, [&] { front()->close(), m_frame.clear(); }},
-        {u"restart"_s, [&] { m_window.reset(), openWindow(); }},
         {u"tab"_s, [&] { m_frame.clear(), hand().openTab(rest); }},
         {u"in"_s, [&] { m_frame = rest; }},
         {u"sample"_s,

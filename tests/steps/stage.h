@@ -30,7 +30,6 @@ private:
 
     [[nodiscard]] QMdiSubWindow* front() const;
     [[nodiscard]] ScreenDriver hand() const;
-    void openWindow();
     void trigger(const QString& menu, const QString& caption);
     void pressKeys(const QString& keys);
     QStringList wholeFile();

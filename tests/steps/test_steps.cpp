@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 ///     open Species Composition                       a button of the toolbar; of a menu: open Report/Gonad Maturity
 ///     sample Length Frequency of Sea Star            the entry of a sampling screen, at a vessel's first operation
 ///     show Search                                    an open screen, by the menu "Windows"
-///     close, minimize, restart                       the screen in front; the program
+///     close, minimize                                the screen in front
 ///     tab Species Composition                        a tab of the screen in front
 ///     in Sampling group                              what follows is inside this frame, until the next tab or screen
 ///     > Group = Trash; Total weight = 60             fields (rows of lists are chosen, else typed) and buttons
