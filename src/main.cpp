@@ -62,6 +62,5 @@ int main(int argc, char** argv) {
     }
     kelvora::Program program(kelvora::defaultStorePath(), dialogs);
     QObject::connect(&instance, &kelvora::SingleInstance::startedAgain, &program, &kelvora::Program::raiseWindow);
-    QObject::connect(&program, &kelvora::Program::ended, &application, &QApplication::quit);
     return program.start() ? QApplication::exec() : 1;
 }

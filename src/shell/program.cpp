@@ -16,7 +16,7 @@ bool Program::start() {
     return runGuarded(m_context.dialogs, [this] {
         m_login = std::make_unique<LoginDialog>(m_context);
         connect(m_login.get(), &LoginDialog::signedIn, this, &Program::openMainWindow);
-        connect(m_login.get(), &LoginDialog::closed, this, &Program::ended);
+        connect(m_login.get(), &LoginDialog::closed, qApp, &QApplication::quit);
         m_login->show();
         m_login->activateWindow();
     });
@@ -37,7 +37,7 @@ void Program::raiseWindow() {
 
 void Program::openMainWindow() {
     m_window = std::make_unique<MainWindow>(m_context);
-    connect(m_window.get(), &MainWindow::ended, this, &Program::ended);
+    connect(m_window.get(), &MainWindow::ended, qApp, &QApplication::quit);
     m_window->showMaximized();
     m_login->hide();
 }

@@ -11,7 +11,8 @@ namespace kelvora {
 class LoginDialog;
 class MainWindow;
 
-/// The program from its start to its end: the data file, the login dialog, the main window.
+/// The program from its start to its end: the data file, the login dialog, the main window. The application ends with
+/// the main window, or with a login dialog that is closed.
 class Program : public QObject {
     Q_OBJECT
 
@@ -24,9 +25,6 @@ public:
 
     /// Brings the window of the program to the front, also when it is minimized.
     void raiseWindow();
-
-Q_SIGNALS:
-    void ended();
 
 private:
     void openMainWindow();

@@ -1,19 +1,24 @@
-#include "fuzz/targets.h"
-
 #include "data/connection.h"
 #include "data/csv_reader.h"
 #include "data/numbers.h"
 #include "records/gonad_fish.h"
 #include "records/vessel_import.h"
 
+#include <QFile>
+
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
+#include <map>
+#include <string_view>
 
 using namespace Qt::StringLiterals;
 
-namespace kelvora::fuzz {
+namespace kelvora {
 namespace {
+
+/// Each target takes any bytes and checks what holds for all of them; a failed check ends the process.
 
 void require(bool holds, const char* what) {
     if (!holds) {
@@ -54,8 +59,7 @@ double numberOf(const QByteArray& bytes) {
     return value;
 }
 
-}  // namespace
-
+/// An import file of vessels or of fish.
 void tryCsv(const QByteArray& bytes) {
     std::vector<CsvRecord> records;
     try {
@@ -82,6 +86,7 @@ void tryCsv(const QByteArray& bytes) {
     tryVessels(records);
 }
 
+/// A typed text, and a number, as values of a statement that the engine runs.
 void trySql(const QByteArray& bytes) {
     static Connection db(u":memory:"_s);
     const QString text = QString::fromUtf8(bytes);
@@ -92,6 +97,7 @@ void trySql(const QByteArray& bytes) {
     require(found.number(0, u"n") == (std::isfinite(number) ? number : 0), "a number is a value");
 }
 
+/// A typed number.
 void tryNumbers(const QByteArray& bytes) {
     const QString text = QString::fromUtf8(bytes);
     const std::optional<double> number = toNumber(text);
@@ -104,4 +110,28 @@ void tryNumbers(const QByteArray& bytes) {
     tryNumber(numberOf(bytes));
 }
 
-}  // namespace kelvora::fuzz
+const std::map<std::string_view, void (*)(const QByteArray&)> kTargets = {
+    {"csv", &tryCsv}, {"sql", &trySql}, {"numbers", &tryNumbers}};
+
+}  // namespace
+}  // namespace kelvora
+
+#ifdef KELVORA_TARGET
+/// What the fuzzer calls.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+    kelvora::kTargets.at(KELVORA_TARGET)(bytes);
+    return 0;
+}
+#else
+/// One target on files: hostile bytes that were thought of, and those that a fuzzer found.
+int main(int argc, char** argv) {
+    for (int i = 2; i < argc; ++i) {
+        qInfo("%s", argv[i]);
+        QFile file(QString::fromLocal8Bit(argv[i]));
+        kelvora::require(file.open(QIODevice::ReadOnly), "a file can be read");
+        kelvora::kTargets.at(argv[1])(file.readAll());
+    }
+    return argc > 2 ? 0 : 1;
+}
+#endif

@@ -13,6 +13,16 @@
 
 namespace kelvora::test {
 
+/// How often a hard knock is tried: a few times with every test run, and many times when long.sh asks for it.
+inline int times(int everyDay, int longRun) {
+    return qEnvironmentVariableIsSet("KELVORA_LONG") ? longRun : everyDay;
+}
+
+/// The seed of all random choices; KELVORA_SEED sets another one than that of every day.
+inline quint32 seed() {
+    return qEnvironmentVariable("KELVORA_SEED", u"20040309"_s).toUInt();
+}
+
 /// The screens of the main window in the order of its entries.
 enum Place { General, Operations, Composition, Lengths, Gonads, Search, Password, CatchReport };
 
@@ -47,6 +57,16 @@ struct Desk {
     Session session{u"Administrator"_s, u"kelvora"_s, u"Port Sampler"_s};
     Boxes dialogs;
     MainWindow window;
+};
+
+/// The same over the small year, with its first operation at hand.
+struct DeskOfSmallYear {
+    DeskOfSmallYear() {
+        store.addSmallYear();
+        desk.session.lastSavedOperation = 1;
+    }
+    TemporaryStore store;
+    Desk desk{store.path()};
 };
 
 }  // namespace kelvora::test

@@ -1,6 +1,6 @@
 #!/bin/sh
 # The hard knocks many times over, and what they come to: about ten minutes. KELVORA_SEED=<number> sets other choices
-# than those of every day; a name (power_cut, damage, …) runs that one alone. Wants the tests built:
+# than those of every day; a name (long_day, start, …) runs that one alone. Wants the tests built:
 # cmake --build --preset dev.
 set -eu
 cd "$(dirname "$0")/../.."

@@ -1,5 +1,4 @@
 #include "desk.h"
-#include "length_of_run.h"
 #include "support/test_main.h"
 
 #include <QClipboard>
@@ -19,8 +18,7 @@ struct Filled {
 };
 constexpr auto kFish =
     "Species = Nemipterus virgatus; ADD SAMPLING >>; TL(mm) = 100; BL(mm) = 99; FL(mm) = 98; SL(mm) = 97; SEX = Male; "
-    "BW = 96; GW = 2.5; "
-    "Stage = 2-Maturing";
+    "BW = 96; GW = 2.5; Stage = 2-Maturing";
 const std::array kFilled = {
     Filled{test::General, "General", "New sampling port", "State/Province = Gamma; Sampling port = New", "ADD"},
     Filled{test::General, "General", "New fishing method", "Fishing gear = Trap; Fishing Method = Pot", "Add"},
@@ -67,9 +65,8 @@ class TestHostileFields : public QObject {
 
     /// One field of a part of a screen and one text; returns how many fields the part has.
     static int tryField(const Filled& what, int number, const QString& text) {
-        test::TemporaryStore store;
-        store.addSmallYear();
-        test::Desk desk(store.path());
+        test::DeskOfSmallYear year;
+        auto& [store, desk] = year;
         desk.dialogs.typed = text;
         desk.session.lastSavedOperation = *what.steps == '\0' ? 0 : 1;
         if (what.place == test::Search) {
@@ -124,25 +121,21 @@ private Q_SLOTS:
 
     /// No screen grows beyond its window with the names of another program.
     void longNames() {
-        test::TemporaryStore store;
-        store.addSmallYear();
-        for (const Literal rename :
-             {Literal("update state set statename = "), Literal("update samplingport set samplingname = "),
-              Literal("update Fishing_gear set guname = "), Literal("update Fishing_method set methodname = "),
-              Literal("update vessel set vesselname = "), Literal("update fish set fishname = "),
-              Literal("update group_main set groupname = "), Literal("update fishoperation set vesselid = "),
-              Literal("update fishoperation set note = ")}) {
-            store.db().execute(Sql(rename) << QString(10'000, u'W'));
+        test::DeskOfSmallYear year;
+        for (const Literal column : {Literal("state set statename"), Literal("samplingport set samplingname"),
+                                     Literal("vessel set vesselname"), Literal("Fishing_gear set guname"),
+                                     Literal("Fishing_method set methodname"), Literal("fish set fishname"),
+                                     Literal("group_main set groupname"), Literal("fishoperation set vesselid"),
+                                     Literal("fishoperation set note")}) {
+            year.store.db().execute(Sql("update ") << column << " = " << QString(10'000, u'W'));
         }
-        test::Desk desk(store.path());
-        desk.session.lastSavedOperation = 1;
         for (int place = test::General; place <= test::CatchReport + 3; ++place) {
-            const test::ScreenDriver hand = desk.open(place);
+            const test::ScreenDriver hand = year.desk.open(place);
             hand.enter(place == test::Search        ? u"Criterion = Fishing Area; Value = north bank; SEARCH"_s
                        : place >= test::CatchReport ? u"Year = 2004; Search"_s
                                                     : QString());
             const QSize least = hand.root()->findChild<Screen*>()->minimumSizeHint();
-            QVERIFY2(least.width() <= 1340 && least.height() <= 590, qPrintable(desk.front()->windowTitle()));
+            QVERIFY2(least.width() <= 1340 && least.height() <= 590, qPrintable(year.desk.front()->windowTitle()));
         }
     }
 };

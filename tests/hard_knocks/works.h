@@ -6,11 +6,13 @@
 
 namespace kelvora::test {
 
+inline constexpr int kMost = 40;
+
 /// Something a sampler does. {column} in what is entered and changed is a cell of the row that it begins with, {n} a
 /// number that no name has yet.
 struct Work {
     const char* name;
-    int share;  ///< how often it comes
+    int share;  ///< how often it comes, at most kMost
     int place;
     const char* tab;
     const char* frame;
@@ -53,29 +55,27 @@ inline const char* const kViews = R"(
         from length join fish on fishno = spid
     union all select optid, spid, 'Gonad record', genus || ' ' || fishname from gonad join fish on fishno = spid;)";
 
-/// What the lists of screens that may have been open for long offer; lists of values with their criterion.
+/// What the lists of screens that may have been open for long offer; by a criterion, those of the values in Search and
+/// in the finders of other screens.
 struct Offer {
-    int from, to;  ///< screens
-    const char* criterion;
-    const char* list;
-    const char* rows;
+    int place;
+    const char *list, *rows;
 };
 inline constexpr std::array kOffers = {
-    Offer{General, General, "", "State/Province", "select statename as name from state"},
-    Offer{General, General, "", "Fishing gear", "select guname as name from Fishing_gear"},
-    Offer{General, General, "", "Type of Gear", "select guname as name from Fishing_gear"},
-    Offer{Operations, Operations, "", "Landing State/Province", "select statename as name from state"},
-    Offer{Operations, Operations, "", "Vessel Name", "select vesselname as name from vessel"},
-    Offer{Operations, Operations, "", "Vessel Register id", "select vesselid as name from vessel"},
-    Offer{Operations, Operations, "", "Fishing Area", "select aname as name from fishing_area"},
-    Offer{Operations, Operations, "", "Fishing Gear",
-          "select guname as name from Fishing_gear where gearid in (select gearid from Fishing_method)"},
-    Offer{Composition, Composition, "", "Species", "select genus || ' ' || fishname as name from fish"},
-    Offer{Composition, Search, "State/Province", "Value", "select statename as name from state"},
-    Offer{Composition, Search, "Sampling Port", "Value", "select samplingname as name from samplingport"},
-    Offer{Composition, Search, "Fishing Area", "Value", "select describ as name from fishing_area"},
-    Offer{Composition, Search, "Vessel", "Value", "select vesselname as name from vessel"},
-    Offer{Composition, Search, "Fishing Gear", "Value", "select guname as name from Fishing_gear"}};
+    Offer{General, "State/Province", "statename from state"},
+    Offer{General, "Fishing gear", "guname from Fishing_gear"},
+    Offer{General, "Type of Gear", "guname from Fishing_gear"},
+    Offer{Operations, "Landing State/Province", "statename from state"},
+    Offer{Operations, "Vessel Name", "vesselname from vessel"},
+    Offer{Operations, "Vessel Register id", "vesselid from vessel"},
+    Offer{Operations, "Fishing Area", "aname from fishing_area"},
+    Offer{Operations, "Fishing Gear", "guname from Fishing_gear where gearid in (select gearid from Fishing_method)"},
+    Offer{Composition, "Species", "genus || ' ' || fishname from fish"},
+    Offer{Search, "State/Province", "statename from state"},
+    Offer{Search, "Sampling Port", "samplingname from samplingport"},
+    Offer{Search, "Fishing Area", "describ from fishing_area"},
+    Offer{Search, "Vessel", "vesselname from vessel"},
+    Offer{Search, "Fishing Gear", "guname from Fishing_gear"}};
 
 inline constexpr std::array kWorks = {
     Work{"add a port", 2, General, "General", "New sampling port", "select stateid, statename from state",
@@ -203,6 +203,13 @@ inline constexpr std::array kWorks = {
             insert into length values ({at}, {spid}, {weight});
             insert into length_detail select {at}, {spid}, low, low + {interval}, low + {interval} / 2.0, n
                 from (select *, {lower} + (chosen.rowid - 1) * {interval} as low from chosen))"},
+    Work{"add a class", 3, Search, "Length Frequency", "",
+         R"(select samples.*, classinterval as interval, steps from samples join fish on fishno = spid,
+                (select group_concat('Frequency = ' || n || '; ADD', '; ') as steps from chosen) where list like 'L%')",
+         "{steps}",
+         R"(insert into length_detail select {at}, {spid}, high, high + {interval}, high + {interval} / 2.0, n
+                from (select max(upper1) as high from length_detail where optid = {at} and spid = {spid}), chosen
+                where chosen.rowid = {each})"},
     Work{"measure fish", 6, Gonads, "Gonad Maturity Detail", "",
          R"(select optid as at, spid, genus || ' ' || fishname as name, steps
             from group_composition join fish on fishno = spid,
@@ -211,20 +218,30 @@ inline constexpr std::array kWorks = {
          R"(insert or ignore into gonad values ({at}, {spid}, 0);
             update gonad set samplingw = round(samplingw + bw / 1000.0, 2) from typed
                 where number = {each} and optid = {at} and spid = {spid};
-            insert into gonad_detail select {at}, {spid}, 1 + (select count(*) from gonad_detail
-                where optid = {at} and spid = {spid}), tl, tl - 1, tl - 2, tl - 3, bw, sex, stage, gw, gsi
-                from typed where number = {each})"},
+            insert into gonad_detail select {at}, {spid}, fish, tl, tl - 1, tl - 2, tl - 3, bw, sex, stage, gw, gsi
+                from typed, (select 1 + count(*) as fish from gonad_detail where optid = {at} and spid = {spid})
+                where number = {each})"},
+    Work{"add a fish", 3, Search, "Gonad Matuarity", "",
+         R"(select * from samples, (select group_concat(steps || '; ADD', '; ') as steps from typed)
+            where list like 'G%')",
+         "{steps}",
+         R"(insert into gonad_detail select {at}, {spid}, fish, tl, tl - 1, tl - 2, tl - 3, bw, sex, stage, gw, gsi
+                from typed, (select 1 + count(*) as fish from gonad_detail where optid = {at} and spid = {spid})
+                where number = {each})"},
     Work{"delete lengths", 2, Search, "Length Frequency", "", "select * from samples where list like 'L%'",
          "Delete length sample",
          R"(delete from length where optid = {at} and spid = {spid};
             delete from length_detail where optid = {at} and spid = {spid})"},
     Work{"look at a year", 3, CatchReport, "", "",
-         R"(select year, option, 'Result' as grid, (select group_concat(line, char(10)) from
-                (select printf('%s|%d|%.15g|', value, count(*), sum(estotal)) || share(sum(estotal), total) as line
-                from known join fishoperation using (optid)
-                where criterion = asked.criterion and substr(optdate, 1, 4) = year group by value order by value))
-                as shows
-            from (select substr(optdate, 1, 4) as year, sum(estotal) as total, criterion, option
+         // A part in per cent is rounded half up, of whole hundredths, so that nothing rounds before.
+         R"(select year, option, 'Result' as grid, (select group_concat(printf('%s|%d|%.15g|%d.%02d', value, trips, kg,
+                    (20000 * part + whole) / (2 * whole) / 100, (20000 * part + whole) / (2 * whole) % 100), char(10))
+                from (select value, count(*) as trips, sum(estotal) as kg,
+                    cast(round(100 * sum(estotal)) as int) as part from known join fishoperation using (optid)
+                    where criterion = asked.criterion and substr(optdate, 1, 4) = year
+                    group by value order by value)) as shows
+            from (select substr(optdate, 1, 4) as year, criterion, option,
+                cast(round(100 * sum(estotal)) as int) as whole
                 from known join fishoperation using (optid) where option not null group by 1, 3) as asked)",
          "Year = {year}; Search; {option}", ""},
 };

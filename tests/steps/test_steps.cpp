@@ -77,7 +77,7 @@ private Q_SLOTS:
             m_cases += test::casesOf(files.next());
         }
         QVERIFY(!m_cases.isEmpty());
-        test::waitedForLocks();  // and from here on not a second for each held file
+        test::doNotSleep();  // not a second for each held file
         // What the driver cannot find ends the test at once: then the case is named.
         s_report = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& at, const QString& text) {
             s_report(type, at, type == QtFatalMsg ? s_case + u": "_s + text : text);
