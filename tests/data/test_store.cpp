@@ -1,6 +1,7 @@
 #include "data/store.h"
 #include "data/store_files.h"
 #include "data/transaction.h"
+#include "support/obstacles.h"
 #include "support/temporary_store.h"
 #include "support/test_main.h"
 
@@ -67,6 +68,10 @@ private Q_SLOTS:
             QVERIFY2(message.contains(reason) && message.contains(store.path()), qPrintable(reason + message));
             QCOMPARE(bytes(store.path()), before);
         }
+        const test::TemporaryStore another;
+        QVERIFY(QFile::setPermissions(another.path(), {}));
+        const test::ReadOnlyFolder user(another.file({}));
+        QVERIFY(refusal(another.path()).contains(u"it cannot be read (Permission denied)"_s));
     }
 
     /// No file, and what the start that was cut off has left beside it; then what is there already.
@@ -79,9 +84,21 @@ private Q_SLOTS:
         QCOMPARE(prepareStore(path).line, u"A new data file was made:\n"_s + path);
         QCOMPARE(prepareStore(path).line, QString());
         QCOMPARE(QDir(folder).entryList(QDir::Files), QStringList{u"data.sqlite"_s});
-        QVERIFY(refusal(folder).contains(u"it is not a file"));
         QVERIFY(QFile::link(store.file(u"nowhere"_s), store.file(u"link"_s)));
-        QVERIFY(refusal(store.file(u"link"_s)).contains(u"it is not a file"));
+        for (const QString& none : {folder, store.file(u"link"_s)}) {
+            QVERIFY(refusal(none).contains(u"it is not a file"));
+        }
+        // Below a file, beside a folder in the way, and beside a journal that has no room for a date in its name.
+        const QString longName = store.file(QString(240, u'n'));
+        QVERIFY(QDir().mkdir(store.file(u"taken.new"_s)));
+        write(longName + u"-journal"_s, "kept");
+        for (const auto& [place, reason] :
+             {std::pair(path + u"/below"_s, u"its folder cannot be made"_s),
+              {store.file(u"taken"_s), u"the data file, or a file beside it, cannot be opened"_s},
+              {longName, u"its folder may not be written to"_s}}) {
+            QCOMPARE(refusal(place), u"The data file cannot be created: "_s + reason + u".\n"_s + place);
+            QVERIFY(!QFile::exists(place) && !QFileInfo(place + u".new"_s).isFile());
+        }
     }
 
     /// As the first version made it, with a table that another program added: opened, and left as it is.
@@ -99,8 +116,8 @@ private Q_SLOTS:
                       " m.name <> 'port_weather' order by m.name, c.cid"),
               Literal("select m.name, m.tbl_name, c.* from sqlite_master m, pragma_index_xinfo(m.name) c where m.type ="
                       " 'index' order by m.name, c.seqno"),
-              Literal("select * from kelvora_user, gonad_stage order by stageid"), Literal("pragma application_id"),
-              Literal("pragma user_version")}) {
+              Literal("select * from kelvora_user, gonad_stage, pragma_application_id, pragma_user_version"
+                      " order by stageid")}) {
             QCOMPARE(one(path, question), one(store.path(), question));
         }
     }
@@ -121,12 +138,11 @@ private Q_SLOTS:
         write(path, backup);
         write(path + u"-journal"_s, journal);
         const QString copy = path + u"-copy-"_s + today();
-        for (int start = 0; start < 2; ++start) {
+        for (const QString& kept : {path, copy, path, copy}) {
             const QString message = refusal(path);
             QVERIFY2(message.contains(u"the journal beside it belongs to another data file"), qPrintable(message));
             QVERIFY(message.endsWith(copy));
-            QCOMPARE(bytes(path) + bytes(path + u"-journal"_s), backup + journal);
-            QCOMPARE(bytes(copy) + bytes(copy + u"-journal"_s), backup + journal);
+            QCOMPARE(bytes(kept) + bytes(kept + u"-journal"_s), backup + journal);
         }
         QVERIFY(QFile::remove(path));
         prepareStore(path);
