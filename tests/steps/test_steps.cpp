@@ -23,11 +23,12 @@ using namespace Qt::StringLiterals;
 ///     in Sampling group                              what follows is inside this frame, until the next tab or screen
 ///     > Group = Trash; Total weight = 60             fields (rows of lists are chosen, else typed) and buttons
 ///     > SAVE
-///       ? CONFIRM: Are you sure … -> Yes             a question: Yes, No, a typed text, or cancel
+///       ? CONFIRM: Are you sure … -> Yes             a question: Yes, No, a typed text, or cancel; boxes also
+///                                                    stand behind their press, parted by three blanks
 ///       ! ERROR: …deleted…                           a message; "…" at an end of a text stands for anything
 ///       ? open file -> fish.csv                      a file dialog (also: save file, save picture); a data file of
 ///                                                    the tests, or one of this case
-///       + group_main|2|1|Trash|60 // area|A9|bank    rows that came into the file, or (-) went
+///       + group_main|2|1|Trash|60 // - area|A9|bank  rows that came into the file, or went
 ///       + 221 rows of vessel
 ///       once                                         not to be tried against obstacles first
 ///     go Result Next                                 First, Previous, Next, Last of a navigator
