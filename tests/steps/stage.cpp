@@ -391,7 +391,16 @@ QString Stage::checkRows(const Step& step) {
     const std::map<QString, std::function<QStringList()>> found = {
         {u"rows"_s, [&] { return hand().rows(name); }},
         {u"count"_s, [&] { return QStringList{QString::number(hand().grid(name)->rowCount())}; }},
-        {u"headers"_s, [&] { return QStringList{hand().grid(name)->headers().join(u'|')}; }},
+        {u"headers"_s,
+         [&] {
+             QStringList headers;
+             for (const Grid* grid : front()->findChildren<Grid*>()) {
+                 if (name.isEmpty() ? grid->isVisible() : grid->accessibleName() == name) {
+                     headers.append(grid->headers().join(u'|'));
+                 }
+             }
+             return headers;
+         }},
         {u"options"_s,
          [&] {
              QStringList options;

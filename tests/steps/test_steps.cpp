@@ -43,7 +43,8 @@ using namespace Qt::StringLiterals;
 ///     focus Weight      selected Weight      enabled SAVE, CLEAR      disabled SAVE      shown …      hidden …
 ///     checked Day, Night      unchecked …            options that are chosen or not
 ///     line …is not registered…      noline …      front Search      fronttab Species
-///     options Species = A a|B b      headers Group = A|B      count Vessel import = 221
+///     options Species = A a|B b      count Vessel import = 221
+///     headers Group = A|B                            or of all grids that are seen: headers = A|B // C|D
 ///     windows = Search|Length Frequency              what the menu "Windows" lists, and what can be pressed in the
 ///     toolbar = Fishing Operation|Exit               toolbar
 ///     rows Composition = A|1 // B|2                  also: written summary.csv, stored select …, and
