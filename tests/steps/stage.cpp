@@ -382,7 +382,16 @@ QString Stage::checkRows(const Step& step) {
     const std::map<QString, std::function<QStringList()>> found = {
         {u"rows"_s, [&] { return hand().rows(name); }},
         {u"count"_s, [&] { return QStringList{QString::number(hand().grid(name)->rowCount())}; }},
-        {u"headers"_s, [&] { return QStringList{hand().grid(name)->headers().join(u'|')}; }},
+        {u"headers"_s,
+         [&] {
+             QStringList shown = hand().grid(name)->headers();
+             for (auto column = shown.size() - 1; column >= 0; --column) {
+                 if (hand().grid(name)->isColumnHidden(static_cast<int>(column))) {
+                     shown.removeAt(column);
+                 }
+             }
+             return QStringList{shown.join(u'|')};
+         }},
         {u"options"_s,
          [&] {
              QStringList options;
