@@ -114,7 +114,7 @@ private Q_SLOTS:
         const QString missing = m_store.file(u"missing.sqlite"_s);
         std::optional<LoginDialog> login;
         {
-            const test::ReadOnlyFolder folder(m_store.file({}));
+            const test::Obstacle folder = test::readOnlyFolder(m_store.file({}));
             login.emplace(Context{missing, session, dialogs});
             const LoginDialog reading({m_store.path(), session, dialogs});
             QCOMPARE(lineOf(reading),

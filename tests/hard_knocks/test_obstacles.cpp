@@ -102,11 +102,11 @@ private Q_SLOTS:
             QCOMPARE(writeTo(path), QString());
             const QByteArray whole = written();
             {
-                const test::FullDisk full(static_cast<rlim_t>(whole.size() / 2));
+                const test::Obstacle full = test::fullDisk(static_cast<rlim_t>(whole.size() / 2));
                 QVERIFY(writeTo(path).contains(path));
             }
             {
-                const test::ReadOnlyFolder folder(store.file({}));
+                const test::Obstacle folder = test::readOnlyFolder(store.file({}));
                 QVERIFY(writeTo(path).contains(path));
             }
             QCOMPARE(written(), whole);
