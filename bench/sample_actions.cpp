@@ -130,8 +130,7 @@ Action saveLengths(const std::string& desk) {
                     hand.type(u"Lower limit(cm)"_s, u"11"_s);
                     hand.press(u"START INPUT>>"_s);
                     for (int i = 0; i < 20; ++i) {
-                        hand.type(u"Frequency"_s, u"3"_s);
-                        hand.key(u"Frequency"_s, Qt::Key_Return);
+                        hand.enter(u"Frequency = 3\n"_s);
                     }
                     hand.press(u"FINISH"_s);
                     at.dialogs.expect(u"? Confirm: Are you sure to insert this data -> Yes"_s);

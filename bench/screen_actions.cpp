@@ -85,7 +85,7 @@ void addSearches(std::vector<Action>& actions, const QString& where, const QStri
     for (const QString& move : {u"Next"_s, u"Last"_s}) {
         actions.push_back({.name = where + u": navigator, "_s + move,
                            .before = search1,
-                           .run = [=](Office& office) { at(office).move(u"Result"_s, move); },
+                           .run = [=](Office& office) { at(office).navigator(u"Result"_s).press(move); },
                            .direct = arrival});
     }
 }

@@ -1,4 +1,3 @@
-#include "controls/bound_list.h"
 #include "controls/style.h"
 #include "data/connection.h"
 #include "demo/demo_year.h"
@@ -11,6 +10,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QIcon>
 #include <QLineEdit>
@@ -80,6 +80,10 @@ private:
 
     void savePage(const QString& name) { save(*m_window, name); }
 
+    static void put(const test::ScreenDriver& hand, const QString& box, const QString& text) {
+        qobject_cast<QLineEdit*>(hand.field(box))->setText(text);
+    }
+
     /// Says which operations are to be found: those of a port.
     static void find(const test::ScreenDriver& hand, const QString& port) {
         hand.choose(u"Criterion"_s, u"Sampling Port"_s);
@@ -112,7 +116,7 @@ private Q_SLOTS:
     void signIn() {
         LoginDialog login(context());
         login.show();
-        test::ScreenDriver(&login).edit(u"PASSWORD"_s)->setText(u"kelvora"_s);
+        put(test::ScreenDriver(&login), u"PASSWORD"_s, u"kelvora"_s);
         save(login, u"login"_s);
     }
 
@@ -126,13 +130,13 @@ private Q_SLOTS:
         m_dialogs.expect(u"? open file -> "_s + u"" KELVORA_SOURCE_FOLDER
                                                 "/tests/files/species_import_world_fishes.csv"_s);
         hand.within(u"IMPORT"_s).press(u"Import"_s);
-        hand.within(u"IMPORT"_s).edit(u"Species file"_s)->setText(u"/home/sampler/species.csv"_s);
+        put(hand.within(u"IMPORT"_s), u"Species file"_s, u"/home/sampler/species.csv"_s);
         savePage(u"species"_s);
         hand.openTab(u"Fishing Vessel"_s);
         m_dialogs.expect(u"? open file -> "_s + u"" KELVORA_SOURCE_FOLDER "/demo/data/vessels.csv"_s);
         const auto import = hand.within(u"Vessel import"_s);
         import.press(u"Import"_s);
-        import.edit(u"Vessel file"_s)->setText(u"/home/sampler/vessels.csv"_s);
+        put(import, u"Vessel file"_s, u"/home/sampler/vessels.csv"_s);
         savePage(u"vessels"_s);
     }
 
@@ -146,7 +150,7 @@ private Q_SLOTS:
         const auto hand = open(u"Species Composition"_s);
         find(hand, u"Looe"_s);
         hand.press(u"Search"_s);
-        hand.move(u"Result"_s, u"Next"_s);
+        hand.navigator(u"Result"_s).press(u"Next"_s);
         savePage(u"find_operation"_s);
         hand.openTab(u"Species Composition"_s);
         const auto group = hand.within(u"Sampling group"_s);
@@ -165,17 +169,15 @@ private Q_SLOTS:
         const auto hand = open(u"Length Frequency"_s);
         find(hand, u"Looe"_s);
         hand.press(u"Search"_s);
-        hand.move(u"Result"_s, u"Next"_s);
+        hand.navigator(u"Result"_s).press(u"Next"_s);
         hand.openTab(u"Length Frequency"_s);
-        const BoundList* species = hand.list(u"Species"_s);
-        hand.choose(u"Species"_s, species->itemText(0));
+        hand.choose(u"Species"_s, qobject_cast<QComboBox*>(hand.field(u"Species"_s))->itemText(0));
         hand.type(u"Class Interval"_s, u"1"_s);
         hand.type(u"Sampling weight"_s, u"14.2"_s);
         hand.type(u"Lower limit(cm)"_s, u"11"_s);
         hand.press(u"START INPUT>>"_s);
         for (const auto& count : {u"3"_s, u"8"_s, u"17"_s, u"26"_s, u"19"_s}) {
-            hand.edit(u"Frequency"_s)->setText(count);
-            hand.key(u"Frequency"_s, Qt::Key_Return);
+            hand.enter(u"Frequency = "_s + count + u'\n');
         }
         savePage(u"length_frequency"_s);
     }
@@ -207,7 +209,7 @@ private Q_SLOTS:
         find(hand, port);
         hand.press(u"SEARCH"_s);
         if (port == u"Looe"_s) {
-            hand.move(u"Result"_s, u"Next"_s);  // its first operation is of one species only
+            hand.navigator(u"Result"_s).press(u"Next"_s);  // its first operation is of one species only
         }
         hand.openTab(tab);
         savePage(QString::fromLatin1(QTest::currentDataTag()));
@@ -264,7 +266,7 @@ private Q_SLOTS:
         enlargeText();
         fillOperation(open(u"Fishing Operation"_s));
         savePage(u"large_text"_s);
-        QVERIFY(m_dialogs.done());
+        QVERIFY(m_dialogs.missing().isEmpty());
     }
 
     void cleanupTestCase() { m_window.reset(); }

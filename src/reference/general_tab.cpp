@@ -87,7 +87,6 @@ void GeneralTab::addPort() {
     } else {
         const int added = InsertState(connection(), state);
         RefreshStateList();
-        m_state->setKey(added);
         AddSamplingPort(port, added);
     }
     m_port->clear();

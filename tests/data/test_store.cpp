@@ -70,7 +70,7 @@ private Q_SLOTS:
         }
         const test::TemporaryStore another;
         QVERIFY(QFile::setPermissions(another.path(), {}));
-        const test::ReadOnlyFolder user(another.file({}));
+        const test::Obstacle user = test::readOnlyFolder(another.file({}));
         QVERIFY(refusal(another.path()).contains(u"it cannot be read (Permission denied)"_s));
     }
 

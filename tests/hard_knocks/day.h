@@ -1,6 +1,5 @@
 #pragma once
 
-#include "controls/record_navigator.h"
 #include "works.h"
 
 #include <QComboBox>
@@ -19,13 +18,13 @@ inline void chance(sqlite3_context* context, int /*count*/, sqlite3_value** valu
 
 /// Steps a navigator from its first row to the one that its caption names.
 inline void stepTo(const ScreenDriver& hand, const QString& navigator, const QString& name) {
-    const ScreenDriver steps(hand.navigator(navigator));
+    const ScreenDriver steps = hand.navigator(navigator);
     if (steps.enabled(u"First"_s)) {
         steps.press(u"First"_s);
     }
     // A group's name stands in front of its total weight, others at the end.
     const auto arrived = [&] {
-        const QString caption = hand.navigator(navigator)->caption();
+        const QString caption = hand.text(navigator);
         return caption.endsWith(name) || caption.contains(u' ' + name + u" ["_s);
     };
     while (!arrived()) {
@@ -203,7 +202,7 @@ private:
         hand.choose(u"Value"_s, row[u"value"_s]);
         hand.press(place == Search ? u"SEARCH"_s : u"Search"_s);
         for (int i = 0; i < row[u"before"_s].toInt(); ++i) {
-            hand.move(u"Result"_s, u"Next"_s);
+            hand.navigator(u"Result"_s).press(u"Next"_s);
         }
         hand.openTab(tab);
         return hand;

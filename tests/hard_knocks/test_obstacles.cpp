@@ -93,11 +93,11 @@ private Q_SLOTS:
             QVERIFY(file.open(QIODevice::ReadOnly));
             const QByteArray whole = file.readAll();
             {
-                const test::FullDisk full(static_cast<rlim_t>(whole.size() / 2));
+                const test::Obstacle full = test::fullDisk(static_cast<rlim_t>(whole.size() / 2));
                 QVERIFY(writeTo(file.fileName()).contains(file.fileName()));
             }
             {
-                const test::ReadOnlyFolder folder(year.store.file({}));
+                const test::Obstacle folder = test::readOnlyFolder(year.store.file({}));
                 QVERIFY(writeTo(file.fileName()).contains(file.fileName()));
             }
             file.close();

@@ -156,7 +156,7 @@ private Q_SLOTS:
         QVERIFY(QFile::copy(m_store.path(), closed) && QFile::setPermissions(closed, {}));
         std::optional<LoginDialog> login;
         {
-            const test::ReadOnlyFolder folder(m_store.file({}));
+            const test::Obstacle folder = test::readOnlyFolder(m_store.file({}));
             login.emplace(Context{missing, session, dialogs});
             const LoginDialog reading({m_store.path(), session, dialogs});
             QCOMPARE(lineOf(reading),

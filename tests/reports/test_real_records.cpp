@@ -1,4 +1,9 @@
+#include "data/csv_reader.h"
+#include "data/numbers.h"
 #include "data/transaction.h"
+#include "demo/demo_year.h"
+#include "records/gonad_store.h"
+#include "records/keys.h"
 #include "reports/catch_summary.h"
 #include "reports/gonad_maturity_report.h"
 #include "reports/length_frequency_report.h"
@@ -8,41 +13,41 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTest>
 
-#include <algorithm>
+#include <cmath>
+#include <ranges>
 
 using namespace Qt::StringLiterals;
 
 namespace kelvora::test_real_records {
 
-/// The rows of a table, each behind the same words.
-QStringList rowsOf(const ResultSet& table, const QString& front = {}) {
-    QStringList all;
-    for (const auto& row : table.rows) {
-        QStringList texts;
-        std::ranges::transform(row, std::back_inserter(texts), displayText);
-        all += front + texts.join(u'|');
-    }
-    return all;
+QStringList rowsBehind(const QString& front, const ResultSet& table) {
+    return test::rows(table).replaceInStrings(QRegularExpression(u"^"_s), front);
 }
 
 /// The cells of a crosstab that are not empty, each behind what its row and its column are called.
 QStringList cellsOf(const ResultSet& table, qsizetype rowColumns, const QString& front) {
     QStringList all;
-    for (const QString& row : rowsOf(table)) {
-        const QStringList texts = row.split(u'|');
-        for (qsizetype i = rowColumns; i < texts.size(); ++i) {
-            const QString cell = table.columns[static_cast<std::size_t>(i)] + u'|' + texts[i];
-            all += texts[i].isEmpty() ? QStringList()
-                                      : QStringList{front + texts.first(rowColumns).join(u'|') + u'|' + cell};
+    for (const QString& row : rowsBehind(front, table)) {
+        for (qsizetype i = rowColumns; i < table.columnCount(); ++i) {
+            const QString cell = row.section(u'|', i - table.columnCount(), i - table.columnCount());
+            if (cell != u"null") {
+                const QString name = row.section(u'|', 0, rowColumns - 1 + front.count(u'|'));
+                all.append(name + u'|' + table.columns[static_cast<std::size_t>(i)] + u'|' + cell);
+            }
         }
     }
     return all;
 }
 
-/// Landings, lengths and fish as port offices would have stored them, all in one file, and what the reports make of
-/// them against results computed elsewhere.
+auto linesOf(const QString& name) {
+    return readCsv(CsvReader(u"" KELVORA_TEST_FILES "/"_s + name)) | std::views::drop(1);
+}
+
+/// Landings, lengths and fish as port offices would have stored them, all in one file, and what becomes of them against
+/// results computed elsewhere.
 class TestRealRecords : public QObject {
     Q_OBJECT
 
@@ -64,42 +69,35 @@ private Q_SLOTS:
         const QDir folder(u"" KELVORA_TEST_FILES ""_s);
         for (const QString& name : folder.entryList({u"landings_*"_s, u"european_hake_tally.csv"_s, u"simulated_*"_s,
                                                      u"gonad_*d_fish.csv"_s, u"gonad_*_by_month.csv"_s})) {
-            QFile file(folder.filePath(name));
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            for (const QString& line : QString::fromUtf8(file.readAll()).trimmed().split(u'\n').mid(1)) {
+            for (const CsvRecord& line : linesOf(name)) {
                 Sql sql = Sql("insert into csv values (") << name;
                 for (int i = 0; i < 8; ++i) {
-                    sql = sql << "," << line.trimmed().section(u',', i, i);
+                    sql = sql << "," << line.fields.value(i);
                 }
                 m_store.db().execute(sql << ")");
             }
         }
-        m_store.execute("insert into state values (1, 'United Kingdom')");
-        m_store.execute("insert into samplingport values (1, 'Kilkeel', 1), (2, 'Milford Haven', 1)");
         m_store.execute(
-            "insert into fish(genus, fishname) select distinct f, 'sp.' from csv where file like 'landings_2017%'"
-            " union all select distinct file, 'sp.' from csv where file like '%tally.csv'"
-            " union all select distinct a, 'sp.' from csv where file like 'gonad_dated%'");
-        // What a port landed in a month is an operation, and what was measured or examined on a day.
-        m_store.execute(
-            "insert into fishoperation(optid, portid, optdate, estotal) select samplingid * 100 + a, samplingid,"
-            " format('2017-%02d-01', a), sum(h) * 1000 from csv join samplingport on samplingname = b group by 1");
-        m_store.execute(
-            "insert into group_composition select samplingid * 100 + a, fishno, csv.rowid, h, h * 1000"
-            " from csv join samplingport on samplingname = b join fish on genus = f");
-        m_store.execute("update csv set a = a || '-15' where file = 'european_hake_tally.csv'");
-        m_store.execute(
-            "insert or ignore into fishoperation(optid, optdate) select replace(a, '-', ''), a from csv"
-            " where file like '%tally.csv' union all select replace(b, '-', ''), b from csv"
-            " where file like 'gonad_dated%'");
-        m_store.execute(
-            "insert into length_detail select replace(a, '-', ''), fishno, b, c, d, e from csv"
-            " join fish on genus = file");
-        m_store.execute("insert or replace into gonad_stage select d, 's' from csv where file like 'gonad_dated%'");
-        m_store.execute(
-            "insert into gonad_detail(optid, spid, samplingno, sex, stage) select replace(b, '-', ''), fishno,"
-            " csv.rowid, case lower(substr(c, 1, 1)) when 'f' then 'Female' when 'm' then 'Male' else 'None' end, d"
-            " from csv join fish on genus = a");
+            {"insert into state values (1, 'United Kingdom')",
+             "insert into samplingport values (1, 'Kilkeel', 1), (2, 'Milford Haven', 1)",
+             "insert into fish(genus, fishname) select distinct f, 'sp.' from csv where file like 'landings_2017%'"
+             " union all select distinct file, 'sp.' from csv where file like '%tally.csv'"
+             " union all select distinct a, 'sp.' from csv where file like 'gonad_dated%'",
+             // What a port landed in a month is an operation, and what was measured or examined on a day.
+             "insert into fishoperation(optid, portid, optdate, estotal) select samplingid * 100 + a, samplingid,"
+             " format('2017-%02d-01', a), sum(h) * 1000 from csv join samplingport on samplingname = b group by 1",
+             "insert into group_composition select samplingid * 100 + a, fishno, csv.rowid, h, h * 1000"
+             " from csv join samplingport on samplingname = b join fish on genus = f",
+             "update csv set a = a || '-15' where file = 'european_hake_tally.csv'",
+             "insert or ignore into fishoperation(optid, optdate) select replace(a, '-', ''), a from csv"
+             " where file like '%tally.csv' union all select replace(b, '-', ''), b from csv"
+             " where file like 'gonad_dated%'",
+             "insert into length_detail select replace(a, '-', ''), fishno, b, c, d, e from csv"
+             " join fish on genus = file",
+             "insert or replace into gonad_stage select d, 's' from csv where file like 'gonad_dated%'",
+             "insert into gonad_detail(optid, spid, samplingno, sex, stage) select replace(b, '-', ''), fishno,"
+             " csv.rowid, case lower(substr(c, 1, 1)) when 'f' then 'Female' when 'm' then 'Male' else 'None' end, d"
+             " from csv join fish on genus = a"});
         transaction.commit();
     }
 
@@ -107,11 +105,11 @@ private Q_SLOTS:
         Connection& db = m_store.db();
         const ResultSet totals = catchTotals(db, 2017);
         const double kg = *totals.number(0, u"totals");
-        QStringList shown = rowsOf(totals, u"2017|"_s + compositionTotal(db, 2017) + u'|');
-        shown += rowsOf(catchByGroup(db, catchGroupings()[1], 2017, kg));
-        shown += rowsOf(catchByGroup(db, catchGroupings()[5], 2017, kg));
-        shown += rowsOf(compositionOf(db, compositionSubsets()[1], 2017, 1, kg), u"Kilkeel|"_s);
-        shown += rowsOf(compositionOf(db, compositionSubsets()[1], 2017, 2, kg), u"Milford Haven|"_s);
+        QStringList shown = rowsBehind(u"2017|"_s + compositionTotal(db, 2017) + u'|', totals);
+        shown += test::rows(catchByGroup(db, catchGroupings()[1], 2017, kg));
+        shown += test::rows(catchByGroup(db, catchGroupings()[5], 2017, kg));
+        shown += rowsBehind(u"Kilkeel|"_s, compositionOf(db, compositionSubsets()[1], 2017, 1, kg));
+        shown += rowsBehind(u"Milford Haven|"_s, compositionOf(db, compositionSubsets()[1], 2017, 2, kg));
         compare(shown,
                 "with landed as (select a, b, c from csv where file = 'landings_by_port_month.csv'),"
                 " y as (select sum(c) as kg from landed)"
@@ -143,6 +141,102 @@ private Q_SLOTS:
             " union all select fishno, substr(b, 1, 4), case when e = '' then 'All' else c end,"
             " month_name(b || '-15'), case when e = '' then c else d || '-s' end, case when e = '' then d else e end"
             " from csv join fish on instr(a, genus) where file like 'gonad_s%' and b <> ''");
+    }
+
+    void fish() {
+        test::TemporaryStore store;
+        store.addSmallYear();
+        store.execute({"delete from gonad", "delete from gonad_detail"});
+        const StoredOperation operation = storedOperation(store.db(), 2).value();
+        for (const CsvRecord& record : linesOf(u"gonad_summary.csv"_s)) {
+            const QStringList& summary = record.fields;
+            CsvReader csv(u"" KELVORA_TEST_FILES "/"_s + summary[0]);
+            FishReader reader(csv);
+            QVERIFY(reader.readHeader());
+            GonadSample sample{operation, {3, u"Nemipterus virgatus"_s}, 0, {}};
+            while (const auto fish = reader.next()) {
+                sample.fish.push_back(*fish);
+            }
+            sample.samplingWeight = samplingWeightText(bodyWeightSum(sample.fish)).toDouble();
+            StoredPart part;
+            storeGonadSample(store.db(), sample, part, [] {});
+            const double kg = std::round(summary[14].toDouble() / 10) / 100;
+            const QStringList counted = summary.mid(1, 4) + summary.mid(7, 1) + summary.mid(13, 1);
+            QCOMPARE(
+                store.rows("select count(*), sum(sex = 'Female'), sum(sex = 'Male'), sum(sex = 'None'), count(gsi),"
+                           " (select group_concat(each, ' ') from (select stage || ':' || count(*) as each"
+                           " from gonad_detail group by stage)), gonad.* from gonad_detail join gonad"),
+                QStringList{counted.join(u'|') + u"|2|3|"_s + QString::number(kg)});
+            QStringList everyFish;
+            for (const CsvRecord& fish : linesOf(u"gonad_gsi_every_fish.csv"_s)) {
+                everyFish += fish.fields[0] == summary[0] ? QStringList{fish.fields.mid(1).join(u'|')} : QStringList();
+            }
+            // Two of the files hold no gonad weights, and so no index.
+            QVERIFY(everyFish == store.rows("select samplingno, sex, stage, bw, gw, gsi from gonad_detail") ||
+                    (everyFish.isEmpty() && summary[9] == u"0"));
+            deleteGonadSample(store.db(), operation, sample.species);
+        }
+    }
+
+    /// The demonstration year comes out the same every time.
+    void demonstration() {
+        QList<QByteArray> years;
+        for (const QString& name : {u"first"_s, u"again"_s}) {
+            makeDemoYear(m_store.file(name), u"" KELVORA_SOURCE_FOLDER ""_s);
+            QFile file(m_store.file(name));
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            years.append(file.readAll());
+        }
+        QVERIFY(years[0] == years[1]);
+        Connection year(m_store.file(u"again"_s));
+        // An operation is shown once, if its port, area, vessel, gear and method are registered once.
+        QCOMPARE(test::rows(year, Sql("select count(*) = count(distinct optid) and count(*) > 100 and count(*) ="
+                                      " (select count(*) from fishoperation) from fishoperation o"
+                                      " join samplingport p on p.samplingid = portid join state using (stateid)"
+                                      " join fishing_area on aname = areaid join vessel v on vesselname = o.vesselid"
+                                      " join Fishing_method m on methodid = fishing_method"
+                                      " join Fishing_gear g on g.gearid = m.gearid")),
+                 QStringList{u"1"_s});
+        // Raising rounds its factor, which costs at most a hundredth of a group.
+        QCOMPARE(test::rows(year, Sql("select o.optid from fishoperation o left join group_composition c using (optid)"
+                                      " group by 1 having ifnull(abs(sum(c.estotal) / o.estotal - 1), 1) > 0.01")),
+                 QStringList());
+        // Every fish of the sources is counted once.
+        QCOMPARE(test::rows(year, Sql("select genus, sum(frequency1), (select count(*) from gonad_detail where spid ="
+                                      " fishno) from length_detail join fish on fishno = spid"
+                                      " where genus in ('Merluccius', 'Prosopium', 'Upeneus') group by 1")),
+                 (QStringList{u"Merluccius|6900|0"_s, u"Prosopium|221|221"_s, u"Upeneus|3816|0"_s}));
+        for (const CatchGrouping& grouping : catchGroupings()) {
+            QVERIFY2(catchByGroup(year, grouping, 2017, 1).rowCount() > 1, qPrintable(grouping.option));
+        }
+    }
+
+    /// What is stored anew gets the number behind the largest, up to the largest there is.
+    void numbers() {
+        struct Key {
+            int (*next)(Connection&);
+            Literal insert;
+        };
+        const Key all[] = {
+            {nextState, "insert into state(stateid) values("},
+            {nextSamplingPort, "insert into samplingport(samplingid) values("},
+            {nextGear, "insert into Fishing_gear(gearid) values("},
+            {nextMethod, "insert into Fishing_method(methodid) values("},
+            {nextSpecies, "insert into fish(fishno) values("},
+            {[](Connection& db) { return nextGroup(db, 7); }, "insert into group_main(optid, groupid) values(7,"}};
+        test::TemporaryStore store;
+        store.execute("insert into group_main(optid, groupid) values(8, 32767)");
+        QCOMPARE(nextGroup(store.db(), 7), 2);
+        QCOMPARE(nextState(store.db()), 1);
+        for (const auto& [next, insert] : all) {
+            store.db().execute(Sql(insert) << kLargestKey - 1 << ")");
+            QCOMPARE(next(store.db()), kLargestKey);
+            store.db().execute(Sql(insert) << kLargestKey << ")");
+            QVERIFY_EXCEPTION_THROWN(next(store.db()), DataError);
+        }
+        QCOMPARE(nextGearByCount(store.db()), 3);
+        store.execute("insert into gonad_detail(optid, spid, samplingno) values (7, 1, 4), (7, 2, 1), (8, 1, 1)");
+        QCOMPARE(nextFish(store.db(), 7, 1), 2);
     }
 };
 

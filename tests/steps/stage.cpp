@@ -2,8 +2,6 @@
 
 #include "controls/bound_list.h"
 #include "controls/captioned_grid.h"
-#include "controls/record_navigator.h"
-#include "support/obstacles.h"
 
 #include <QAbstractBarSeries>
 #include <QAbstractButton>
@@ -141,10 +139,6 @@ void clickFast(QWidget* button) {
     }
 }
 
-std::shared_ptr<void> whenGone(const std::function<void()>& end) {
-    return {nullptr, [end](void*) { end(); }};
-}
-
 }  // namespace
 
 Stage::Stage(bool obstacles) : m_obstacles(obstacles) {
@@ -227,16 +221,16 @@ QString Stage::meetObstacles(Step& step) {
                 elsewhere(u"CREATE TRIGGER refused_%1 BEFORE %1 ON %2 BEGIN SELECT RAISE(ABORT, 'refused'); END"_s.arg(
                     what, table));
             }
-            return whenGone([this] {
+            return until([this] {
                 for (const QString& what : {u"INSERT"_s, u"UPDATE"_s, u"DELETE"_s}) {
                     elsewhere(u"DROP TRIGGER refused_"_s + what);
                 }
             });
         });
     }
-    wrong += meet(step, u"the disk reported an error"_s, [] { return std::make_shared<FullDisk>(0); });
+    wrong += meet(step, u"the disk reported an error"_s, [] { return fullDisk(0); });
     wrong += meet(step, u"the data file or its folder may not be written to"_s,
-                  [this] { return std::make_shared<ReadOnlyFolder>(m_store.file({})); });
+                  [this] { return readOnlyFolder(m_store.file({})); });
     // Whoever reads the file keeps a save from its end, not from its beginning.
     wrong += meet(step, u"another program is using the data file"_s, [this] {
         auto other = std::make_shared<SQLite::Database>(m_store.path().toStdString(), SQLite::OPEN_READWRITE);
@@ -247,7 +241,7 @@ QString Stage::meetObstacles(Step& step) {
 }
 
 /// An empty string if the obstacle had no effect but a message with its reason.
-QString Stage::meet(const Step& step, const QString& reason, const std::function<std::shared_ptr<void>()>& put) {
+QString Stage::meet(const Step& step, const QString& reason, const std::function<Obstacle()>& put) {
     const bool press = step.verb == u">" && !step.rest.contains(u" = "_s);
     const QStringList before = wholeFile();
     const QStringList shown = shownOn(*front());
@@ -290,7 +284,7 @@ QString Stage::act(const Step& step) {
              hand().enter(u"Criterion = Vessel; Value = %1; Search"_s.arg(rest.section(u" of "_s, 1)));
              front()->findChild<QTabWidget*>()->setCurrentIndex(1);
          }},
-        {u"go"_s, [&] { hand().move(rest.section(u' ', 0, -2), rest.section(u' ', -1)); }},
+        {u"go"_s, [&] { hand().navigator(rest.section(u' ', 0, -2)).press(rest.section(u' ', -1)); }},
         {u"minimize"_s, [&] { front()->showMinimized(); }},
         {u"keys"_s, [&] { pressKeys(rest); }},
         {u"clicks"_s, [&] { clickFast(hand().button(rest)); }},
@@ -332,8 +326,8 @@ QString Stage::check(const Step& step) {
     const std::map<QString, std::function<bool(const QString&)>> states = {
         {u"enabled"_s, [this](const QString& name) { return hand().enabled(name); }},
         {u"disabled"_s, [this](const QString& name) { return !hand().enabled(name); }},
-        {u"shown"_s, [this](const QString& name) { return hand().visible(name); }},
-        {u"hidden"_s, [this](const QString& name) { return !hand().visible(name); }},
+        {u"shown"_s, [this](const QString& name) { return hand().control(name)->isVisible(); }},
+        {u"hidden"_s, [this](const QString& name) { return !hand().control(name)->isVisible(); }},
         {u"checked"_s, [this](const QString& name) { return hand().button(name)->isChecked(); }},
         {u"unchecked"_s, [this](const QString& name) { return !hand().button(name)->isChecked(); }}};
     if (const auto state = states.find(step.verb); state != states.end()) {
@@ -358,10 +352,7 @@ QString Stage::checkText(const QString& rest) const {
     for (const QString& each : rest.split(u"; "_s)) {
         const QString name = each.section(u" ="_s, 0, 0);
         const QString value = each.sliced(std::min(each.size(), name.size() + 3));
-        // A grid has the name of the navigator over it.
-        const auto navigators = hand().root()->findChildren<RecordNavigator*>();
-        const auto navigator = std::ranges::find(navigators, name, &QWidget::accessibleName);
-        const QString text = navigator != navigators.end() ? (*navigator)->caption() : hand().text(name);
+        const QString text = hand().text(name);
         if (!isText(text, value)) {
             return u"%1 is \"%2\""_s.arg(name, text);
         }
@@ -391,7 +382,22 @@ QString Stage::checkRows(const Step& step) {
     const std::map<QString, std::function<QStringList()>> found = {
         {u"rows"_s, [&] { return hand().rows(name); }},
         {u"count"_s, [&] { return QStringList{QString::number(hand().grid(name)->rowCount())}; }},
-        {u"headers"_s, [&] { return QStringList{hand().grid(name)->headers().join(u'|')}; }},
+        {u"headers"_s,
+         [&] {
+             QStringList all;
+             for (const Grid* grid : front()->findChildren<Grid*>()) {
+                 if (name.isEmpty() ? grid->isVisible() : grid->accessibleName() == name) {
+                     QStringList shown = grid->headers();
+                     for (auto column = shown.size() - 1; column >= 0; --column) {
+                         if (grid->isColumnHidden(static_cast<int>(column))) {
+                             shown.removeAt(column);
+                         }
+                     }
+                     all.append(shown.join(u'|'));
+                 }
+             }
+             return all;
+         }},
         {u"options"_s,
          [&] {
              QStringList options;

@@ -2,6 +2,7 @@
 
 #include "shell/main_window.h"
 #include "step_file.h"
+#include "support/obstacles.h"
 #include "support/screen_driver.h"
 #include "support/temporary_store.h"
 
@@ -25,7 +26,7 @@ private:
     QString checkText(const QString& rest) const;
     QString checkFocus(const Step& step) const;
     QString checkRows(const Step& step);
-    QString meet(const Step& step, const QString& reason, const std::function<std::shared_ptr<void>()>& put);
+    QString meet(const Step& step, const QString& reason, const std::function<Obstacle()>& put);
     QString meetObstacles(Step& step);
 
     [[nodiscard]] QMdiSubWindow* front() const;

@@ -57,22 +57,28 @@ QList<Line> repeated(const QList<Line>& lines) {
     return all;
 }
 
+/// A step with the boxes behind it; or a line that belongs to the step before it.
 void append(QList<Step>& steps, const Line& line) {
+    static const QRegularExpression betweenBoxes(u" {3}(?=[?!] )"_s), betweenRows(u" // (?=[+-] )"_s);
     const QString& text = line.text;
-    const bool change = text.startsWith(u"+ "_s) || text.startsWith(u"- "_s);
-    if (text.startsWith(u'?') || text.startsWith(u'!')) {
-        steps.last().boxes.append(PlannedBox::of(filled(text)));
-    } else if (change) {
-        const QString sign = text.first(2);
-        for (const QString& row : text.mid(2).split(u" // "_s)) {
-            steps.last().changes.append(sign + filled(row));
+    if (text.startsWith(u"+ "_s) || text.startsWith(u"- "_s)) {
+        for (const QString& rows : text.split(betweenRows)) {
+            for (const QString& row : rows.sliced(2).split(u" // "_s)) {
+                steps.last().changes.append(rows.first(2) + filled(row));
+            }
         }
     } else if (text.startsWith(u'|')) {
         steps.last().block.append(filled(text.mid(text.startsWith(u"| "_s) ? 2 : 1)));
     } else if (text == u"once") {
         steps.last().once = true;
     } else {
-        steps.append({line.number, text.section(u' ', 0, 0), filled(text.section(u' ', 1))});
+        for (const QString& part : text.split(betweenBoxes)) {
+            if (part.startsWith(u"? "_s) || part.startsWith(u"! "_s)) {
+                steps.last().boxes.append(PlannedBox::of(filled(part)));
+            } else {
+                steps.append({line.number, part.section(u' ', 0, 0), filled(part.section(u' ', 1))});
+            }
+        }
     }
 }
 

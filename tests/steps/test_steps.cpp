@@ -23,11 +23,12 @@ using namespace Qt::StringLiterals;
 ///     in Sampling group                              what follows is inside this frame, until the next tab or screen
 ///     > Group = Trash; Total weight = 60             fields (rows of lists are chosen, else typed) and buttons
 ///     > SAVE
-///       ? CONFIRM: Are you sure … -> Yes             a question: Yes, No, a typed text, or cancel
+///       ? CONFIRM: Are you sure … -> Yes             a question: Yes, No, a typed text, or cancel; boxes also
+///                                                    stand behind their press, parted by three blanks
 ///       ! ERROR: …deleted…                           a message; "…" at an end of a text stands for anything
 ///       ? open file -> fish.csv                      a file dialog (also: save file, save picture); a data file of
 ///                                                    the tests, or one of this case
-///       + group_main|2|1|Trash|60 // area|A9|bank    rows that came into the file, or (-) went
+///       + group_main|2|1|Trash|60 // - area|A9|bank  rows that came into the file, or went
 ///       + 221 rows of vessel
 ///       once                                         not to be tried against obstacles first
 ///     go Result Next                                 First, Previous, Next, Last of a navigator
@@ -42,7 +43,8 @@ using namespace Qt::StringLiterals;
 ///     focus Weight      selected Weight      enabled SAVE, CLEAR      disabled SAVE      shown …      hidden …
 ///     checked Day, Night      unchecked …            options that are chosen or not
 ///     line …is not registered…      noline …      front Search      fronttab Species
-///     options Species = A a|B b      headers Group = A|B      count Vessel import = 221
+///     options Species = A a|B b      count Vessel import = 221
+///     headers Group = A|B                            or of all grids that are seen: headers = A|B // C|D
 ///     windows = Search|Length Frequency              what the menu "Windows" lists, and what can be pressed in the
 ///     toolbar = Fishing Operation|Exit               toolbar
 ///     rows Composition = A|1 // B|2                  also: written summary.csv, stored select …, and

@@ -3,61 +3,52 @@
 #include <QFile>
 
 #include <csignal>
+#include <functional>
+#include <memory>
 #include <sys/resource.h>
 #include <unistd.h>
 
 namespace kelvora::test {
 
-/// As long as it lives, no file grows beyond a number of bytes: a disk that is full.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit full{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &full);
-    }
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
+/// Something in a sampler's way, as long as it is held.
+using Obstacle = std::shared_ptr<void>;
 
-private:
-    rlimit m_before{};
-};
+inline Obstacle until(const std::function<void()>& end) {
+    return {nullptr, [end](void*) { end(); }};
+}
 
-/// As long as it lives, nothing can be made, replaced or removed in a folder. Whoever may write everywhere is asked
-/// nothing by the folders: such a user works as nobody meanwhile.
-class ReadOnlyFolder {
-public:
-    explicit ReadOnlyFolder(QString folder) : m_folder(std::move(folder)) {
-        permit({});
-        become(m_before == 0 ? nobody : m_before);
-    }
-    ~ReadOnlyFolder() {
-        become(m_before);
-        permit(QFile::WriteOwner);
-    }
-    ReadOnlyFolder(const ReadOnlyFolder&) = delete;
-    ReadOnlyFolder& operator=(const ReadOnlyFolder&) = delete;
+/// No file grows beyond a number of bytes.
+inline Obstacle fullDisk(rlim_t bytes) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit full{bytes, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &full);
+    return until([before] { setrlimit(RLIMIT_FSIZE, &before); });
+}
 
-private:
-    static constexpr uid_t nobody = 65534;
-
-    void permit(QFile::Permissions writing) const {
-        const auto reading = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup |
-                             QFile::ReadOther | QFile::ExeOther;
-        if (!QFile::setPermissions(m_folder, reading | writing)) {
+/// Nothing can be made, replaced or removed in a folder. Whoever may write everywhere is asked nothing by the folders:
+/// such a user works as nobody meanwhile.
+inline Obstacle readOnlyFolder(const QString& folder) {
+    constexpr uid_t nobody = 65534;
+    const uid_t before = geteuid();
+    const auto permit = [folder](QFile::Permissions writing) {
+        constexpr auto reading = QFile::Permissions::fromInt(0x5555);  // and entering, for everybody
+        if (!QFile::setPermissions(folder, reading | writing)) {
             qFatal("the folder's permissions cannot be set");
         }
-    }
-    static void become(uid_t user) {
+    };
+    const auto become = [](uid_t user) {
         if (seteuid(user) != 0) {
             qFatal("the user cannot be changed");
         }
-    }
-
-    QString m_folder;
-    uid_t m_before = geteuid();
-};
+    };
+    permit({});
+    become(before == 0 ? nobody : before);
+    return until([=] {
+        become(before);
+        permit(QFile::WriteOwner);
+    });
+}
 
 }  // namespace kelvora::test

@@ -8,10 +8,9 @@ namespace kelvora::test {
 
 using namespace Qt::StringLiterals;
 
-/// A box that is expected, with its answer.
+/// A box that is expected, with its answer: "Yes" or "No", the text of an input or "No more", the name of a file.
 struct PlannedBox {
     QString kind, title, text;
-    /// "Yes" or "No" of a question, the text of an input or "No more", the name of a file.
     std::optional<QString> answer = {};
 
     /// "? TITLE: TEXT -> ANSWER" or "! TITLE: TEXT"; "…" at an end of a text stands for anything. A file is asked for
@@ -38,8 +37,6 @@ public:
         m_unplanned.clear();
     }
     void expect(const QString& line) { m_planned.append(PlannedBox::of(line)); }
-    /// Whether every planned box has come.
-    [[nodiscard]] bool done() const { return m_planned.isEmpty(); }
     [[nodiscard]] const QList<PlannedBox>& missing() const { return m_planned; }
     [[nodiscard]] const QStringList& unplanned() const { return m_unplanned; }
 

@@ -1,6 +1,5 @@
 #include "support/screen_driver.h"
 
-#include "controls/bound_list.h"
 #include "controls/captioned_grid.h"
 #include "controls/record_navigator.h"
 
@@ -57,17 +56,16 @@ Widget* needed(Widget* widget, const QString& what, const QString& name) {
     return widget;
 }
 
-QWidget* usable(QWidget* widget, const QString& name) {
+template <typename Widget>
+Widget* usable(Widget* widget, const QString& name) {
     if (!widget->isEnabled()) {
         qFatal("\"%s\" is disabled", qPrintable(name));
     }
     return widget;
 }
 
-/// What a key press in a field reaches: the rows that a list offers below a typed text have the keyboard while shown.
-QWidget* keyboard(QWidget* field) {
-    QWidget* offered = QApplication::activePopupWidget();
-    return offered != nullptr ? offered : field;
+int rowOf(const QComboBox& box, const QString& text) {
+    return box.findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
 }
 
 /// Letters that no key of a plain keyboard has come in one event, as from an input method.
@@ -103,20 +101,12 @@ QWidget* ScreenDriver::field(const QString& caption) const {
     return needed(found, u"field"_s, caption);
 }
 
-QLineEdit* ScreenDriver::edit(const QString& caption) const {
-    return needed(qobject_cast<QLineEdit*>(field(caption)), u"text box"_s, caption);
-}
-
-BoundList* ScreenDriver::list(const QString& caption) const {
-    return needed(qobject_cast<BoundList*>(field(caption)), u"list"_s, caption);
-}
-
 Grid* ScreenDriver::grid(const QString& name) const {
     return needed(named<Grid>(m_root, name), u"grid"_s, name);
 }
 
-RecordNavigator* ScreenDriver::navigator(const QString& name) const {
-    return needed(named<RecordNavigator>(m_root, name), u"navigator"_s, name);
+ScreenDriver ScreenDriver::navigator(const QString& name) const {
+    return ScreenDriver(needed(named<RecordNavigator>(m_root, name), u"navigator"_s, name));
 }
 
 QAbstractButton* ScreenDriver::button(const QString& caption) const {
@@ -129,6 +119,10 @@ QWidget* ScreenDriver::control(const QString& name) const {
 }
 
 QString ScreenDriver::text(const QString& caption) const {
+    // A grid has the name of the navigator over it.
+    if (const auto* navigator = named<RecordNavigator>(m_root, caption)) {
+        return navigator->caption();
+    }
     const QWidget* found = field(caption);
     if (const auto* box = qobject_cast<const QComboBox*>(found)) {
         return box->currentText();
@@ -137,12 +131,6 @@ QString ScreenDriver::text(const QString& caption) const {
         return note->toPlainText();
     }
     return found->property(qobject_cast<const QAbstractButton*>(found) != nullptr ? "checked" : "text").toString();
-}
-
-bool ScreenDriver::focused(const QString& caption) const {
-    const QWidget* found = field(caption);
-    const QWidget* focus = found->window()->focusWidget();
-    return focus != nullptr && (focus == found || found->isAncestorOf(focus));
 }
 
 void ScreenDriver::type(const QString& caption, const QString& text) const {
@@ -158,17 +146,14 @@ void ScreenDriver::type(const QString& caption, const QString& text) const {
     }
     QTest::keyClick(found, Qt::Key_Delete);
     pressKeysOf(text, found);
-    QTest::keyClick(keyboard(found), Qt::Key_Tab);
-}
-
-void ScreenDriver::key(const QString& caption, Qt::Key key) const {
-    QTest::keyClick(keyboard(usable(field(caption), caption)), key);
+    // The rows that a list offers below a typed text have the keyboard while shown.
+    QWidget* offered = QApplication::activePopupWidget();
+    QTest::keyClick(offered != nullptr ? offered : found, Qt::Key_Tab);
 }
 
 void ScreenDriver::choose(const QString& caption, const QString& row) const {
-    auto* box = needed(qobject_cast<QComboBox*>(field(caption)), u"drop-down list"_s, caption);
-    usable(box, caption);
-    const int found = box->findText(row, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    auto* box = usable(needed(qobject_cast<QComboBox*>(field(caption)), u"drop-down list"_s, caption), caption);
+    const int found = rowOf(*box, row);
     if (found < 0) {
         qFatal(R"(the list "%s" does not offer "%s")", qPrintable(caption), qPrintable(row));
     }
@@ -178,8 +163,7 @@ void ScreenDriver::choose(const QString& caption, const QString& row) const {
 }
 
 void ScreenDriver::press(const QString& caption) const {
-    usable(button(caption), caption);
-    button(caption)->click();
+    usable(button(caption), caption)->click();
 }
 
 void ScreenDriver::enter(const QString& steps) const {
@@ -189,14 +173,13 @@ void ScreenDriver::enter(const QString& steps) const {
         const QString text = step.section(is, 1).mid(1);
         if (!step.contains(is)) {
             press(step);
-        } else if (const auto* box = qobject_cast<QComboBox*>(field(caption));
-                   box && box->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0) {
+        } else if (const auto* box = qobject_cast<QComboBox*>(field(caption)); box && rowOf(*box, text) >= 0) {
             choose(caption, text);
         } else {
             type(caption, text.trimmed());
         }
         if (text.endsWith(u'\n')) {
-            key(caption, Qt::Key_Return);
+            QTest::keyClick(usable(field(caption), caption), Qt::Key_Return);
         }
     }
 }
@@ -211,10 +194,6 @@ void ScreenDriver::openTab(const QString& caption) const {
         }
     }
     qFatal("no tab \"%s\"", qPrintable(caption));
-}
-
-void ScreenDriver::move(const QString& name, const QString& direction) const {
-    ScreenDriver(navigator(name)).press(direction);
 }
 
 QStringList ScreenDriver::rows(const QString& name) const {

@@ -4,12 +4,9 @@
 #include <QWidget>
 
 class QAbstractButton;
-class QLineEdit;
 
 namespace kelvora {
-class BoundList;
 class Grid;
-class RecordNavigator;
 }  // namespace kelvora
 
 namespace kelvora::test {
@@ -23,31 +20,25 @@ public:
     [[nodiscard]] QWidget* root() const { return m_root; }
     /// The same, inside a frame with a title (or the tab or widget with that accessible name).
     [[nodiscard]] ScreenDriver within(const QString& frame) const;
+    [[nodiscard]] ScreenDriver navigator(const QString& name) const;
 
     /// The field with a caption: the buddy of the label with that text, else the widget with that accessible name.
     [[nodiscard]] QWidget* field(const QString& caption) const;
-    [[nodiscard]] QLineEdit* edit(const QString& caption) const;
-    [[nodiscard]] BoundList* list(const QString& caption) const;
     [[nodiscard]] Grid* grid(const QString& name) const;
-    [[nodiscard]] RecordNavigator* navigator(const QString& name) const;
     /// A button or option by its caption (mnemonic left out) or accessible name.
     [[nodiscard]] QAbstractButton* button(const QString& caption) const;
-
     /// A button or, where there is none of that name, a field.
     [[nodiscard]] QWidget* control(const QString& name) const;
 
-    /// The text of a field, whatever it is.
+    /// The text of a field, whatever it is, or the caption of a navigator.
     [[nodiscard]] QString text(const QString& caption) const;
     [[nodiscard]] bool enabled(const QString& caption) const { return control(caption)->isEnabled(); }
-    [[nodiscard]] bool visible(const QString& caption) const { return control(caption)->isVisible(); }
-    /// Whether the keyboard is in a field.
-    [[nodiscard]] bool focused(const QString& caption) const;
+    /// The rows of a grid as shown, each as its cells joined by "|".
+    [[nodiscard]] QStringList rows(const QString& name) const;
 
     /// Replaces a field's text with key presses (texts that have no keys at once, as an input method enters them) and
     /// leaves it (Tab), as far as it can be left.
     void type(const QString& caption, const QString& text) const;
-    /// Presses a key in a field.
-    void key(const QString& caption, Qt::Key key) const;
     /// Chooses a row of a drop-down list by its shown text.
     void choose(const QString& caption, const QString& row) const;
     void press(const QString& caption) const;
@@ -55,12 +46,7 @@ public:
     /// offers the text, types where it does not, and presses a button. Return is pressed behind a text with a line
     /// break.
     void enter(const QString& steps) const;
-    /// Goes to the tab with a caption.
     void openTab(const QString& caption) const;
-    /// First, Previous, Next or Last of a navigator.
-    void move(const QString& name, const QString& direction) const;
-    /// The rows of a grid as shown, each as its cells joined by "|".
-    [[nodiscard]] QStringList rows(const QString& name) const;
 
 private:
     QWidget* m_root;

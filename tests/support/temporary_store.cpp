@@ -20,9 +20,9 @@ QString folderTemplate() {
 
 }  // namespace
 
-QStringList rows(Connection& db, const Sql& sql) {
+QStringList rows(const ResultSet& table) {
     QStringList lines;
-    for (const auto& row : db.query(sql).rows) {
+    for (const auto& row : table.rows) {
         QStringList values;
         for (const QVariant& value : row) {
             values.append(value.isValid() ? displayText(value) : u"null"_s);
@@ -34,19 +34,15 @@ QStringList rows(Connection& db, const Sql& sql) {
 
 QStringList wholeFile(Connection& db) {
     const auto rows = [&](Literal sql) { return test::rows(db, Sql(sql)); };
-    QStringList all;
-    all += rows("select 'state', * from state") + rows("select 'port', * from samplingport");
-    all += rows("select 'gear', * from Fishing_gear") + rows("select 'method', * from Fishing_method");
-    all += rows("select 'area', * from fishing_area") + rows("select 'stage', * from gonad_stage");
-    all += rows("select 'vessel', * from vessel") + rows("select 'fish', * from fish");
-    all += rows("select 'operation', * from fishoperation order by optid");
-    all += rows("select 'gonad', * from gonad order by optid, spid");
-    all += rows("select 'gonad_detail', * from gonad_detail order by optid, spid, samplingno");
-    all += rows("select 'group_composition', * from group_composition order by optid, groupid, spid");
-    all += rows("select 'group_main', * from group_main order by optid, groupid");
-    all += rows("select 'length', * from length order by optid, spid");
-    all += rows("select 'length_detail', * from length_detail order by optid, spid, lower1");
-    return all;
+    return rows("select 'state', * from state") + rows("select 'port', * from samplingport") +
+           rows("select 'gear', * from Fishing_gear") + rows("select 'method', * from Fishing_method") +
+           rows("select 'area', * from fishing_area") + rows("select 'stage', * from gonad_stage") +
+           rows("select 'vessel', * from vessel") + rows("select 'fish', * from fish") +
+           rows("select 'operation', * from fishoperation") + rows("select 'gonad', * from gonad") +
+           rows("select 'gonad_detail', * from gonad_detail") +
+           rows("select 'group_composition', * from group_composition") +
+           rows("select 'group_main', * from group_main") + rows("select 'length', * from length") +
+           rows("select 'length_detail', * from length_detail");
 }
 
 QStringList changes(const QStringList& before, const QStringList& after) {
@@ -64,59 +60,42 @@ QStringList changes(const QStringList& before, const QStringList& after) {
 TemporaryStore::TemporaryStore() : m_folder(folderTemplate()), m_path(m_folder.filePath(u"kelvora_db.sqlite"_s)) {
     prepareStore(m_path);
     m_db = std::make_unique<Connection>(m_path);
-    session.login = u"Administrator"_s;
-    session.password = u"kelvora"_s;
-    session.userName = u"Port Sampler"_s;
 }
 
 void TemporaryStore::addReferenceRows() {
-    execute("insert into state values (1, 'Alpha'), (2, 'Beta')");
-    execute("insert into samplingport values (1, 'Abo', 1), (2, 'Bex', 1), (3, 'Cay', 2)");
-    execute("insert into Fishing_gear values (1, 'Trawl'), (2, 'Gill net')");
-    execute("insert into Fishing_method values (1, 'Otter board', 1), (2, 'Pair', 1), (3, 'Drift', 2)");
-    execute("insert into fishing_area values ('A1', 'north bank'), ('A2', 'south bank')");
-    execute(
-        "insert into vessel values ('Sea Star', 'R-1', 'Alpha', 'In Board', 120, 30, 15, 1, '4', '20', '8'),"
-        " ('Blue Fin', 'R-2', 'Beta', 'Out Board', 40, 5, 8, 2, '5', '100', '3')");
-    execute(
-        "insert into fish(fishno, family, genus, fishname, common_name) values"
-        " (1, 'Scombridae', 'Rastrelliger', 'kanagurta', 'Indian mackerel'),"
-        " (2, 'Mullidae', 'Upeneus', 'vittatus', 'Yellowstriped goatfish'),"
-        " (3, 'Nemipteridae', 'Nemipterus', 'virgatus', 'Golden threadfin bream')");
-}
-
-void TemporaryStore::addOperation(int optid, int portid, const QString& date, int method, double catchKg,
-                                  const QString& vessel, const QString& area) {
-    m_db->execute(Sql("insert into fishoperation values (")
-                  << optid << "," << portid << ",'Port Sampler'," << date << "," << method
-                  << ",12,30,100,15,40,35,'Day',3,2," << catchKg << ",''," << vessel << "," << area << ")");
-}
-
-void TemporaryStore::addSamples(int optid) {
-    const auto add = [&](Literal front, Literal behind) { m_db->execute(Sql(front) << optid << behind); };
-    add("insert into group_main values (1,", ",'Single species',30)");
-    add("insert into group_composition values (", ",1,1,30,30)");
-    add("insert into group_main values (2,", ",'Trash',50)");
-    add("insert into group_composition values (", ",3,2,5,50)");
-    add("insert into length values (", ",1,2.5)");
-    add("insert into length_detail values (", ",1,10,12,11,4)");
-    add("insert into gonad values (", ",1,0.4)");
-    add("insert into gonad_detail values (", ",1,1,100,90,95,85,200,'Male',2,10,5)");
+    execute({"insert into state values (1, 'Alpha'), (2, 'Beta')",
+             "insert into samplingport values (1, 'Abo', 1), (2, 'Bex', 1), (3, 'Cay', 2)",
+             "insert into Fishing_gear values (1, 'Trawl'), (2, 'Gill net')",
+             "insert into Fishing_method values (1, 'Otter board', 1), (2, 'Pair', 1), (3, 'Drift', 2)",
+             "insert into fishing_area values ('A1', 'north bank'), ('A2', 'south bank')",
+             "insert into vessel values ('Sea Star', 'R-1', 'Alpha', 'In Board', 120, 30, 15, 1, '4', '20', '8'),"
+             " ('Blue Fin', 'R-2', 'Beta', 'Out Board', 40, 5, 8, 2, '5', '100', '3')",
+             "insert into fish(fishno, family, genus, fishname, common_name) values"
+             " (1, 'Scombridae', 'Rastrelliger', 'kanagurta', 'Indian mackerel'),"
+             " (2, 'Mullidae', 'Upeneus', 'vittatus', 'Yellowstriped goatfish'),"
+             " (3, 'Nemipteridae', 'Nemipterus', 'virgatus', 'Golden threadfin bream')"});
 }
 
 void TemporaryStore::addSmallYear() {
     addReferenceRows();
-    execute("insert into samplingport values (4, 'Dun', 2)");
-    execute("insert into Fishing_method values (4, 'Longline', 2)");
-    execute("insert into fishing_area values ('A3', 'nowhere')");
-    execute("insert into vessel(vesselname, vesselid, gear) values ('Idle', 'R-9', 2)");
-    execute("insert into fish(fishno, family, genus, fishname) values (4, 'Zeidae', 'Zeus', 'faber')");
-    execute("update fish set classinterval = 2 where fishno = 1");
-    addOperation(1, 1, u"2004-03-09"_s, 1, 120.5, u"Sea Star"_s, u"A1"_s);
-    addOperation(2, 2, u"2004-04-01"_s, 3, 80, u"Blue Fin"_s, u"A2"_s);
-    addOperation(3, 3, u"2004-05-01"_s, 2, 60, u"Sea Star"_s, u"A1"_s);
-    addSamples(1);
-    addSamples(2);
+    execute({"insert into samplingport values (4, 'Dun', 2)", "insert into Fishing_method values (4, 'Longline', 2)",
+             "insert into fishing_area values ('A3', 'nowhere')",
+             "insert into vessel(vesselname, vesselid, gear) values ('Idle', 'R-9', 2)",
+             "insert into fish(fishno, family, genus, fishname) values (4, 'Zeidae', 'Zeus', 'faber')",
+             "update fish set classinterval = 2 where fishno = 1",
+             "insert into fishoperation with day(number, port, day, method, kg, vessel, area) as (values"
+             " (1, 1, '2004-03-09', 1, 120.5, 'Sea Star', 'A1'), (2, 2, '2004-04-01', 3, 80, 'Blue Fin', 'A2'),"
+             " (3, 3, '2004-05-01', 2, 60, 'Sea Star', 'A1')) select number, port, 'Port Sampler', day, method, 12, 30,"
+             " 100, 15, 40, 35, 'Day', 3, 2, kg, '', vessel, area from day",
+             "insert into group_main values (1, 1, 'Single species', 30), (2, 1, 'Trash', 50),"
+             " (1, 2, 'Single species', 30), (2, 2, 'Trash', 50)",
+             "insert into group_composition values (1, 1, 1, 30, 30), (1, 3, 2, 5, 50), (2, 1, 1, 30, 30),"
+             " (2, 3, 2, 5, 50)",
+             "insert into length values (1, 1, 2.5), (2, 1, 2.5)",
+             "insert into length_detail values (1, 1, 10, 12, 11, 4), (2, 1, 10, 12, 11, 4)",
+             "insert into gonad values (1, 1, 0.4), (2, 1, 0.4)",
+             "insert into gonad_detail values (1, 1, 1, 100, 90, 95, 85, 200, 'Male', 2, 10, 5),"
+             " (2, 1, 1, 100, 90, 95, 85, 200, 'Male', 2, 10, 5)"});
 }
 
 }  // namespace kelvora::test

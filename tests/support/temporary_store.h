@@ -9,8 +9,11 @@
 
 namespace kelvora::test {
 
-/// The rows of a query, each as its values joined by "|"; a null reads "null".
-QStringList rows(Connection& db, const Sql& sql);
+/// The rows of a table, each as its values joined by "|"; a null reads "null".
+QStringList rows(const ResultSet& table);
+inline QStringList rows(Connection& db, const Sql& sql) {
+    return rows(db.query(sql));
+}
 /// The rows of all tables but the accounts, each beginning with what it is: what a change left alone is compared.
 QStringList wholeFile(Connection& db);
 /// The rows that are not in a file any more ("- …") and those that came ("+ …").
@@ -32,23 +35,23 @@ public:
     QStringList rows(Literal sql) { return rows(Sql(sql)); }
     QStringList wholeFile() { return test::wholeFile(*m_db); }
     void execute(Literal sql) { m_db->execute(Sql(sql)); }
+    void execute(const std::vector<Literal>& statements) {
+        for (const Literal& sql : statements) {
+            execute(sql);
+        }
+    }
 
     /// A few reference rows: state 1 Alpha with ports 1 Abo and 2 Bex, state 2 Beta with port 3 Cay; gears 1 Trawl
     /// (methods 1 Otter board, 2 Pair) and 2 Gill net (method 3 Drift); areas A1 (north bank), A2 (south bank); vessels
     /// Sea Star (R-1, gear 1) and Blue Fin (R-2, gear 2); species 1 Rastrelliger kanagurta, 2 Upeneus vittatus,
     /// 3 Nemipterus virgatus.
     void addReferenceRows();
-    /// An operation on these rows. Date as ISO text.
-    void addOperation(int optid, int portid, const QString& date, int method, double catchKg, const QString& vessel,
-                      const QString& area);
-    /// A sample of every kind for an operation: groups 1 Single species (species 1) and 2 Trash (species 3), lengths
-    /// and fish of species 1.
-    void addSamples(int optid);
-    /// A row of everything: the reference rows, three operations of 2004, samples of the first two. The last rows of
-    /// the lists are used by none: port Dun, method Longline, area A3, vessel Idle, species Zeus faber.
+    /// A row of everything: the reference rows, three operations of 2004, of the first two a sample of every kind:
+    /// groups 1 Single species (species 1) and 2 Trash (species 3), lengths and fish of species 1. The last rows of the
+    /// lists are used by none: port Dun, method Longline, area A3, vessel Idle, species Zeus faber.
     void addSmallYear();
 
-    Session session;
+    Session session{u"Administrator"_s, u"kelvora"_s, u"Port Sampler"_s};
     PlannedDialogs dialogs;
 
 private:

@@ -9,11 +9,9 @@
 
 namespace kelvora::test {
 
-using MakeClass = std::function<std::unique_ptr<QObject>()>;
-
 /// The test classes of this executable by their names.
-inline std::map<QString, MakeClass>& testClasses() {
-    static std::map<QString, MakeClass> classes;
+inline auto& testClasses() {
+    static std::map<QString, std::function<std::unique_ptr<QObject>()>> classes;
     return classes;
 }
 
