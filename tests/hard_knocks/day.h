@@ -155,14 +155,11 @@ private:
             const QString name = QString::fromLatin1(offer.list);
             const bool values = offer.place == Search;
             const bool here = values ? name == criterion : offer.place == place;
-            const auto* box = here ? qobject_cast<QComboBox*>(hand.field(values ? u"Value"_s : name)) : nullptr;
-            if (box == nullptr) {
+            const QString list = values ? u"Value"_s : name;
+            if (!here || qobject_cast<QComboBox*>(hand.field(list)) == nullptr) {
                 continue;  // or a field of the same caption on the tab in front
             }
-            QStringList offered;
-            for (int i = 0; i < box->count(); ++i) {
-                offered.append(box->itemText(i));
-            }
+            QStringList offered = hand.options(list);
             QStringList stored;
             for (const Row& row : sql(u"select "_s + QLatin1String(offer.rows))) {
                 stored.append(row.begin()->second);

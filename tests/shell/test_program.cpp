@@ -78,8 +78,24 @@ class TestProgram : public QObject {
         }
     }
 
+    /// What is shown lies beside one another, not over it.
+    static void lookForRoom(const QWidget& screen) {
+        QWidgetList shown = screen.findChildren<QWidget*>();
+        shown.removeIf([&](const QWidget* widget) {
+            const bool plainLabel = isOne(widget, {"QLabel"}) && !widget->property("text").toString().isEmpty();
+            return !widget->isVisible() || (!plainLabel && !controls(screen).contains(widget));
+        });
+        for (const QWidget* one : shown) {
+            for (const QWidget* other : one->parentWidget()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+                QVERIFY2(one == other || !shown.contains(other) || !one->geometry().intersects(other->geometry()),
+                         qPrintable(one->accessibleName() + one->property("text").toString()));
+            }
+        }
+    }
+
     static void look(const QWidget& screen) {
         lookForKeys(screen);
+        lookForRoom(screen);
         QWidgetList stops;
         for (QWidget* at = QApplication::focusWidget(); !stops.contains(at); at = QApplication::focusWidget()) {
             stops += at;

@@ -96,8 +96,9 @@ QStringList drawnBars(const QChart& chart) {
 /// where a legend shows them.
 QStringList aroundBars(const QChart& chart) {
     QStringList texts{chart.title()};
+    const bool crossed = chart.axes(Qt::Horizontal).size() == chart.axes(Qt::Vertical).size();
     for (const QAbstractAxis* axis : chart.axes()) {
-        texts.append(axis->titleText());
+        texts.append(crossed ? axis->titleText() : u"(axes side by side)"_s);
         const auto* marks = qobject_cast<const QValueAxis*>(axis);
         if (marks != nullptr && qobject_cast<const QCategoryAxis*>(axis) == nullptr) {
             const QString scale = u"%1 %2 %3 "_s.arg(marks->min()).arg(marks->max()).arg(marks->tickInterval());
@@ -127,6 +128,15 @@ QStringList shownOn(const QWidget& screen) {
         }
     }
     return all;
+}
+
+/// The captions of what can be pressed.
+QStringList pressable(const QList<QAction*>& actions) {
+    QStringList captions;
+    for (const QAction* one : actions) {
+        captions += one->isEnabled() && !one->isSeparator() ? QStringList{one->text()} : QStringList();
+    }
+    return captions.isEmpty() ? captions : QStringList{captions.join(u'|')};
 }
 
 /// A hand that clicks three times where once is meant.
@@ -323,16 +333,13 @@ QString Stage::check(const Step& step) {
         }
         return {};
     }
-    const std::map<QString, std::function<bool(const QString&)>> states = {
-        {u"enabled"_s, [this](const QString& name) { return hand().enabled(name); }},
-        {u"disabled"_s, [this](const QString& name) { return !hand().enabled(name); }},
-        {u"shown"_s, [this](const QString& name) { return hand().control(name)->isVisible(); }},
-        {u"hidden"_s, [this](const QString& name) { return !hand().control(name)->isVisible(); }},
-        {u"checked"_s, [this](const QString& name) { return hand().button(name)->isChecked(); }},
-        {u"unchecked"_s, [this](const QString& name) { return !hand().button(name)->isChecked(); }}};
+    static const std::map<QString, std::pair<const char*, bool>> states = {
+        {u"enabled"_s, {"enabled", true}}, {u"disabled"_s, {"enabled", false}}, {u"shown"_s, {"visible", true}},
+        {u"hidden"_s, {"visible", false}}, {u"checked"_s, {"checked", true}},   {u"unchecked"_s, {"checked", false}}};
     if (const auto state = states.find(step.verb); state != states.end()) {
+        const auto [property, wanted] = state->second;
         for (const QString& each : rest.split(u", "_s)) {
-            if (!state->second(each)) {
+            if (hand().control(each)->property(property) != QVariant(wanted)) {
                 return u"\"%1\" is not"_s.arg(each);
             }
         }
@@ -387,11 +394,9 @@ QString Stage::checkRows(const Step& step) {
              QStringList all;
              for (const Grid* grid : front()->findChildren<Grid*>()) {
                  if (name.isEmpty() ? grid->isVisible() : grid->accessibleName() == name) {
-                     QStringList shown = grid->headers();
-                     for (auto column = shown.size() - 1; column >= 0; --column) {
-                         if (grid->isColumnHidden(static_cast<int>(column))) {
-                             shown.removeAt(column);
-                         }
+                     QStringList shown;
+                     for (int column = 0; const QString& header : grid->headers()) {
+                         shown += grid->isColumnHidden(column++) ? QStringList() : QStringList{header};
                      }
                      all.append(shown.join(u'|'));
                  }
@@ -400,11 +405,7 @@ QString Stage::checkRows(const Step& step) {
          }},
         {u"options"_s,
          [&] {
-             QStringList options;
-             const auto* list = qobject_cast<QComboBox*>(hand().field(name));
-             for (int row = 0; row < list->count(); ++row) {
-                 options.append(list->itemText(row));
-             }
+             const QStringList options = hand().options(name);
              return options.isEmpty() ? options : QStringList{options.join(u'|')};
          }},
         {u"front"_s, [&] { return QStringList{front() == nullptr ? QString() : front()->windowTitle()}; }},
@@ -415,25 +416,11 @@ QString Stage::checkRows(const Step& step) {
          }},
         {u"windows"_s,
          [&] {
-             const auto menus = m_window->menuBar()->actions();
-             const QAction* menu =
-                 *std::ranges::find(menus, u"Windows"_s, [](auto* one) { return plain(one->text()); });
-             QStringList titles;
-             for (const QAction* entry : menu->menu()->actions()) {
-                 titles.append(entry->text());
-             }
-             return menu->isEnabled() ? QStringList{titles.join(u'|')} : titles;
+             const QAction* menu = menuOf(u"Windows"_s);
+             const QStringList titles = pressable(menu->menu()->actions());
+             return menu->isEnabled() != titles.isEmpty() ? titles : QStringList{u"(the menu is not)"_s};
          }},
-        {u"toolbar"_s,
-         [&] {
-             QStringList captions;
-             for (const QAction* button : m_window->findChild<QToolBar*>()->actions()) {
-                 if (button->isEnabled() && !button->isSeparator()) {
-                     captions.append(button->text());
-                 }
-             }
-             return QStringList{captions.join(u'|')};
-         }},
+        {u"toolbar"_s, [&] { return pressable(m_window->findChild<QToolBar*>()->actions()); }},
         {u"picture"_s, [&] { return drawnBars(*front()->findChild<QChartView*>()->chart()); }},
         {u"drawn"_s, [&] { return aroundBars(*front()->findChild<QChartView*>()->chart()); }},
         {u"stored"_s, [&] { return stored(step.rest); }},
@@ -460,14 +447,14 @@ ScreenDriver Stage::hand() const {
     return m_frame.isEmpty() ? screen : screen.within(m_frame);
 }
 
+const QAction* Stage::menuOf(const QString& caption) const {
+    const auto menus = m_window->menuBar()->actions();
+    return *std::ranges::find(menus, caption, [](const QAction* one) { return plain(one->text()); });
+}
+
 void Stage::trigger(const QString& menu, const QString& caption) {
     m_frame.clear();
-    QList<QAction*> actions = m_window->findChild<QToolBar*>()->actions();
-    for (const QAction* top : m_window->menuBar()->actions()) {
-        if (!menu.isEmpty() && plain(top->text()) == menu) {
-            actions = top->menu()->actions();
-        }
-    }
+    const auto actions = menu.isEmpty() ? m_window->findChild<QToolBar*>()->actions() : menuOf(menu)->menu()->actions();
     const auto action = std::ranges::find(actions, caption, [](const QAction* one) { return one->text(); });
     if (action == actions.end() || !(*action)->isEnabled()) {
         qFatal("no button or menu item \"%s\" that can be pressed", qPrintable(caption));

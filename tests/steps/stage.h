@@ -31,6 +31,7 @@ private:
 
     [[nodiscard]] QMdiSubWindow* front() const;
     [[nodiscard]] ScreenDriver hand() const;
+    [[nodiscard]] const QAction* menuOf(const QString& caption) const;
     void trigger(const QString& menu, const QString& caption);
     void pressKeys(const QString& keys);
     QStringList wholeFile();

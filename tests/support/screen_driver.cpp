@@ -162,6 +162,15 @@ void ScreenDriver::choose(const QString& caption, const QString& row) const {
     Q_EMIT box->activated(found);
 }
 
+QStringList ScreenDriver::options(const QString& caption) const {
+    const auto* box = needed(qobject_cast<const QComboBox*>(field(caption)), u"drop-down list"_s, caption);
+    QStringList options;
+    for (int row = 0; row < box->count(); ++row) {
+        options.append(box->itemText(row));
+    }
+    return options;
+}
+
 void ScreenDriver::press(const QString& caption) const {
     usable(button(caption), caption)->click();
 }

@@ -41,6 +41,7 @@ public:
     void type(const QString& caption, const QString& text) const;
     /// Chooses a row of a drop-down list by its shown text.
     void choose(const QString& caption, const QString& row) const;
+    [[nodiscard]] QStringList options(const QString& caption) const;
     void press(const QString& caption) const;
     /// One step after the other: "Vessel Name = Blue Fin; Weight = 2.5; SAVE" chooses a row where a drop-down list
     /// offers the text, types where it does not, and presses a button. Return is pressed behind a text with a line
