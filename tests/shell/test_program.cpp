@@ -142,10 +142,12 @@ private Q_SLOTS:
             if (frame->windowTitle() == u"Search" && i >= screens) {
                 test::ScreenDriver(screen).enter(u"Criterion = Vessel; Value = Sea Star; SEARCH"_s);
             }
-            look(*screen);
             auto* folder = screen->findChild<QTabWidget*>();
-            for (int tab = 1; folder != nullptr && tab < folder->count() && !QTest::currentTestFailed(); ++tab) {
-                folder->setCurrentIndex(tab);
+            const int tabs = folder == nullptr ? 1 : folder->count();
+            for (int tab = 0; tab < tabs && !QTest::currentTestFailed(); ++tab) {
+                if (folder != nullptr) {
+                    folder->setCurrentIndex(tab);
+                }
                 look(*screen);
             }
             frame->close();
