@@ -3,8 +3,10 @@
 #include "data/store.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <SQLiteCpp/Database.h>
 
 using namespace Qt::StringLiterals;
 
@@ -62,40 +64,13 @@ TemporaryStore::TemporaryStore() : m_folder(folderTemplate()), m_path(m_folder.f
     m_db = std::make_unique<Connection>(m_path);
 }
 
-void TemporaryStore::addReferenceRows() {
-    execute({"insert into state values (1, 'Alpha'), (2, 'Beta')",
-             "insert into samplingport values (1, 'Abo', 1), (2, 'Bex', 1), (3, 'Cay', 2)",
-             "insert into Fishing_gear values (1, 'Trawl'), (2, 'Gill net')",
-             "insert into Fishing_method values (1, 'Otter board', 1), (2, 'Pair', 1), (3, 'Drift', 2)",
-             "insert into fishing_area values ('A1', 'north bank'), ('A2', 'south bank')",
-             "insert into vessel values ('Sea Star', 'R-1', 'Alpha', 'In Board', 120, 30, 15, 1, '4', '20', '8'),"
-             " ('Blue Fin', 'R-2', 'Beta', 'Out Board', 40, 5, 8, 2, '5', '100', '3')",
-             "insert into fish(fishno, family, genus, fishname, common_name) values"
-             " (1, 'Scombridae', 'Rastrelliger', 'kanagurta', 'Indian mackerel'),"
-             " (2, 'Mullidae', 'Upeneus', 'vittatus', 'Yellowstriped goatfish'),"
-             " (3, 'Nemipteridae', 'Nemipterus', 'virgatus', 'Golden threadfin bream')"});
-}
-
-void TemporaryStore::addSmallYear() {
-    addReferenceRows();
-    execute({"insert into samplingport values (4, 'Dun', 2)", "insert into Fishing_method values (4, 'Longline', 2)",
-             "insert into fishing_area values ('A3', 'nowhere')",
-             "insert into vessel(vesselname, vesselid, gear) values ('Idle', 'R-9', 2)",
-             "insert into fish(fishno, family, genus, fishname) values (4, 'Zeidae', 'Zeus', 'faber')",
-             "update fish set classinterval = 2 where fishno = 1",
-             "insert into fishoperation with day(number, port, day, method, kg, vessel, area) as (values"
-             " (1, 1, '2004-03-09', 1, 120.5, 'Sea Star', 'A1'), (2, 2, '2004-04-01', 3, 80, 'Blue Fin', 'A2'),"
-             " (3, 3, '2004-05-01', 2, 60, 'Sea Star', 'A1')) select number, port, 'Port Sampler', day, method, 12, 30,"
-             " 100, 15, 40, 35, 'Day', 3, 2, kg, '', vessel, area from day",
-             "insert into group_main values (1, 1, 'Single species', 30), (2, 1, 'Trash', 50),"
-             " (1, 2, 'Single species', 30), (2, 2, 'Trash', 50)",
-             "insert into group_composition values (1, 1, 1, 30, 30), (1, 3, 2, 5, 50), (2, 1, 1, 30, 30),"
-             " (2, 3, 2, 5, 50)",
-             "insert into length values (1, 1, 2.5), (2, 1, 2.5)",
-             "insert into length_detail values (1, 1, 10, 12, 11, 4), (2, 1, 10, 12, 11, 4)",
-             "insert into gonad values (1, 1, 0.4), (2, 1, 0.4)",
-             "insert into gonad_detail values (1, 1, 1, 100, 90, 95, 85, 200, 'Male', 2, 10, 5),"
-             " (2, 1, 1, 100, 90, 95, 85, 200, 'Male', 2, 10, 5)"});
+/// Runs the statements of a data file of the tests.
+void TemporaryStore::add(const QString& name) {
+    QFile file(u"" KELVORA_TEST_FILES "/"_s + name);
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("no data file %s", qPrintable(name));
+    }
+    SQLite::Database(m_path.toStdString(), SQLite::OPEN_READWRITE).exec(file.readAll().toStdString());
 }
 
 }  // namespace kelvora::test

@@ -41,20 +41,20 @@ public:
         }
     }
 
-    /// A few reference rows: state 1 Alpha with ports 1 Abo and 2 Bex, state 2 Beta with port 3 Cay; gears 1 Trawl
-    /// (methods 1 Otter board, 2 Pair) and 2 Gill net (method 3 Drift); areas A1 (north bank), A2 (south bank); vessels
-    /// Sea Star (R-1, gear 1) and Blue Fin (R-2, gear 2); species 1 Rastrelliger kanagurta, 2 Upeneus vittatus,
-    /// 3 Nemipterus virgatus.
-    void addReferenceRows();
-    /// A row of everything: the reference rows, three operations of 2004, of the first two a sample of every kind:
-    /// groups 1 Single species (species 1) and 2 Trash (species 3), lengths and fish of species 1. The last rows of the
-    /// lists are used by none: port Dun, method Longline, area A3, vessel Idle, species Zeus faber.
-    void addSmallYear();
+    /// Two of everything that operations refer to: files/reference_rows.sql.
+    void addReferenceRows() { add(u"reference_rows.sql"_s); }
+    /// Over these, three operations of 2004 with their samples: files/small_year.sql.
+    void addSmallYear() {
+        addReferenceRows();
+        add(u"small_year.sql"_s);
+    }
 
     Session session{u"Administrator"_s, u"kelvora"_s, u"Port Sampler"_s};
     PlannedDialogs dialogs;
 
 private:
+    void add(const QString& name);
+
     QTemporaryDir m_folder;
     QString m_path;
     std::unique_ptr<Connection> m_db;
