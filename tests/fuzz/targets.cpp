@@ -1,4 +1,3 @@
-#include "data/connection.h"
 #include "data/csv_reader.h"
 #include "data/numbers.h"
 #include "records/gonad_fish.h"
@@ -86,17 +85,6 @@ void tryCsv(const QByteArray& bytes) {
     tryVessels(records);
 }
 
-/// A typed text, and a number, as values of a statement that the engine runs.
-void trySql(const QByteArray& bytes) {
-    static Connection db(u":memory:"_s);
-    const QString text = QString::fromUtf8(bytes);
-    const double number = readable(numberOf(bytes));
-    const ResultSet found =
-        db.query(Sql("select ") << text << " as t, " << (std::isfinite(number) ? number : 0) << " as n");
-    require(found.text(0, u"t") == QString(text).remove(QChar(u'\0')), "a text is a value");
-    require(found.number(0, u"n") == (std::isfinite(number) ? number : 0), "a number is a value");
-}
-
 /// A typed number.
 void tryNumbers(const QByteArray& bytes) {
     const QString text = QString::fromUtf8(bytes);
@@ -110,8 +98,7 @@ void tryNumbers(const QByteArray& bytes) {
     tryNumber(numberOf(bytes));
 }
 
-const std::map<std::string_view, void (*)(const QByteArray&)> kTargets = {
-    {"csv", &tryCsv}, {"sql", &trySql}, {"numbers", &tryNumbers}};
+const std::map<std::string_view, void (*)(const QByteArray&)> kTargets = {{"csv", &tryCsv}, {"numbers", &tryNumbers}};
 
 }  // namespace
 }  // namespace kelvora
