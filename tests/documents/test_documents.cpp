@@ -102,14 +102,6 @@ private Q_SLOTS:
         }
         QVERIFY(links > 40);
     }
-
-    /// A picture that no page shows was forgotten when the page was changed.
-    void everyPictureIsShown() {
-        const QString all = contentOf(filesIn({}, u"*.md"_s));
-        for (const QString& picture : filesIn(u"/docs"_s, u"*.png"_s)) {
-            QVERIFY2(all.contains(QFileInfo(picture).fileName()), qPrintable(picture));
-        }
-    }
 };
 
 KELVORA_TEST(TestDocuments, "documents");

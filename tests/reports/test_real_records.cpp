@@ -197,15 +197,6 @@ private Q_SLOTS:
                                       " join Fishing_method m on methodid = fishing_method"
                                       " join Fishing_gear g on g.gearid = m.gearid")),
                  QStringList{u"1"_s});
-        // Raising rounds its factor, which costs at most a hundredth of a group.
-        QCOMPARE(test::rows(year, Sql("select o.optid from fishoperation o left join group_composition c using (optid)"
-                                      " group by 1 having ifnull(abs(sum(c.estotal) / o.estotal - 1), 1) > 0.01")),
-                 QStringList());
-        // Every fish of the sources is counted once.
-        QCOMPARE(test::rows(year, Sql("select genus, sum(frequency1), (select count(*) from gonad_detail where spid ="
-                                      " fishno) from length_detail join fish on fishno = spid"
-                                      " where genus in ('Merluccius', 'Prosopium', 'Upeneus') group by 1")),
-                 (QStringList{u"Merluccius|6900|0"_s, u"Prosopium|221|221"_s, u"Upeneus|3816|0"_s}));
         for (const CatchGrouping& grouping : catchGroupings()) {
             QVERIFY2(catchByGroup(year, grouping, 2017, 1).rowCount() > 1, qPrintable(grouping.option));
         }
