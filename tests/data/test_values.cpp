@@ -1,4 +1,3 @@
-#include "data/crosstab.h"
 #include "data/csv_reader.h"
 #include "data/errors.h"
 #include "data/numbers.h"
@@ -116,25 +115,6 @@ private Q_SLOTS:
         for (const auto& [value, expected] : values) {
             QCOMPARE(plainText(value) + u' ' + twoDecimals(value), expected);
         }
-    }
-
-    void crosstabs() {
-        const QVariant null;
-        // Of texts that differ in letter case only, the first one found is shown.
-        const ResultSet table = crosstab({{u"Row"_s},
-                                          {{u"Y"_s, 10.0, -2.0},
-                                           {u"x"_s, qlonglong{2}, qlonglong{1}},
-                                           {u"X"_s, 2.0, 0.25},
-                                           {u"X"_s, 2.0, qlonglong{3}},
-                                           {u"y"_s, u"B"_s, null},
-                                           {u"y"_s, u"b"_s, qlonglong{4}},
-                                           {null, null, 1.0}}},
-                                         1);
-        QStringList cells(table.columns.begin(), table.columns.end());
-        for (const auto& row : table.rows) {
-            std::ranges::transform(row, std::back_inserter(cells), displayText);
-        }
-        QCOMPARE(cells.join(u'|'), u"Row|<>|2|10|B||1||||x||4.25|||Y|||-2|4"_s);
     }
 
     void importFiles() {

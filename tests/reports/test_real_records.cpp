@@ -3,7 +3,6 @@
 #include "data/transaction.h"
 #include "demo/demo_year.h"
 #include "records/gonad_store.h"
-#include "records/keys.h"
 #include "reports/catch_summary.h"
 #include "reports/gonad_maturity_report.h"
 #include "reports/length_frequency_report.h"
@@ -200,34 +199,6 @@ private Q_SLOTS:
         for (const CatchGrouping& grouping : catchGroupings()) {
             QVERIFY2(catchByGroup(year, grouping, 2017, 1).rowCount() > 1, qPrintable(grouping.option));
         }
-    }
-
-    /// What is stored anew gets the number behind the largest, up to the largest there is.
-    void numbers() {
-        struct Key {
-            int (*next)(Connection&);
-            Literal insert;
-        };
-        const Key all[] = {
-            {nextState, "insert into state(stateid) values("},
-            {nextSamplingPort, "insert into samplingport(samplingid) values("},
-            {nextGear, "insert into Fishing_gear(gearid) values("},
-            {nextMethod, "insert into Fishing_method(methodid) values("},
-            {nextSpecies, "insert into fish(fishno) values("},
-            {[](Connection& db) { return nextGroup(db, 7); }, "insert into group_main(optid, groupid) values(7,"}};
-        test::TemporaryStore store;
-        store.execute("insert into group_main(optid, groupid) values(8, 32767)");
-        QCOMPARE(nextGroup(store.db(), 7), 2);
-        QCOMPARE(nextState(store.db()), 1);
-        for (const auto& [next, insert] : all) {
-            store.db().execute(Sql(insert) << kLargestKey - 1 << ")");
-            QCOMPARE(next(store.db()), kLargestKey);
-            store.db().execute(Sql(insert) << kLargestKey << ")");
-            QVERIFY_EXCEPTION_THROWN(next(store.db()), DataError);
-        }
-        QCOMPARE(nextGearByCount(store.db()), 3);
-        store.execute("insert into gonad_detail(optid, spid, samplingno) values (7, 1, 4), (7, 2, 1), (8, 1, 1)");
-        QCOMPARE(nextFish(store.db(), 7, 1), 2);
     }
 };
 
