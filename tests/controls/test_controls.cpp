@@ -201,7 +201,10 @@ private Q_SLOTS:
         for (const auto& [key, question, yes] : {std::tuple{Qt::Key_Return, Adding, true},
                                                  {Qt::Key_Escape, Adding, false},
                                                  {Qt::Key_Return, Deleting, false}}) {
-            inBox([key = key](QWidget* box) { QTest::keyClick(box, key); });
+            inBox([key = key](QWidget* box) {
+                QTest::keyClick(box, key);
+                QVERIFY(box->width() < 1'000);
+            });
             QCOMPARE(ModalDialogs().confirm(u"GONAD"_s, u"Are you sure?"_s, question), yes);
         }
         const QString text = u"<b>"_s + QString(10'000, u'W');

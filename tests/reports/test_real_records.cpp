@@ -188,14 +188,6 @@ private Q_SLOTS:
         }
         QVERIFY(years[0] == years[1]);
         Connection year(m_store.file(u"again"_s));
-        // An operation is shown once, if its port, area, vessel, gear and method are registered once.
-        QCOMPARE(test::rows(year, Sql("select count(*) = count(distinct optid) and count(*) > 100 and count(*) ="
-                                      " (select count(*) from fishoperation) from fishoperation o"
-                                      " join samplingport p on p.samplingid = portid join state using (stateid)"
-                                      " join fishing_area on aname = areaid join vessel v on vesselname = o.vesselid"
-                                      " join Fishing_method m on methodid = fishing_method"
-                                      " join Fishing_gear g on g.gearid = m.gearid")),
-                 QStringList{u"1"_s});
         for (const CatchGrouping& grouping : catchGroupings()) {
             QVERIFY2(catchByGroup(year, grouping, 2017, 1).rowCount() > 1, qPrintable(grouping.option));
         }
