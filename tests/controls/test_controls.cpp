@@ -203,7 +203,7 @@ private Q_SLOTS:
                                                  {Qt::Key_Return, Deleting, false}}) {
             inBox([key = key](QWidget* box) {
                 QTest::keyClick(box, key);
-                QVERIFY(box->width() < 1'000);
+                QVERIFY(box->sizeHint().width() < 1'000);
             });
             QCOMPARE(ModalDialogs().confirm(u"GONAD"_s, u"Are you sure?"_s, question), yes);
         }
