@@ -29,11 +29,8 @@ struct Before {
 };
 
 void add(QVariant& sum, const QVariant& number) {
-    if (sum.isValid() && number.isValid()) {
-        const bool whole = sum.typeId() == QMetaType::LongLong && number.typeId() == QMetaType::LongLong;
-        sum = whole ? QVariant(sum.toLongLong() + number.toLongLong()) : sum.toDouble() + number.toDouble();
-    } else if (number.isValid()) {
-        sum = number;
+    if (number.isValid()) {
+        sum = sum.isValid() ? QVariant(sum.toDouble() + number.toDouble()) : number;
     }
 }
 
