@@ -1,5 +1,5 @@
 #!/bin/sh
-# Builds the fuzz targets with clang and runs each as often as the first argument says (20000 if there is none).
+# Builds the fuzzer with clang and runs it as often as the first argument says (20000 if there is none).
 set -eu
 cd "$(dirname "$0")/../.."
 
