@@ -263,7 +263,7 @@ private Q_SLOTS:
             QVERIFY(QApplication::activeModalWidget() == nullptr);
             QTest::qSleep(600);
             QTimer::singleShot(0, this, store);
-            progress.step();
+            QVERIFY(progress.reached(2));
             auto* box = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
             QVERIFY(box != nullptr);
             QTest::keyClick(box, Qt::Key_Escape);

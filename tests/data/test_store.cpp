@@ -138,6 +138,10 @@ private Q_SLOTS:
         write(path, backup);
         write(path + u"-journal"_s, journal);
         const QString copy = path + u"-copy-"_s + today();
+        {
+            const test::Obstacle full = test::fullDisk(100);
+            QVERIFY(refusal(path).contains(u"cannot be copied before it is mended"));
+        }
         for (const QString& kept : {path, copy, path, copy}) {
             const QString message = refusal(path);
             QVERIFY2(message.contains(u"the journal beside it belongs to another data file"), qPrintable(message));

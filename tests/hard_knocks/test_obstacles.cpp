@@ -136,6 +136,7 @@ private Q_SLOTS:
                 hand.press(u"SAVE"_s);
                 year.desk.window.close();
                 year.desk.front()->close();
+                QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return);  // gives nothing up
                 givenUp ? cancelOfBox()->click() : year.store.execute("rollback");
             });
             hand.press(u"SAVE"_s);

@@ -97,7 +97,7 @@ QStringList drawnBars(const QChart& chart) {
 QStringList aroundBars(const QChart& chart) {
     QStringList texts{chart.title()};
     const bool crossed = chart.axes(Qt::Horizontal).size() == chart.axes(Qt::Vertical).size();
-    for (const QAbstractAxis* axis : chart.axes()) {
+    for (const QAbstractAxis* axis : chart.axes(Qt::Horizontal) + chart.axes(Qt::Vertical)) {
         texts.append(crossed ? axis->titleText() : u"(axes side by side)"_s);
         const auto* marks = qobject_cast<const QValueAxis*>(axis);
         if (marks != nullptr && qobject_cast<const QCategoryAxis*>(axis) == nullptr) {
