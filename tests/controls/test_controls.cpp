@@ -6,11 +6,13 @@
 #include "controls/screen.h"
 #include "controls/text_table.h"
 #include "data/result_set.h"
+#include "reports/report_chart.h"
 #include "support/screen_driver.h"
 #include "support/temporary_store.h"
 #include "support/test_main.h"
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
@@ -250,6 +252,36 @@ private Q_SLOTS:
             const auto path = picture ? dialogs.savePictureFile() : dialogs.saveCsvFile();
             QCOMPARE(QFileInfo(path.value_or(QString())).fileName(), name);
         }
+    }
+
+    /// A picture as it is taken along: on white paper, whatever the colours of the desktop.
+    void pictures() {
+        ReportChart chart(m_store.context());
+        chart.resize(500, 300);
+        QVERIFY(!chart.actions()[0]->isEnabled() && !chart.actions()[1]->isEnabled());
+        chart.draw({u"Catch"_s, {}, {}, {u"<b>&"_s, u"<b>&"_s, QString(10'000, u'x')}, {{u"kg"_s, {3, 4, 1}}}});
+        chart.setPalette(QPalette(Qt::black));
+        chart.show();
+        QCoreApplication::processEvents();
+        const QImage before = chart.grab().toImage();
+        QVERIFY(before.pixelColor(3, 3) != QColor(Qt::white));
+        chart.actions()[0]->trigger();
+        const QImage copied = QGuiApplication::clipboard()->image();
+        QCOMPARE(copied.size(), chart.viewport()->size() * 2);
+        QCOMPARE(copied.pixelColor(3, 3), QColor(Qt::white));
+        const auto saved = [&](const QString& name) {
+            m_store.dialogs.expect(u"? save picture -> "_s + m_store.file(name));
+            chart.actions()[1]->trigger();
+            return test::bytesOf(m_store.file(name));
+        };
+        QImage fromFile = QImage::fromData(saved(u"catch.png"_s));
+        fromFile.setDevicePixelRatio(copied.devicePixelRatio());
+        QCOMPARE(fromFile, copied);
+        // Markup in a name is shown as it is written, and two groups of one name stay two.
+        const QByteArray drawing = saved(u"catch.SVG"_s);
+        QVERIFY(drawing.contains("<title>Catch<") && drawing.contains(">Catch</text>"));
+        QCOMPARE(drawing.count("&lt;b&gt;"), 2);
+        QCOMPARE(chart.grab().toImage(), before);
     }
 
     /// A press while an import goes on begins no second one, and an error of the program is said.
