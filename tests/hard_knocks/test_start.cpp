@@ -30,11 +30,6 @@ constexpr qsizetype kPage = 4096;
 class TestStart : public QObject {
     Q_OBJECT
 
-    static QByteArray bytes(const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
     /// Starts the program on a file with this content; says whether it was refused. A damaged table of one that opens
     /// may show a message on the screens, and no more.
     bool isRefused(const QByteArray& content, bool withScreens = false) {
@@ -56,7 +51,7 @@ class TestStart : public QObject {
             }
         }
         // A header that says that another tool's log is kept is turned back.
-        if (bytes(m_path) != content && content.mid(18, 2) == m_whole.mid(18, 2)) {
+        if (test::bytesOf(m_path) != content && content.mid(18, 2) == m_whole.mid(18, 2)) {
             qFatal("the file was written to");
         }
         return refused;
@@ -102,7 +97,7 @@ class TestStart : public QObject {
 private Q_SLOTS:
     void initTestCase() {
         m_store.addSmallYear();
-        m_whole = bytes(m_store.path());
+        m_whole = test::bytesOf(m_store.path());
         QVERIFY(!isRefused(m_whole, true));
     }
 
@@ -140,7 +135,7 @@ private Q_SLOTS:
         m_store.execute(
             "with recursive n(i) as (select 10 union all select i + 1 from n where i < 5000)"
             " insert into state select i, 'A name that fills the pages' from n");
-        QByteArray content = bytes(m_store.path());
+        QByteArray content = test::bytesOf(m_store.path());
         QVERIFY(QFile::copy(m_store.path() + u"-journal"_s, m_path + u"-journal"_s));
         QVERIFY(isRefused(content.replace(m_whole.size() - kPage, kPage, QByteArray(kPage, '\0'))));
         QVERIFY(QFile::remove(m_path + u"-journal"_s));

@@ -35,10 +35,6 @@ using namespace Qt::StringLiterals;
 namespace kelvora::test {
 namespace {
 
-QString plain(QString caption) {
-    return caption.remove(u'&').trimmed();
-}
-
 QString joined(const QStringList& lines) {
     return u"\n    "_s + lines.join(u"\n    "_s);
 }
@@ -295,6 +291,13 @@ QString Stage::act(const Step& step) {
              front()->findChild<QTabWidget*>()->setCurrentIndex(1);
          }},
         {u"go"_s, [&] { hand().navigator(rest.section(u' ', 0, -2)).press(rest.section(u' ', -1)); }},
+        {u"fish"_s,
+         [&] {
+             for (const QString& weight : rest.split(u' ')) {
+                 m_dialogs.expect(u"? GONAD: Are you sure to add this sampling -> Yes"_s);
+                 hand().enter(u"TL(mm) = 1; BL(mm) = 2; FL(mm) = 3; SL(mm) = 4; BW = %1; GW = 5; NEXT>>"_s.arg(weight));
+             }
+         }},
         {u"minimize"_s, [&] { front()->showMinimized(); }},
         {u"keys"_s, [&] { pressKeys(rest); }},
         {u"clicks"_s, [&] { clickFast(hand().button(rest)); }},
@@ -425,11 +428,7 @@ QString Stage::checkRows(const Step& step) {
         {u"drawn"_s, [&] { return aroundBars(*front()->findChild<QChartView*>()->chart()); }},
         {u"stored"_s, [&] { return stored(step.rest); }},
         {u"written"_s, [&] {
-             QFile file(m_store.file(name));
-             if (!file.open(QIODevice::ReadOnly)) {
-                 return QStringList{u"(no such file)"_s};
-             }
-             QStringList written = QString::fromUtf8(file.readAll()).split(u"\r\n"_s);
+             QStringList written = QString::fromUtf8(test::bytesOf(m_store.file(name))).split(u"\r\n"_s);
              return written.takeLast().isEmpty() ? written : QStringList{u"(a last line without end)"_s};
          }}};
     const bool titled = step.verb == u"front" || step.verb == u"fronttab";

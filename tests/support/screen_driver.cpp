@@ -17,10 +17,6 @@ using namespace Qt::StringLiterals;
 namespace kelvora::test {
 namespace {
 
-QString plain(QString caption) {
-    return caption.remove(u'&').trimmed();
-}
-
 /// The first child of a kind for which a test holds; visible ones first, since tabs repeat captions.
 template <typename Widget, typename Test>
 Widget* first(const QWidget* root, Test test) {
@@ -68,19 +64,14 @@ int rowOf(const QComboBox& box, const QString& text) {
     return box.findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
 }
 
-/// Letters that no key of a plain keyboard has come in one event, as from an input method.
+/// Letters that no key of a plain keyboard has come as from an input method.
 void pressKeysOf(const QString& text, QWidget* target) {
-    const auto plainKey = [](QChar c) { return c >= u' ' && c <= u'~'; };
-    for (qsizetype i = 0, end = 0; i < text.size(); i = end) {
-        end = i + 1;
-        if (plainKey(text[i])) {
-            QTest::keyClick(target, text[i].toLatin1());
-            continue;
+    for (const QChar letter : text) {
+        if (letter >= u' ' && letter <= u'~') {
+            QTest::keyClick(target, letter.toLatin1());
+        } else {
+            QTest::sendKeyEvent(QTest::Click, target, Qt::Key_unknown, letter, Qt::NoModifier);
         }
-        while (end < text.size() && !plainKey(text[end])) {
-            ++end;
-        }
-        QTest::sendKeyEvent(QTest::Click, target, Qt::Key_unknown, text.sliced(i, end - i), Qt::NoModifier);
     }
 }
 

@@ -11,6 +11,11 @@ class Grid;
 
 namespace kelvora::test {
 
+/// A caption without its mnemonic.
+inline QString plain(QString caption) {
+    return caption.remove(u'&').trimmed();
+}
+
 /// Uses a screen as a sampler does: finds fields by their caption or accessible name, types keys, presses buttons. What
 /// is not there, or is disabled when it is to be used, ends the test at once.
 class ScreenDriver {

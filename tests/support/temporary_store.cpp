@@ -59,6 +59,11 @@ QStringList changes(const QStringList& before, const QStringList& after) {
            come.replaceInStrings(QRegularExpression(u"^"_s), u"+ "_s);
 }
 
+QByteArray bytesOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 TemporaryStore::TemporaryStore() : m_folder(folderTemplate()), m_path(m_folder.filePath(u"kelvora_db.sqlite"_s)) {
     prepareStore(m_path);
     m_db = std::make_unique<Connection>(m_path);
@@ -66,11 +71,8 @@ TemporaryStore::TemporaryStore() : m_folder(folderTemplate()), m_path(m_folder.f
 
 /// Runs the statements of a data file of the tests.
 void TemporaryStore::add(const QString& name) {
-    QFile file(u"" KELVORA_TEST_FILES "/"_s + name);
-    if (!file.open(QIODevice::ReadOnly)) {
-        qFatal("no data file %s", qPrintable(name));
-    }
-    SQLite::Database(m_path.toStdString(), SQLite::OPEN_READWRITE).exec(file.readAll().toStdString());
+    SQLite::Database(m_path.toStdString(), SQLite::OPEN_READWRITE)
+        .exec(bytesOf(u"" KELVORA_TEST_FILES "/"_s + name).toStdString());
 }
 
 }  // namespace kelvora::test

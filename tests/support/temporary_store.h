@@ -19,6 +19,9 @@ QStringList wholeFile(Connection& db);
 /// The rows that are not in a file any more ("- …") and those that came ("+ …").
 QStringList changes(const QStringList& before, const QStringList& after);
 
+/// What a file holds; empty if it cannot be read.
+QByteArray bytesOf(const QString& path);
+
 /// A data file of a test's own with its tables and first account, a session signed in as "Port Sampler", planned boxes,
 /// and a connection to look at the file and to fill it. All goes with the object.
 class TemporaryStore {
