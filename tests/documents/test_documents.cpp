@@ -78,10 +78,9 @@ private Q_SLOTS:
         QVERIFY(found > 200);  // they are found at all
     }
 
-    /// Links inside the project lead to a file, and to a heading where they name one.
+    /// Links inside the project lead to a file.
     void everyLinkLeadsSomewhere() {
         static const QRegularExpression link(uR"re(\]\(([^)\s]+)\))re"_s);
-        static const QRegularExpression marks(u"[^\\w\\- #\n]"_s);
         int links = 0;
         for (const QString& page : filesIn({}, u"*.md"_s)) {
             for (auto found = link.globalMatch(contentOf({page})); found.hasNext();) {
@@ -93,11 +92,6 @@ private Q_SLOTS:
                 const QString file = target.section(u'#', 0, 0);
                 const QString path = file.isEmpty() ? page : QFileInfo(page).dir().filePath(file);
                 QVERIFY2(QFileInfo::exists(path), qPrintable(page + u": "_s + target));
-                if (target.contains(u'#')) {
-                    const QString headings = contentOf({path}).toLower().remove(marks).replace(u' ', u'-');
-                    const QString heading = u"#-"_s + target.section(u'#', 1) + u'\n';
-                    QVERIFY2(headings.contains(heading), qPrintable(page + u": "_s + target));
-                }
             }
         }
         QVERIFY(links > 40);
