@@ -268,7 +268,7 @@ private Q_SLOTS:
         chart.actions()[0]->trigger();
         const QImage copied = QGuiApplication::clipboard()->image();
         QCOMPARE(copied.size(), chart.viewport()->size() * 2);
-        QCOMPARE(copied.pixelColor(3, 3), QColor(Qt::white));
+        QVERIFY(copied.pixelColor(3, 3) == QColor(Qt::white) && !copied.allGray());
         const auto saved = [&](const QString& name) {
             m_store.dialogs.expect(u"? save picture -> "_s + m_store.file(name));
             chart.actions()[1]->trigger();
