@@ -67,7 +67,7 @@ class TestStart : public QObject {
             environment.insert(u"XDG_DATA_HOME"_s, u"here"_s);
             environment.insert(u"TMPDIR"_s, store.file({}));
             setProcessEnvironment(environment);
-            start(u"" KELVORA_PROGRAM ""_s, {u"an unknown word"_s});
+            start(u"" KELVORA_PROGRAM ""_s, folder == u"sampler" ? QStringList{u"an unknown word"_s} : QStringList());
         }
         ~Started() override { end(); }
         void end() {
