@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace kelvora {
 namespace {
 
-/// Takes any bytes and checks what holds for all of them; a failed check ends the process.
+/// What holds for any bytes; a check that fails ends the process.
 void require(bool holds, const char* what) {
     if (!holds) {
         qFatal("does not hold: %s", what);

@@ -11,7 +11,6 @@
 #include "support/test_main.h"
 
 #include <QDir>
-#include <QFile>
 #include <QRegularExpression>
 #include <QTest>
 
